@@ -1,0 +1,228 @@
+#include "base/text.h"
+
+#include <utf8proc.h>
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <cstdlib>
+
+#include "base/run_time_error.h"
+
+namespace lumidex {
+namespace {
+
+struct Character {
+  utf8proc_int32_t code;  // -1 for an invalid byte
+  std::size_t bytes;
+};
+
+Character First(std::string_view text) {
+  const auto lead = static_cast<unsigned char>(text.front());
+  if (lead < 0x80) return {lead, 1};
+  utf8proc_int32_t code = -1;
+  const auto* bytes = reinterpret_cast<const utf8proc_uint8_t*>(text.data());
+  const auto used = utf8proc_iterate(bytes, static_cast<utf8proc_ssize_t>(text.size()), &code);
+  if (used < 1) return {-1, 1};
+  return {code, static_cast<std::size_t>(used)};
+}
+
+// The byte offset behind the first `count` characters.
+std::size_t OffsetOf(std::string_view text, std::int32_t count) {
+  std::size_t offset = 0;
+  for (; count > 0 && offset < text.size(); --count) offset += First(text.substr(offset)).bytes;
+  return offset;
+}
+
+template <class Map>
+std::string MapCharacters(std::string_view text, Map map) {
+  std::string mapped;
+  mapped.reserve(text.size());
+  while (!text.empty()) {
+    const Character character = First(text);
+    if (character.code < 0) {
+      mapped += text.front();
+    } else {
+      std::array<utf8proc_uint8_t, 4> bytes{};
+      const auto count = utf8proc_encode_char(map(character.code), bytes.data());
+      mapped.append(bytes.begin(), bytes.begin() + count);
+    }
+    text.remove_prefix(character.bytes);
+  }
+  return mapped;
+}
+
+unsigned char FoldAscii(char c) {
+  return static_cast<unsigned char>(c >= 'A' && c <= 'Z' ? c + ('a' - 'A') : c);
+}
+
+bool IsAscii(std::string_view text) {
+  return std::ranges::all_of(text, [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
+// Classic wildcard match on folded texts; goes back to the last star only, so it is linear for each star.
+bool MatchesFolded(std::string_view pattern, std::string_view name) {
+  std::size_t p = 0, n = 0, star = std::string_view::npos, mark = 0;
+  while (n < name.size()) {
+    if (p < pattern.size() && pattern[p] == '*') {
+      star = p++;
+      mark = n;
+    } else if (p < pattern.size() && pattern[p] == '?') {
+      ++p;
+      n += First(name.substr(n)).bytes;
+    } else if (p < pattern.size() && pattern[p] == name[n]) {
+      ++p;
+      ++n;
+    } else if (star != std::string_view::npos) {
+      p = star + 1;
+      n = ++mark;
+    } else {
+      return false;
+    }
+  }
+  while (p < pattern.size() && pattern[p] == '*') ++p;
+  return p == pattern.size();
+}
+
+template <class Float>
+std::string FormatFloat(Float value) {
+  // Seven digits for a single, fifteen for a double, as the program has always shown them.
+  constexpr int digits = sizeof(Float) == 4 ? 7 : 15;
+  std::array<char, 64> buffer{};
+  const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), static_cast<double>(value),
+                                 std::chars_format::general, digits);
+  std::string text(buffer.data(), end.ptr);
+  if (const auto exponent = text.find('e'); exponent != std::string::npos) text[exponent] = 'E';
+  if (text.starts_with("0.")) text.erase(0, 1);
+  if (text.starts_with("-0.")) text.erase(1, 1);
+  return text;
+}
+
+}  // namespace
+
+std::size_t CharacterBytes(std::string_view text) {
+  return text.empty() ? 0 : First(text).bytes;
+}
+
+std::int32_t Len(std::string_view text) {
+  std::int32_t count = 0;
+  for (; !text.empty(); ++count) text.remove_prefix(First(text).bytes);
+  return count;
+}
+
+std::string Left(std::string_view text, std::int32_t count) {
+  if (count < 0) throw RunTimeError(ErrorNumber::InvalidCall);
+  return std::string(text.substr(0, OffsetOf(text, count)));
+}
+
+std::string Right(std::string_view text, std::int32_t count) {
+  if (count < 0) throw RunTimeError(ErrorNumber::InvalidCall);
+  return std::string(text.substr(OffsetOf(text, std::max(0, Len(text) - count))));
+}
+
+std::string Mid(std::string_view text, std::int32_t start) {
+  if (start < 1) throw RunTimeError(ErrorNumber::InvalidCall);
+  return std::string(text.substr(OffsetOf(text, start - 1)));
+}
+
+std::string Mid(std::string_view text, std::int32_t start, std::int32_t count) {
+  return Left(Mid(text, start), count);
+}
+
+std::int32_t InStr(std::string_view text, std::string_view wanted) {
+  const auto offset = text.find(wanted);
+  return offset == std::string_view::npos ? 0 : Len(text.substr(0, offset)) + 1;
+}
+
+std::string Trim(std::string_view text) {
+  const auto first = text.find_first_not_of(' ');
+  if (first == std::string_view::npos) return {};
+  return std::string(text.substr(first, text.find_last_not_of(' ') - first + 1));
+}
+
+std::string UCase(std::string_view text) {
+  // The library gives sharp s its capital form, which the simple mapping does not have.
+  constexpr utf8proc_int32_t sharpS = 0xDF;
+  return MapCharacters(text, [](auto code) { return code == sharpS ? code : utf8proc_toupper(code); });
+}
+
+std::string LCase(std::string_view text) {
+  return MapCharacters(text, [](auto code) { return utf8proc_tolower(code); });
+}
+
+double Val(std::string_view text) {
+  while (!text.empty() && (text.front() == ' ' || text.front() == '\t')) text.remove_prefix(1);
+  if (text.starts_with('+')) text.remove_prefix(1);
+  double value = 0;
+  const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
+  if (result.ec != std::errc() || !std::isfinite(value)) return 0;
+  return value;
+}
+
+std::string Number(std::int64_t value) {
+  return std::to_string(value);
+}
+std::string Number(double value) {
+  return FormatFloat(value);
+}
+std::string Number(float value) {
+  return FormatFloat(value);
+}
+
+std::string NumberInGroups(std::int64_t value) {
+  std::string text = std::to_string(value);
+  const std::ptrdiff_t first = value < 0 ? 1 : 0;
+  for (auto place = static_cast<std::ptrdiff_t>(text.size()) - 3; place > first; place -= 3) {
+    text.insert(static_cast<std::size_t>(place), 1, ',');
+  }
+  return text;
+}
+
+int CompareText(std::string_view a, std::string_view b) {
+  if (IsAscii(a) && IsAscii(b)) {
+    const std::size_t common = std::min(a.size(), b.size());
+    for (std::size_t i = 0; i < common; ++i) {
+      const int difference = FoldAscii(a[i]) - FoldAscii(b[i]);
+      if (difference != 0) return difference;
+    }
+    if (a.size() != b.size()) return a.size() < b.size() ? -1 : 1;
+  } else if (const int difference = LCase(a).compare(LCase(b)); difference != 0) {
+    return difference;
+  }
+  return a.compare(b);
+}
+
+PatternList::PatternList(std::string_view patterns) {
+  while (!patterns.empty()) {
+    const auto end = std::min(patterns.find(';'), patterns.size());
+    std::string folded = LCase(Trim(patterns.substr(0, end)));
+    patterns.remove_prefix(std::min(end + 1, patterns.size()));
+    if (folded.empty()) continue;
+    const bool plain =
+        folded.size() > 1 && folded[0] == '*' && folded.find_first_of("*?", 1) == std::string::npos;
+    patterns_.push_back({std::move(folded), plain});
+  }
+}
+
+bool PatternList::Matches(std::string_view name) const {
+  const auto ascii = IsAscii(name);
+  std::string folded;
+  if (!ascii) folded = LCase(name);
+  for (const Pattern& pattern : patterns_) {
+    if (pattern.plainSuffix && ascii) {
+      const std::string_view suffix = std::string_view(pattern.folded).substr(1);
+      if (name.size() < suffix.size()) continue;
+      if (std::ranges::equal(name.substr(name.size() - suffix.size()), suffix,
+                             [](char a, char b) { return FoldAscii(a) == static_cast<unsigned char>(b); })) {
+        return true;
+      }
+      continue;
+    }
+    if (folded.empty()) folded = LCase(name);
+    if (MatchesFolded(pattern.folded, folded)) return true;
+  }
+  return false;
+}
+
+}  // namespace lumidex

@@ -1,0 +1,65 @@
+#pragma once
+// Text is std::string in the platform's encoding, UTF-8. Positions, lengths and cuts count characters;
+// a byte that is not valid UTF-8 counts as one character and survives every operation unchanged.
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace lumidex {
+
+// Bytes taken by the first character of `text` (1 for an invalid byte); 0 for empty text.
+std::size_t CharacterBytes(std::string_view text);
+
+std::int32_t Len(std::string_view text);
+// The first / last `count` characters; a count below 0 raises InvalidCall.
+std::string Left(std::string_view text, std::int32_t count);
+std::string Right(std::string_view text, std::int32_t count);
+// From the one-based character `start` on; a start below 1 or a count below 0 raises InvalidCall.
+std::string Mid(std::string_view text, std::int32_t start);
+std::string Mid(std::string_view text, std::int32_t start, std::int32_t count);
+// One-based character position of the first exact occurrence, 0 when there is none.
+std::int32_t InStr(std::string_view text, std::string_view wanted);
+
+// Without leading and trailing blanks (only blanks, not tabs).
+std::string Trim(std::string_view text);
+
+// Unicode's simple case mappings, character by character.
+std::string UCase(std::string_view text);
+std::string LCase(std::string_view text);
+
+// The number at the start of the text, blanks skipped, 0 when there is none: "12 files" is 12.
+double Val(std::string_view text);
+
+// A number as text without the leading blank: 12, -3, 0.25 as ".25", 1E+20.
+std::string Number(std::int64_t value);
+std::string Number(double value);
+std::string Number(float value);
+inline std::string Number(int value) {
+  return Number(static_cast<std::int64_t>(value));
+}
+// With a comma between groups of three digits: 1,234,567.
+std::string NumberInGroups(std::int64_t value);
+
+// Ascending, case-insensitive order; texts that differ in case only are ordered by their bytes, so
+// the order is total. Returns below 0, 0 or above 0.
+int CompareText(std::string_view a, std::string_view b);
+
+// True when `name` matches one of the semicolon-separated patterns (* and ?), without regard to case.
+// An empty list of patterns matches nothing.
+class PatternList {
+ public:
+  PatternList() = default;
+  explicit PatternList(std::string_view patterns);
+  bool Matches(std::string_view name) const;
+
+ private:
+  struct Pattern {
+    std::string folded;
+    bool plainSuffix;  // "*.ext": a comparison of the last bytes decides
+  };
+  std::vector<Pattern> patterns_;
+};
+
+}  // namespace lumidex

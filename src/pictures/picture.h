@@ -1,0 +1,47 @@
+#pragma once
+// The picture handle that everything passes around: shared, immutable, its size known at once, its
+// pixels decoded when they are first asked for.
+
+#include <cstdint>
+#include <memory>
+
+#include "pictures/codec.h"
+
+namespace lumidex {
+
+enum class PictureType : std::int16_t { None = 0, Bitmap = 1, Metafile = 2, Icon = 3, EnhancedMetafile = 4 };
+
+class Picture {
+ public:
+  Picture() = default;  // the empty picture
+
+  // Opens a file's bytes; raises InvalidPicture when they are no picture.
+  static Picture Open(const PictureData& data, const OpenOptions& options = {});
+  static Picture FromPixels(Pixels pixels, int bitsPerPixel);
+  static Picture FromDecoder(std::unique_ptr<Decoder> decoder);
+
+  bool IsEmpty() const { return state_ == nullptr; }
+  PictureType Type() const;
+  Size GetSize() const;
+  int BitsPerPixel() const;
+  std::string_view Format() const;
+  bool IsScalable() const;
+
+  // All pixels; decoded once and kept as long as the picture lives. Empty for the empty picture.
+  Pixels FullPixels() const;
+  // Pixels at no less than `wanted` on both sides (or full size when that is smaller), for showing at that
+  // size. The last answer is kept.
+  Pixels PixelsFor(Size wanted) const;
+  // True when PixelsFor(wanted) would answer without decoding.
+  bool HasPixelsFor(Size wanted) const;
+
+  // The same picture object (not the same content).
+  bool operator==(const Picture& other) const { return state_ == other.state_; }
+
+ private:
+  struct State;
+  explicit Picture(std::shared_ptr<State> state) : state_(std::move(state)) {}
+  std::shared_ptr<State> state_;
+};
+
+}  // namespace lumidex

@@ -1,0 +1,34 @@
+#include "pictures/picture_data.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace lumidex {
+
+std::size_t MemorySource::ReadAt(std::uint64_t offset, std::span<std::uint8_t> into) const {
+  if (offset >= bytes_.size()) return 0;
+  const std::size_t start = static_cast<std::size_t>(offset);
+  const std::size_t count = std::min(into.size(), bytes_.size() - start);
+  std::copy_n(bytes_.begin() + static_cast<std::ptrdiff_t>(start), count, into.begin());
+  return count;
+}
+
+PictureData::PictureData(std::shared_ptr<const ByteSource> source, std::string extension)
+    : source_(std::move(source)),
+      extension_(std::move(extension)),
+      size_(std::min(source_->Size(), MostBytes)) {
+  head_ = Stretch(0, HeadSize);
+}
+
+std::vector<std::uint8_t> PictureData::Stretch(std::uint64_t offset, std::size_t count) const {
+  if (offset >= size_) return {};
+  std::vector<std::uint8_t> bytes(static_cast<std::size_t>(std::min<std::uint64_t>(count, size_ - offset)));
+  bytes.resize(source_->ReadAt(offset, bytes));
+  return bytes;
+}
+
+std::vector<std::uint8_t> PictureData::All() const {
+  return Stretch(0, static_cast<std::size_t>(size_));
+}
+
+}  // namespace lumidex

@@ -1,0 +1,50 @@
+#include "pictures/pixels.h"
+
+#include <algorithm>
+#include <new>
+
+#include "base/run_time_error.h"
+
+namespace lumidex {
+
+Pixels Pixels::MakeUnfilled(Size size, PixelFormat format, const PictureLimits& limits) {
+  if (size.width < 1 || size.height < 1) {
+    throw RunTimeError(ErrorNumber::InvalidPicture, "The picture has no size");
+  }
+  const std::int64_t bytes = std::int64_t{size.width} * size.height * 4;
+  if (size.width > limits.side || size.height > limits.side || bytes > limits.bytes) {
+    throw RunTimeError(ErrorNumber::InvalidPicture, "The picture is too large");
+  }
+  Pixels pixels;
+  try {
+    // Unfilled on purpose: filling costs as much as a copy, and most callers write every pixel.
+    pixels.words_ = std::make_shared_for_overwrite<std::uint32_t[]>(static_cast<std::size_t>(bytes / 4));
+  } catch (const std::bad_alloc&) {
+    throw RunTimeError(ErrorNumber::OutOfMemory);
+  }
+  pixels.size_ = size;
+  pixels.format_ = format;
+  return pixels;
+}
+
+Pixels Pixels::Make(Size size, PixelFormat format, std::uint32_t fill, const PictureLimits& limits) {
+  Pixels pixels = MakeUnfilled(size, format, limits);
+  std::fill_n(pixels.words_.get(), pixels.ByteCount() / 4, fill);
+  return pixels;
+}
+
+std::size_t Pixels::ByteCount() const {
+  return static_cast<std::size_t>(size_.width) * static_cast<std::size_t>(size_.height) * 4;
+}
+
+std::span<const std::uint32_t> Pixels::Row(int y) const {
+  const auto width = static_cast<std::size_t>(size_.width);
+  return {words_.get() + static_cast<std::size_t>(y) * width, width};
+}
+
+std::span<std::uint32_t> Pixels::Row(int y) {
+  const auto width = static_cast<std::size_t>(size_.width);
+  return {words_.get() + static_cast<std::size_t>(y) * width, width};
+}
+
+}  // namespace lumidex

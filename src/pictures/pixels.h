@@ -1,0 +1,59 @@
+#pragma once
+// A block of decoded pixels: rows top-down, one 32-bit word a pixel (0xAARRGGBB), no padding between rows.
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <span>
+
+namespace lumidex {
+
+struct Size {
+  int width = 0;
+  int height = 0;
+  bool operator==(const Size&) const = default;
+};
+
+enum class PixelFormat {
+  Rgb,                // alpha byte always 255
+  Argb,               // straight alpha, what decoders give
+  ArgbPremultiplied,  // what window systems paint
+};
+
+// What every picture must keep to. A side above `side` or a picture above `bytes` of pixels is refused
+// before anything is allocated.
+struct PictureLimits {
+  int side = 32767;
+  std::int64_t bytes = std::int64_t{1} << 30;
+};
+
+// A shared buffer of pixels: copies share it, so write only into a block that was just made.
+class Pixels {
+ public:
+  Pixels() = default;
+
+  // The one place where pixels are allocated; every pixel starts as `fill`. A side below 1, or one beyond
+  // the limits, raises InvalidPicture; memory that can not be had raises OutOfMemory.
+  static Pixels Make(Size size, PixelFormat format, std::uint32_t fill, const PictureLimits& limits = {});
+  // As above with the content left as it comes, for callers that write every pixel.
+  static Pixels MakeUnfilled(Size size, PixelFormat format, const PictureLimits& limits = {});
+
+  bool IsEmpty() const { return size_.width == 0; }
+  Size GetSize() const { return size_; }
+  int Width() const { return size_.width; }
+  int Height() const { return size_.height; }
+  PixelFormat Format() const { return format_; }
+  std::size_t ByteCount() const;
+
+  std::span<const std::uint32_t> Row(int y) const;
+  std::span<std::uint32_t> Row(int y);
+  const std::uint32_t* Data() const { return words_.get(); }
+  std::uint32_t* Data() { return words_.get(); }
+
+ private:
+  std::shared_ptr<std::uint32_t[]> words_;
+  Size size_;
+  PixelFormat format_ = PixelFormat::Rgb;
+};
+
+}  // namespace lumidex
