@@ -143,8 +143,7 @@ std::string Trim(std::string_view text) {
 
 std::string UCase(std::string_view text) {
   // The library gives sharp s its capital form, which the simple mapping does not have.
-  constexpr utf8proc_int32_t sharpS = 0xDF;
-  return MapCharacters(text, [](auto code) { return code == sharpS ? code : utf8proc_toupper(code); });
+  return MapCharacters(text, [](auto code) { return code == 0xDF ? code : utf8proc_toupper(code); });
 }
 
 std::string LCase(std::string_view text) {
