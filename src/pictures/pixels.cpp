@@ -1,20 +1,29 @@
 #include "pictures/pixels.h"
 
 #include <algorithm>
+#include <limits>
 #include <new>
 
 #include "base/run_time_error.h"
 
 namespace lumidex {
 
-Pixels Pixels::MakeUnfilled(Size size, PixelFormat format, const PictureLimits& limits) {
+void CheckSize(Size size, const PictureLimits& limits, std::uint64_t fileSize) {
   if (size.width < 1 || size.height < 1) {
     throw RunTimeError(ErrorNumber::InvalidPicture, "The picture has no size");
   }
+  constexpr std::uint64_t smallFile = std::uint64_t{1} << 20;
+  const std::int64_t most =
+      fileSize <= smallFile ? std::min(limits.bytes, smallFilePixelBytes) : limits.bytes;
   const std::int64_t bytes = std::int64_t{size.width} * size.height * 4;
-  if (size.width > limits.side || size.height > limits.side || bytes > limits.bytes) {
+  if (size.width > limits.side || size.height > limits.side || bytes > most) {
     throw RunTimeError(ErrorNumber::InvalidPicture, "The picture is too large");
   }
+}
+
+Pixels Pixels::MakeUnfilled(Size size, PixelFormat format, const PictureLimits& limits) {
+  CheckSize(size, limits, std::numeric_limits<std::uint64_t>::max());
+  const std::int64_t bytes = std::int64_t{size.width} * size.height * 4;
   Pixels pixels;
   try {
     // Unfilled on purpose: filling costs as much as a copy, and most callers write every pixel.

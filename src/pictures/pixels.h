@@ -27,6 +27,17 @@ struct PictureLimits {
   std::int64_t bytes = std::int64_t{1} << 30;
 };
 
+// What a file asks for but does not hold, as the rows behind a cut, is shown white.
+inline constexpr std::uint32_t blankPixel = 0xFFFFFFFF;
+
+// What a file of at most 1 MiB may ask for: enough for any scanned page, and too little for a few bytes to
+// take the machine's memory.
+inline constexpr std::int64_t smallFilePixelBytes = std::int64_t{384} << 20;
+
+// Raises InvalidPicture when a side is below 1 or the picture is beyond the limits. Decoders call this with
+// the header's numbers and the file's length in bytes before anything is allocated.
+void CheckSize(Size size, const PictureLimits& limits, std::uint64_t fileSize);
+
 // A shared buffer of pixels: copies share it, so write only into a block that was just made.
 class Pixels {
  public:
