@@ -9,11 +9,11 @@ namespace {
 
 constexpr std::uint32_t Uncompressed = 0, RunLength8 = 1, RunLength4 = 2;
 
-int DepthFor(const Palette& palette) {
+int DepthFor(const Colours& palette) {
   return palette.size() <= 2 ? 1 : palette.size() <= 16 ? 4 : 8;
 }
 
-std::vector<std::uint8_t> Assemble(Size size, int depth, std::uint32_t compression, const Palette& palette,
+std::vector<std::uint8_t> Assemble(Size size, int depth, std::uint32_t compression, const Colours& palette,
                                    const std::vector<std::uint8_t>& rows) {
   constexpr std::uint32_t headers = 14 + 40;
   const auto colours = static_cast<std::uint32_t>(palette.size());

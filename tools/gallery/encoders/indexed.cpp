@@ -64,17 +64,17 @@ std::uint8_t Nearest(const std::vector<Channels>& palette, const Channels& wante
 
 }  // namespace
 
-Palette BlackAndWhite() {
+Colours BlackAndWhite() {
   return {0xFF000000, 0xFFFFFFFF};
 }
 
-Palette VgaPalette() {
+Colours VgaColours() {
   return {0xFF000000, 0xFF800000, 0xFF008000, 0xFF808000, 0xFF000080, 0xFF800080, 0xFF008080, 0xFFC0C0C0,
           0xFF808080, 0xFFFF0000, 0xFF00FF00, 0xFFFFFF00, 0xFF0000FF, 0xFFFF00FF, 0xFF00FFFF, 0xFFFFFFFF};
 }
 
-Palette GreyPalette(int count) {
-  Palette palette;
+Colours GreyColours(int count) {
+  Colours palette;
   for (int i = 0; i < count; ++i) {
     const int level = 255 * i / (count - 1);
     palette.push_back(Join({level, level, level}));
@@ -82,7 +82,7 @@ Palette GreyPalette(int count) {
   return palette;
 }
 
-Palette MedianCut(const Pixels& pixels, int count) {
+Colours MedianCut(const Pixels& pixels, int count) {
   std::vector<Channels> colours;
   for (int y = 0; y < pixels.Height(); ++y)
     for (const std::uint32_t word : pixels.Row(y)) colours.push_back(Split(word));
@@ -106,12 +106,12 @@ Palette MedianCut(const Pixels& pixels, int count) {
     *widest = Box({box.colours.begin(), middle});
     boxes.emplace_back(std::span<Channels>(middle, box.colours.end()));
   }
-  Palette palette;
+  Colours palette;
   for (const Box& box : boxes) palette.push_back(box.Average());
   return palette;
 }
 
-IndexedPicture Reduce(const Pixels& pixels, const Palette& palette, Dithering dithering) {
+IndexedPicture Reduce(const Pixels& pixels, const Colours& palette, Dithering dithering) {
   std::vector<Channels> entries;
   for (const std::uint32_t word : palette) entries.push_back(Split(word));
   IndexedPicture result{pixels.GetSize(), palette, {}};

@@ -10,12 +10,12 @@
 
 namespace lumidex {
 
-using Palette = std::vector<std::uint32_t>;  // 0xAARRGGBB
+using Colours = std::vector<std::uint32_t>;  // 0xAARRGGBB
 
 // At most 256 colours; one byte a pixel, rows top-down without padding.
 struct IndexedPicture {
   Size size;
-  Palette palette;
+  Colours palette;
   std::vector<std::uint8_t> indices;
 
   std::span<const std::uint8_t> Row(int y) const {
@@ -25,16 +25,16 @@ struct IndexedPicture {
 };
 
 // Black and white, the sixteen colours of a VGA in its own order, and `count` even steps of grey.
-Palette BlackAndWhite();
-Palette VgaPalette();
-Palette GreyPalette(int count);
+Colours BlackAndWhite();
+Colours VgaColours();
+Colours GreyColours(int count);
 // At most `count` colours that fit the picture, by cutting its colour space at the median.
-Palette MedianCut(const Pixels& pixels, int count);
+Colours MedianCut(const Pixels& pixels, int count);
 
 enum class Dithering { None, ErrorDiffusion };
 
 // Every pixel becomes an entry of the palette; alpha is left out of account.
-IndexedPicture Reduce(const Pixels& pixels, const Palette& palette, Dithering dithering);
+IndexedPicture Reduce(const Pixels& pixels, const Colours& palette, Dithering dithering);
 // The same as pixels again, for encoders that find the palette themselves.
 Pixels Expand(const IndexedPicture& picture);
 

@@ -25,7 +25,7 @@ class PngFile {
     png_set_IHDR(png_, info_, static_cast<png_uint_32>(size.width), static_cast<png_uint_32>(size.height),
                  bits, kind, PNG_INTERLACE_NONE, PNG_COMPRESSION_TYPE_DEFAULT, PNG_FILTER_TYPE_DEFAULT);
   }
-  void Colours(const Palette& palette) {
+  void Colours(const Colours& palette) {
     std::vector<png_color> colours;
     for (const std::uint32_t word : palette)
       colours.push_back(
