@@ -179,15 +179,16 @@ std::string NumberInGroups(std::int64_t value) {
 }
 
 int CompareText(std::string_view a, std::string_view b) {
-  if (IsAscii(a) && IsAscii(b)) {
-    const std::size_t common = std::min(a.size(), b.size());
-    for (std::size_t i = 0; i < common; ++i) {
-      const int difference = FoldAscii(a[i]) - FoldAscii(b[i]);
-      if (difference != 0) return difference;
-    }
-    if (a.size() != b.size()) return a.size() < b.size() ? -1 : 1;
-  } else if (const int difference = LCase(a).compare(LCase(b)); difference != 0) {
-    return difference;
+  const std::size_t common = std::min(a.size(), b.size());
+  std::size_t i = 0;
+  while (i < common && FoldAscii(a[i]) == FoldAscii(b[i])) ++i;
+  if (i < common) {
+    // Everything before has the same mapping, so the first difference decides unless it needs Unicode's.
+    const bool ascii = static_cast<signed char>(a[i]) >= 0 && static_cast<signed char>(b[i]) >= 0;
+    if (ascii) return FoldAscii(a[i]) - FoldAscii(b[i]);
+    if (const int difference = LCase(a).compare(LCase(b)); difference != 0) return difference;
+  } else if (a.size() != b.size()) {
+    return a.size() < b.size() ? -1 : 1;
   }
   return a.compare(b);
 }

@@ -1,0 +1,65 @@
+#pragma once
+// What forms and controls have in common: a name, properties that can be visited, and observers.
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "controls/property.h"
+#include "controls/signal.h"
+#include "ports/window_control.h"
+
+namespace lumidex {
+
+// An event with its one handler, the program's behaviour. Firing it without a handler does nothing.
+template <class... Args>
+class Event {
+ public:
+  using Handler = std::function<void(Args...)>;
+  Event& operator=(Handler handler) {
+    handler_ = std::move(handler);
+    return *this;
+  }
+  void operator()(Args... args) const {
+    if (!handler_) return;
+    const Handler running = handler_;  // stays alive should the handler be replaced while it runs
+    running(args...);
+  }
+  explicit operator bool() const { return static_cast<bool>(handler_); }
+
+ private:
+  Handler handler_;
+};
+
+class Element {
+ public:
+  explicit Element(std::string name) : name_(std::move(name)) {}
+  virtual ~Element() = default;
+  Element(const Element&) = delete;
+  Element& operator=(const Element&) = delete;
+
+  const std::string& Name() const { return name_; }
+  // "ListBox", "Form"...
+  virtual std::string_view Kind() const = 0;
+  virtual void VisitProperties(const PropertyVisitor& visit) = 0;
+
+  // A property by name, as text: also the computed ones of a kind, as "ListCount" or "List(3)". Nothing when
+  // the kind has no such property.
+  virtual std::optional<std::string> ReadProperty(std::string_view name);
+  // As code writes it. False when there is no such property.
+  virtual bool WriteProperty(std::string_view name, std::string_view text);
+
+  WindowHandle hwnd() const { return reinterpret_cast<WindowHandle>(this); }
+
+  // Some property has changed; observers look for themselves which.
+  Signal<> Changed;
+
+  // Every property that is kept (not the computed ones) as its design, and back.
+  virtual void KeepDesign();
+  virtual void RestoreDesign();
+
+ private:
+  std::string name_;
+};
+
+}  // namespace lumidex

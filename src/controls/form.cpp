@@ -1,0 +1,138 @@
+#include "controls/form.h"
+
+#include "base/run_time_error.h"
+#include "base/text.h"
+
+namespace lumidex {
+
+Form::Form(Platform& platform, std::string name, std::string caption)
+    : Element(std::move(name)), Caption(*this, std::move(caption)), platform_(platform) {}
+
+// Controls are members of the forms derived from this one and so are gone already.
+Form::~Form() = default;
+
+void Form::VisitProperties(const PropertyVisitor& visit) {
+  visit("Caption", Caption);
+  visit("Left", Left);
+  visit("Top", Top);
+  visit("Width", Width);
+  visit("Height", Height);
+  visit("WindowState", State);
+  visit("ScaleMode", Scale);
+  visit("MousePointer", Pointer);
+  visit("Enabled", Enabled);
+  visit("BackColor", BackColor);
+  visit("Icon", Icon);
+  visit("Picture", Picture);
+}
+
+void Form::Add(Control& control) {
+  controls_.push_back(&control);
+  byName_.emplace(control.Name(), &control);
+}
+
+void Form::Remove(Control& control) {
+  std::erase(controls_, &control);
+  byName_.erase(control.Name());
+  if (focus_ == &control) focus_ = nullptr;
+}
+
+Control* Form::Find(std::string_view name) {
+  const auto found = byName_.find(name);
+  return found == byName_.end() ? nullptr : found->second;
+}
+
+void Form::KeepDesign() {
+  Element::KeepDesign();
+  for (Control* control : controls_) control->KeepDesign();
+}
+
+void Form::RestoreDesign() {
+  Element::RestoreDesign();
+  for (Control* control : controls_) control->RestoreDesign();
+}
+
+void Form::SizeChanged(Element& element) {
+  auto& form = static_cast<Form&>(element);
+  if (form.loaded_) form.OnResize();
+}
+
+void Form::Load() {
+  if (loaded_) return;
+  loaded_ = true;
+  VisibilityChanged.Emit();
+  OnLoad();
+}
+
+void Form::Show(Modality modality) {
+  Load();
+  if (!visible_) {
+    modality_ = modality;
+    visible_ = true;
+    VisibilityChanged.Emit();
+    OnActivate();
+  } else {
+    BringToFront();
+  }
+  if (modality == Modality::Modal) {
+    platform_.events.RunUntil([this] { return !visible_; });
+  }
+}
+
+void Form::Hide() {
+  if (!visible_) return;
+  visible_ = false;
+  VisibilityChanged.Emit();
+}
+
+void Form::Unload() {
+  if (!loaded_ || unloading_) return;
+  unloading_ = true;
+  bool cancel = false;
+  try {
+    OnQueryUnload(cancel);
+    if (!cancel) OnUnload(cancel);
+  } catch (...) {
+    unloading_ = false;
+    throw;
+  }
+  unloading_ = false;
+  if (cancel) return;
+  Hide();
+  loaded_ = false;
+  focus_ = nullptr;
+  RestoreDesign();
+  VisibilityChanged.Emit();
+}
+
+float Form::TextWidth(std::string_view text) {
+  const float twips = platform_.windows.TextWidth(hwnd(), text);
+  return Scale == ScaleMode::Pixels ? twips / twipsPerPixel : twips;
+}
+
+void Form::UserClose() {
+  Unload();
+}
+
+void Form::UserResize(float width, float height, WindowState state) {
+  const bool changed = !(Width == width && Height == height && State == state);
+  Width.SetQuietly(width);
+  Height.SetQuietly(height);
+  State.SetQuietly(state);
+  if (changed && loaded_) OnResize();
+}
+
+void Form::UserActivate() {
+  if (visible_) OnActivate();
+}
+
+void Form::UserFocus(Control* control) {
+  if (control == focus_) return;
+  Control* const before = focus_;
+  focus_ = control;
+  Requested.Emit(FormRequest::Focus);
+  if (before) before->OnLostFocus();
+  if (control) control->OnGotFocus();
+}
+
+}  // namespace lumidex

@@ -1,0 +1,102 @@
+#pragma once
+// A window: its controls, its events, and its life from the first load to the unload.
+
+#include <map>
+
+#include "controls/control.h"
+#include "ports/platform.h"
+
+namespace lumidex {
+
+enum class WindowState : int { Normal = 0, Minimized = 1, Maximized = 2 };
+enum class ScaleMode : int { User = 0, Twips = 1, Points = 2, Pixels = 3 };
+enum class MousePointer : int { Default = 0, Hourglass = 11 };
+enum class Modality { Modeless, Modal };
+
+// One-time wishes that are no state; the view carries them out.
+enum class FormRequest { Repaint, BringToFront, Focus };
+
+// Twips to a pixel on every platform: positions are given in twips and a view maps them as it likes.
+inline constexpr float twipsPerPixel = 15.0F;
+
+class Form : public Element {
+ public:
+  Form(Platform& platform, std::string name, std::string caption = {});
+  ~Form() override;
+
+  std::string_view Kind() const override { return "Form"; }
+  Platform& GetPlatform() { return platform_; }
+  void VisitProperties(const PropertyVisitor& visit) override;
+
+  Property<std::string> Caption{*this};
+  Property<float> Left{*this}, Top{*this};
+  // The outer size in twips, frame and menu included; a new size fires Resize while the form is loaded.
+  Property<float> Width{*this, 0.0F, nullptr, &Form::SizeChanged};
+  Property<float> Height{*this, 0.0F, nullptr, &Form::SizeChanged};
+  Property<WindowState> State{*this, WindowState::Normal, nullptr, &Form::SizeChanged};
+  Property<ScaleMode> Scale{*this, ScaleMode::Twips};
+  Property<MousePointer> Pointer{*this, MousePointer::Default};
+  Property<bool> Enabled{*this, true};
+  // The colour behind everything, red in the low byte; the default is the desktop's window colour.
+  Property<std::int32_t> BackColor{*this, -1};
+  Property<lumidex::Picture> Icon{*this};
+  Property<lumidex::Picture> Picture{*this};
+
+  bool IsLoaded() const { return loaded_; }
+  bool Visible() const { return visible_; }
+  bool IsModal() const { return visible_ && modality_ == Modality::Modal; }
+
+  Event<> OnLoad, OnActivate, OnResize, OnPaint, OnClick;
+  // Set `cancel` to keep the form.
+  Event<bool&> OnQueryUnload, OnUnload;
+  Event<int> OnKeyDown;
+
+  // Loads the form if it is not: its handlers see the design values. Every first use loads.
+  void Load();
+  // A modal show returns when the form is hidden or unloaded.
+  void Show(Modality modality = Modality::Modeless);
+  void Hide();
+  // Asks QueryUnload and Unload, hides, and goes back to the design values.
+  void Unload();
+  void Refresh() { Requested.Emit(FormRequest::Repaint); }
+  void BringToFront() { Requested.Emit(FormRequest::BringToFront); }
+  // Width of a text in the units of `Scale`.
+  float TextWidth(std::string_view text);
+
+  // What a person does. The frame's close button: QueryUnload and, when not cancelled, the unload.
+  void UserClose();
+  // The frame was dragged or zoomed.
+  void UserResize(float width, float height, WindowState state);
+  // The window has become the active one.
+  void UserActivate();
+  void UserFocus(Control* control);
+
+  Control* Find(std::string_view name);
+  const std::vector<Control*>& Controls() const { return controls_; }
+  Control* ActiveControl() const { return focus_; }
+
+  Signal<FormRequest> Requested;
+  // Shown, hidden, loaded or unloaded.
+  Signal<> VisibilityChanged;
+
+  // Ends the building of the design: called by the last line of every form's constructor.
+  void KeepDesign() override;
+  void RestoreDesign() override;
+
+ private:
+  friend class Control;
+  static void SizeChanged(Element& element);
+  void Add(Control& control);
+  void Remove(Control& control);
+
+  Platform& platform_;
+  std::vector<Control*> controls_;
+  std::map<std::string, Control*, std::less<>> byName_;
+  Control* focus_ = nullptr;
+  bool loaded_ = false;
+  bool visible_ = false;
+  bool unloading_ = false;
+  Modality modality_ = Modality::Modeless;
+};
+
+}  // namespace lumidex

@@ -1,0 +1,122 @@
+#pragma once
+// A control's property: a value with its design value, told to observers when it changes. Some properties
+// refuse values (error 380) or fire an event on a new value; their control hands in the rule.
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <type_traits>
+#include <utility>
+
+#include "pictures/picture.h"
+
+namespace lumidex {
+
+class Element;
+
+// What visitors see: any property as text, and its way back to the design.
+class PropertyBase {
+ public:
+  virtual ~PropertyBase() = default;
+  virtual std::string AsText() const = 0;
+  // Written as code writes it: events fire, rules hold. Raises TypeMismatch for text of another kind.
+  virtual void WriteText(std::string_view text) = 0;
+  virtual void KeepAsDesign() = 0;
+  // Silently, but for the observers.
+  virtual void RestoreDesign() = 0;
+};
+
+namespace property_text {
+std::string Of(bool value);
+std::string Of(std::int64_t value);
+std::string Of(float value);
+std::string Of(const std::string& value);
+std::string Of(const Picture& value);
+void Read(std::string_view text, bool& value);
+void Read(std::string_view text, std::int64_t& value);
+void Read(std::string_view text, float& value);
+void Read(std::string_view text, std::string& value);
+void Read(std::string_view text, Picture& value);
+}  // namespace property_text
+
+void NotifyObservers(Element& owner);
+
+template <class T>
+class Property final : public PropertyBase {
+ public:
+  using Check = void (*)(Element& owner, const T& proposed);
+  using Hook = void (*)(Element& owner);
+
+  // `check` refuses values by raising, `changed` runs after a new value, `written` after every write.
+  explicit Property(Element& owner, T initial = {}, Check check = nullptr, Hook changed = nullptr,
+                    Hook written = nullptr)
+      : owner_(owner),
+        value_(initial),
+        design_(std::move(initial)),
+        check_(check),
+        changed_(changed),
+        written_(written) {}
+  Property(const Property&) = delete;
+  Property& operator=(const Property& other) { return *this = other.value_; }
+
+  Property& operator=(T value) {
+    if (check_) check_(owner_, value);
+    const bool isNew = !(value == value_);
+    if (isNew) {
+      value_ = std::move(value);
+      NotifyObservers(owner_);
+    }
+    if (written_) written_(owner_);
+    if (isNew && changed_) changed_(owner_);
+    return *this;
+  }
+
+  const T& Get() const { return value_; }
+  operator const T&() const { return value_; }
+  friend bool operator==(const Property& property, const T& value) { return property.value_ == value; }
+
+  // Changes the value without firing: the way of user gestures, which fire their event themselves.
+  void SetQuietly(T value) {
+    if (value == value_) return;
+    value_ = std::move(value);
+    NotifyObservers(owner_);
+  }
+
+  std::string AsText() const override {
+    if constexpr (IsWhole()) {
+      return property_text::Of(static_cast<std::int64_t>(value_));
+    } else {
+      return property_text::Of(value_);
+    }
+  }
+  void WriteText(std::string_view text) override {
+    if constexpr (IsWhole()) {
+      std::int64_t value = 0;
+      property_text::Read(text, value);
+      *this = static_cast<T>(value);
+    } else {
+      T value{};
+      property_text::Read(text, value);
+      *this = value;
+    }
+  }
+  void KeepAsDesign() override { design_ = value_; }
+  void RestoreDesign() override { SetQuietly(design_); }
+
+ private:
+  static constexpr bool IsWhole() {
+    return std::is_enum_v<T> || (std::is_integral_v<T> && !std::is_same_v<T, bool>);
+  }
+
+  Element& owner_;
+  T value_;
+  T design_;
+  Check check_;
+  Hook changed_;
+  Hook written_;
+};
+
+using PropertyVisitor = std::function<void(std::string_view name, PropertyBase& property)>;
+
+}  // namespace lumidex

@@ -1,0 +1,58 @@
+#pragma once
+// Controls with a value between two ends: slider, up-down, scroll bar, progress bar.
+
+#include "controls/control.h"
+
+namespace lumidex {
+
+// A value outside Min and Max raises InvalidPropertyValue; a new value fires Change.
+class RangeControl : public Control {
+ public:
+  RangeControl(Form& owner, std::string name, int min, int max, int value);
+  void VisitProperties(const PropertyVisitor& visit) override;
+
+  Property<int> Min, Max, Value;
+  Property<int> SmallChange{*this, 1}, LargeChange{*this, 1};
+  Event<> OnChange;
+  // While a thumb is being dragged.
+  Event<> OnScroll;
+
+  // Brought into the range; fires Change on a new value.
+  void UserSet(int value);
+
+ private:
+  static void RefuseOutside(Element& owner, const int& value);
+  static void Fire(Element& owner) { static_cast<RangeControl&>(owner).OnChange(); }
+};
+
+class Slider final : public RangeControl {
+ public:
+  Slider(Form& owner, std::string name, int min = 0, int max = 10, int value = 0)
+      : RangeControl(owner, std::move(name), min, max, value) {}
+  std::string_view Kind() const override { return "Slider"; }
+  bool CanTakeFocus() const override { return true; }
+};
+
+class UpDown final : public RangeControl {
+ public:
+  UpDown(Form& owner, std::string name, int min = 0, int max = 10, int value = 0)
+      : RangeControl(owner, std::move(name), min, max, value) {}
+  std::string_view Kind() const override { return "UpDown"; }
+};
+
+class ScrollBar final : public RangeControl {
+ public:
+  ScrollBar(Form& owner, std::string name, int min = 0, int max = 32767, int value = 0)
+      : RangeControl(owner, std::move(name), min, max, value) {}
+  std::string_view Kind() const override { return "ScrollBar"; }
+  bool CanTakeFocus() const override { return true; }
+};
+
+class ProgressBar final : public RangeControl {
+ public:
+  ProgressBar(Form& owner, std::string name, int min = 0, int max = 100, int value = 0)
+      : RangeControl(owner, std::move(name), min, max, value) {}
+  std::string_view Kind() const override { return "ProgressBar"; }
+};
+
+}  // namespace lumidex

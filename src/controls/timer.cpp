@@ -1,0 +1,40 @@
+#include "controls/timer.h"
+
+#include "base/run_time_error.h"
+#include "controls/form.h"
+
+namespace lumidex {
+
+Timer::Timer(Form& owner, std::string name, int interval, bool enabled)
+    : Control(owner, std::move(name)),
+      Interval(*this, interval, &RefuseOthers, nullptr,
+               [](Element& element) { static_cast<Timer&>(element).Restart(); }) {
+  Enabled.SetQuietly(enabled);
+}
+
+Timer::~Timer() {
+  if (running_) Owner().GetPlatform().events.StopTimer(running_);
+}
+
+void Timer::VisitProperties(const PropertyVisitor& visit) {
+  Control::VisitProperties(visit);
+  visit("Interval", Interval);
+}
+
+void Timer::RestoreDesign() {
+  Control::RestoreDesign();
+  Restart();
+}
+
+void Timer::RefuseOthers(Element&, const int& value) {
+  if (value < 0 || value > 65535) throw RunTimeError(ErrorNumber::InvalidPropertyValue);
+}
+
+void Timer::Restart() {
+  EventQueue& events = Owner().GetPlatform().events;
+  if (running_) events.StopTimer(running_);
+  running_ = 0;
+  if (Enabled && Interval > 0) running_ = events.StartTimer(Interval, [this] { OnTimer(); });
+}
+
+}  // namespace lumidex

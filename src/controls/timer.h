@@ -1,0 +1,31 @@
+#pragma once
+// The timer control: fires while it is enabled with an interval above 0.
+
+#include "controls/control.h"
+#include "ports/event_queue.h"
+
+namespace lumidex {
+
+class Timer final : public Control {
+ public:
+  Timer(Form& owner, std::string name, int interval = 0, bool enabled = true);
+  ~Timer() override;
+  std::string_view Kind() const override { return "Timer"; }
+  void VisitProperties(const PropertyVisitor& visit) override;
+  void RestoreDesign() override;
+
+  // Milliseconds, 0 to 65,535; others raise InvalidPropertyValue. Writing it, or Enabled, restarts the
+  // period, also when the value stays the same.
+  Property<int> Interval;
+  Event<> OnTimer;
+
+ protected:
+  void WhenEnabledWritten() override { Restart(); }
+
+ private:
+  static void RefuseOthers(Element& owner, const int& value);
+  void Restart();
+  TimerId running_ = 0;
+};
+
+}  // namespace lumidex

@@ -1,0 +1,41 @@
+#pragma once
+// The platform's event loop: yields, waits, nested loops for modal windows, timers, the end of the process.
+
+#include <cstdint>
+#include <functional>
+
+namespace lumidex {
+
+using TimerId = std::uint64_t;
+
+class EventQueue {
+ public:
+  using Work = std::function<void()>;
+
+  virtual ~EventQueue() = default;
+
+  // Serves all pending events, then returns.
+  virtual void Yield() = 0;
+  // Serves events until one has been served or that many milliseconds have passed.
+  virtual void Wait(int milliseconds) = 0;
+  // A nested loop: serves events until `done` holds.
+  virtual void RunUntil(const std::function<bool()>& done) = 0;
+  // What a loop does that spins without yielding and never ends: the program stands still, without burning
+  // the processor. A desktop sleeps a moment and returns; a test ends there and says so.
+  virtual void Stall() = 0;
+
+  // Calls `tick` each time the period has passed, until stopped; missed periods are merged into one.
+  virtual TimerId StartTimer(int milliseconds, Work tick) = 0;
+  virtual void StopTimer(TimerId timer) = 0;
+  // Runs `work` later on the event thread; may be called from another thread.
+  virtual void Post(Work work) = 0;
+
+  // Leaves at once, also from inside nested loops.
+  [[noreturn]] virtual void EndProcess(int exitCode) = 0;
+
+  // Every event is dispatched through here, so that no error crosses the loop: set by the program to its
+  // default report.
+  std::function<void(const Work&)> Guard = [](const Work& work) { work(); };
+};
+
+}  // namespace lumidex

@@ -1,0 +1,66 @@
+#pragma once
+// The files of the platform. Paths use `Separator()`; failures raise RunTimeError with the number that the
+// program's own traps know (53, 57, 58, 61, 68, 70, 75, 76).
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "pictures/picture_data.h"
+
+namespace lumidex {
+
+enum class EntryKind {
+  File,
+  Directory,
+  DirectoryLink,  // a symbolic link to a directory: shown, but never descended into by a search
+  Other           // a device, a pipe, a socket, a dangling link
+};
+
+struct DirectoryEntry {
+  std::string name;
+  EntryKind kind = EntryKind::File;
+  bool hidden = false;
+};
+
+struct FileFacts {
+  EntryKind kind = EntryKind::File;
+  std::uint64_t size = 0;     // bytes
+  std::int64_t modified = 0;  // seconds since 1970, local conversions are the caller's
+  bool hidden = false;        // hidden or system
+};
+
+class FileSystem {
+ public:
+  virtual ~FileSystem() = default;
+
+  virtual char Separator() const = 0;
+  // The places that a drive list offers: "C:" or "/" and what is mounted below it.
+  virtual std::vector<std::string> Drives() const = 0;
+  // The drive that a path lies on, one of Drives(); empty when on none.
+  virtual std::string DriveOf(const std::string& path) const = 0;
+  virtual std::string CurrentDirectory() const = 0;
+  // Absolute, without "." and "..", without a separator at the end (a root keeps its own).
+  virtual std::string Normalised(const std::string& path) const = 0;
+
+  // Unsorted, without "." and "..". Raises PathNotFound when there is no such directory and PathFileAccess
+  // when it can not be entered.
+  virtual std::vector<DirectoryEntry> ReadDirectory(const std::string& path) const = 0;
+  // Changes when the directory's content does; 0 when the directory is gone.
+  virtual std::uint64_t DirectoryStamp(const std::string& path) const = 0;
+  // Nothing when there is no such thing or the lookup fails.
+  virtual std::optional<FileFacts> Look(const std::string& path) const = 0;
+
+  // Raises FileNotFound, PermissionDenied or PathFileAccess; only regular files open.
+  virtual std::shared_ptr<const ByteSource> Open(const std::string& path) const = 0;
+  std::string ReadAll(const std::string& path) const;
+  // Replaces the file's content. Raises PathNotFound, PathFileAccess, PermissionDenied or DiskFull.
+  virtual void WriteAll(const std::string& path, std::string_view content) = 0;
+  virtual void Remove(const std::string& path) = 0;
+  virtual void MakeDirectory(const std::string& path) = 0;
+};
+
+}  // namespace lumidex

@@ -1,0 +1,29 @@
+#pragma once
+// Everything the program asks of its platform, in one bundle. `main` and each test make one.
+
+#include "ports/dialogs.h"
+#include "ports/event_queue.h"
+#include "ports/file_system.h"
+#include "ports/services.h"
+#include "ports/window_control.h"
+
+namespace lumidex {
+
+struct Platform {
+  FileSystem& files;
+  EventQueue& events;
+  Dialogs& dialogs;
+  WindowControl& windows;
+  Clock& clock;
+  Process& process;
+  Clipboard& clipboard;
+  Desktop& desktop;
+  Tray& tray;
+  Shell& shell;
+  SettingsStore& settings;
+  PictureLoader& loader;
+  SpecialFolders& folders;
+  Browser& browser;
+};
+
+}  // namespace lumidex
