@@ -1,0 +1,22 @@
+#pragma once
+// The table of the gallery's pictures: which scene, at which size, in which format.
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "drawing/canvas.h"
+
+namespace lumidex {
+
+struct GalleryPicture {
+  std::string file;
+  Size size;
+  std::string description;  // one line for gallery/README.md
+  std::function<std::vector<std::uint8_t>(Size)> make;
+};
+
+const std::vector<GalleryPicture>& GalleryPictures();
+
+}  // namespace lumidex
