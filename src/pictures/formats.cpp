@@ -5,12 +5,17 @@
 
 #include "base/run_time_error.h"
 #include "pictures/codec.h"
+#include "pictures/codecs/bmp.h"
 
 namespace lumidex {
 namespace {
 
 // Formats with a signature come first; those without one, which go by their extension, stand last.
-constexpr std::array<Codec, 0> allCodecs{};
+constexpr std::string_view bmpEndings[] = {".bmp", ".dib", ".rle"};
+
+constexpr auto allCodecs = std::to_array<Codec>({
+    {"BMP", bmpEndings, MatchBmp, OpenBmp},
+});
 
 bool HasExtension(const Codec& codec, const std::string& extension) {
   return std::ranges::find(codec.extensions, extension) != codec.extensions.end();

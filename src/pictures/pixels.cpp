@@ -21,6 +21,16 @@ void CheckSize(Size size, const PictureLimits& limits, std::uint64_t fileSize) {
   }
 }
 
+Size CheckedSize(std::int64_t width, std::int64_t height, const PictureLimits& limits,
+                 std::uint64_t fileSize) {
+  const auto narrow = [](std::int64_t side) {
+    return static_cast<int>(std::clamp<std::int64_t>(side, 0, std::numeric_limits<int>::max()));
+  };
+  const Size size{narrow(width), narrow(height)};
+  CheckSize(size, limits, fileSize);
+  return size;
+}
+
 Pixels Pixels::MakeUnfilled(Size size, PixelFormat format, const PictureLimits& limits) {
   CheckSize(size, limits, std::numeric_limits<std::uint64_t>::max());
   const std::int64_t bytes = std::int64_t{size.width} * size.height * 4;

@@ -37,6 +37,9 @@ inline constexpr std::int64_t smallFilePixelBytes = std::int64_t{384} << 20;
 // Raises InvalidPicture when a side is below 1 or the picture is beyond the limits. Decoders call this with
 // the header's numbers and the file's length in bytes before anything is allocated.
 void CheckSize(Size size, const PictureLimits& limits, std::uint64_t fileSize);
+// The same for numbers as wide as a header may hold them; returns the size.
+Size CheckedSize(std::int64_t width, std::int64_t height, const PictureLimits& limits,
+                 std::uint64_t fileSize);
 
 // A shared buffer of pixels: copies share it, so write only into a block that was just made.
 class Pixels {
@@ -54,6 +57,8 @@ class Pixels {
   int Width() const { return size_.width; }
   int Height() const { return size_.height; }
   PixelFormat Format() const { return format_; }
+  // Says what the words already are, when that is only known after decoding; changes no pixel.
+  void SetFormat(PixelFormat format) { format_ = format; }
   std::size_t ByteCount() const;
 
   std::span<const std::uint32_t> Row(int y) const;

@@ -1,0 +1,79 @@
+#include "pictures/alpha.h"
+
+#include <algorithm>
+
+namespace lumidex {
+namespace {
+
+constexpr std::uint32_t AlphaMask = 0xFF000000U;
+
+// value * factor / 255, rounded.
+constexpr std::uint32_t Scaled(std::uint32_t value, std::uint32_t factor) {
+  const std::uint32_t product = value * factor + 128;
+  return (product + (product >> 8)) >> 8;
+}
+
+std::uint32_t PremultipliedWord(std::uint32_t word) {
+  const std::uint32_t alpha = word >> 24;
+  if (alpha == 255) return word;
+  if (alpha == 0) return 0;
+  return (word & AlphaMask) | Scaled(word >> 16 & 255, alpha) << 16 | Scaled(word >> 8 & 255, alpha) << 8 |
+         Scaled(word & 255, alpha);
+}
+
+// `word` is premultiplied.
+std::uint32_t OverWhiteWord(std::uint32_t word) {
+  const std::uint32_t white = 255 - (word >> 24);
+  const auto channel = [&](int shift) {
+    return std::min<std::uint32_t>((word >> shift & 255) + white, 255) << shift;
+  };
+  return AlphaMask | channel(16) | channel(8) | channel(0);
+}
+
+template <class Change>
+Pixels Changed(const Pixels& pixels, PixelFormat format, Change change) {
+  Pixels changed = Pixels::MakeUnfilled(pixels.GetSize(), format);
+  for (int y = 0; y < pixels.Height(); ++y)
+    std::ranges::transform(pixels.Row(y), changed.Row(y).begin(), change);
+  return changed;
+}
+
+}  // namespace
+
+void DeclareOpaqueIfSo(Pixels& pixels) {
+  std::uint32_t all = AlphaMask;
+  for (int y = 0; y < pixels.Height(); ++y) {
+    for (std::uint32_t& word : pixels.Row(y)) {
+      if ((word & AlphaMask) == 0) word = 0;
+      all &= word;
+    }
+  }
+  pixels.SetFormat(all == AlphaMask ? PixelFormat::Rgb : PixelFormat::Argb);
+}
+
+void SettleAlpha(Pixels& pixels) {
+  std::uint32_t any = 0;
+  for (int y = 0; y < pixels.Height() && any == 0; ++y) {
+    for (const std::uint32_t word : pixels.Row(y)) any |= word & AlphaMask;
+  }
+  if (any != 0) return DeclareOpaqueIfSo(pixels);
+  for (int y = 0; y < pixels.Height(); ++y) {
+    for (std::uint32_t& word : pixels.Row(y)) word |= AlphaMask;
+  }
+  pixels.SetFormat(PixelFormat::Rgb);
+}
+
+Pixels Premultiplied(const Pixels& pixels) {
+  if (pixels.IsEmpty() || pixels.Format() != PixelFormat::Argb) return pixels;
+  return Changed(pixels, PixelFormat::ArgbPremultiplied, PremultipliedWord);
+}
+
+Pixels BlendedOverWhite(const Pixels& pixels) {
+  if (pixels.IsEmpty() || pixels.Format() == PixelFormat::Rgb) return pixels;
+  const bool premultiplied = pixels.Format() == PixelFormat::ArgbPremultiplied;
+  return Changed(pixels, PixelFormat::Rgb, [=](std::uint32_t word) {
+    return OverWhiteWord(premultiplied ? word : PremultipliedWord(word));
+  });
+}
+
+}  // namespace lumidex

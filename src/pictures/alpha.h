@@ -1,0 +1,21 @@
+#pragma once
+// Transparency: settling what decoders read, blending over white, premultiplying for window systems.
+
+#include "pictures/pixels.h"
+
+namespace lumidex {
+
+// Takes straight alpha just decoded: a picture without a visible pixel becomes opaque (writers leave the
+// fourth byte 0), otherwise colours under alpha 0 become 0. Format() is Rgb afterwards when all is opaque.
+void SettleAlpha(Pixels& pixels);
+
+// Straight alpha: colours under alpha 0 become 0, and Format() becomes Rgb when every pixel is opaque.
+void DeclareOpaqueIfSo(Pixels& pixels);
+
+// The same picture with premultiplied alpha; Rgb pixels are shared, not copied.
+Pixels Premultiplied(const Pixels& pixels);
+
+// The same picture without transparency, blended over white; Rgb pixels are shared, not copied.
+Pixels BlendedOverWhite(const Pixels& pixels);
+
+}  // namespace lumidex

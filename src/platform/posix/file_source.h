@@ -1,0 +1,22 @@
+#pragma once
+// A file on disk as a source of picture bytes, read in place so that opening a long file costs nothing.
+
+#include <memory>
+#include <string>
+
+#include "pictures/picture_data.h"
+
+namespace lumidex {
+
+// Opens a regular file for reading. Raises FileNotFound when there is none, PermissionDenied when it may
+// not be read, and PathFileAccess for directories, pipes, devices and everything else.
+std::shared_ptr<const ByteSource> OpenFileSource(const std::string& path);
+
+// The ending of a path's last part with its point, in lower case; empty when there is none.
+std::string FileExtension(const std::string& path);
+
+// A picture file as decoders want it. Only Dr. Halo's cut files have a palette file beside them.
+// Raises like OpenFileSource.
+PictureData OpenPictureFile(const std::string& path);
+
+}  // namespace lumidex
