@@ -1,0 +1,194 @@
+#include "pictures/codecs/bmp.h"
+
+#include <gmock/gmock.h>
+
+#include "base/run_time_error.h"
+#include "pictures/support/byte_writer.h"
+
+namespace lumidex {
+namespace {
+
+using testing::ElementsAre;
+
+constexpr std::uint32_t red = 0xFFFF0000, green = 0xFF00FF00, blue = 0xFF0000FF, black = 0xFF000000;
+
+struct Header {
+  std::uint32_t width = 0, height = 0;
+  unsigned bits = 0;
+  std::uint32_t compression = 0;
+  std::uint32_t colours = 0;
+  std::uint32_t bytes = 40;
+};
+
+// A file header whose pixel offset leaves `between` bytes for masks and colours, then a 40-byte header.
+ByteWriter Start(const Header& header, std::size_t between) {
+  ByteWriter file;
+  file.Text("BM").U32Le(0).U32Le(0).U32Le(static_cast<std::uint32_t>(14 + header.bytes + between));
+  file.U32Le(header.bytes).U32Le(header.width).U32Le(header.height).U16Le(1).U16Le(header.bits);
+  file.U32Le(header.compression).U32Le(0).U32Le(0).U32Le(0).U32Le(header.colours).U32Le(0);
+  return file;
+}
+
+ByteWriter& AddColours(ByteWriter& file) {
+  return file.Add({0, 0, 0, 0}).Add({0, 0, 255, 0}).Add({0, 255, 0, 0}).Add({255, 0, 0, 0});
+}
+
+std::uint32_t Negative(int value) {
+  return static_cast<std::uint32_t>(-value);
+}
+
+TEST(Bmp, Rows_run_upwards_and_are_padded_to_four_bytes) {
+  auto file = Start({.width = 1, .height = 2, .bits = 24}, 0);
+  file.Add({0, 0, 255, 99, 0, 255, 0, 99});
+  EXPECT_THAT(WordsOf(DecodeBytes(file.Bytes())), ElementsAre(green, red));
+}
+
+TEST(Bmp, A_negative_height_means_top_down) {
+  auto file = Start({.width = 1, .height = Negative(2), .bits = 24}, 0);
+  file.Add({0, 0, 255, 99, 0, 255, 0, 99});
+  EXPECT_THAT(WordsOf(DecodeBytes(file.Bytes())), ElementsAre(red, green));
+}
+
+TEST(Bmp, Facts_come_from_the_header) {
+  const auto file = Start({.width = 7, .height = 5, .bits = 4, .colours = 4}, 16);
+  const auto decoder = OpenBytes(file.Bytes());
+  EXPECT_EQ(decoder->Facts().size, (Size{7, 5}));
+  EXPECT_EQ(decoder->Facts().bitsPerPixel, 4);
+  EXPECT_EQ(decoder->Facts().format, "BMP");
+}
+
+TEST(Bmp, Positions_of_every_width_take_the_high_bits_first) {
+  for (const unsigned bits : {1U, 2U, 4U, 8U}) {
+    auto file = Start({.width = 3, .height = 1, .bits = bits, .colours = 4}, 16);
+    AddColours(file);
+    std::uint32_t packed = 0;
+    for (const unsigned position : {1U, 0U, 1U}) packed = packed << bits | position;
+    file.U32Be(packed << (32 - 3 * bits));
+    EXPECT_THAT(WordsOf(DecodeBytes(file.Bytes())), ElementsAre(red, black, red)) << bits;
+  }
+}
+
+TEST(Bmp, A_position_beyond_the_colours_is_black) {
+  auto file = Start({.width = 1, .height = 1, .bits = 8, .colours = 4}, 16);
+  AddColours(file).Add({200, 0, 0, 0});
+  EXPECT_THAT(WordsOf(DecodeBytes(file.Bytes())), ElementsAre(black));
+}
+
+TEST(Bmp, Sixteen_bits_without_masks_are_five_each) {
+  auto file = Start({.width = 2, .height = 1, .bits = 16}, 0);
+  file.U16Le(0x7C00).U16Le(0x0010);
+  EXPECT_THAT(WordsOf(DecodeBytes(file.Bytes())), ElementsAre(red, 0xFF000084));
+}
+
+TEST(Bmp, Masks_follow_a_short_header) {
+  auto file = Start({.width = 2, .height = 1, .bits = 16, .compression = 3}, 12);
+  file.U32Le(0xF800).U32Le(0x07E0).U32Le(0x001F).U16Le(0x07E0).U16Le(0x001F);
+  EXPECT_THAT(WordsOf(DecodeBytes(file.Bytes())), ElementsAre(green, blue));
+}
+
+TEST(Bmp, An_alpha_mask_makes_pixels_transparent) {
+  auto file = Start({.width = 2, .height = 1, .bits = 32, .compression = 3, .bytes = 56}, 0);
+  file.U32Le(0xFF).U32Le(0xFF00).U32Le(0xFF0000).U32Le(0xFF000000).U32Le(0x800000FF).U32Le(0x00FFFFFF);
+  const Pixels pixels = DecodeBytes(file.Bytes());
+  EXPECT_EQ(pixels.Format(), PixelFormat::Argb);
+  EXPECT_THAT(WordsOf(pixels), ElementsAre(0x80FF0000U, 0U));
+}
+
+TEST(Bmp, The_fourth_byte_of_plain_pixels_is_no_alpha) {
+  auto file = Start({.width = 1, .height = 1, .bits = 32}, 0);
+  file.U32Le(0x400000FF);
+  const Pixels pixels = DecodeBytes(file.Bytes());
+  EXPECT_EQ(pixels.Format(), PixelFormat::Rgb);
+  EXPECT_THAT(WordsOf(pixels), ElementsAre(blue));
+}
+
+TEST(Bmp, Run_lengths_of_eight_bits_know_runs_literals_and_jumps) {
+  auto file = Start({.width = 4, .height = 3, .bits = 8, .compression = 1, .colours = 4}, 16);
+  AddColours(file).Add({2, 1, 0, 0, 0, 3, 1, 2, 3, 0, 0, 0, 0, 2, 3, 0, 1, 2, 0, 1});
+  const Pixels pixels = DecodeBytes(file.Bytes());
+  EXPECT_THAT(RowOf(pixels, 2), ElementsAre(red, red, 0U, 0U));
+  EXPECT_THAT(RowOf(pixels, 1), ElementsAre(red, green, blue, 0U));
+  EXPECT_THAT(RowOf(pixels, 0), ElementsAre(0U, 0U, 0U, green));
+}
+
+TEST(Bmp, Run_lengths_of_four_bits_alternate_two_colours) {
+  auto file = Start({.width = 5, .height = 1, .bits = 4, .compression = 2, .colours = 4}, 16);
+  AddColours(file).Add({3, 0x12, 0, 3, 0x32, 0x10});
+  EXPECT_THAT(WordsOf(DecodeBytes(file.Bytes())), ElementsAre(red, green, red, blue, green));
+}
+
+TEST(Bmp, A_run_ends_at_the_edge_of_its_row) {
+  auto file = Start({.width = 2, .height = 2, .bits = 8, .compression = 1, .colours = 4}, 16);
+  AddColours(file).Add({200, 1, 0, 0, 200, 2, 0, 1});
+  EXPECT_THAT(WordsOf(DecodeBytes(file.Bytes())), ElementsAre(green, green, red, red));
+}
+
+TEST(Bmp, The_oldest_header_has_colours_of_three_bytes) {
+  ByteWriter file;
+  file.Text("BM").U32Le(0).U32Le(0).U32Le(14 + 12 + 6);
+  file.U32Le(12).U16Le(2).U16Le(1).U16Le(1).U16Le(8).Add({255, 0, 0}).Add({0, 255, 0}).Add({1, 0, 0, 0});
+  EXPECT_THAT(WordsOf(DecodeBytes(file.Bytes())), ElementsAre(green, blue));
+}
+
+TEST(Bmp, A_bitmap_array_shows_its_first_bitmap) {
+  ByteWriter file;
+  file.Text("BA").Fill(12);
+  file.Text("BM").U32Le(0).U32Le(0).U32Le(14 + 14 + 40);
+  file.U32Le(40).U32Le(1).U32Le(1).U16Le(1).U16Le(24).Fill(24).Add({0, 255, 0, 0});
+  EXPECT_THAT(WordsOf(DecodeBytes(file.Bytes())), ElementsAre(green));
+}
+
+TEST(Bmp, Without_a_file_header_the_extension_decides) {
+  ByteWriter file;
+  file.U32Le(40).U32Le(1).U32Le(1).U16Le(1).U16Le(24).Fill(24).Add({0, 0, 255, 0});
+  EXPECT_THAT(WordsOf(DecodeBytes(file.Bytes(), ".dib")), ElementsAre(red));
+  EXPECT_THROW(OpenBytes(file.Bytes(), ".txt"), RunTimeError);
+}
+
+TEST(Bmp, Missing_rows_stay_blank) {
+  auto file = Start({.width = 1, .height = 2, .bits = 24}, 0);
+  file.Add({0, 0, 255, 0});
+  EXPECT_THAT(WordsOf(DecodeBytes(file.Bytes())), ElementsAre(blankPixel, red));
+}
+
+TEST(Bmp, Sixty_four_bits_hold_linear_light) {
+  auto file = Start({.width = 1, .height = 1, .bits = 64}, 0);
+  file.U16Le(0x2000).U16Le(0x1000).U16Le(0xF000).U16Le(0x2000);
+  EXPECT_THAT(WordsOf(DecodeBytes(file.Bytes())), ElementsAre(0xFF00BCFFU));
+  EXPECT_EQ(OpenBytes(file.Bytes())->Facts().bitsPerPixel, 32);
+}
+
+struct BadHeader {
+  const char* name;
+  Header header;
+};
+
+class BmpRefusal : public testing::TestWithParam<BadHeader> {};
+
+TEST_P(BmpRefusal, Is_an_invalid_picture) {
+  const auto file = Start(GetParam().header, 0);
+  try {
+    OpenBytes(file.Bytes());
+    FAIL() << "accepted";
+  } catch (const RunTimeError& error) {
+    EXPECT_EQ(error.Number(), ErrorNumber::InvalidPicture);
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Headers, BmpRefusal,
+    testing::Values(BadHeader{"no_width", {.width = 0, .height = 1, .bits = 24}},
+                    BadHeader{"no_height", {.width = 1, .height = 0, .bits = 24}},
+                    BadHeader{"negative_width", {.width = 0xFFFFFFFF, .height = 1, .bits = 24}},
+                    BadHeader{"least_height", {.width = 1, .height = 0x80000000, .bits = 24}},
+                    BadHeader{"wide", {.width = 32768, .height = 1, .bits = 24}},
+                    BadHeader{"high", {.width = 1, .height = 32768, .bits = 24}},
+                    BadHeader{"large", {.width = 32767, .height = 32767, .bits = 24}},
+                    BadHeader{"depth", {.width = 1, .height = 1, .bits = 5}},
+                    BadHeader{"cmyk", {.width = 1, .height = 1, .bits = 32, .compression = 11}},
+                    BadHeader{"runs_of_the_wrong_depth",
+                              {.width = 1, .height = 1, .bits = 4, .compression = 1}}),
+    [](const auto& each) { return each.param.name; });
+
+}  // namespace
+}  // namespace lumidex
