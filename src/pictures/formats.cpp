@@ -5,16 +5,34 @@
 
 #include "base/run_time_error.h"
 #include "pictures/codec.h"
+#include "pictures/codecs/art.h"
 #include "pictures/codecs/bmp.h"
+#include "pictures/codecs/cut.h"
+#include "pictures/codecs/hrz.h"
+#include "pictures/codecs/mac.h"
+#include "pictures/codecs/msp.h"
+#include "pictures/codecs/pic.h"
 
 namespace lumidex {
 namespace {
 
-// Formats with a signature come first; those without one, which go by their extension, stand last.
+constexpr std::string_view artEndings[] = {".art"};
 constexpr std::string_view bmpEndings[] = {".bmp", ".dib", ".rle"};
+constexpr std::string_view cutEndings[] = {".cut"};
+constexpr std::string_view hrzEndings[] = {".hrz"};
+constexpr std::string_view macEndings[] = {".mac"};
+constexpr std::string_view mspEndings[] = {".msp"};
+constexpr std::string_view picEndings[] = {".pic"};
 
+// Formats with a signature come first; those without one, which go by their extension, stand last.
 constexpr auto allCodecs = std::to_array<Codec>({
     {"BMP", bmpEndings, MatchBmp, OpenBmp},
+    {"MSP", mspEndings, MatchMsp, OpenMsp},
+    {"PIC", picEndings, MatchPic, OpenPic},
+    {"MAC", macEndings, MatchMac, OpenMac},
+    {"ART", artEndings, MatchArt, OpenArt},
+    {"CUT", cutEndings, MatchCut, OpenCut},
+    {"HRZ", hrzEndings, MatchHrz, OpenHrz},
 });
 
 bool HasExtension(const Codec& codec, const std::string& extension) {

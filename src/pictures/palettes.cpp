@@ -51,7 +51,14 @@ std::uint32_t EgaRegisterColour(unsigned value) {
 
 Palette BlackPalette() {
   Palette palette;
-  palette.fill(0xFF000000);
+  palette.fill(blackPixel);
+  return palette;
+}
+
+Palette TwoColours(std::uint32_t zero, std::uint32_t one) {
+  Palette palette = BlackPalette();
+  palette[0] = zero;
+  palette[1] = one;
   return palette;
 }
 

@@ -15,6 +15,9 @@ constexpr std::uint32_t Rgb(unsigned red, unsigned green, unsigned blue) {
   return 0xFF000000U | red << 16 | green << 8 | blue;
 }
 
+inline constexpr std::uint32_t blackPixel = 0xFF000000;
+inline constexpr std::uint32_t whitePixel = 0xFFFFFFFF;
+
 // The 16 colours of the IBM colour adapters.
 inline constexpr std::array<std::uint32_t, 16> ega16 = {
     0xFF000000, 0xFF0000AA, 0xFF00AA00, 0xFF00AAAA, 0xFFAA0000, 0xFFAA00AA, 0xFFAA5500, 0xFFAAAAAA,
@@ -34,6 +37,8 @@ constexpr unsigned Widen6(unsigned value) {
 
 // All entries opaque black.
 Palette BlackPalette();
+// The colours of a picture of one bit a pixel.
+Palette TwoColours(std::uint32_t zero, std::uint32_t one);
 // Entry i is grey i.
 Palette GreyPalette();
 // The 256 colours that the VGA starts with in mode 13h: 16 colours, 16 greys, nine rings of 24 hues, black.

@@ -56,6 +56,22 @@ void PackedRows::Unpack(Bytes packed, std::span<std::uint32_t> pixels) const {
   }
 }
 
+void UnpackRows(Bytes packed, std::size_t rowBytes, const PackedRows& rows, Pixels& pixels) {
+  for (int y = 0; y < pixels.Height(); ++y) {
+    const Bytes row = packed.first(std::min(rowBytes, packed.size()));
+    if (row.size() < rowBytes) BlankFrom(pixels, y);
+    rows.Unpack(row, pixels.Row(y));
+    if (row.size() < rowBytes) return;
+    packed = packed.subspan(row.size());
+  }
+}
+
+void BlankFrom(Pixels& pixels, int y, std::size_t column) {
+  if (y >= pixels.Height()) return;
+  const std::size_t done = static_cast<std::size_t>(y) * static_cast<std::size_t>(pixels.Width()) + column;
+  std::fill(pixels.Data() + done, pixels.Data() + pixels.ByteCount() / 4, blankPixel);
+}
+
 void LookUp(Bytes indices, const Palette& palette, std::span<std::uint32_t> pixels) {
   const std::size_t count = std::min(indices.size(), pixels.size());
   for (std::size_t i = 0; i < count; ++i) pixels[i] = palette[indices[i]];

@@ -9,6 +9,7 @@
 
 #include "pictures/palettes.h"
 #include "pictures/picture_data.h"
+#include "pictures/pixels.h"
 
 namespace lumidex {
 
@@ -30,6 +31,12 @@ class PackedRows {
   std::size_t perByte_;
   std::vector<std::uint32_t> table_;  // the pixels of each byte value
 };
+
+// Rows of `rowBytes` bytes from the top on; where the bytes end, the rest of the picture becomes blank.
+void UnpackRows(Bytes packed, std::size_t rowBytes, const PackedRows& rows, Pixels& pixels);
+
+// Makes the pixels of row `y` from column `column` on blank, and all rows below.
+void BlankFrom(Pixels& pixels, int y, std::size_t column = 0);
 
 // Each index through the palette; as many as there are of both.
 void LookUp(Bytes indices, const Palette& palette, std::span<std::uint32_t> pixels);
