@@ -32,6 +32,10 @@ class Control : public Element {
   void SetFocus();
   virtual bool CanTakeFocus() const { return false; }
 
+  // The form begins and ends its life.
+  virtual void WhenFormLoaded() {}
+  virtual void WhenFormUnloaded() {}
+
   Event<> OnGotFocus, OnLostFocus;
   // Key codes are the classic virtual ones: 13 Enter, 27 Escape, 37 to 40 the arrows.
   Event<int> OnKeyDown, OnKeyPress;

@@ -60,12 +60,15 @@ void Form::SizeChanged(Element& element) {
 void Form::Load() {
   if (loaded_) return;
   loaded_ = true;
+  for (Control* control : controls_) control->WhenFormLoaded();
   VisibilityChanged.Emit();
   OnLoad();
 }
 
 void Form::Show(Modality modality) {
   Load();
+  // A form may unload itself while it loads.
+  if (!loaded_) return;
   if (!visible_) {
     modality_ = modality;
     visible_ = true;
@@ -101,6 +104,7 @@ void Form::Unload() {
   Hide();
   loaded_ = false;
   focus_ = nullptr;
+  for (Control* control : controls_) control->WhenFormUnloaded();
   RestoreDesign();
   VisibilityChanged.Emit();
 }

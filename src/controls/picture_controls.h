@@ -32,7 +32,7 @@ class ImageBox final : public Control {
 class PictureBox final : public Control {
  public:
   // Width of the border on each side, in twips.
-  static constexpr float Border = 30.0F;
+  static constexpr float Border = 15.0F;
 
   PictureBox(Form& owner, std::string name) : Control(owner, std::move(name)) {}
   std::string_view Kind() const override { return "PictureBox"; }

@@ -13,7 +13,7 @@ Timer::Timer(Form& owner, std::string name, int interval, bool enabled)
 }
 
 Timer::~Timer() {
-  if (running_) Owner().GetPlatform().events.StopTimer(running_);
+  Stop();
 }
 
 void Timer::VisitProperties(const PropertyVisitor& visit) {
@@ -21,20 +21,19 @@ void Timer::VisitProperties(const PropertyVisitor& visit) {
   visit("Interval", Interval);
 }
 
-void Timer::RestoreDesign() {
-  Control::RestoreDesign();
-  Restart();
-}
-
 void Timer::RefuseOthers(Element&, const int& value) {
   if (value < 0 || value > 65535) throw RunTimeError(ErrorNumber::InvalidPropertyValue);
 }
 
 void Timer::Restart() {
-  EventQueue& events = Owner().GetPlatform().events;
-  if (running_) events.StopTimer(running_);
+  Stop();
+  if (!Owner().IsLoaded() || !Enabled || Interval == 0) return;
+  running_ = Owner().GetPlatform().events.StartTimer(Interval, [this] { OnTimer(); });
+}
+
+void Timer::Stop() {
+  if (running_) Owner().GetPlatform().events.StopTimer(running_);
   running_ = 0;
-  if (Enabled && Interval > 0) running_ = events.StartTimer(Interval, [this] { OnTimer(); });
 }
 
 }  // namespace lumidex

@@ -1,5 +1,5 @@
 #pragma once
-// The timer control: fires while it is enabled with an interval above 0.
+// The timer control: fires while it is enabled with an interval above 0 and its form is loaded.
 
 #include "controls/control.h"
 #include "ports/event_queue.h"
@@ -12,7 +12,8 @@ class Timer final : public Control {
   ~Timer() override;
   std::string_view Kind() const override { return "Timer"; }
   void VisitProperties(const PropertyVisitor& visit) override;
-  void RestoreDesign() override;
+  void WhenFormLoaded() override { Restart(); }
+  void WhenFormUnloaded() override { Stop(); }
 
   // Milliseconds, 0 to 65,535; others raise InvalidPropertyValue. Writing it, or Enabled, restarts the
   // period, also when the value stays the same.
@@ -25,6 +26,7 @@ class Timer final : public Control {
  private:
   static void RefuseOthers(Element& owner, const int& value);
   void Restart();
+  void Stop();
   TimerId running_ = 0;
 };
 

@@ -1,0 +1,83 @@
+#include "auxiliary/tips.h"
+
+#include <random>
+
+#include "base/run_time_error.h"
+#include "base/text.h"
+#include "core/helpers.h"
+
+namespace lumidex {
+namespace {
+
+constexpr const char* TIP_FILE = "TIPOFDAY.TXT";
+constexpr const char* section = "Options";
+constexpr const char* key = "Show Tips at Startup";
+
+std::string MissingFileText() {
+  const std::string name = TIP_FILE;
+  return "That the " + name + " file was not found? \r\n\r\nCreate a text file named " + name +
+         " using NotePad with 1 tip per line. Then place it in the same directory as the application. ";
+}
+
+// The lines of a text file, whose ends may be CR LF or LF; a last line needs none.
+std::vector<std::string> Lines(const std::string& content) {
+  std::vector<std::string> lines;
+  for (std::size_t start = 0; start < content.size();) {
+    const std::size_t end = std::min(content.find('\n', start), content.size());
+    std::string line = content.substr(start, end - start);
+    if (line.ends_with('\r')) line.pop_back();
+    lines.push_back(std::move(line));
+    start = end + 1;
+  }
+  return lines;
+}
+
+}  // namespace
+
+bool ShowsTipsAtStartup(App& app) {
+  return Val(app.platform.settings.GetSetting(section, key, "1")) != 0;
+}
+
+void StoreShowsTipsAtStartup(App& app, int value) {
+  app.platform.settings.SaveSetting(section, key, Number(value));
+}
+
+bool LoadTips(App& app, const std::string& path) {
+  if (path.empty() || !FileExists(app, path)) return false;
+  app.frmTip.Tips = Lines(app.platform.files.ReadAll(path));
+  DoNextTip(app);
+  return true;
+}
+
+void DoNextTip(App& app) {
+  // Seeded from the clock when the window was loaded.
+  std::uniform_real_distribution<double> fraction(0.0, 1.0);
+  frmTipWindow& window = app.frmTip;
+  window.CurrentTip =
+      static_cast<std::int32_t>(fraction(window.Random) * static_cast<double>(window.Tips.size()) + 1.0);
+  DisplayCurrentTip(app);
+}
+
+void DisplayCurrentTip(App& app) {
+  frmTipWindow& window = app.frmTip;
+  if (window.Tips.empty()) return;
+  window.lblTipText.Caption = window.Tips[static_cast<std::size_t>(window.CurrentTip - 1)];
+}
+
+void PrepareTipWindow(App& app) {
+  frmTipWindow& window = app.frmTip;
+  IgnoreError([&] {
+    window.Icon = app.WPaper2.Icon.Get();
+    window.Image1.Picture = app.frmBackground.Image1.Picture.Get();
+    if (!ShowsTipsAtStartup(app)) {
+      window.Unload();
+      return;
+    }
+    window.chkLoadTipsAtStartup.Value = 1;
+    window.Random.seed(static_cast<unsigned>(app.platform.clock.TimeOfDay() * 100.0));
+    window.Tips.clear();
+    if (!LoadTips(app, app.AppPath + TIP_FILE)) window.lblTipText.Caption = MissingFileText();
+  });
+}
+
+}  // namespace lumidex

@@ -1,0 +1,13 @@
+#pragma once
+// What becomes of an error that no trap has caught.
+
+#include <functional>
+
+#include "forms/app.h"
+
+namespace lumidex {
+
+// Runs one event; an error that comes out of it is shown and ends the process with exit code 1.
+void RunEvent(App& app, const std::function<void()>& event);
+
+}  // namespace lumidex

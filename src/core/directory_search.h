@@ -1,0 +1,21 @@
+#pragma once
+// The directory search: from the dialog through the walk to the filled Selection list.
+
+#include "forms/app.h"
+
+namespace lumidex {
+
+// The whole operation. The Selection list is cleared before the dialog opens, so cancelling leaves it empty.
+void StartDirectorySearch(App& app);
+
+// The tree below Dir1.Path; with no file type ticked it says so. A highlighted row other than the directory
+// itself is only moved to.
+void SearchSubFolders(App& app);
+// The files of Dir1.Path alone.
+void SearchOneDirectory(App& app);
+
+// Depth first: the subdirectories from the last to the first, then the directory's own files, then back to
+// `BackUp` (empty at the top). True asks the caller to stop. `DirCount` is handed on and never read.
+bool WalkDirectory(App& app, const std::string& NewPath, std::int16_t DirCount, const std::string& BackUp);
+
+}  // namespace lumidex

@@ -1,0 +1,39 @@
+#pragma once
+// The two lists of the main window. Operations change the current entry by selecting it: the list's click,
+// which fires when the selection changes, does the rest.
+
+#include "forms/app.h"
+
+namespace lumidex {
+
+// The move from the Selection list to the Display list; each ends with the first entry current.
+void AddOneToDisplayList(App& app);
+void AddAllToDisplayList(App& app);
+
+// Drops the selected entry and selects the one before it.
+void RemoveOneFromDisplayList(App& app);
+// Empties the Display list and stops a running slide show.
+void ZapDisplayList(App& app);
+
+// Errors are ignored statement by statement.
+void MoveDisplayEntryUp(App& app);
+void MoveDisplayEntryDown(App& app);
+
+// The neighbours of the current entry, around the ends.
+void NextImage(App& app);
+void PreviousImage(App& app);
+
+// Answers of the lists: a change of the Display list's selection, a double click or Enter in it, a click in
+// the Selection list. Their errors end them quietly.
+void DisplayListClick(App& app);
+void ActivateDisplayEntry(App& app);
+void PreviewSelectionEntry(App& app);
+
+// Brings the current entry up, or says that its file is not there.
+void ShowDisplayEntry(App& app, const std::string& path);
+
+// Give the list the keyboard and ask it for room for its selected text.
+void SetSelectionListExtent(App& app);
+void SetDisplayListExtent(App& app);
+
+}  // namespace lumidex

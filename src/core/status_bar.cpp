@@ -1,0 +1,28 @@
+#include "core/status_bar.h"
+
+#include "base/run_time_error.h"
+#include "base/text.h"
+#include "core/file_types.h"
+#include "imaging/current_picture.h"
+
+namespace lumidex {
+
+void UpdateStatusBar(App& app, const std::string& text, bool withImageInfo) {
+  const std::string working = ProperCaseName(app, text);
+  std::string name = working;
+  std::string facts;
+  if (withImageInfo) {
+    GetImageInfo(app, working, app.ImageWidth, app.ImageHeight, app.ImageBitsPerPixel);
+    name = ProperFileName(app, working);
+    facts = Number(app.ImageWidth) + " X " + Number(app.ImageHeight) + " X " + Number(app.ImageBitsPerPixel);
+  }
+  app.WPaper2.StatusBar1.SetText(2, name);
+  app.WPaper2.StatusBar1.SetText(3, facts);
+  if (!text.empty()) ShowFileTypeIcon(app, Right(working, 4));
+}
+
+void UpdateStatusBarQuietly(App& app, const std::string& text, bool withImageInfo) {
+  IgnoreError([&] { UpdateStatusBar(app, text, withImageInfo); });
+}
+
+}  // namespace lumidex

@@ -1,0 +1,35 @@
+#pragma once
+// The window that shows what the product is, at start and on demand.
+
+#include "controls/buttons.h"
+#include "controls/form.h"
+#include "controls/picture_controls.h"
+#include "controls/texts.h"
+#include "controls/timer.h"
+
+namespace lumidex {
+
+struct frmSplashWindow : Form {
+  explicit frmSplashWindow(Platform& platform) : Form(platform, "frmSplash") { KeepDesign(); }
+
+  Timer Timer1{*this, "Timer1", 1000};
+  CommandButton cmdClose{*this, "cmdClose", "&Close"};
+  ImageBox Image1{*this, "Image1", true};
+  Label Label2{*this, "Label2", "from"};
+  Label lblPlatform{*this, "lblPlatform", "for Windows 98, Me, 2000 && NT4.0"};
+  Label Label1{*this, "Label1",
+               "This graphics viewer is a product of Korvane. It is being provided on an as is basis.  "
+               "Korvane accepts NO "
+               "responsibility for any adverse effects that you might experience while using this program on "
+               "your system.  "
+               "Korvane will continue the process of enhancing and updating this program. Should you "
+               "encounter problems with "
+               "our program, please contact us.  Remember that the continued development of this program is "
+               "in your hands.  "
+               "Send comments and ideas to support@korvane.example and ideas@korvane.example"};
+
+  // Seconds since midnight at load.
+  double SplashStart = 0;
+};
+
+}  // namespace lumidex

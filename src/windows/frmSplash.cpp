@@ -1,0 +1,20 @@
+// The events of the splash window.
+
+#include "windows/windows.h"
+
+namespace lumidex {
+
+void WirefrmSplash(App& app) {
+  frmSplashWindow& splash = app.frmSplash;
+  splash.OnLoad = [&] {
+    splash.SplashStart = app.platform.clock.TimeOfDay();
+    splash.Image1.Picture = app.frmBackground.Image1.Picture.Get();
+  };
+  splash.Timer1.OnTimer = [&] {
+    constexpr double mostSeconds = 10;
+    if (app.platform.clock.TimeOfDay() - splash.SplashStart >= mostSeconds) splash.Unload();
+  };
+  splash.cmdClose.OnClick = [&] { splash.Unload(); };
+}
+
+}  // namespace lumidex

@@ -1,0 +1,24 @@
+// The events of the small search window.
+
+#include "core/helpers.h"
+#include "windows/windows.h"
+
+namespace lumidex {
+
+void Wirefrmlocatefiles(App& app) {
+  frmlocatefilesWindow& window = app.frmlocatefiles;
+  window.OnLoad = [&] { MakeWindowTopmost(app, window.hwnd()); };
+  window.CancelButton.OnClick = [&] {
+    app.SearchRunning = false;
+    window.Hide();
+  };
+  // The frame's close button asks for the same as Cancel.
+  window.OnQueryUnload = [&](bool& cancel) {
+    if (app.exiting) return;
+    cancel = true;
+    app.SearchRunning = false;
+    window.Hide();
+  };
+}
+
+}  // namespace lumidex

@@ -1,0 +1,20 @@
+#pragma once
+// The wiring: which event of which window runs which routine.
+
+#include "forms/app.h"
+
+namespace lumidex {
+
+// Gives every event of every form its handler and sends uncaught errors to the default report. Called once,
+// before the first form is loaded.
+void WireWindows(App& app);
+
+void WireWPaper2(App& app);
+void WireSelectPictureDirectoryForm(App& app);
+void WirefrmSplash(App& app);
+void WirefrmTip(App& app);
+void Wirefrmlocatefiles(App& app);
+void Wirecheckjpg(App& app);
+void WirefrmPreferences(App& app);
+
+}  // namespace lumidex
