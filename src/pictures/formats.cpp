@@ -8,6 +8,7 @@
 #include "pictures/codecs/art.h"
 #include "pictures/codecs/bmp.h"
 #include "pictures/codecs/cut.h"
+#include "pictures/codecs/gem.h"
 #include "pictures/codecs/hrz.h"
 #include "pictures/codecs/mac.h"
 #include "pictures/codecs/msp.h"
@@ -19,6 +20,7 @@ namespace {
 constexpr std::string_view artEndings[] = {".art"};
 constexpr std::string_view bmpEndings[] = {".bmp", ".dib", ".rle"};
 constexpr std::string_view cutEndings[] = {".cut"};
+constexpr std::string_view gemEndings[] = {".gem", ".img"};
 constexpr std::string_view hrzEndings[] = {".hrz"};
 constexpr std::string_view macEndings[] = {".mac"};
 constexpr std::string_view mspEndings[] = {".msp"};
@@ -30,6 +32,7 @@ constexpr auto allCodecs = std::to_array<Codec>({
     {"MSP", mspEndings, MatchMsp, OpenMsp},
     {"PIC", picEndings, MatchPic, OpenPic},
     {"MAC", macEndings, MatchMac, OpenMac},
+    {"GEM", gemEndings, MatchGem, OpenGem},
     {"ART", artEndings, MatchArt, OpenArt},
     {"CUT", cutEndings, MatchCut, OpenCut},
     {"HRZ", hrzEndings, MatchHrz, OpenHrz},
