@@ -125,11 +125,9 @@ void DrawComputer(Canvas& canvas) {
   Body(canvas, {Hex(0xF6F0E0), Hex(0xD8CCB0), Grey.dark}, 1, 20);
   canvas.RoundedRectangle(6.5, 3.5, 11, 8, 1);
   canvas.FillAndStroke(Hex(0xE8F4E8), Grey.dark, 1);
-  canvas.Circle(10, 6.5, 0.7);
-  canvas.Circle(14, 6.5, 0.7);
+  for (int row = 0; row < 3; ++row)
+    for (int column = 0; column < 4; ++column) canvas.Rectangle(8 + column * 2 + row % 2, 5 + row * 2, 1, 1);
   canvas.Fill(Hex(0x2A3A55));
-  canvas.Arc(12, 7.2, 2.4, 30, 150);
-  canvas.Stroke(Hex(0x2A3A55), 0.9);
   canvas.Rectangle(12, 15, 5, 1);
   canvas.Fill(Hex(0x2A3A55));
   canvas.RoundedRectangle(5.5, 19.5, 13, 3, 0.6);
@@ -221,8 +219,8 @@ void DrawTarget(Canvas& canvas) {
 }
 
 void DrawTag(Canvas& canvas) {
-  canvas.MoveTo(7, 7);
-  canvas.CurveTo({2, 2}, {10, 0}, {2, 4});
+  canvas.MoveTo(8.5, 8.5);
+  canvas.CurveTo({3, 8}, {0.5, 5}, {3.5, 1.5});
   canvas.Stroke(Grey.dark, 0.9);
   canvas.Within([&] {
     canvas.Translate(13, 13);

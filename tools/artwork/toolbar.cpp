@@ -100,12 +100,19 @@ void DrawWallpaperCentred(Canvas& canvas) {
   MiniLandscape(canvas, 8, 7, 8, 6);
 }
 
+// A landscape under a veil, for white arrows to stand out against.
+void DrawVeiledLandscape(Canvas& canvas, double x, double y, double width, double height) {
+  MiniLandscape(canvas, x, y, width, height);
+  canvas.Rectangle(x, y, width, height);
+  canvas.Fill(Hex(0x16305A, 0.55));
+}
+
 void DrawWallpaperStretched(Canvas& canvas) {
   DrawMonitor(canvas);
-  MiniLandscape(canvas, 3, 4, 18, 12);
+  DrawVeiledLandscape(canvas, 3, 4, 18, 12);
   for (const double side : {-1.0, 1.0}) {
-    TraceArrow(canvas, {12 + side * 2, 10}, {12 + side * 8, 10}, 1, 3, 3);
-    canvas.FillAndStroke(Paper.light, Hex(0x24406A), 1);
+    TraceArrow(canvas, {12 + side * 1.5, 10}, {12 + side * 8, 10}, 1, 4, 4);
+    canvas.Fill(Paper.light);
   }
 }
 
@@ -257,12 +264,11 @@ void DrawProperties(Canvas& canvas) {
 void DrawFullScreen(Canvas& canvas) {
   canvas.RoundedRectangle(2.5, 3.5, 19, 17, 1.5);
   Body(canvas, Grey, 3, 21);
-  MiniLandscape(canvas, 4, 5, 16, 14);
+  DrawVeiledLandscape(canvas, 4, 5, 16, 14);
   for (const double x : {-1.0, 1.0})
-    for (const double y : {-1.0, 1.0}) {
-      TraceArrow(canvas, {12 + x * 2, 12 + y * 2}, {12 + x * 7.5, 12 + y * 6.5}, 0.8, 3.2, 2.8);
-      canvas.FillAndStroke(Paper.light, Hex(0x24406A), 0.9);
-    }
+    for (const double y : {-1.0, 1.0})
+      canvas.Polygon({{12 + x * 7, 12 + y * 6}, {12 + x * 3, 12 + y * 6}, {12 + x * 7, 12 + y * 2}});
+  canvas.Fill(Paper.light);
 }
 
 void DrawAbout(Canvas& canvas) {

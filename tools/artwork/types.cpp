@@ -1,5 +1,6 @@
 #include "artwork/types.h"
 
+#include <algorithm>
 #include <array>
 #include <string>
 
@@ -39,7 +40,9 @@ void DrawTypeBitmap(Canvas& canvas, const TypePicture& type) {
     canvas.Translate(2, 4);
     type.motif(canvas);
   });
-  canvas.Text(std::string(type.key), 46, 21, 14, Weight::Bold, Hex(0xFFFFFF));
+  const std::string letters(type.key);
+  const double size = std::min(13.0, 13 * 32 / canvas.TextWidth(letters, 13, Weight::Bold));
+  canvas.Text(letters, 46, 16 + size * 0.36, size, Weight::Bold, Hex(0xFFFFFF));
   canvas.Rectangle(0.5, 0.5, 63, 31);
   canvas.Stroke(type.tones.dark, 1);
 }

@@ -15,11 +15,13 @@ constexpr std::array<Colour, 6> Spectrum{Hex(0xF2433F), Hex(0xF8913A), Hex(0xFBD
 // The spectrum as a fan from one point to a vertical line.
 void DrawFan(Canvas& canvas, Point from, double x, double top, double bottom, double alpha) {
   const double step = (bottom - top) / Spectrum.size();
+  // Solid bands overlap a little, so that no seam shows; on thin ones the overlap itself would.
+  const double reach = alpha > 0.5 ? 1.06 : 1;
   for (std::size_t i = 0; i < Spectrum.size(); ++i) {
     const double y = top + step * static_cast<double>(i);
     Colour colour = Spectrum[i];
     colour.alpha = alpha;
-    canvas.Polygon({from, {x, y}, {x, y + step * 1.06}});
+    canvas.Polygon({from, {x, y}, {x, y + step * reach}});
     canvas.Fill(colour);
   }
 }
@@ -73,16 +75,20 @@ void DrawProgramIcon(Canvas& canvas, int pixels) {
     canvas.Within([&] {
       canvas.RoundedRectangle(margin, margin, 64 - 2 * margin, 64 - 2 * margin, small ? 12 : 14);
       canvas.Clip();
-      canvas.Polygon({{-2, 40}, {-2, small ? 50.0 : 46.0}, {30, 34}, {30, 32}});
+      canvas.Polygon({{-2, 40}, {-2, small ? 50.0 : 46.0}, {29, 32}});
       canvas.Fill(Hex(0xFFFFFF));
       DrawFan(canvas, {28, 32}, 70, 24, 62, 1);
     });
+    if (small) {
+      canvas.Polygon({{30, 8}, {52, 52}, {8, 52}});
+      canvas.Fill(Paint::Linear({12, 16}, {46, 52}, {{0, Hex(0xFFFFFF)}, {1, Hex(0xA9CCF8)}}));
+      return;
+    }
     canvas.Polygon({{31, 11}, {52, 49}, {10, 49}});
     canvas.FillAndStroke(
         Paint::Linear({14, 20}, {46, 52},
                       {{0, Hex(0xFFFFFF, 0.85)}, {0.5, Hex(0xBFDCFF, 0.5)}, {1, Hex(0x7FB0F0, 0.4)}}),
-        Hex(0xF4FAFF), small ? 5 : 2.6);
-    if (small) return;
+        Hex(0xF4FAFF), 2.6);
     canvas.RoundedRectangle(2.75, 2.75, 58.5, 58.5, 13.25);
     canvas.Stroke(Paint::Vertical(2, 62, Hex(0xAECBFF, 0.75), Hex(0x4A6CB0, 0.5)), 1.5);
   });
@@ -133,30 +139,35 @@ void DrawFavouritesFolder(Canvas& canvas) {
 void DrawSplash(Canvas& canvas) {
   canvas.FillAll(
       Paint::Linear({0, 0}, {480, 320}, {{0, Hex(0x1B2B59)}, {0.55, Hex(0x131C3E)}, {1, Hex(0x0C1128)}}));
-  const Point hole{86, 96}, prism{236, 96};
+  const Point hole{86, 106}, top{236, 30}, left{172, 144}, right{300, 144}, entry{203, 89};
   canvas.Circle(hole.x, hole.y, 190);
   canvas.Fill(Paint::Radial(hole, 190, {{0, Hex(0x6F9BFF, 0.5)}, {1, Hex(0x6F9BFF, 0)}}));
-  DrawAperture(canvas, hole, 66, 25, 7, Hex(0x24386C), Hex(0x7FA2E6, 0.9), 1.6);
-  canvas.Circle(hole.x, hole.y, 71);
+  DrawAperture(canvas, hole, 62, 24, 7, Hex(0x24386C), Hex(0x7FA2E6, 0.9), 1.6);
+  canvas.Circle(hole.x, hole.y, 67);
   canvas.Stroke(Hex(0x3D5CA6), 4);
   canvas.Circle(hole.x, hole.y, 40);
   canvas.Fill(Paint::Radial(
       hole, 40,
       {{0, Hex(0xFFFFFF)}, {0.38, Hex(0xFFFBEA)}, {0.55, Hex(0xDDE8FF, 0.55)}, {1, Hex(0xAFC8FF, 0)}}));
-  canvas.Polygon({{hole.x, hole.y - 7}, {prism.x - 22, 108}, {prism.x - 22, 111}, {hole.x, hole.y + 7}});
-  canvas.Fill(Paint::Linear({hole.x, 0}, {prism.x, 0}, {{0, Hex(0xFFFFFF)}, {1, Hex(0xFFFFFF, 0.95)}}));
+  const auto fan = [&](double alpha) { DrawFan(canvas, entry, 500, 84, 204, alpha); };
   canvas.Within([&] {
-    canvas.Rectangle(prism.x, 0, 260, 320);
+    canvas.Polygon({top, left, right});
     canvas.Clip();
-    DrawFan(canvas, {prism.x - 26, 108}, 520, 92, 206, 0.92);
+    fan(0.3);
   });
-  canvas.Polygon({{prism.x, 34}, {prism.x + 62, 144}, {prism.x - 62, 144}});
+  canvas.Within([&] {
+    canvas.Polygon({top, right, {right.x, 320}, {480, 320}, {480, 0}, {top.x, 0}});
+    canvas.Clip();
+    fan(0.95);
+  });
+  canvas.Polygon(
+      {{hole.x, hole.y - 6}, {entry.x + 3, entry.y - 4}, {entry.x - 1, entry.y + 3}, {hole.x, hole.y + 6}});
+  canvas.Fill(Hex(0xFFFFFF));
+  canvas.Polygon({top, right, left});
   canvas.FillAndStroke(
       Paint::Linear({180, 40}, {290, 150},
-                    {{0, Hex(0xFFFFFF, 0.5)}, {0.5, Hex(0xA8C8FF, 0.22)}, {1, Hex(0xE8F2FF, 0.42)}}),
+                    {{0, Hex(0xFFFFFF, 0.4)}, {0.5, Hex(0xA8C8FF, 0.16)}, {1, Hex(0xE8F2FF, 0.36)}}),
       Hex(0xF2F8FF, 0.95), 2);
-  canvas.Line(prism.x, 36, prism.x + 12, 142);
-  canvas.Stroke(Hex(0xFFFFFF, 0.25), 1);
   canvas.Rectangle(0, 178, 480, 142);
   canvas.Fill(Paint::Linear({0, 178}, {0, 240},
                             {{0, Hex(0x0C1128, 0)}, {0.6, Hex(0x0C1128, 0.72)}, {1, Hex(0x0C1128, 0.86)}}));
