@@ -1,0 +1,22 @@
+#include "platform/headless/headless_platform.h"
+
+namespace lumidex {
+
+HeadlessPlatform::HeadlessPlatform(char separator)
+    : files(separator, log, [this] { return events.SecondsSince1970(); }), ports{files,     events,   dialogs,
+                                                                                 windows,   events,   process,
+                                                                                 clipboard, desktop,  tray,
+                                                                                 shell,     settings, loader,
+                                                                                 folders,   browser} {
+  const bool drives = separator == '\\';
+  process.executableFolder = drives ? "C:\\Lumidex" : "/opt/lumidex";
+  folders.desktop = drives ? "C:\\Desktop" : "/home/ada/Desktop";
+  folders.documents = drives ? "C:\\My Documents" : "/home/ada/Documents";
+  folders.favorites = drives ? "C:\\Favorites" : "/home/ada/Pictures";
+  for (const std::string& folder :
+       {process.executableFolder, folders.desktop, folders.documents, folders.favorites}) {
+    files.AddDirectory(folder);
+  }
+}
+
+}  // namespace lumidex

@@ -1,0 +1,155 @@
+#include "platform/headless/simulated_events.h"
+
+#include <algorithm>
+#include <chrono>
+
+#include "base/text.h"
+#include "platform/headless/script_ends.h"
+
+namespace lumidex {
+namespace {
+
+constexpr std::int64_t dayMilliseconds = 86'400'000;
+// A loop that yields so often without anything happening or any time passing will never end; nor will work
+// that posts itself anew so often within one yield.
+constexpr int mostIdleYields = 1'000'000;
+
+}  // namespace
+
+bool SimulatedEvents::ServeOne() {
+  Work work;
+  {
+    const std::lock_guard lock(postedMutex_);
+    if (!posted_.empty()) {
+      work = std::move(posted_.front());
+      posted_.pop_front();
+    }
+  }
+  if (work) {
+    Guard(work);
+    return true;
+  }
+  auto first = timers_.end();
+  for (auto timer = timers_.begin(); timer != timers_.end(); ++timer) {
+    if (timer->second.running || timer->second.due > elapsed_) continue;
+    if (first == timers_.end() || timer->second.due < first->second.due) first = timer;
+  }
+  if (first == timers_.end()) return false;
+  const TimerId id = first->first;
+  // Periods that were missed are merged into this one tick.
+  first->second.due = elapsed_ + first->second.period;
+  first->second.running = true;
+  const Work tick = first->second.tick;
+  const auto finished = [&] {
+    if (const auto timer = timers_.find(id); timer != timers_.end()) timer->second.running = false;
+  };
+  try {
+    Guard(tick);
+  } catch (...) {
+    finished();
+    throw;
+  }
+  finished();
+  return true;
+}
+
+void SimulatedEvents::ServeDue() {
+  for (int served = 0; ServeOne(); ++served) {
+    idleYields_ = 0;
+    if (served > mostIdleYields) throw ProgramHung{};
+  }
+}
+
+std::optional<std::int64_t> SimulatedEvents::NextDue() const {
+  std::optional<std::int64_t> next;
+  for (const auto& [id, timer] : timers_) {
+    if (!timer.running && (!next || timer.due < *next)) next = timer.due;
+  }
+  return next;
+}
+
+void SimulatedEvents::Yield() {
+  ++yields_;
+  if (++idleYields_ > mostIdleYields) throw ProgramHung{};
+  if (OnYield) OnYield();
+  ServeDue();
+}
+
+void SimulatedEvents::Wait(int milliseconds) {
+  idleYields_ = 0;
+  if (ServeOne()) return;
+  const std::int64_t end = elapsed_ + std::max(0, milliseconds);
+  elapsed_ = std::min(end, std::max(elapsed_, NextDue().value_or(end)));
+  ServeOne();
+}
+
+void SimulatedEvents::RunUntil(const std::function<bool()>& done) {
+  while (!done()) {
+    if (ServeOne()) continue;
+    if (!NextUserAction || !NextUserAction()) throw NoUserActionLeft{};
+  }
+}
+
+void SimulatedEvents::Stall() {
+  throw ProgramHung{};
+}
+
+TimerId SimulatedEvents::StartTimer(int milliseconds, Work tick) {
+  const std::int64_t period = std::max(1, milliseconds);
+  timers_[++lastTimer_] = {period, elapsed_ + period, std::move(tick), false};
+  return lastTimer_;
+}
+
+void SimulatedEvents::StopTimer(TimerId timer) {
+  timers_.erase(timer);
+}
+
+void SimulatedEvents::Post(Work work) {
+  const std::lock_guard lock(postedMutex_);
+  posted_.push_back(std::move(work));
+}
+
+void SimulatedEvents::EndProcess(int exitCode) {
+  log_.Add("EndProcess " + Number(exitCode));
+  throw ProgramEnded{exitCode};
+}
+
+double SimulatedEvents::TimeOfDay() const {
+  return static_cast<double>((start_ + elapsed_) % dayMilliseconds) / 1000.0;
+}
+
+DateTime SimulatedEvents::Now() const {
+  using namespace std::chrono;
+  const sys_time<milliseconds> moment{milliseconds(start_ + elapsed_)};
+  const auto midnight = floor<days>(moment);
+  const year_month_day date{midnight};
+  const hh_mm_ss time{floor<seconds>(moment - midnight)};
+  return {static_cast<int>(date.year()),
+          static_cast<int>(static_cast<unsigned>(date.month())),
+          static_cast<int>(static_cast<unsigned>(date.day())),
+          static_cast<int>(time.hours().count()),
+          static_cast<int>(time.minutes().count()),
+          static_cast<int>(time.seconds().count())};
+}
+
+void SimulatedEvents::SetNow(const DateTime& now) {
+  using namespace std::chrono;
+  const sys_days date = year(now.year) / now.month / now.day;
+  const auto moment = date + hours(now.hour) + minutes(now.minute) + seconds(now.second);
+  start_ = duration_cast<milliseconds>(moment.time_since_epoch()).count() - elapsed_;
+}
+
+void SimulatedEvents::Advance(std::int64_t milliseconds) {
+  const std::int64_t end = elapsed_ + milliseconds;
+  ServeDue();
+  while (elapsed_ < end) {
+    elapsed_ = std::min(end, std::max(elapsed_, NextDue().value_or(end)));
+    ServeDue();
+  }
+}
+
+std::int64_t SimulatedEvents::SecondsSince1970() const {
+  return (start_ + elapsed_) / 1000;
+}
+
+}  // namespace lumidex

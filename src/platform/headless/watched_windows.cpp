@@ -1,0 +1,73 @@
+#include "platform/headless/watched_windows.h"
+
+#include <algorithm>
+
+#include "base/text.h"
+
+namespace lumidex {
+
+void WatchedWindows::Watch(Form& form) {
+  names_[form.hwnd()] = form.Name();
+  for (const Control* control : form.Controls())
+    names_[control->hwnd()] = form.Name() + "." + control->Name();
+  connections_.push_back(form.VisibilityChanged.Connect([this, &form] {
+    const auto place = std::ranges::find(shown_, &form);
+    if (form.Visible() && place == shown_.end()) {
+      log_.Add("Show " + form.Name());
+      Raise(form);
+    } else if (!form.Visible() && place != shown_.end()) {
+      log_.Add("Hide " + form.Name());
+      shown_.erase(place);
+    }
+  }));
+  connections_.push_back(form.Requested.Connect([this, &form](FormRequest request) {
+    if (request == FormRequest::BringToFront && form.Visible()) Raise(form);
+    if (request == FormRequest::Focus) focus_ = form.ActiveControl() ? form.ActiveControl()->hwnd() : 0;
+  }));
+}
+
+void WatchedWindows::Raise(Form& form) {
+  std::erase(shown_, &form);
+  shown_.push_back(&form);
+}
+
+Form* WatchedWindows::Front() const {
+  return shown_.empty() ? nullptr : shown_.back();
+}
+
+std::string WatchedWindows::NameOf(WindowHandle window) const {
+  const auto found = names_.find(window);
+  return found == names_.end() ? Number(static_cast<std::int64_t>(window)) : found->second;
+}
+
+bool WatchedWindows::SetWindowPos(WindowHandle window, WindowHandle insertAfter, int x, int y, int width,
+                                  int height, unsigned flags) {
+  std::string line = "SetWindowPos " + NameOf(window) + ", " +
+                     (insertAfter == HWND_TOPMOST ? std::string("HWND_TOPMOST") : NameOf(insertAfter));
+  for (const int number : {x, y, width, height, static_cast<int>(flags)}) line += ", " + Number(number);
+  log_.Add(line);
+  return true;
+}
+
+bool WatchedWindows::SetForegroundWindow(WindowHandle window) {
+  log_.Add("SetForegroundWindow " + NameOf(window));
+  return true;
+}
+
+std::int32_t WatchedWindows::SendMessageA(WindowHandle window, unsigned message, std::uintptr_t wParam,
+                                          std::intptr_t lParam) {
+  log_.Add("SendMessageA " + NameOf(window) + ", " + Number(static_cast<std::int64_t>(message)) + ", " +
+           Number(static_cast<std::int64_t>(wParam)) + ", " + Number(static_cast<std::int64_t>(lParam)));
+  return 0;
+}
+
+WindowHandle WatchedWindows::GetFocus() {
+  return focus_;
+}
+
+float WatchedWindows::TextWidth(WindowHandle, std::string_view text) {
+  constexpr float characterTwips = 6 * twipsPerPixel;
+  return static_cast<float>(Len(text)) * characterTwips;
+}
+
+}  // namespace lumidex

@@ -1,0 +1,46 @@
+#pragma once
+// The window manager of the headless world: it knows which of the forms it watches stand on the screen, in
+// which order, and where the keyboard is. A character is six pixels wide.
+
+#include <map>
+
+#include "controls/form.h"
+#include "platform/headless/call_log.h"
+
+namespace lumidex {
+
+class WatchedWindows final : public WindowControl {
+ public:
+  explicit WatchedWindows(CallLog& log) : log_(log) {}
+
+  bool SetWindowPos(WindowHandle window, WindowHandle insertAfter, int x, int y, int width, int height,
+                    unsigned flags) override;
+  bool SetForegroundWindow(WindowHandle window) override;
+  std::int32_t SendMessageA(WindowHandle window, unsigned message, std::uintptr_t wParam,
+                            std::intptr_t lParam) override;
+  WindowHandle GetFocus() override;
+  float TextWidth(WindowHandle window, std::string_view text) override;
+  float ScreenWidth() override { return screenWidth; }
+  float ScreenHeight() override { return screenHeight; }
+
+  // The form must outlive this object or be the last thing it hears of.
+  void Watch(Form& form);
+  // The visible form that is in front; null when none is.
+  Form* Front() const;
+
+  // In twips: 1024 x 768 pixels.
+  float screenWidth = 15360.0F;
+  float screenHeight = 11520.0F;
+
+ private:
+  std::string NameOf(WindowHandle window) const;
+  void Raise(Form& form);
+
+  CallLog& log_;
+  std::vector<Form*> shown_;  // the front one last
+  std::map<WindowHandle, std::string> names_;
+  std::vector<Connection> connections_;
+  WindowHandle focus_ = 0;
+};
+
+}  // namespace lumidex
