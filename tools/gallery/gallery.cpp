@@ -2,6 +2,7 @@
 
 #include "gallery/encoders/bmp_encoder.h"
 #include "gallery/encoders/gif_encoder.h"
+#include "gallery/encoders/icon_encoder.h"
 #include "gallery/encoders/jpeg_encoder.h"
 #include "gallery/encoders/png_encoder.h"
 #include "gallery/encoders/pnm_encoder.h"
@@ -11,27 +12,27 @@
 namespace lumidex {
 namespace {
 
-using Scene = void (*)(Canvas&);
-
-Pixels Draw(Scene scene, Size size) {
-  Canvas canvas(size, SceneWidth);
-  scene(canvas);
-  return canvas.ToPixels();
-}
-
-IndexedPicture Coloured(Scene scene, Size size, int colours) {
-  const Pixels pixels = Draw(scene, size);
+IndexedPicture Coloured(const Pixels& pixels, int colours) {
   return Reduce(pixels, MedianCut(pixels, colours), Dithering::ErrorDiffusion);
 }
 
 // Flat areas stay flat, for the run-length formats.
-IndexedPicture Flat(Scene scene, Size size, int colours) {
-  const Pixels pixels = Draw(scene, size);
+IndexedPicture Flat(const Pixels& pixels, int colours) {
   return Reduce(pixels, MedianCut(pixels, colours), Dithering::None);
 }
 
-IndexedPicture BlackOnWhite(Scene scene, Size size) {
-  return Reduce(Draw(scene, size), BlackAndWhite(), Dithering::ErrorDiffusion);
+IndexedPicture BlackOnWhite(const Pixels& pixels) {
+  return Reduce(pixels, BlackAndWhite(), Dithering::ErrorDiffusion);
+}
+
+std::vector<std::uint8_t> EncodeStarIcon(const Pixels& largest) {
+  std::vector<Pixels> sizes{largest};
+  for (const int side : {32, 16}) {
+    Canvas canvas({side, side}, SceneWidth);
+    DrawStar(canvas);
+    sizes.push_back(canvas.ToPixels());
+  }
+  return EncodeIcon(sizes);
 }
 
 }  // namespace
@@ -40,62 +41,88 @@ const std::vector<GalleryPicture>& GalleryPictures() {
   static const std::vector<GalleryPicture> pictures{
       {"lighthouse.jpg",
        {800, 600},
+       DrawLighthouse,
        "A lighthouse at dusk, baseline JPEG.",
-       [](Size size) { return EncodeJpeg(Draw(DrawLighthouse, size), 88); }},
+       [](const Pixels& pixels) { return EncodeJpeg(pixels, 88); }},
       {"mountains.jpg",
        {800, 600},
+       DrawMountains,
        "Mountains behind a lake, progressive JPEG.",
-       [](Size size) { return EncodeJpeg(Draw(DrawMountains, size), 88, JpegKind::Progressive); }},
+       [](const Pixels& pixels) { return EncodeJpeg(pixels, 88, JpegKind::Progressive); }},
       {"still_life.jpg",
        {800, 600},
+       DrawStillLife,
        "Fruit and a jug, baseline JPEG.",
-       [](Size size) { return EncodeJpeg(Draw(DrawStillLife, size), 88); }},
+       [](const Pixels& pixels) { return EncodeJpeg(pixels, 88); }},
       {"parrot.png",
        {640, 480},
+       DrawParrot,
        "A parrot among leaves, PNG in true colour.",
-       [](Size size) { return EncodePng(Draw(DrawParrot, size)); }},
+       [](const Pixels& pixels) { return EncodePng(pixels); }},
       {"rosette.png",
        {400, 300},
+       DrawRosette,
        "A tiling of stars, PNG with a palette.",
-       [](Size size) { return EncodePng(Flat(DrawRosette, size, 256)); }},
+       [](const Pixels& pixels) { return EncodePng(Flat(pixels, 256)); }},
       {"balloons.gif",
        {400, 300},
+       DrawBalloons,
        "Balloons over hills, GIF of 256 colours.",
-       [](Size size) { return EncodeGif(Coloured(DrawBalloons, size, 256)); }},
+       [](const Pixels& pixels) { return EncodeGif(Coloured(pixels, 256)); }},
       {"balloons.bmp",
        {320, 240},
+       DrawBalloons,
        "Balloons over hills, bitmap of 24 bits.",
-       [](Size size) { return EncodeBmp(Draw(DrawBalloons, size)); }},
+       [](const Pixels& pixels) { return EncodeBmp(pixels); }},
       {"parrot.dib",
        {320, 240},
+       DrawParrot,
        "A parrot, device-independent bitmap of 256 colours.",
-       [](Size size) { return EncodeBmp(Coloured(DrawParrot, size, 256)); }},
+       [](const Pixels& pixels) { return EncodeBmp(Coloured(pixels, 256)); }},
       {"sailboat.rle",
        {320, 240},
+       DrawSailboat,
        "A sailing boat, run-length bitmap of 16 colours.",
-       [](Size size) { return EncodeRunLengthBmp(Flat(DrawSailboat, size, 16)); }},
+       [](const Pixels& pixels) { return EncodeRunLengthBmp(Flat(pixels, 16)); }},
       {"mountains.tif",
        {400, 300},
+       DrawMountains,
        "Mountains behind a lake, TIFF with LZW compression.",
-       [](Size size) { return EncodeTiff(Draw(DrawMountains, size)); }},
+       [](const Pixels& pixels) { return EncodeTiff(pixels); }},
       {"cat.pbm",
        {320, 240},
+       DrawCat,
        "A cat at a window, raw portable bitmap.",
-       [](Size size) { return EncodePbm(BlackOnWhite(DrawCat, size), PnmKind::Raw); }},
+       [](const Pixels& pixels) { return EncodePbm(BlackOnWhite(pixels), PnmKind::Raw); }},
       {"still_life.pgm",
        {320, 240},
+       DrawStillLife,
        "Fruit and a jug in grey, raw portable greymap.",
-       [](Size size) { return EncodePgm(Draw(DrawStillLife, size), PnmKind::Raw); }},
+       [](const Pixels& pixels) { return EncodePgm(pixels, PnmKind::Raw); }},
       {"lighthouse.ppm",
        {240, 180},
+       DrawLighthouse,
        "A lighthouse at dusk, raw portable pixmap.",
-       [](Size size) { return EncodePpm(Draw(DrawLighthouse, size), PnmKind::Raw); }},
+       [](const Pixels& pixels) { return EncodePpm(pixels, PnmKind::Raw); }},
       {"rosette.pnm",
        {120, 90},
+       DrawRosette,
        "A tiling of stars, plain portable pixmap.",
-       [](Size size) { return EncodePpm(Draw(DrawRosette, size), PnmKind::Plain); }},
+       [](const Pixels& pixels) { return EncodePpm(pixels, PnmKind::Plain); }},
+      {"star.ico", {48, 48}, DrawStar, "A star in 48, 32 and 16 pixels, icon.", EncodeStarIcon},
+      {"pointer.cur",
+       {32, 32},
+       DrawPointerArrow,
+       "An arrow with its hot spot at the tip, cursor.",
+       [](const Pixels& pixels) { return EncodeCursor(pixels, 2, 2); }},
   };
   return pictures;
+}
+
+Pixels DrawScene(const GalleryPicture& picture) {
+  Canvas canvas(picture.size, SceneWidth);
+  picture.scene(canvas);
+  return canvas.ToPixels();
 }
 
 }  // namespace lumidex

@@ -13,9 +13,13 @@ namespace lumidex {
 struct GalleryPicture {
   std::string file;
   Size size;
+  void (*scene)(Canvas&);
   std::string description;  // one line for gallery/README.md
-  std::function<std::vector<std::uint8_t>(Size)> make;
+  std::function<std::vector<std::uint8_t>(const Pixels&)> encode;
 };
+
+// The picture's scene in full colour, as it is before a format takes colours away.
+Pixels DrawScene(const GalleryPicture& picture);
 
 const std::vector<GalleryPicture>& GalleryPictures();
 

@@ -23,7 +23,7 @@ void Write(const std::filesystem::path& directory) {
          "`lumidex-gallery` (`tools/gallery`); run `lumidex-gallery gallery` to draw them again.\n\n"
          "| File | Size | What it is |\n| --- | --- | --- |\n";
   for (const lumidex::GalleryPicture& picture : lumidex::GalleryPictures()) {
-    const std::vector<std::uint8_t> bytes = picture.make(picture.size);
+    const std::vector<std::uint8_t> bytes = picture.encode(DrawScene(picture));
     std::ofstream file = Create(directory / picture.file);
     for (const std::uint8_t byte : bytes) file.put(static_cast<char>(byte));
     readme << "| `" << picture.file << "` | " << picture.size.width << " x " << picture.size.height << " | "

@@ -1,0 +1,84 @@
+#include "gallery/gallery.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <fstream>
+#include <iterator>
+
+#include "pictures/picture.h"
+
+namespace lumidex {
+namespace {
+
+std::vector<std::uint8_t> ReadFile(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
+Picture OpenGalleryPicture(const std::string& name) {
+  const std::string path = std::string(LUMIDEX_SOURCE_DIR) + "/gallery/" + name;
+  const std::size_t point = name.rfind('.');
+  PictureData data(std::make_shared<MemorySource>(ReadFile(path)), name.substr(point));
+  data.paletteFile = ReadFile(path.substr(0, path.rfind('.')) + ".pal");
+  return Picture::Open(data);
+}
+
+// The mean luma of a cell of `pixels` over white, in a grid of 16 by 12 cells.
+double CellLuma(const Pixels& pixels, int column, int row) {
+  const int left = pixels.Width() * column / 16, right = pixels.Width() * (column + 1) / 16;
+  const int top = pixels.Height() * row / 12, bottom = pixels.Height() * (row + 1) / 12;
+  double sum = 0;
+  for (int y = top; y < bottom; ++y)
+    for (const std::uint32_t word :
+         pixels.Row(y).subspan(static_cast<std::size_t>(left), static_cast<std::size_t>(right - left))) {
+      const double alpha = pixels.Format() == PixelFormat::Rgb ? 1 : (word >> 24) / 255.0;
+      const double luma = 0.299 * (word >> 16 & 255) + 0.587 * (word >> 8 & 255) + 0.114 * (word & 255);
+      sum += luma * alpha + 255 * (1 - alpha);
+    }
+  return sum / ((bottom - top) * (right - left));
+}
+
+class Gallery : public testing::TestWithParam<GalleryPicture> {};
+
+bool HasDecoder(const std::string& file) {
+  const std::string ending = file.substr(file.rfind('.'));
+  return std::ranges::any_of(Codecs(), [&](const Codec& codec) {
+    return std::ranges::find(codec.extensions, ending) != codec.extensions.end();
+  });
+}
+
+TEST_P(Gallery, Opens_in_its_size_and_shows_its_scene) {
+  if (!HasDecoder(GetParam().file)) GTEST_SKIP() << "no decoder of this type";
+  const Picture picture = OpenGalleryPicture(GetParam().file);
+  ASSERT_EQ(picture.GetSize(), GetParam().size);
+  const Pixels shown = picture.FullPixels(), scene = DrawScene(GetParam());
+  ASSERT_EQ(shown.GetSize(), scene.GetSize());
+  double lightest = 0, darkest = 255, difference = 0;
+  for (int row = 0; row < 12; ++row)
+    for (int column = 0; column < 16; ++column) {
+      const double luma = CellLuma(shown, column, row);
+      lightest = std::max(lightest, luma);
+      darkest = std::min(darkest, luma);
+      difference += std::abs(luma - CellLuma(scene, column, row)) / (12 * 16);
+    }
+  EXPECT_GT(lightest - darkest, 60) << "blank";
+  EXPECT_LT(difference, 4) << "not the scene it was drawn from";
+}
+
+std::string Name(const testing::TestParamInfo<GalleryPicture>& info) {
+  std::string name = info.param.file;
+  name[name.rfind('.')] = '_';
+  return name;
+}
+
+INSTANTIATE_TEST_SUITE_P(EveryPicture, Gallery, testing::ValuesIn(GalleryPictures()), Name);
+
+}  // namespace
+
+void PrintTo(const GalleryPicture& picture, std::ostream* out) {
+  *out << picture.file;
+}
+
+}  // namespace lumidex
