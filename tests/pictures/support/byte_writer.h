@@ -1,35 +1,15 @@
 #pragma once
-// Builds small picture files byte by byte, and opens them.
+// Opens small picture files that tests build byte by byte.
 
 #include <cstdint>
-#include <initializer_list>
 #include <memory>
 #include <string>
-#include <string_view>
 #include <vector>
 
+#include "gallery/encoders/byte_writer.h"
 #include "pictures/codec.h"
 
 namespace lumidex {
-
-class ByteWriter {
- public:
-  ByteWriter& U8(unsigned value);
-  ByteWriter& U16Le(unsigned value);
-  ByteWriter& U32Le(std::uint32_t value);
-  ByteWriter& U16Be(unsigned value);
-  ByteWriter& U32Be(std::uint32_t value);
-  ByteWriter& Text(std::string_view text);
-  ByteWriter& Add(std::initializer_list<unsigned> values);
-  ByteWriter& Add(const std::vector<std::uint8_t>& bytes);
-  ByteWriter& Fill(std::size_t count, unsigned value = 0);
-
-  std::size_t Size() const { return bytes_.size(); }
-  const std::vector<std::uint8_t>& Bytes() const { return bytes_; }
-
- private:
-  std::vector<std::uint8_t> bytes_;
-};
 
 PictureData DataOf(std::vector<std::uint8_t> bytes, std::string extension = {});
 std::unique_ptr<Decoder> OpenBytes(const std::vector<std::uint8_t>& bytes, const std::string& extension = {},

@@ -15,7 +15,10 @@ class Samples {
                  std::to_string(size.height) + "\n" + (type == 1 ? "" : "255\n"));
   }
   void Put(std::uint32_t value) {
-    if (!plain_) return file_.U8(value);
+    if (!plain_) {
+      file_.U8(value);
+      return;
+    }
     // No line above 70 characters, as the format asks.
     file_.Append(std::to_string(value & 255) + (++inLine_ % 16 == 0 ? "\n" : " "));
   }
