@@ -1,5 +1,7 @@
 #include "gallery/gallery.h"
 
+#include <algorithm>
+
 #include "gallery/encoders/bmp_encoder.h"
 #include "gallery/encoders/gif_encoder.h"
 #include "gallery/encoders/icon_encoder.h"
@@ -11,6 +13,14 @@
 
 namespace lumidex {
 namespace {
+
+// The scene's middle, as large as it goes while filling the whole picture.
+Pixels Draw(void (*scene)(Canvas&), Size size) {
+  Canvas canvas(size, std::min(SceneWidth, SceneHeight * size.width / size.height));
+  canvas.Translate((canvas.Width() - SceneWidth) / 2, (canvas.Height() - SceneHeight) / 2);
+  scene(canvas);
+  return canvas.ToPixels();
+}
 
 IndexedPicture Coloured(const Pixels& pixels, int colours) {
   return Reduce(pixels, MedianCut(pixels, colours), Dithering::ErrorDiffusion);
@@ -26,12 +36,7 @@ IndexedPicture BlackOnWhite(const Pixels& pixels) {
 }
 
 std::vector<std::uint8_t> EncodeStarIcon(const Pixels& largest) {
-  std::vector<Pixels> sizes{largest};
-  for (const int side : {32, 16}) {
-    Canvas canvas({side, side}, SceneWidth);
-    DrawStar(canvas);
-    sizes.push_back(canvas.ToPixels());
-  }
+  const std::vector<Pixels> sizes{largest, Draw(DrawStar, {32, 32}), Draw(DrawStar, {16, 16})};
   return EncodeIcon(sizes);
 }
 
@@ -120,9 +125,7 @@ const std::vector<GalleryPicture>& GalleryPictures() {
 }
 
 Pixels DrawScene(const GalleryPicture& picture) {
-  Canvas canvas(picture.size, SceneWidth);
-  picture.scene(canvas);
-  return canvas.ToPixels();
+  return Draw(picture.scene, picture.size);
 }
 
 }  // namespace lumidex

@@ -77,4 +77,27 @@ void DrawCat(Canvas& canvas) {
   DrawAnimal(canvas);
 }
 
+void DrawCatPoster(Canvas& canvas) {
+  canvas.FillAll(Hex(0xFFFFFF));
+  canvas.RoundedRectangle(90, 16, 220, 268, 6);
+  canvas.Stroke(Hex(0x000000), 2);
+  canvas.Rectangle(104, 32, 192, 146);
+  canvas.Stroke(Hex(0x000000), 3);
+  canvas.Within([&] {
+    canvas.Rectangle(108, 36, 184, 138);
+    canvas.Clip();
+    canvas.Translate(108, 36);
+    canvas.Scale(0.46, 0.46);
+    DrawCat(canvas);
+  });
+  canvas.Text("The Cat", 200, 214, 30, Weight::Bold, Hex(0x000000));
+  canvas.Text("at the window", 200, 236, 15, Weight::Normal, Hex(0x000000));
+  for (int i = 0; i < 5; ++i) {
+    const double x = 132 + i * 34, y = i % 2 == 0 ? 258 : 264;
+    canvas.Ellipse(x, y + 3, 5, 4);
+    for (int toe = -1; toe <= 1; ++toe) canvas.Circle(x + toe * 4.6, y - 4 + toe * toe * 1.5, 1.9);
+    canvas.Fill(Hex(0x000000));
+  }
+}
+
 }  // namespace lumidex

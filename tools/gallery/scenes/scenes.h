@@ -1,6 +1,6 @@
 #pragma once
-// The scenes of the gallery, drawn on a canvas whose grid is 400 units wide. The pictures fill 400 by 300,
-// the signs stand free in 400 by 400.
+// The scenes of the gallery. A picture fills 400 by 300 units; a poster stands in the middle of that in 240
+// by 300, a sign without a ground in 300 by 300.
 
 #include "drawing/canvas.h"
 
@@ -16,6 +16,8 @@ void DrawBalloons(Canvas& canvas);    // balloons over hills in the morning
 void DrawRosette(Canvas& canvas);     // a tiling of twelve-pointed stars
 void DrawSailboat(Canvas& canvas);    // a boat on waves, few flat colours
 void DrawCat(Canvas& canvas);         // a cat at a window, made for black and white
+
+void DrawCatPoster(Canvas& canvas);  // the cat, framed, on a tall sheet
 
 void DrawStar(Canvas& canvas);          // a golden star
 void DrawPointerArrow(Canvas& canvas);  // an arrow that points to the top left corner
