@@ -63,6 +63,15 @@ void SettleAlpha(Pixels& pixels) {
   pixels.SetFormat(PixelFormat::Rgb);
 }
 
+void SettleAlpha(Pixels& pixels, int rows) {
+  const auto fillMissing = [&](std::uint32_t word) {
+    for (int y = rows; y < pixels.Height(); ++y) std::ranges::fill(pixels.Row(y), word);
+  };
+  fillMissing(blankPixel & ~AlphaMask);
+  SettleAlpha(pixels);
+  fillMissing(blankPixel);
+}
+
 Pixels Premultiplied(const Pixels& pixels) {
   if (pixels.IsEmpty() || pixels.Format() != PixelFormat::Argb) return pixels;
   return Changed(pixels, PixelFormat::ArgbPremultiplied, PremultipliedWord);

@@ -8,6 +8,8 @@ namespace lumidex {
 // Takes straight alpha just decoded: a picture without a visible pixel becomes opaque (writers leave the
 // fourth byte 0), otherwise colours under alpha 0 become 0. Format() is Rgb afterwards when all is opaque.
 void SettleAlpha(Pixels& pixels);
+// The same when only the first `rows` rows could be read: those below become blank and have no say.
+void SettleAlpha(Pixels& pixels, int rows);
 
 // Straight alpha: colours under alpha 0 become 0, and Format() becomes Rgb when every pixel is opaque.
 void DeclareOpaqueIfSo(Pixels& pixels);

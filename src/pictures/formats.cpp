@@ -10,9 +10,14 @@
 #include "pictures/codecs/cut.h"
 #include "pictures/codecs/gem.h"
 #include "pictures/codecs/hrz.h"
+#include "pictures/codecs/iff.h"
 #include "pictures/codecs/mac.h"
 #include "pictures/codecs/msp.h"
+#include "pictures/codecs/pcx.h"
 #include "pictures/codecs/pic.h"
+#include "pictures/codecs/ras.h"
+#include "pictures/codecs/tga.h"
+#include "pictures/codecs/wpg.h"
 
 namespace lumidex {
 namespace {
@@ -22,17 +27,27 @@ constexpr std::string_view bmpEndings[] = {".bmp", ".dib", ".rle"};
 constexpr std::string_view cutEndings[] = {".cut"};
 constexpr std::string_view gemEndings[] = {".gem", ".img"};
 constexpr std::string_view hrzEndings[] = {".hrz"};
+constexpr std::string_view iffEndings[] = {".iff", ".lbm"};
 constexpr std::string_view macEndings[] = {".mac"};
 constexpr std::string_view mspEndings[] = {".msp"};
+constexpr std::string_view pcxEndings[] = {".pcx"};
 constexpr std::string_view picEndings[] = {".pic"};
+constexpr std::string_view rasEndings[] = {".ras"};
+constexpr std::string_view tgaEndings[] = {".tga"};
+constexpr std::string_view wpgEndings[] = {".wpg"};
 
 // Formats with a signature come first; those without one, which go by their extension, stand last.
 constexpr auto allCodecs = std::to_array<Codec>({
     {"BMP", bmpEndings, MatchBmp, OpenBmp},
+    {"IFF", iffEndings, MatchIff, OpenIff},
     {"MSP", mspEndings, MatchMsp, OpenMsp},
+    {"PCX", pcxEndings, MatchPcx, OpenPcx},
     {"PIC", picEndings, MatchPic, OpenPic},
+    {"RAS", rasEndings, MatchRas, OpenRas},
+    {"WPG", wpgEndings, MatchWpg, OpenWpg},
     {"MAC", macEndings, MatchMac, OpenMac},
     {"GEM", gemEndings, MatchGem, OpenGem},
+    {"TGA", tgaEndings, MatchTga, OpenTga},
     {"ART", artEndings, MatchArt, OpenArt},
     {"CUT", cutEndings, MatchCut, OpenCut},
     {"HRZ", hrzEndings, MatchHrz, OpenHrz},

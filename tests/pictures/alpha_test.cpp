@@ -29,6 +29,18 @@ TEST(Alpha, Colours_that_nobody_sees_become_zero) {
   EXPECT_EQ(pixels.Format(), PixelFormat::Argb);
 }
 
+TEST(Alpha, Missing_rows_are_blank_and_have_no_say) {
+  Pixels unused = Pixels::Make({1, 2}, PixelFormat::Argb, 0x00112233);
+  SettleAlpha(unused, 1);
+  EXPECT_THAT(WordsOf(unused), ElementsAre(0xFF112233U, blankPixel));
+  EXPECT_EQ(unused.Format(), PixelFormat::Rgb);
+  Pixels used = Pixels::Make({2, 2}, PixelFormat::Argb, 0x00112233);
+  used.Row(0)[1] = 0x01445566;
+  SettleAlpha(used, 1);
+  EXPECT_THAT(WordsOf(used), ElementsAre(0U, 0x01445566U, blankPixel, blankPixel));
+  EXPECT_EQ(used.Format(), PixelFormat::Argb);
+}
+
 TEST(Alpha, An_opaque_picture_is_declared_so) {
   Pixels pixels = Two(0xFF112233, 0xFF445566);
   DeclareOpaqueIfSo(pixels);

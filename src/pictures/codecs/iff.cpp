@@ -1,0 +1,188 @@
+#include "pictures/codecs/iff.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "base/run_time_error.h"
+#include "pictures/alpha.h"
+#include "pictures/byte_reader.h"
+#include "pictures/codecs/iff_chunks.h"
+#include "pictures/codecs/iff_colours.h"
+#include "pictures/codecs/iff_columns.h"
+#include "pictures/file_decoder.h"
+#include "pictures/pack_bits.h"
+#include "pictures/planes.h"
+
+namespace lumidex {
+namespace {
+
+enum Compression { Plain = 0, Packed = 1, Columns = 2 };
+
+int DepthOf(const IffPicture& picture, IffMode mode) {
+  return mode == IffMode::HoldAndModify ? 24 : picture.planes;
+}
+
+// Turns the planes of one row at a time into pixels.
+class RowPainter {
+ public:
+  RowPainter(const IffPicture& picture, IffMode mode)
+      : mode_(mode),
+        planes_(picture.planes),
+        palette_(PaletteOf(picture, mode)),
+        codes_(static_cast<std::size_t>(picture.size.width)),
+        green_(mode == IffMode::TrueColour ? codes_.size() : 0),
+        blue_(green_.size()) {}
+
+  // Plane p of the row begins at `bits[p * stride]`.
+  void PaintPlanes(Bytes bits, std::size_t stride, std::span<std::uint32_t> row) {
+    if (mode_ == IffMode::TrueColour) return PaintComponents(bits, stride, row);
+    JoinPlanes(bits, stride, planes_, codes_);
+    if (mode_ == IffMode::HoldAndModify) {
+      HoldAndModify(codes_, planes_, palette_, row);
+    } else {
+      LookUp(codes_, palette_, row);
+    }
+  }
+
+  void PaintIndices(Bytes indices, std::span<std::uint32_t> row) const { LookUp(indices, palette_, row); }
+
+  // Where the bit is 0 the row becomes transparent.
+  void Mask(Bytes bits, std::span<std::uint32_t> row) {
+    JoinPlanes(bits, bits.size(), 1, codes_);
+    for (std::size_t x = 0; x < row.size(); ++x) row[x] &= 0U - codes_[x];
+  }
+
+ private:
+  // Eight planes each for red, green, blue and, where there are 32, alpha; the lowest bit comes first.
+  void PaintComponents(Bytes bits, std::size_t stride, std::span<std::uint32_t> row) {
+    JoinPlanes(bits, stride, 8, codes_);
+    JoinPlanes(bits.subspan(8 * stride), stride, 8, green_);
+    JoinPlanes(bits.subspan(16 * stride), stride, 8, blue_);
+    for (std::size_t x = 0; x < row.size(); ++x) row[x] = Rgb(codes_[x], green_[x], blue_[x]);
+    if (planes_ < 32) return;
+    JoinPlanes(bits.subspan(24 * stride), stride, 8, codes_);
+    for (std::size_t x = 0; x < row.size(); ++x)
+      row[x] = (row[x] & 0xFFFFFF) | std::uint32_t{codes_[x]} << 24;
+  }
+
+  IffMode mode_;
+  int planes_;
+  Palette palette_;
+  std::vector<std::uint8_t> codes_, green_, blue_;
+};
+
+class IffDecoder final : public FileDecoder {
+ public:
+  IffDecoder(const PictureData& data, const IffPicture& picture, const OpenOptions& options)
+      : FileDecoder(data, options, picture.size, DepthOf(picture, ModeOf(picture)), "IFF"),
+        picture_(picture),
+        mode_(ModeOf(picture)) {
+    const std::size_t width = static_cast<std::size_t>(picture.size.width);
+    stride_ = picture.kind == IffKind::Chunky ? (width + 1) / 2 * 2 : (width + 15) / 16 * 2;
+  }
+
+  Pixels Decode(const DecodeRequest&) const override {
+    Pixels pixels = UnfilledPixels();
+    const std::vector<std::uint8_t> body = Data().Stretch(picture_.bodyOffset, LongestBody());
+    RowPainter painter(picture_, mode_);
+    int rows = 0;
+    if (picture_.compression == Columns) {
+      rows = PaintContiguous(UnpackColumns(body, picture_.planes, stride_, picture_.size.height), painter,
+                             pixels);
+    } else if (picture_.kind == IffKind::Contiguous) {
+      rows = PaintContiguous(body, painter, pixels);
+    } else {
+      rows = PaintRows(body, painter, pixels);
+    }
+    if (picture_.planes == 32) {
+      SettleAlpha(pixels, rows);
+    } else {
+      BlankFrom(pixels, rows);
+      if (HasMaskPlane() || picture_.masking == 2) DeclareOpaqueIfSo(pixels);
+    }
+    return pixels;
+  }
+
+ private:
+  bool HasMaskPlane() const { return picture_.masking == 1 && picture_.kind == IffKind::Interleaved; }
+
+  std::size_t RowStrides() const {
+    if (picture_.kind == IffKind::Chunky) return 1;
+    return static_cast<std::size_t>(picture_.planes + (HasMaskPlane() ? 1 : 0));
+  }
+
+  // The stored length of the rows is not trusted; nobody packs them into more than this.
+  std::size_t LongestBody() const {
+    constexpr std::size_t slack = 65536;
+    return 2 * RowStrides() * stride_ * static_cast<std::size_t>(picture_.size.height) + slack;
+  }
+
+  // These return how many rows were whole.
+  int PaintRows(Bytes body, RowPainter& painter, Pixels& pixels) const {
+    std::vector<std::uint8_t> bits(RowStrides() * stride_);
+    // The padding at the very end may be missing.
+    const std::size_t lastBytes = RowBytes(facts_.size.width, picture_.kind == IffKind::Chunky ? 8 : 1);
+    const std::size_t needed = bits.size() - stride_ + lastBytes;
+    ByteReader plain(body);
+    PackBits packed(plain);
+    for (int y = 0; y < facts_.size.height; ++y) {
+      if (picture_.compression == Packed) {
+        if (packed.Read(bits) < needed) return y;
+      } else {
+        const Bytes taken = plain.Take(bits.size());
+        if (taken.size() < needed) return y;
+        std::ranges::copy(taken, bits.begin());
+      }
+      const auto row = pixels.Row(y);
+      if (picture_.kind == IffKind::Chunky) {
+        painter.PaintIndices(bits, row);
+      } else {
+        painter.PaintPlanes(bits, stride_, row);
+      }
+      if (HasMaskPlane()) painter.Mask(Bytes(bits).last(stride_), row);
+    }
+    return facts_.size.height;
+  }
+
+  // One whole plane behind the other; a row can be shown once its last plane is there.
+  int PaintContiguous(Bytes planes, RowPainter& painter, Pixels& pixels) const {
+    const std::size_t planeBytes = stride_ * static_cast<std::size_t>(facts_.size.height);
+    const std::size_t beforeLast = planeBytes * static_cast<std::size_t>(picture_.planes - 1);
+    for (int y = 0; y < facts_.size.height; ++y) {
+      const std::size_t start = static_cast<std::size_t>(y) * stride_;
+      if (beforeLast + start + stride_ > planes.size()) return y;
+      painter.PaintPlanes(planes.subspan(start), planeBytes, pixels.Row(y));
+    }
+    return facts_.size.height;
+  }
+
+  IffPicture picture_;
+  IffMode mode_;
+  std::size_t stride_ = 0;  // bytes of a row in one plane, or of a row of indices
+};
+
+[[noreturn]] void Refuse(const char* reason) {
+  throw RunTimeError(ErrorNumber::InvalidPicture, reason);
+}
+
+}  // namespace
+
+Match MatchIff(const PictureData& data) {
+  return IsIff(data.Head()) ? Match::Sure : Match::No;
+}
+
+std::unique_ptr<Decoder> OpenIff(const PictureData& data, const OpenOptions& options) {
+  const IffPicture picture = FindIffPicture(data);
+  const bool deep = picture.planes == 24 || picture.planes == 32;
+  const bool mayBeDeep = picture.kind == IffKind::Interleaved && picture.compression != Columns;
+  if (picture.planes < 1 || (picture.planes > 8 && !(deep && mayBeDeep)))
+    Refuse("IFF: this number of planes is not supported");
+  if (picture.compression > Columns) Refuse("IFF: unknown compression");
+  if (picture.compression == Columns && picture.kind != IffKind::Interleaved)
+    Refuse("IFF: this compression does not occur here");
+  if (picture.compression == Packed && picture.kind == IffKind::Contiguous)
+    Refuse("IFF: packed contiguous planes are not supported");
+  return std::make_unique<IffDecoder>(data, picture, options);
+}
+
+}  // namespace lumidex

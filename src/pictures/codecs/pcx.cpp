@@ -1,0 +1,283 @@
+// Follows the PCX technical reference manual of 1991.
+#include "pictures/codecs/pcx.h"
+
+#include <algorithm>
+#include <array>
+#include <vector>
+
+#include "base/run_time_error.h"
+#include "pictures/alpha.h"
+#include "pictures/byte_reader.h"
+#include "pictures/file_decoder.h"
+#include "pictures/palettes.h"
+#include "pictures/planes.h"
+
+namespace lumidex {
+namespace {
+
+constexpr std::size_t headerSize = 128;
+constexpr std::size_t trailerSize = 1 + 768;
+constexpr std::uint8_t trailerMark = 0x0C;
+
+struct Header {
+  unsigned version = 0;
+  unsigned encoding = 0;  // 0 plain, 1 run-length
+  int bits = 0;           // of a pixel in one plane
+  int planes = 0;
+  Size size;
+  std::size_t planeBytes = 0;  // of a row in one plane
+  bool grey = false;
+  Bytes colours;  // 48 bytes
+
+  int Depth() const { return bits * planes; }
+};
+
+Header ReadHeader(Bytes head) {
+  ByteReader reader(head);
+  Header header;
+  reader.Skip(1);
+  header.version = reader.U8();
+  header.encoding = reader.U8();
+  header.bits = reader.U8();
+  const int left = reader.U16Le(), top = reader.U16Le();
+  header.size.width = reader.U16Le() - left + 1;
+  header.size.height = reader.U16Le() - top + 1;
+  reader.Skip(4);
+  header.colours = reader.Take(48);
+  reader.Skip(1);
+  header.planes = reader.U8();
+  header.planeBytes = reader.U16Le();
+  header.grey = reader.U16Le() == 2;
+  return header;
+}
+
+bool IsKnownForm(const Header& header) {
+  switch (header.bits) {
+    case 1:
+      return header.planes >= 1 && header.planes <= 4;
+    case 2:
+    case 4:
+      return header.planes == 1;
+    case 8:
+      return header.planes == 1 || header.planes == 3 || header.planes == 4;
+    default:
+      return false;
+  }
+}
+
+// Gives the unpacked bytes piece by piece. The manual ends each run with its row; many writers do not.
+class RunReader {
+ public:
+  RunReader(ByteReader from, bool packed) : from_(from), packed_(packed) {}
+
+  // Fills `into` and returns how many bytes there were: fewer than asked only at the end of the input.
+  std::size_t Read(std::span<std::uint8_t> into) {
+    if (!packed_) {
+      const Bytes bytes = from_.Take(into.size());
+      std::ranges::copy(bytes, into.begin());
+      return bytes.size();
+    }
+    ByteReader from = from_;  // a copy of its own stays in registers
+    std::size_t done = 0;
+    while (done < into.size()) {
+      if (left_ == 0) {
+        if (from.AtEnd()) break;
+        const std::uint8_t code = from.U8();
+        if (code < 0xC0) {
+          into[done++] = code;
+          continue;
+        }
+        if (from.AtEnd()) break;
+        left_ = code & 0x3F;
+        value_ = from.U8();
+      }
+      const std::size_t count = std::min(left_, into.size() - done);
+      std::fill_n(&into[done], count, value_);
+      done += count;
+      left_ -= count;
+    }
+    from_ = from;
+    return done;
+  }
+
+  // Bytes consumed so far.
+  std::size_t Position() const { return from_.Position(); }
+
+ private:
+  ByteReader from_;
+  bool packed_;
+  std::size_t left_ = 0;
+  std::uint8_t value_ = 0;
+};
+
+// CGA pictures store adapter settings, not colours. Up to version 4 the settings stand in bits of their own;
+// PC Paintbrush IV tells the set of colours by the look of the header's second entry instead.
+std::array<std::uint32_t, 4> CgaColoursOf(const Header& header) {
+  const int background = header.colours[0] >> 4;
+  if (header.version < 5) {
+    const unsigned settings = header.colours[3];
+    const int set = (settings & 0x80) != 0 ? 2 : (settings & 0x40) != 0 ? 1 : 0;
+    return CgaColours(set, (settings & 0x20) != 0, background);
+  }
+  const unsigned green = header.colours[4], blue = header.colours[5];
+  return CgaColours(green > blue ? 0 : 1, std::max(green, blue) > 200, background);
+}
+
+Palette HeaderPalette(const Header& header) {
+  Palette palette = BlackPalette();
+  ByteReader reader(header.colours);
+  ReadRgbEntries(reader, 16, palette);
+  return palette;
+}
+
+// The colours of pictures of up to 4 bits. Versions 0 and 3 have none of their own: what stands in the
+// header there is whatever was in memory.
+Palette SmallPalette(const Header& header) {
+  if (header.Depth() == 1) return TwoColours(blackPixel, whitePixel);
+  Palette palette = BlackPalette();
+  if (header.bits == 2) {
+    std::ranges::copy(CgaColoursOf(header), palette.begin());
+    return palette;
+  }
+  const bool unset = std::ranges::all_of(header.colours, [&](std::uint8_t byte) { return byte == 0; });
+  if (header.version == 0 || header.version == 3 || unset) {
+    std::ranges::copy(ega16, palette.begin());
+    return palette;
+  }
+  return HeaderPalette(header);
+}
+
+class PcxDecoder final : public FileDecoder {
+ public:
+  PcxDecoder(const PictureData& data, const Header& header, const OpenOptions& options)
+      : FileDecoder(data, options, header.size, header.Depth(), "PCX"), header_(ReadHeader(Data().Head())) {
+    const std::size_t needed = RowBytes(header_.size.width, header_.bits);
+    planeBytes_ = std::max(needed, header_.planeBytes);
+  }
+
+  Pixels Decode(const DecodeRequest&) const override {
+    const std::vector<std::uint8_t> file = Data().All();
+    Pixels pixels = UnfilledPixels();
+    const Palette palette = header_.Depth() == 8 ? LargePalette(file) : SmallPalette(header_);
+    RunReader runs(Body(file), header_.encoding != 0);
+    const int rows = DecodeRows(runs, palette, pixels);
+    if (header_.Depth() == 32) {
+      SettleAlpha(pixels, rows);
+    } else {
+      BlankFrom(pixels, rows);
+    }
+    return pixels;
+  }
+
+ private:
+  bool HasTrailer(Bytes file) const {
+    return header_.Depth() == 8 && file.size() >= headerSize + trailerSize &&
+           file[file.size() - trailerSize] == trailerMark;
+  }
+
+  // The coded rows: what lies between the header and the palette behind them.
+  ByteReader Body(Bytes file) const {
+    ByteReader reader(file);
+    reader.Seek(headerSize);
+    return reader.Sub(reader.Remaining() - (HasTrailer(file) ? trailerSize : 0));
+  }
+
+  // The 256 colours stand behind the rows, after a mark; where the mark is missing but there is room for
+  // them, the last 768 bytes are taken.
+  Palette LargePalette(Bytes file) const {
+    Palette palette = GreyPalette();
+    if (!HasTrailer(file)) {
+      if (header_.grey) return palette;
+      if (RowsEnd(file) + trailerSize - 1 > file.size()) {
+        const bool hasColours =
+            std::ranges::any_of(header_.colours, [](std::uint8_t byte) { return byte != 0; });
+        return hasColours && UsesOnlyHeaderColours(file) ? HeaderPalette(header_) : palette;
+      }
+    }
+    ByteReader reader(file);
+    reader.Seek(file.size() - (trailerSize - 1));
+    ReadRgbEntries(reader, 256, palette);
+    return palette;
+  }
+
+  // Where in the file the coded rows end.
+  std::size_t RowsEnd(Bytes file) const {
+    RunReader runs(Body(file), header_.encoding != 0);
+    std::vector<std::uint8_t> row(planeBytes_);
+    for (int y = 0; y < facts_.size.height && runs.Read(row) == row.size(); ++y) {
+    }
+    return headerSize + runs.Position();
+  }
+
+  bool UsesOnlyHeaderColours(Bytes file) const {
+    RunReader runs(Body(file), header_.encoding != 0);
+    std::vector<std::uint8_t> row(planeBytes_);
+    const std::span indices = std::span(row).first(static_cast<std::size_t>(facts_.size.width));
+    for (int y = 0; y < facts_.size.height && runs.Read(row) == row.size(); ++y) {
+      if (std::ranges::max(indices) > 15) return false;
+    }
+    return true;
+  }
+
+  // Returns how many rows were whole.
+  int DecodeRows(RunReader& runs, const Palette& palette, Pixels& pixels) const {
+    std::vector<std::uint8_t> row(planeBytes_ * static_cast<std::size_t>(header_.planes));
+    std::vector<std::uint8_t> indices(static_cast<std::size_t>(facts_.size.width));
+    const PackedRows unpacker(header_.bits, palette);
+    // The last row may lack its padding.
+    const std::size_t needed = row.size() - planeBytes_ + RowBytes(facts_.size.width, header_.bits);
+    for (int y = 0; y < facts_.size.height; ++y) {
+      if (runs.Read(row) < needed) return y;
+      const auto target = pixels.Row(y);
+      if (header_.planes == 1) {
+        unpacker.Unpack(row, target);
+      } else if (header_.bits == 1) {
+        JoinPlanes(row, planeBytes_, header_.planes, indices);
+        LookUp(indices, palette, target);
+      } else {
+        JoinChannels(row, target);
+      }
+    }
+    return facts_.size.height;
+  }
+
+  // Red, green, blue and, in a fourth plane, alpha.
+  void JoinChannels(Bytes row, std::span<std::uint32_t> target) const {
+    const std::uint8_t* red = row.data();
+    const std::uint8_t* green = red + planeBytes_;
+    const std::uint8_t* blue = green + planeBytes_;
+    if (header_.planes == 3) {
+      for (std::size_t x = 0; x < target.size(); ++x) target[x] = Rgb(red[x], green[x], blue[x]);
+      return;
+    }
+    const std::uint8_t* alpha = blue + planeBytes_;
+    for (std::size_t x = 0; x < target.size(); ++x)
+      target[x] = (Rgb(red[x], green[x], blue[x]) & 0xFFFFFF) | std::uint32_t{alpha[x]} << 24;
+  }
+
+  Header header_;
+  std::size_t planeBytes_ = 0;
+};
+
+[[noreturn]] void Refuse(const char* reason) {
+  throw RunTimeError(ErrorNumber::InvalidPicture, reason);
+}
+
+}  // namespace
+
+Match MatchPcx(const PictureData& data) {
+  const Bytes head = data.Head();
+  if (head.size() < headerSize || head[0] != 0x0A) return Match::No;
+  const Header header = ReadHeader(head);
+  const bool fits = header.version <= 5 && header.encoding <= 1 && IsKnownForm(header);
+  return fits ? Match::Sure : Match::Maybe;
+}
+
+std::unique_ptr<Decoder> OpenPcx(const PictureData& data, const OpenOptions& options) {
+  const Header header = ReadHeader(data.Head());
+  if (header.encoding > 1) Refuse("PCX: unknown encoding");
+  if (!IsKnownForm(header)) Refuse("PCX: this combination of bits and planes is not supported");
+  return std::make_unique<PcxDecoder>(data, header, options);
+}
+
+}  // namespace lumidex
