@@ -11,6 +11,7 @@
 #include "pictures/codecs/gem.h"
 #include "pictures/codecs/hrz.h"
 #include "pictures/codecs/iff.h"
+#include "pictures/codecs/jpeg.h"
 #include "pictures/codecs/mac.h"
 #include "pictures/codecs/msp.h"
 #include "pictures/codecs/pcx.h"
@@ -28,6 +29,7 @@ constexpr std::string_view cutEndings[] = {".cut"};
 constexpr std::string_view gemEndings[] = {".gem", ".img"};
 constexpr std::string_view hrzEndings[] = {".hrz"};
 constexpr std::string_view iffEndings[] = {".iff", ".lbm"};
+constexpr std::string_view jpegEndings[] = {".jpg", ".jpe", ".jpeg", ".jfif"};
 constexpr std::string_view macEndings[] = {".mac"};
 constexpr std::string_view mspEndings[] = {".msp"};
 constexpr std::string_view pcxEndings[] = {".pcx"};
@@ -38,6 +40,7 @@ constexpr std::string_view wpgEndings[] = {".wpg"};
 
 // Formats with a signature come first; those without one, which go by their extension, stand last.
 constexpr auto allCodecs = std::to_array<Codec>({
+    {"JPEG", jpegEndings, MatchJpeg, OpenJpeg},
     {"BMP", bmpEndings, MatchBmp, OpenBmp},
     {"IFF", iffEndings, MatchIff, OpenIff},
     {"MSP", mspEndings, MatchMsp, OpenMsp},

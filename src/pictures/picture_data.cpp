@@ -4,6 +4,34 @@
 #include <utility>
 
 namespace lumidex {
+namespace {
+
+class StretchSource final : public ByteSource {
+ public:
+  StretchSource(std::shared_ptr<const ByteSource> source, std::uint64_t offset, std::uint64_t count)
+      : source_(std::move(source)), offset_(std::min(offset, source_->Size())) {
+    size_ = std::min(count, source_->Size() - offset_);
+  }
+  std::uint64_t Size() const override { return size_; }
+  std::size_t ReadAt(std::uint64_t offset, std::span<std::uint8_t> into) const override {
+    if (offset >= size_) return 0;
+    const std::uint64_t left = size_ - offset;
+    return source_->ReadAt(offset_ + offset,
+                           into.first(static_cast<std::size_t>(std::min<std::uint64_t>(into.size(), left))));
+  }
+
+ private:
+  std::shared_ptr<const ByteSource> source_;
+  std::uint64_t offset_;
+  std::uint64_t size_;
+};
+
+}  // namespace
+
+std::shared_ptr<const ByteSource> StretchOf(std::shared_ptr<const ByteSource> source, std::uint64_t offset,
+                                            std::uint64_t count) {
+  return std::make_shared<StretchSource>(std::move(source), offset, count);
+}
 
 std::size_t MemorySource::ReadAt(std::uint64_t offset, std::span<std::uint8_t> into) const {
   if (offset >= bytes_.size()) return 0;

@@ -34,6 +34,10 @@ class MemorySource final : public ByteSource {
   std::vector<std::uint8_t> bytes_;
 };
 
+// `count` bytes of another source from `offset` on, as a source of their own; shorter where that one ends.
+std::shared_ptr<const ByteSource> StretchOf(std::shared_ptr<const ByteSource> source, std::uint64_t offset,
+                                            std::uint64_t count);
+
 // What a decoder is opened with.
 class PictureData {
  public:

@@ -1,0 +1,237 @@
+#include "pictures/codecs/jpeg.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <optional>
+
+#include "base/run_time_error.h"
+#include "pictures/codecs/jpeg_reader.h"
+#include "pictures/colour_profile.h"
+#include "pictures/exif.h"
+
+namespace lumidex {
+namespace {
+
+constexpr std::size_t HeaderBlock = PictureData::HeadSize;
+constexpr std::size_t PixelBlock = std::size_t{1} << 16;
+constexpr int ExifMarker = JPEG_APP0 + 1;
+constexpr int ProfileMarker = JPEG_APP0 + 2;
+
+// Some writers leave bytes before the picture; they are looked for in the head only.
+std::optional<std::size_t> FindStart(Bytes head) {
+  constexpr std::uint8_t start[] = {0xFF, 0xD8, 0xFF};
+  const auto found = std::search(head.begin(), head.end(), std::begin(start), std::end(start));
+  if (found != head.end()) return static_cast<std::size_t>(found - head.begin());
+  return std::nullopt;
+}
+
+ExifMark FindExif(const jpeg_decompress_struct& info) {
+  constexpr std::string_view name("Exif\0\0", 6);
+  for (auto marker = info.marker_list; marker != nullptr; marker = marker->next) {
+    const Bytes bytes(marker->data, marker->data_length);
+    if (marker->marker != ExifMarker || bytes.size() < name.size()) continue;
+    if (!std::equal(name.begin(), name.end(), bytes.begin())) continue;
+    ExifMark mark = ReadExifOrientation(bytes.subspan(name.size()));
+    mark.beyond = mark.beyond && marker->data_length < marker->original_length;
+    return mark;
+  }
+  return {};
+}
+
+// A file may hold any number of scans, each of which costs a pass over all blocks however short it is.
+// Real files have about ten.
+std::int64_t MostBlockVisits(std::uint64_t fileBytes) {
+  return (std::int64_t{16} << 20) + static_cast<std::int64_t>(fileBytes) * 48;
+}
+
+class JpegDecoder final : public Decoder {
+ public:
+  JpegDecoder(const PictureData& data, const OpenOptions& options)
+      : source_(data.SharedSource()),
+        fileBytes_(data.Size()),
+        start_(FindStart(data.Head()).value_or(0)),
+        options_(options) {
+    constexpr unsigned usualExif = 2048, anyExif = 0xFFFF;
+    if (ReadFacts(usualExif).beyond) ReadFacts(anyExif);
+    facts_.format = "JPEG";
+  }
+
+  Pixels Decode(const DecodeRequest& request) const override {
+    JpegReader reader(*source_, start_, PixelBlock);
+    const Size wanted = TurnedSize(request.wanted, orientation_);
+    const bool ready = reader.Try([&] {
+      jpeg_decompress_struct& info = reader.Info();
+      if (!options_.asStored) jpeg_save_markers(&info, ProfileMarker, 0xFFFF);
+      jpeg_read_header(&info, TRUE);
+      info.out_color_space = info.num_components == 4 ? JCS_CMYK : JCS_EXT_BGRA;
+      Reduce(info, wanted);
+    });
+    if (!ready)
+      return Turned(Pixels::Make(stored_, PixelFormat::Rgb, blankPixel, options_.limits), orientation_);
+    const jpeg_decompress_struct& info = reader.Info();
+    Pixels pixels =
+        Pixels::MakeUnfilled({static_cast<int>(info.output_width), static_cast<int>(info.output_height)},
+                             PixelFormat::Rgb, options_.limits);
+    const int rows = ReadRows(reader, pixels);
+    for (int y = rows; y < pixels.Height(); ++y) std::ranges::fill(pixels.Row(y), blankPixel);
+    return Turned(pixels, orientation_);
+  }
+
+ private:
+  ExifMark ReadFacts(unsigned exifBytes) {
+    JpegReader reader(*source_, start_, HeaderBlock);
+    const bool read = reader.Try([&] {
+      if (!options_.asStored) jpeg_save_markers(&reader.Info(), ExifMarker, exifBytes);
+      jpeg_read_header(&reader.Info(), TRUE);
+    });
+    if (!read) throw RunTimeError(ErrorNumber::InvalidPicture, std::string("JPEG: ") + reader.Message());
+    jpeg_decompress_struct& info = reader.Info();
+    if (info.num_components != 1 && info.num_components != 3 && info.num_components != 4) {
+      throw RunTimeError(ErrorNumber::InvalidPicture, "JPEG: this number of components is not known");
+    }
+    stored_ = CheckedSize(info.image_width, info.image_height, options_.limits, fileBytes_);
+    CheckCoefficients(info);
+    const ExifMark mark = FindExif(info);
+    orientation_ = mark.orientation;
+    facts_.size = TurnedSize(stored_, orientation_);
+    facts_.bitsPerPixel = 8 * info.num_components;
+    return mark;
+  }
+
+  // Several scans need all coefficients in memory beside the pixels, two bytes each.
+  void CheckCoefficients(jpeg_decompress_struct& info) const {
+    if (!jpeg_has_multiple_scans(&info)) return;
+    const std::int64_t area = std::int64_t{stored_.width} * stored_.height;
+    const std::int64_t bytes = area * (4 + 2 * info.num_components);
+    if (bytes > std::max(options_.limits.bytes, std::int64_t{1} << 31) ||
+        (fileBytes_ <= std::uint64_t{1} << 20 && bytes > smallFilePixelBytes)) {
+      throw RunTimeError(ErrorNumber::InvalidPicture, "JPEG: the picture is too large");
+    }
+  }
+
+  // The smallest N/8 that still covers the wanted size.
+  static void Reduce(jpeg_decompress_struct& info, Size wanted) {
+    info.scale_denom = 8;
+    for (info.scale_num = wanted.width > 0 && wanted.height > 0 ? 1 : 8;; ++info.scale_num) {
+      jpeg_calc_output_dimensions(&info);
+      const bool covers = static_cast<std::int64_t>(info.output_width) >= wanted.width &&
+                          static_cast<std::int64_t>(info.output_height) >= wanted.height;
+      if (covers || info.scale_num >= 8) return;
+    }
+  }
+
+  // Returns how many rows of pixels were written.
+  int ReadRows(JpegReader& reader, Pixels& pixels) const {
+    jpeg_decompress_struct& info = reader.Info();
+    const bool several = jpeg_has_multiple_scans(&info) != 0;
+    bool ready = true;
+    if (several) {
+      reader.Try([&] { ReadScans(info); });
+      // Whatever ended the scans, what they gave so far can be shown.
+      ready = reader.Try([&] { jpeg_start_output(&info, info.input_scan_number); });
+    } else {
+      ready = reader.Try([&] { jpeg_start_decompress(&info); });
+    }
+    if (!ready) return 0;
+    std::unique_ptr<ColourProfile> profile;
+    if (!options_.asStored) profile = Profile(reader);
+    if (info.num_components == 4) {
+      ReadInkRows(reader, pixels, profile.get());
+    } else {
+      ReadWordRows(reader, pixels, profile.get());
+    }
+    const std::uint64_t rowOfBlocks = static_cast<std::uint64_t>(info.max_v_samp_factor) *
+                                      static_cast<std::uint64_t>(info.min_DCT_scaled_size);
+    const std::uint64_t filled = (std::uint64_t{reader.FirstEmptyRow()} + 1) * rowOfBlocks;
+    return static_cast<int>(std::min<std::uint64_t>(info.output_scanline, filled));
+  }
+
+  void ReadScans(jpeg_decompress_struct& info) const {
+    info.buffered_image = TRUE;
+    jpeg_start_decompress(&info);
+    const std::int64_t blocksInRow = std::int64_t{info.MCUs_per_row} * info.max_h_samp_factor *
+                                     info.max_v_samp_factor * info.num_components;
+    std::int64_t visits = MostBlockVisits(fileBytes_);
+    while (visits > 0) {
+      const int state = jpeg_consume_input(&info);
+      if (state == JPEG_REACHED_EOI || state == JPEG_SUSPENDED) break;
+      if (state == JPEG_ROW_COMPLETED) visits -= blocksInRow;
+    }
+  }
+
+  std::unique_ptr<ColourProfile> Profile(JpegReader& reader) const {
+    jpeg_decompress_struct& info = reader.Info();
+    JOCTET* bytes = nullptr;
+    unsigned count = 0;
+    if (!reader.Try([&] { jpeg_read_icc_profile(&info, &bytes, &count); }) || bytes == nullptr)
+      return nullptr;
+    const std::unique_ptr<JOCTET, decltype(&std::free)> owner(bytes, &std::free);
+    ProfileInput input = ProfileInput::Words;
+    if (info.num_components == 4)
+      input = info.saw_Adobe_marker ? ProfileInput::CmykInverted : ProfileInput::Cmyk;
+    return ColourProfile::FromIcc({bytes, count}, input);
+  }
+
+  // True as long as rows that the file still fills are left.
+  static bool MoreRows(JpegReader& reader) {
+    const jpeg_decompress_struct& info = reader.Info();
+    return info.output_scanline < info.output_height &&
+           (reader.FirstEmptyRow() == std::numeric_limits<unsigned>::max() ||
+            info.output_scanline / static_cast<unsigned>(info.max_v_samp_factor * info.min_DCT_scaled_size) <=
+                reader.FirstEmptyRow());
+  }
+
+  static void ReadWordRows(JpegReader& reader, Pixels& pixels, const ColourProfile* profile) {
+    jpeg_decompress_struct& info = reader.Info();
+    reader.Try([&] {
+      while (MoreRows(reader)) {
+        JSAMPROW rows[MAX_SAMP_FACTOR];
+        const int first = static_cast<int>(info.output_scanline);
+        const int count = std::min(MAX_SAMP_FACTOR, pixels.Height() - first);
+        for (int i = 0; i < count; ++i) rows[i] = reinterpret_cast<JSAMPROW>(pixels.Row(first + i).data());
+        const int done = static_cast<int>(jpeg_read_scanlines(&info, rows, static_cast<JDIMENSION>(count)));
+        for (int i = 0; i < done && profile != nullptr; ++i) profile->Convert(pixels.Row(first + i));
+      }
+    });
+  }
+
+  static void ReadInkRows(JpegReader& reader, Pixels& pixels, const ColourProfile* profile) {
+    jpeg_decompress_struct& info = reader.Info();
+    const bool inverted = info.saw_Adobe_marker != 0;
+    std::vector<std::uint8_t> inks(static_cast<std::size_t>(pixels.Width()) * 4);
+    reader.Try([&] {
+      while (MoreRows(reader)) {
+        JSAMPROW row = inks.data();
+        const int y = static_cast<int>(info.output_scanline);
+        if (jpeg_read_scanlines(&info, &row, 1) == 0) return;
+        if (profile != nullptr) {
+          profile->ConvertInks(inks, pixels.Row(y));
+        } else {
+          ConvertInksPlainly(inks, inverted, pixels.Row(y));
+        }
+      }
+    });
+  }
+
+  std::shared_ptr<const ByteSource> source_;
+  std::uint64_t fileBytes_;
+  std::uint64_t start_;
+  OpenOptions options_;
+  Size stored_;
+  Orientation orientation_ = Orientation::Upright;
+};
+
+}  // namespace
+
+Match MatchJpeg(const PictureData& data) {
+  const Bytes head = data.Head();
+  if (head.size() >= 3 && head[0] == 0xFF && head[1] == 0xD8)
+    return head[2] == 0xFF ? Match::Sure : Match::Maybe;
+  return FindStart(head) ? Match::Maybe : Match::No;
+}
+
+std::unique_ptr<Decoder> OpenJpeg(const PictureData& data, const OpenOptions& options) {
+  return std::make_unique<JpegDecoder>(data, options);
+}
+
+}  // namespace lumidex
