@@ -16,6 +16,7 @@
 #include "pictures/codecs/msp.h"
 #include "pictures/codecs/pcx.h"
 #include "pictures/codecs/pic.h"
+#include "pictures/codecs/png.h"
 #include "pictures/codecs/ras.h"
 #include "pictures/codecs/tga.h"
 #include "pictures/codecs/wpg.h"
@@ -37,10 +38,12 @@ constexpr std::string_view picEndings[] = {".pic"};
 constexpr std::string_view rasEndings[] = {".ras"};
 constexpr std::string_view tgaEndings[] = {".tga"};
 constexpr std::string_view wpgEndings[] = {".wpg"};
+constexpr std::string_view pngEndings[] = {".png"};
 
 // Formats with a signature come first; those without one, which go by their extension, stand last.
 constexpr auto allCodecs = std::to_array<Codec>({
     {"JPEG", jpegEndings, MatchJpeg, OpenJpeg},
+    {"PNG", pngEndings, MatchPng, OpenPng},
     {"BMP", bmpEndings, MatchBmp, OpenBmp},
     {"IFF", iffEndings, MatchIff, OpenIff},
     {"MSP", mspEndings, MatchMsp, OpenMsp},
