@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <numbers>
+#include <stdexcept>
 #include <vector>
 
 namespace lumidex {
@@ -17,6 +18,14 @@ std::uint32_t Straight(std::uint32_t premultiplied) {
   if (alpha == 0) return 0;
   const auto channel = [&](int shift) { return ((premultiplied >> shift & 255) * 255 + alpha / 2) / alpha; };
   return alpha << 24 | channel(16) << 16 | channel(8) << 8 | channel(0);
+}
+
+Colour PlainColour(const Paint& paint) {
+  Colour colour;
+  if (cairo_pattern_get_rgba(paint.Pattern(), &colour.red, &colour.green, &colour.blue, &colour.alpha) !=
+      CAIRO_STATUS_SUCCESS)
+    throw std::logic_error("a gradient has no plain colour");
+  return colour;
 }
 
 }  // namespace
@@ -135,18 +144,44 @@ void Canvas::Smooth(std::initializer_list<Point> points, bool closed) {
   if (closed) Close();
 }
 
+void Canvas::Note(const Paint* fill, const Paint* line, double lineWidth) {
+  if (!shapes_) return;
+  DrawnShape shape;
+  if (fill) shape.fill = PlainColour(*fill);
+  if (line) shape.line = PlainColour(*line);
+  double across = 0;
+  shape.lineWidth = lineWidth;
+  cairo_user_to_device_distance(Context(), &shape.lineWidth, &across);
+  const std::unique_ptr<cairo_path_t, void (*)(cairo_path_t*)> path(cairo_copy_path_flat(Context()),
+                                                                    cairo_path_destroy);
+  for (int i = 0; i < path->num_data; i += path->data[i].header.length) {
+    const cairo_path_data_t* data = &path->data[i];
+    if (data->header.type == CAIRO_PATH_CLOSE_PATH) continue;
+    Point point{data[1].point.x, data[1].point.y};
+    cairo_user_to_device(Context(), &point.x, &point.y);
+    if (data->header.type == CAIRO_PATH_MOVE_TO) shape.outlines.emplace_back();
+    shape.outlines.back().push_back(point);
+  }
+  // Closing a path starts the next one on the same point, which is no outline until a line follows.
+  std::erase_if(shape.outlines, [](const std::vector<Point>& outline) { return outline.size() < 2; });
+  shapes_->push_back(std::move(shape));
+}
+
 void Canvas::Fill(const Paint& paint) {
+  Note(&paint, nullptr, 0);
   cairo_set_source(Context(), paint.Pattern());
   cairo_fill(Context());
 }
 
 void Canvas::Stroke(const Paint& paint, double width) {
+  Note(nullptr, &paint, width);
   cairo_set_source(Context(), paint.Pattern());
   cairo_set_line_width(Context(), width);
   cairo_stroke(Context());
 }
 
 void Canvas::FillAndStroke(const Paint& fill, const Paint& line, double width) {
+  Note(&fill, nullptr, 0);
   cairo_set_source(Context(), fill.Pattern());
   cairo_fill_preserve(Context());
   Stroke(line, width);
@@ -157,6 +192,9 @@ void Canvas::Clip() {
 }
 
 void Canvas::FillAll(const Paint& paint) {
+  Rectangle(0, 0, width_, height_);
+  Note(&paint, nullptr, 0);
+  cairo_new_path(Context());
   cairo_set_source(Context(), paint.Pattern());
   cairo_paint(Context());
 }

@@ -6,8 +6,10 @@
 
 #include <initializer_list>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "pictures/pixels.h"
 
@@ -55,6 +57,14 @@ class Paint {
   std::shared_ptr<cairo_pattern_t> pattern_;
 };
 
+// One filled or outlined path as polygons, for formats that store drawings; in pixels of the canvas.
+struct DrawnShape {
+  std::vector<std::vector<Point>> outlines;
+  std::optional<Colour> fill;
+  std::optional<Colour> line;
+  double lineWidth = 0;
+};
+
 enum class Weight { Normal, Bold };
 
 class Canvas {
@@ -89,6 +99,10 @@ class Canvas {
   void Clip();
   void FillAll(const Paint& paint);
 
+  // From now on notes down every path that is filled or stroked. Only plain colours can be noted: a gradient
+  // raises std::logic_error.
+  void NoteShapes(std::vector<DrawnShape>* into) { shapes_ = into; }
+
   // Text in the sans family, centred on x, its capitals resting on the base line y.
   void Text(const std::string& text, double x, double y, double size, Weight weight, const Paint& paint);
   // Traces the text as a path instead.
@@ -120,10 +134,12 @@ class Canvas {
 
  private:
   void SetFont(double size, Weight weight);
+  void Note(const Paint* fill, const Paint* line, double lineWidth);
   std::shared_ptr<cairo_surface_t> surface_;
   std::shared_ptr<cairo_t> context_;
   double width_;
   double height_;
+  std::vector<DrawnShape>* shapes_ = nullptr;
 };
 
 }  // namespace lumidex

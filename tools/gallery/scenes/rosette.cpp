@@ -48,12 +48,16 @@ void DrawGap(Canvas& canvas, Point centre) {
 
 }  // namespace
 
-void DrawRosette(Canvas& canvas) {
+void DrawStarTiles(Canvas& canvas) {
   canvas.FillAll(Hex(0x0E3447));
   for (double y = 0; y <= SceneHeight; y += Spacing)
     for (double x = 0; x <= SceneWidth; x += Spacing) DrawGap(canvas, {x, y});
   for (double y = Spacing / 2; y < SceneHeight; y += Spacing)
     for (double x = Spacing / 2; x < SceneWidth; x += Spacing) DrawTile(canvas, {x, y});
+}
+
+void DrawRosette(Canvas& canvas) {
+  DrawStarTiles(canvas);
   canvas.FillAll(Paint::Radial(
       {200, 150}, 270, {{0, Hex(0xFFF8E0, 0.16)}, {0.5, Hex(0xFFFFFF, 0)}, {1, Hex(0x05141C, 0.45)}}));
 }

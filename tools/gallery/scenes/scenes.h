@@ -14,6 +14,7 @@ void DrawStillLife(Canvas& canvas);   // fruit and a jug on a table
 void DrawParrot(Canvas& canvas);      // a bird among leaves
 void DrawBalloons(Canvas& canvas);    // balloons over hills in the morning
 void DrawRosette(Canvas& canvas);     // a tiling of twelve-pointed stars
+void DrawStarTiles(Canvas& canvas);   // the same in plain colours
 void DrawSailboat(Canvas& canvas);    // a boat on waves, few flat colours
 void DrawCat(Canvas& canvas);         // a cat at a window, made for black and white
 
