@@ -9,7 +9,9 @@
 #include "pictures/codecs/bmp.h"
 #include "pictures/codecs/cut.h"
 #include "pictures/codecs/gem.h"
+#include "pictures/codecs/gif.h"
 #include "pictures/codecs/hrz.h"
+#include "pictures/codecs/ico.h"
 #include "pictures/codecs/iff.h"
 #include "pictures/codecs/jpeg.h"
 #include "pictures/codecs/mac.h"
@@ -17,6 +19,7 @@
 #include "pictures/codecs/pcx.h"
 #include "pictures/codecs/pic.h"
 #include "pictures/codecs/png.h"
+#include "pictures/codecs/pnm.h"
 #include "pictures/codecs/ras.h"
 #include "pictures/codecs/tga.h"
 #include "pictures/codecs/wpg.h"
@@ -26,24 +29,32 @@ namespace {
 
 constexpr std::string_view artEndings[] = {".art"};
 constexpr std::string_view bmpEndings[] = {".bmp", ".dib", ".rle"};
+constexpr std::string_view curEndings[] = {".cur"};
 constexpr std::string_view cutEndings[] = {".cut"};
 constexpr std::string_view gemEndings[] = {".gem", ".img"};
+constexpr std::string_view gifEndings[] = {".gif"};
 constexpr std::string_view hrzEndings[] = {".hrz"};
+constexpr std::string_view icoEndings[] = {".ico"};
 constexpr std::string_view iffEndings[] = {".iff", ".lbm"};
 constexpr std::string_view jpegEndings[] = {".jpg", ".jpe", ".jpeg", ".jfif"};
 constexpr std::string_view macEndings[] = {".mac"};
 constexpr std::string_view mspEndings[] = {".msp"};
 constexpr std::string_view pcxEndings[] = {".pcx"};
 constexpr std::string_view picEndings[] = {".pic"};
+constexpr std::string_view pngEndings[] = {".png"};
+constexpr std::string_view pnmEndings[] = {".pbm", ".pgm", ".ppm", ".pnm", ".pam"};
 constexpr std::string_view rasEndings[] = {".ras"};
 constexpr std::string_view tgaEndings[] = {".tga"};
 constexpr std::string_view wpgEndings[] = {".wpg"};
-constexpr std::string_view pngEndings[] = {".png"};
 
 // Formats with a signature come first; those without one, which go by their extension, stand last.
 constexpr auto allCodecs = std::to_array<Codec>({
     {"JPEG", jpegEndings, MatchJpeg, OpenJpeg},
     {"PNG", pngEndings, MatchPng, OpenPng},
+    {"GIF", gifEndings, MatchGif, OpenGif},
+    {"ICO", icoEndings, MatchIco, OpenIco},
+    {"CUR", curEndings, MatchCur, OpenCur},
+    {"PNM", pnmEndings, MatchPnm, OpenPnm},
     {"BMP", bmpEndings, MatchBmp, OpenBmp},
     {"IFF", iffEndings, MatchIff, OpenIff},
     {"MSP", mspEndings, MatchMsp, OpenMsp},

@@ -1,0 +1,161 @@
+#include "pictures/codecs/ico.h"
+
+#include <algorithm>
+
+#include "base/run_time_error.h"
+#include "pictures/alpha.h"
+#include "pictures/byte_reader.h"
+#include "pictures/codecs/png.h"
+#include "pictures/dib.h"
+
+namespace lumidex {
+namespace {
+
+constexpr std::size_t DirectoryBytes = 6;
+constexpr std::size_t EntryBytes = 16;
+constexpr unsigned IconKind = 1, CursorKind = 2;
+
+// The bitmap of one icon: colours above, a mask of one bit a pixel below.
+class DibIconDecoder final : public Decoder {
+ public:
+  DibIconDecoder(std::shared_ptr<const ByteSource> source, const OpenOptions& options)
+      : source_(std::move(source)), limits_(options.limits) {
+    const PictureData data(source_, {});
+    DibOptions dibOptions;
+    dibOptions.limits = options.limits;
+    dibOptions.fileSize = data.Size();
+    dibOptions.icon = true;
+    header_ = ReadDibHeader(data.Head(), dibOptions);
+    facts_.size = header_.size;
+    facts_.bitsPerPixel = std::min(header_.bitsPerPixel, 32);
+  }
+
+  Pixels Decode(const DecodeRequest&) const override {
+    const PictureData data(source_, {});
+    const auto bytes = data.Stretch(header_.pixelOffset, ColourBytes() + MaskRowBytes() * Height());
+    if (header_.bitsPerPixel == 32 && header_.coding == DibCoding::Plain) {
+      DibHeader withAlpha = header_;
+      withAlpha.masks[3] = 0xFF000000U;
+      const Pixels pixels = DecodeDib(withAlpha, bytes, limits_);
+      if (HasVisiblePixel(pixels)) return pixels;
+    }
+    // Without alpha of its own the mask says what is seen.
+    Pixels pixels = DecodeDib(header_, bytes, limits_);
+    ApplyMask(Bytes(bytes).subspan(std::min(ColourBytes(), bytes.size())), pixels);
+    return pixels;
+  }
+
+ private:
+  std::size_t Height() const { return static_cast<std::size_t>(header_.size.height); }
+  std::size_t ColourBytes() const { return header_.RowBytes() * Height(); }
+  std::size_t MaskRowBytes() const { return (static_cast<std::size_t>(header_.size.width) + 31) / 32 * 4; }
+
+  static bool HasVisiblePixel(const Pixels& pixels) {
+    for (int y = 0; y < pixels.Height(); ++y) {
+      if (std::ranges::any_of(pixels.Row(y), [](std::uint32_t word) { return word >> 24 != 0; })) return true;
+    }
+    return false;
+  }
+
+  // A mask that is missing or short leaves pixels visible.
+  void ApplyMask(Bytes mask, Pixels& pixels) const {
+    for (std::size_t row = 0; row < Height(); ++row) {
+      const int y = static_cast<int>(header_.topDown ? row : Height() - 1 - row);
+      auto words = pixels.Row(y);
+      for (std::size_t x = 0; x < words.size(); ++x) {
+        const std::size_t at = row * MaskRowBytes() + x / 8;
+        if (at < mask.size() && (mask[at] >> (7 - x % 8) & 1) != 0) words[x] = 0;
+      }
+    }
+    DeclareOpaqueIfSo(pixels);
+  }
+
+  std::shared_ptr<const ByteSource> source_;
+  PictureLimits limits_;
+  DibHeader header_;
+};
+
+// Gives the chosen picture under the name of the whole file.
+class IconDecoder final : public Decoder {
+ public:
+  IconDecoder(std::unique_ptr<Decoder> chosen, std::string_view format) : chosen_(std::move(chosen)) {
+    facts_ = chosen_->Facts();
+    facts_.format = format;
+  }
+  Pixels Decode(const DecodeRequest& request) const override { return chosen_->Decode(request); }
+
+ private:
+  std::unique_ptr<Decoder> chosen_;
+};
+
+std::unique_ptr<Decoder> OpenEntry(const PictureData& data, std::uint32_t offset,
+                                   const OpenOptions& options) {
+  // The stated length is often wrong; each picture knows where it ends.
+  auto source = StretchOf(data.SharedSource(), offset, data.Size());
+  const PictureData picture(source, {});
+  if (MatchPng(picture) == Match::Sure) return OpenPng(picture, options);
+  return std::make_unique<DibIconDecoder>(std::move(source), options);
+}
+
+// True when `a` is to be shown rather than `b`.
+bool IsBetter(const PictureFacts& a, const PictureFacts& b) {
+  const auto area = [](Size size) { return std::int64_t{size.width} * size.height; };
+  if (area(a.size) != area(b.size)) return area(a.size) > area(b.size);
+  return a.bitsPerPixel > b.bitsPerPixel;
+}
+
+std::unique_ptr<Decoder> OpenBest(const PictureData& data, const OpenOptions& options,
+                                  std::string_view format) {
+  const Bytes head = data.Head();
+  ByteReader reader(head);
+  reader.Skip(4);
+  const std::size_t count = reader.U16Le();
+  std::unique_ptr<Decoder> best;
+  std::string reason = "no picture in it";
+  // The directory is read as far as the head goes: 255 entries, of which real files have about ten.
+  for (std::size_t i = 0; i < count && reader.Remaining() >= EntryBytes; ++i) {
+    reader.Skip(12);
+    const std::uint32_t offset = reader.U32Le();
+    if (offset < DirectoryBytes || offset >= data.Size()) continue;
+    try {
+      auto decoder = OpenEntry(data, offset, options);
+      if (!best || IsBetter(decoder->Facts(), best->Facts())) best = std::move(decoder);
+    } catch (const RunTimeError& error) {
+      reason = error.what();
+    }
+  }
+  if (!best) throw RunTimeError(ErrorNumber::InvalidPicture, std::string(format) + ": " + reason);
+  return std::make_unique<IconDecoder>(std::move(best), format);
+}
+
+Match MatchKind(const PictureData& data, unsigned kind) {
+  ByteReader reader(data.Head());
+  if (reader.U16Le() != 0 || reader.U16Le() != kind) return Match::No;
+  const std::size_t count = reader.U16Le();
+  reader.Skip(8);
+  const std::uint32_t bytes = reader.U32Le();
+  const std::uint32_t offset = reader.U32Le();
+  if (count == 0 || reader.WasCut()) return Match::No;
+  const bool plausible = bytes > 0 && offset >= DirectoryBytes + EntryBytes && offset < data.Size();
+  return plausible ? Match::Sure : Match::Maybe;
+}
+
+}  // namespace
+
+Match MatchIco(const PictureData& data) {
+  return MatchKind(data, IconKind);
+}
+
+std::unique_ptr<Decoder> OpenIco(const PictureData& data, const OpenOptions& options) {
+  return OpenBest(data, options, "ICO");
+}
+
+Match MatchCur(const PictureData& data) {
+  return MatchKind(data, CursorKind);
+}
+
+std::unique_ptr<Decoder> OpenCur(const PictureData& data, const OpenOptions& options) {
+  return OpenBest(data, options, "CUR");
+}
+
+}  // namespace lumidex

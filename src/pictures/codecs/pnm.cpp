@@ -1,0 +1,288 @@
+#include "pictures/codecs/pnm.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <optional>
+
+#include "base/run_time_error.h"
+#include "pictures/alpha.h"
+#include "pictures/palettes.h"
+
+namespace lumidex {
+namespace {
+
+[[noreturn]] void Refuse(const char* text) {
+  throw RunTimeError(ErrorNumber::InvalidPicture, std::string("PNM: ") + text);
+}
+
+bool IsBlank(int character) {
+  return character == ' ' || (character >= '\t' && character <= '\r');
+}
+
+// The file from front to back, in blocks.
+class Characters {
+ public:
+  explicit Characters(const ByteSource& source, std::uint64_t offset = 0) : source_(source), next_(offset) {}
+
+  // -1 at the end.
+  int Next() {
+    if (place_ == block_.size() && !Fill()) return -1;
+    return block_[place_++];
+  }
+  // Only directly after Next, and not at the end.
+  void Back() { --place_; }
+  std::uint64_t Position() const { return next_ - (block_.size() - place_); }
+
+  // Fills `into` as far as the file goes and returns how much that was.
+  std::size_t Read(std::span<std::uint8_t> into) {
+    std::size_t done = 0;
+    while (done < into.size() && (place_ < block_.size() || Fill())) {
+      const std::size_t part = std::min(into.size() - done, block_.size() - place_);
+      std::copy_n(block_.begin() + static_cast<std::ptrdiff_t>(place_), part,
+                  into.begin() + static_cast<std::ptrdiff_t>(done));
+      place_ += part;
+      done += part;
+    }
+    return done;
+  }
+
+  // A number behind blanks and comments, no more than `most`; nothing when something else stands there.
+  std::optional<int> Number(int most) {
+    int character = SkipBlanks();
+    if (character < '0' || character > '9') return std::nullopt;
+    std::int64_t value = 0;
+    for (; character >= '0' && character <= '9'; character = Next()) {
+      value = std::min<std::int64_t>(value * 10 + (character - '0'), std::int64_t{most} + 1);
+    }
+    if (character >= 0) Back();
+    if (value > most) return std::nullopt;
+    return static_cast<int>(value);
+  }
+
+  // The first character that is neither blank nor part of a comment.
+  int SkipBlanks() {
+    int character = Next();
+    while (IsBlank(character) || character == '#') {
+      if (character == '#') {
+        while (character != '\n' && character != '\r' && character >= 0) character = Next();
+      } else {
+        character = Next();
+      }
+    }
+    return character;
+  }
+
+  std::string Line() {
+    constexpr std::size_t most = 4096;
+    std::string line;
+    for (int character = Next(); character >= 0 && character != '\n' && line.size() < most;
+         character = Next()) {
+      line += static_cast<char>(character);
+    }
+    return line;
+  }
+
+ private:
+  bool Fill() {
+    constexpr std::size_t blockBytes = std::size_t{1} << 16;
+    // The head alone is needed for the facts.
+    block_.resize(next_ == 0 ? PictureData::HeadSize : blockBytes);
+    block_.resize(source_.ReadAt(next_, block_));
+    next_ += block_.size();
+    place_ = 0;
+    return !block_.empty();
+  }
+
+  const ByteSource& source_;
+  std::vector<std::uint8_t> block_;
+  std::uint64_t next_;
+  std::size_t place_ = 0;
+};
+
+struct Header {
+  std::int64_t width = 0;
+  std::int64_t height = 0;
+  int most = 1;     // the greatest sample
+  int samples = 1;  // a pixel
+  bool plain = false;
+  bool bits = false;  // PBM: one bit a pixel, 1 is black
+  std::uint64_t pixelOffset = 0;
+};
+
+constexpr int MostNumber = 0x7FFFFFFF;
+constexpr int MostSample = 65535;
+
+void ReadPamHeader(Characters& file, Header& header) {
+  for (;;) {
+    const std::string line = file.Line();
+    if (line.starts_with("ENDHDR")) break;
+    const std::size_t space = line.find(' ');
+    const std::string word = line.substr(0, space);
+    if (line.empty() || line[0] == '#' || word == "TUPLTYPE") {
+      if (file.Next() < 0) Refuse("the header is cut");
+      file.Back();
+      continue;
+    }
+    const std::int64_t value = space == std::string::npos ? 0 : std::atoll(line.c_str() + space);
+    if (word == "WIDTH") header.width = value;
+    if (word == "HEIGHT") header.height = value;
+    if (word == "DEPTH") header.samples = static_cast<int>(std::clamp<std::int64_t>(value, 0, 5));
+    if (word == "MAXVAL") header.most = static_cast<int>(std::clamp<std::int64_t>(value, 0, MostSample + 1));
+  }
+  if (header.samples < 1 || header.samples > 4) Refuse("this number of channels is not known");
+}
+
+Header ReadHeader(Characters& file) {
+  Header header;
+  file.Next();
+  const int kind = file.Next();
+  if (kind == '7') {
+    file.Line();
+    ReadPamHeader(file, header);
+  } else {
+    header.plain = kind <= '3';
+    header.bits = kind == '1' || kind == '4';
+    header.samples = kind == '3' || kind == '6' ? 3 : 1;
+    const auto width = file.Number(MostNumber);
+    const auto height = file.Number(MostNumber);
+    if (!width || !height) Refuse("the size is missing");
+    header.width = *width;
+    header.height = *height;
+    if (!header.bits) header.most = file.Number(MostSample).value_or(0);
+    // One blank ends the header of a raw file; everything after it is pixels.
+    if (!header.plain) file.Next();
+  }
+  if (header.most < 1 || header.most > MostSample) Refuse("the greatest sample must be 1 to 65535");
+  header.pixelOffset = file.Position();
+  return header;
+}
+
+int DepthOf(const Header& header) {
+  if (header.most == 1 && header.samples == 1) return 1;
+  if (header.samples >= 3) return header.samples == 3 ? 24 : 32;
+  return (header.most > 255 ? 16 : 8) * header.samples;
+}
+
+class PnmDecoder final : public Decoder {
+ public:
+  PnmDecoder(const PictureData& data, const OpenOptions& options)
+      : source_(data.SharedSource()), limits_(options.limits) {
+    Characters file(*source_);
+    header_ = ReadHeader(file);
+    facts_.size = CheckedSize(header_.width, header_.height, limits_, data.Size());
+    facts_.bitsPerPixel = DepthOf(header_);
+    facts_.format = "PNM";
+    levels_.resize(static_cast<std::size_t>(header_.most) + 1);
+    const std::uint32_t most = static_cast<std::uint32_t>(header_.most);
+    for (std::uint32_t value = 0; value <= most; ++value) {
+      levels_[value] = static_cast<std::uint8_t>((value * 255 + most / 2) / most);
+    }
+  }
+
+  Pixels Decode(const DecodeRequest&) const override {
+    const bool alpha = header_.samples == 2 || header_.samples == 4;
+    Pixels pixels = Pixels::MakeUnfilled(facts_.size, alpha ? PixelFormat::Argb : PixelFormat::Rgb, limits_);
+    Characters file(*source_, header_.pixelOffset);
+    std::vector<std::uint8_t> bytes;
+    for (int y = 0; y < pixels.Height(); ++y) {
+      const auto row = pixels.Row(y);
+      std::size_t done = 0;
+      if (header_.plain) {
+        done = ReadPlainRow(file, row);
+      } else {
+        done = header_.bits ? ReadBitRow(file, bytes, row) : ReadRawRow(file, bytes, row);
+      }
+      std::ranges::fill(row.subspan(done), blankPixel);
+    }
+    if (alpha) DeclareOpaqueIfSo(pixels);
+    return pixels;
+  }
+
+ private:
+  // All readers return how many pixels there were.
+  std::size_t ReadPlainRow(Characters& file, std::span<std::uint32_t> row) const {
+    for (std::size_t x = 0; x < row.size(); ++x) {
+      std::array<std::uint8_t, 4> samples{};
+      for (std::size_t i = 0; i < static_cast<std::size_t>(header_.samples); ++i) {
+        if (header_.bits) {
+          // Digits need no blanks between them.
+          const int digit = file.SkipBlanks();
+          if (digit != '0' && digit != '1') return x;
+          samples[i] = digit == '1' ? 0 : 255;
+        } else {
+          const auto value = file.Number(MostNumber);
+          if (!value) return x;
+          samples[i] = Level(static_cast<std::uint32_t>(*value));
+        }
+      }
+      row[x] = Join(samples);
+    }
+    return row.size();
+  }
+
+  static std::size_t ReadBitRow(Characters& file, std::vector<std::uint8_t>& bytes,
+                                std::span<std::uint32_t> row) {
+    bytes.resize((row.size() + 7) / 8);
+    const std::size_t count = std::min(row.size(), file.Read(bytes) * 8);
+    for (std::size_t x = 0; x < count; ++x) {
+      row[x] = (bytes[x / 8] >> (7 - x % 8) & 1) != 0 ? 0xFF000000U : 0xFFFFFFFFU;
+    }
+    return count;
+  }
+
+  std::size_t ReadRawRow(Characters& file, std::vector<std::uint8_t>& bytes,
+                         std::span<std::uint32_t> row) const {
+    const std::size_t perSample = header_.most > 255 ? 2 : 1;
+    const std::size_t perPixel = perSample * static_cast<std::size_t>(header_.samples);
+    bytes.resize(row.size() * perPixel);
+    const std::size_t count = file.Read(bytes) / perPixel;
+    for (std::size_t x = 0; x < count; ++x) {
+      const std::uint8_t* in = bytes.data() + x * perPixel;
+      std::array<std::uint8_t, 4> samples{};
+      for (std::size_t i = 0; i < static_cast<std::size_t>(header_.samples); ++i) {
+        samples[i] =
+            Level(perSample == 1 ? in[i] : static_cast<std::uint32_t>(in[2 * i]) << 8 | in[2 * i + 1]);
+      }
+      row[x] = Join(samples);
+    }
+    return count;
+  }
+
+  // Samples above the greatest are taken for it.
+  std::uint8_t Level(std::uint32_t value) const {
+    return levels_[std::min<std::size_t>(value, levels_.size() - 1)];
+  }
+
+  std::uint32_t Join(const std::array<std::uint8_t, 4>& samples) const {
+    switch (header_.samples) {
+      case 1:
+        return Rgb(samples[0], samples[0], samples[0]);
+      case 2:
+        return (Rgb(samples[0], samples[0], samples[0]) & 0xFFFFFFU) | std::uint32_t{samples[1]} << 24;
+      case 3:
+        return Rgb(samples[0], samples[1], samples[2]);
+      default:
+        return (Rgb(samples[0], samples[1], samples[2]) & 0xFFFFFFU) | std::uint32_t{samples[3]} << 24;
+    }
+  }
+
+  std::shared_ptr<const ByteSource> source_;
+  PictureLimits limits_;
+  Header header_;
+  std::vector<std::uint8_t> levels_;
+};
+
+}  // namespace
+
+Match MatchPnm(const PictureData& data) {
+  const Bytes head = data.Head();
+  if (head.size() < 3 || head[0] != 'P' || head[1] < '1' || head[1] > '7') return Match::No;
+  return IsBlank(head[2]) || head[2] == '#' ? Match::Sure : Match::No;
+}
+
+std::unique_ptr<Decoder> OpenPnm(const PictureData& data, const OpenOptions& options) {
+  return std::make_unique<PnmDecoder>(data, options);
+}
+
+}  // namespace lumidex
