@@ -1,5 +1,5 @@
 // Draws the program's artwork: lumidex-artwork DIRECTORY writes the folders toolbar, application, folders,
-// types, splash and thumbnails there.
+// types, search, splash and thumbnails there.
 
 #include <filesystem>
 #include <fstream>
@@ -61,6 +61,14 @@ void WriteAll(const fs::path& directory) {
   WriteTypes(directory / "types");
   Write(directory / "splash" / "splash.png", EncodePng(Drawn({480, 320}, 480, DrawSplash)));
   Write(directory / "splash" / "backdrop.png", EncodePng(Drawn({512, 384}, 512, DrawBackdrop)));
+  Write(directory / "search" / "frames.png",
+        EncodePng(Drawn({96 * SearchFrames, 64}, 96 * SearchFrames, [](Canvas& canvas) {
+          for (int frame = 0; frame < SearchFrames; ++frame)
+            canvas.Within([&] {
+              canvas.Translate(96 * frame, 0);
+              DrawSearchFrame(canvas, frame);
+            });
+        })));
   Write(directory / "thumbnails" / "empty.png", EncodePng(Drawn({96, 96}, IconGrid, DrawEmptyThumbnail)));
   Write(directory / "thumbnails" / "error.png", EncodePng(Drawn({96, 96}, IconGrid, DrawErrorThumbnail)));
 }

@@ -1,5 +1,6 @@
 #include "artwork/windows.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <numbers>
@@ -199,6 +200,37 @@ void DrawErrorThumbnail(Canvas& canvas) {
   canvas.Rectangle(16, 14, 2, 4);
   canvas.Rectangle(16, 19, 2, 1.6);
   canvas.Fill(Paper.light);
+}
+
+void DrawSearchFrame(Canvas& canvas, int frame) {
+  const double turn = 2 * std::numbers::pi * frame / SearchFrames;
+  // The lens runs along a flat loop, so that the last frame leads back to the first.
+  const Point lens{44 + 30 * std::sin(turn), 26 + 7 * std::sin(2 * turn)};
+  for (int i = 0; i < 3; ++i) {
+    const double left = 3 + i * 30;
+    // A folder under the lens puts out its picture.
+    const double near = std::max(0.0, 1 - std::abs(lens.x - (left + 15)) / 16);
+    canvas.Within([&] {
+      canvas.Translate(left, 22);
+      canvas.Scale(1.25, 1.25);
+      canvas.Polygon({{2.5, 20}, {2.5, 6.5}, {9, 6.5}, {11, 8.5}, {21.5, 8.5}, {21.5, 20}});
+      canvas.FillAndStroke(Amber.base, Amber.dark, 1);
+      MiniPicture(canvas, 5.5, 9.5 - 6 * near, 13, 10);
+      canvas.RoundedRectangle(2.5, 12.5, 19, 9, 1);
+      Body(canvas, Amber, 12, 23);
+    });
+  }
+  canvas.Line(lens.x + 9, lens.y + 9, lens.x + 19, lens.y + 20);
+  canvas.Stroke(Amber.dark, 6);
+  canvas.Line(lens.x + 10, lens.y + 10, lens.x + 19, lens.y + 20);
+  canvas.Stroke(Amber.base, 3.6);
+  canvas.Circle(lens.x, lens.y, 12.5);
+  canvas.FillAndStroke(
+      Paint::Radial({lens.x - 4, lens.y - 5}, 20,
+                    {{0, Hex(0xFFFFFF, 0.6)}, {0.6, Hex(0xCBE5FB, 0.25)}, {1, Hex(0x86BCEE, 0.45)}}),
+      Grey.dark, 3.2);
+  canvas.Circle(lens.x, lens.y, 12.5);
+  canvas.Stroke(Grey.light, 1.2);
 }
 
 }  // namespace lumidex

@@ -23,4 +23,9 @@ void DrawBackdrop(Canvas& canvas);
 void DrawEmptyThumbnail(Canvas& canvas);
 void DrawErrorThumbnail(Canvas& canvas);
 
+// What plays while a search runs, as frames side by side: a lens that wanders over three folders. On a grid
+// 96 wide, 64 high.
+constexpr int SearchFrames = 16;
+void DrawSearchFrame(Canvas& canvas, int frame);
+
 }  // namespace lumidex
