@@ -1,0 +1,14 @@
+#pragma once
+// Pictures that tests encode and expect back.
+
+#include "gallery/encoders/indexed.h"
+
+namespace lumidex {
+
+// Slanting stripes, long and short runs and a blank band, so that every way of coding a row occurs. Uses all
+// colours of the palette.
+IndexedPicture Stripes(Size size, const Colours& palette);
+// `count` colours, all different, whose components are multiples of 255/15 and so survive six bits.
+Colours DistinctColours(int count);
+
+}  // namespace lumidex
