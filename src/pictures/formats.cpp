@@ -22,6 +22,7 @@
 #include "pictures/codecs/pnm.h"
 #include "pictures/codecs/ras.h"
 #include "pictures/codecs/tga.h"
+#include "pictures/codecs/tiff.h"
 #include "pictures/codecs/wpg.h"
 
 namespace lumidex {
@@ -45,6 +46,7 @@ constexpr std::string_view pngEndings[] = {".png"};
 constexpr std::string_view pnmEndings[] = {".pbm", ".pgm", ".ppm", ".pnm", ".pam"};
 constexpr std::string_view rasEndings[] = {".ras"};
 constexpr std::string_view tgaEndings[] = {".tga"};
+constexpr std::string_view tiffEndings[] = {".tif", ".tiff"};
 constexpr std::string_view wpgEndings[] = {".wpg"};
 
 // Formats with a signature come first; those without one, which go by their extension, stand last.
@@ -55,6 +57,7 @@ constexpr auto allCodecs = std::to_array<Codec>({
     {"ICO", icoEndings, MatchIco, OpenIco},
     {"CUR", curEndings, MatchCur, OpenCur},
     {"PNM", pnmEndings, MatchPnm, OpenPnm},
+    {"TIFF", tiffEndings, MatchTiff, OpenTiff},
     {"BMP", bmpEndings, MatchBmp, OpenBmp},
     {"IFF", iffEndings, MatchIff, OpenIff},
     {"MSP", mspEndings, MatchMsp, OpenMsp},
