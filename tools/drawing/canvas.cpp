@@ -156,7 +156,10 @@ void Canvas::Note(const Paint* fill, const Paint* line, double lineWidth) {
                                                                     cairo_path_destroy);
   for (int i = 0; i < path->num_data; i += path->data[i].header.length) {
     const cairo_path_data_t* data = &path->data[i];
-    if (data->header.type == CAIRO_PATH_CLOSE_PATH) continue;
+    if (data->header.type == CAIRO_PATH_CLOSE_PATH) {
+      shape.outlines.back().push_back(shape.outlines.back().front());
+      continue;
+    }
     Point point{data[1].point.x, data[1].point.y};
     cairo_user_to_device(Context(), &point.x, &point.y);
     if (data->header.type == CAIRO_PATH_MOVE_TO) shape.outlines.emplace_back();
@@ -164,7 +167,7 @@ void Canvas::Note(const Paint* fill, const Paint* line, double lineWidth) {
   }
   // Closing a path starts the next one on the same point, which is no outline until a line follows.
   std::erase_if(shape.outlines, [](const std::vector<Point>& outline) { return outline.size() < 2; });
-  shapes_->push_back(std::move(shape));
+  if (!shape.outlines.empty()) shapes_->push_back(std::move(shape));
 }
 
 void Canvas::Fill(const Paint& paint) {

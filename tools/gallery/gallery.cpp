@@ -2,10 +2,18 @@
 
 #include <algorithm>
 
+#include "gallery/drawing_files.h"
+#include "gallery/encoders/art_encoder.h"
 #include "gallery/encoders/bmp_encoder.h"
+#include "gallery/encoders/cut_encoder.h"
+#include "gallery/encoders/gem_encoder.h"
 #include "gallery/encoders/gif_encoder.h"
+#include "gallery/encoders/hrz_encoder.h"
 #include "gallery/encoders/icon_encoder.h"
 #include "gallery/encoders/jpeg_encoder.h"
+#include "gallery/encoders/mac_encoder.h"
+#include "gallery/encoders/msp_encoder.h"
+#include "gallery/encoders/pic_encoder.h"
 #include "gallery/encoders/png_encoder.h"
 #include "gallery/encoders/pnm_encoder.h"
 #include "gallery/encoders/tiff_encoder.h"
@@ -14,12 +22,27 @@
 namespace lumidex {
 namespace {
 
-// The scene's middle, as large as it goes while filling the whole picture.
-Pixels Draw(void (*scene)(Canvas&), Size size) {
+using Scene = void (*)(Canvas&);
+
+// Shows the scene's middle, as large as it goes while filling the whole picture.
+Canvas MakeCanvas(Size size) {
   Canvas canvas(size, std::min(SceneWidth, SceneHeight * size.width / size.height));
   canvas.Translate((canvas.Width() - SceneWidth) / 2, (canvas.Height() - SceneHeight) / 2);
+  return canvas;
+}
+
+Pixels Draw(Scene scene, Size size) {
+  Canvas canvas = MakeCanvas(size);
   scene(canvas);
   return canvas.ToPixels();
+}
+
+NotedDrawing Note(Scene scene, Size size) {
+  NotedDrawing drawing{size, {}};
+  Canvas canvas = MakeCanvas({size.width * NotedDrawing::Fineness, size.height * NotedDrawing::Fineness});
+  canvas.NoteShapes(&drawing.shapes);
+  scene(canvas);
+  return drawing;
 }
 
 IndexedPicture Coloured(const Pixels& pixels, int colours) {
@@ -31,8 +54,10 @@ IndexedPicture Flat(const Pixels& pixels, int colours) {
   return Reduce(pixels, MedianCut(pixels, colours), Dithering::None);
 }
 
+// Through grey, since black and white can't take up what is left of a colour.
 IndexedPicture BlackOnWhite(const Pixels& pixels) {
-  return Reduce(pixels, BlackAndWhite(), Dithering::ErrorDiffusion);
+  const Pixels grey = Expand(Reduce(pixels, GreyColours(256), Dithering::None));
+  return Reduce(grey, BlackAndWhite(), Dithering::ErrorDiffusion);
 }
 
 std::vector<std::uint8_t> EncodeStarIcon(const Pixels& largest) {
@@ -114,6 +139,57 @@ const std::vector<GalleryPicture>& GalleryPictures() {
        DrawRosette,
        "A tiling of stars, plain portable pixmap.",
        [](const Pixels& pixels) { return EncodePpm(pixels, PnmKind::Plain); }},
+      {"lighthouse.art",
+       {320, 240},
+       DrawLighthouse,
+       "A lighthouse in black and white, First Publisher clip art.",
+       [](const Pixels& pixels) { return EncodeArt(BlackOnWhite(pixels)); }},
+      {"balloons.cut",
+       {320, 240},
+       DrawBalloons,
+       "Balloons over hills, Dr. Halo with its palette file.",
+       [](const Pixels& pixels) { return EncodeCut(Coloured(pixels, 256)); },
+       [](const Pixels& pixels) { return EncodeCutPalette(Coloured(pixels, 256).palette); }},
+      {"cat.gem",
+       {320, 240},
+       DrawCat,
+       "A cat at a window, GEM bit image in black and white.",
+       [](const Pixels& pixels) { return EncodeGem(BlackOnWhite(pixels)); }},
+      {"sailboat.img",
+       {320, 240},
+       DrawSailboat,
+       "A sailing boat, GEM bit image of 16 colours.",
+       [](const Pixels& pixels) { return EncodeXimg(Flat(pixels, 16)); }},
+      {"lighthouse.hrz",
+       {256, 240},
+       DrawLighthouse,
+       "A lighthouse at dusk, slow-scan television.",
+       EncodeHrz},
+      {"poster.mac",
+       {576, 720},
+       DrawCatPoster,
+       "A poster of the cat, MacPaint page.",
+       [](const Pixels& pixels) { return EncodeMac(BlackOnWhite(pixels)); }},
+      {"still_life.msp",
+       {320, 240},
+       DrawStillLife,
+       "Fruit and a jug in black and white, Microsoft Paint.",
+       [](const Pixels& pixels) { return EncodeMsp(BlackOnWhite(pixels)); }},
+      {"parrot.pic",
+       {320, 200},
+       DrawParrot,
+       "A parrot, Pictor picture of 256 colours.",
+       [](const Pixels& pixels) { return EncodePic(Coloured(pixels, 256)); }},
+      {"sailboat.wmf",
+       {400, 300},
+       DrawSailboat,
+       "A sailing boat, Windows metafile.",
+       [](const Pixels& pixels) { return EncodeWmf(Note(DrawSailboat, pixels.GetSize())); }},
+      {"stars.emf",
+       {400, 300},
+       DrawStarTiles,
+       "A tiling of stars, enhanced metafile.",
+       [](const Pixels& pixels) { return EncodeEmf(Note(DrawStarTiles, pixels.GetSize())); }},
       {"star.ico", {48, 48}, DrawStar, "A star in 48, 32 and 16 pixels, icon.", EncodeStarIcon},
       {"pointer.cur",
        {32, 32},

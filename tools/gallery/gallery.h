@@ -16,6 +16,8 @@ struct GalleryPicture {
   void (*scene)(Canvas&);
   std::string description;  // one line for gallery/README.md
   std::function<std::vector<std::uint8_t>(const Pixels&)> encode;
+  // For a format whose palette is a file of its own, beside the picture and ending in ".pal".
+  std::function<std::vector<std::uint8_t>(const Pixels&)> encodePalette = nullptr;
 };
 
 // The picture's scene in full colour, as it is before a format takes colours away.

@@ -8,6 +8,8 @@
 
 namespace {
 
+using namespace lumidex;
+
 std::ofstream Create(const std::filesystem::path& path) {
   std::ofstream file;
   file.exceptions(std::ios::failbit | std::ios::badbit);
@@ -15,17 +17,23 @@ std::ofstream Create(const std::filesystem::path& path) {
   return file;
 }
 
-void Write(const std::filesystem::path& directory) {
+void WriteFile(const std::filesystem::path& path, const std::vector<std::uint8_t>& bytes) {
+  std::ofstream file = Create(path);
+  for (const std::uint8_t byte : bytes) file.put(static_cast<char>(byte));
+}
+
+void WriteAll(const std::filesystem::path& directory) {
   std::ofstream readme = Create(directory / "README.md");
   readme
       << "# Gallery\n\n"
          "Pictures to look at with Lumidex, at least one of every type it knows. All of them are drawn by\n"
          "`lumidex-gallery` (`tools/gallery`); run `lumidex-gallery gallery` to draw them again.\n\n"
          "| File | Size | What it is |\n| --- | --- | --- |\n";
-  for (const lumidex::GalleryPicture& picture : lumidex::GalleryPictures()) {
-    const std::vector<std::uint8_t> bytes = picture.encode(DrawScene(picture));
-    std::ofstream file = Create(directory / picture.file);
-    for (const std::uint8_t byte : bytes) file.put(static_cast<char>(byte));
+  for (const GalleryPicture& picture : GalleryPictures()) {
+    const Pixels scene = DrawScene(picture);
+    WriteFile(directory / picture.file, picture.encode(scene));
+    if (picture.encodePalette)
+      WriteFile((directory / picture.file).replace_extension(".pal"), picture.encodePalette(scene));
     readme << "| `" << picture.file << "` | " << picture.size.width << " x " << picture.size.height << " | "
            << picture.description << " |\n";
   }
@@ -39,7 +47,7 @@ int main(int count, char** arguments) {
     return 2;
   }
   try {
-    Write(arguments[1]);
+    WriteAll(arguments[1]);
   } catch (const std::exception& error) {
     std::cerr << "lumidex-gallery: " << error.what() << '\n';
     return 1;
