@@ -1,0 +1,26 @@
+#pragma once
+// Owning handles for the renderer's objects.
+
+#include <cairo.h>
+
+#include <memory>
+
+namespace lumidex::metafile {
+
+struct CairoRelease {
+  void operator()(cairo_t* context) const { cairo_destroy(context); }
+  void operator()(cairo_surface_t* surface) const { cairo_surface_destroy(surface); }
+  void operator()(cairo_pattern_t* pattern) const { cairo_pattern_destroy(pattern); }
+  void operator()(cairo_font_face_t* face) const { cairo_font_face_destroy(face); }
+  void operator()(cairo_scaled_font_t* font) const { cairo_scaled_font_destroy(font); }
+  void operator()(cairo_font_options_t* options) const { cairo_font_options_destroy(options); }
+};
+
+using CairoContext = std::unique_ptr<cairo_t, CairoRelease>;
+using CairoSurface = std::unique_ptr<cairo_surface_t, CairoRelease>;
+using CairoPattern = std::unique_ptr<cairo_pattern_t, CairoRelease>;
+using CairoFontFace = std::unique_ptr<cairo_font_face_t, CairoRelease>;
+using CairoScaledFont = std::unique_ptr<cairo_scaled_font_t, CairoRelease>;
+using CairoFontOptions = std::unique_ptr<cairo_font_options_t, CairoRelease>;
+
+}  // namespace lumidex::metafile

@@ -1,0 +1,105 @@
+#pragma once
+// The sheet that both metafile players draw on: outlines, pictures and text go in in pixels of the result
+// and are painted through Cairo, antialiased, within a budget of work. What exceeds the budget is left out.
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "pictures/metafile/cairo_handles.h"
+#include "pictures/metafile/clip.h"
+#include "pictures/metafile/mixing.h"
+#include "pictures/metafile/path.h"
+#include "pictures/metafile/text_face.h"
+#include "pictures/metafile/work_budget.h"
+#include "pictures/pixels.h"
+
+namespace lumidex::metafile {
+
+enum class FillRule { EvenOdd, Winding };
+
+// What an area or line is painted with; colours are 0xRRGGBB.
+struct Ink {
+  enum class Kind { None, Solid, Hatched, Tiled };
+  Kind kind = Kind::None;
+  std::uint32_t color = 0;
+  int hatch = 0;                            // 0 to 5: across, down, falling, rising, cross, diagonal cross
+  std::optional<std::uint32_t> background{};  // between the lines of a hatch; absent leaves the picture there
+  Pixels tile{};
+  Point origin{};
+  double tileScale = 1;  // pixels of the result per pixel of the tile
+};
+
+struct StrokeStyle {
+  double width = 1;  // in units of `pen`
+  Matrix pen;        // its linear part takes the round tip to the sheet: a pen may be wider than high
+  cairo_line_cap_t cap = CAIRO_LINE_CAP_ROUND;
+  cairo_line_join_t join = CAIRO_LINE_JOIN_ROUND;
+  double miterLimit = 10;
+  std::vector<double> dashes;  // lengths on and off in turn, in units of `pen`; none for a solid line
+};
+
+// A stretch of a picture and where it goes.
+struct ImagePart {
+  Pixels image;
+  Box source;      // in pixels of the image
+  Matrix toSheet;  // from pixels of the image to pixels of the sheet
+};
+
+struct ColorStop {
+  Point at;
+  std::uint32_t color = 0;
+};
+
+class Canvas {
+ public:
+  // Draws into `pixels`, which must outlive the canvas and whose alpha is undefined until Finish.
+  Canvas(Pixels& pixels, WorkBudget& budget);
+  ~Canvas();
+  Canvas(const Canvas&) = delete;
+  Canvas& operator=(const Canvas&) = delete;
+
+  Box Area() const { return area_; }
+  Clip WholeClip() const { return {area_, nullptr}; }
+  void CombineClip(Clip& clip, const Path& path, FillRule rule, ClipMode mode);
+
+  // `rasterOperation` is a binary one, 1 to 16.
+  void Fill(const Clip& clip, const Path& path, FillRule rule, const Ink& ink, int rasterOperation);
+  void Stroke(const Clip& clip, const Path& path, const StrokeStyle& style, const Ink& ink,
+              int rasterOperation);
+  void DrawImage(const Clip& clip, const ImagePart& part, double opacity = 1);
+  // `first` and `second` lie where the colour is that of their own, which goes on beyond them.
+  void FillGradient(const Clip& clip, const Path& path, const ColorStop& first, const ColorStop& second);
+  // A ternary raster operation over `area`, bit by bit; `source` may be absent when it takes no source.
+  void Transfer(const Clip& clip, const Path& area, int rasterOperation, const ImagePart* source,
+                const Ink& pattern);
+  // Draws one line of text; `toSheet` takes ems (x to the right, y down) to the sheet.
+  void DrawText(const Clip& clip, const TextFace& face, const std::string& text, const Matrix& toSheet,
+                std::uint32_t color);
+
+  // The box of everything drawn so far, also of what lay outside the sheet.
+  std::optional<Box> DrawnBox() const { return drawnBox_; }
+  // Sets every alpha to opaque; nothing may be drawn afterwards.
+  void Finish();
+  WorkBudget& Budget() { return budget_; }
+
+ private:
+  template <class Draw>
+  void Paint(const Clip& clip, const Box& bounds, cairo_operator_t blend, Draw draw);
+  void SetInk(cairo_t* context, const Ink& ink, const Mix* mix);
+  std::shared_ptr<cairo_surface_t> MakeMask();
+  // The part of `bounds` that shows; empty when nothing does. Remembers the bounds for DrawnBox.
+  Box Visible(const Clip& clip, const Box& bounds);
+
+  Pixels& pixels_;
+  WorkBudget& budget_;
+  Box area_;
+  CairoSurface surface_;
+  CairoContext context_;
+  std::optional<Box> drawnBox_;
+  std::shared_ptr<double> maskBytes_;  // shared with the masks, which may live longer than this
+};
+
+}  // namespace lumidex::metafile

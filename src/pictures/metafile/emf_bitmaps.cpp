@@ -1,0 +1,238 @@
+#include "pictures/metafile/emf_player.h"
+#include "pictures/metafile/emf_reading.h"
+
+namespace lumidex::metafile {
+namespace {
+
+constexpr std::size_t boundsBytes = 16;
+
+int TernaryOperation(ByteReader& reader) {
+  return static_cast<int>(reader.U32Le() >> 16 & 0xFF);
+}
+
+// A part of the source bitmap, through the map that was set on its own device.
+Box MappedSource(Point from, Point size, const Matrix& map) {
+  const Point a = map.Apply(from), b = map.Apply({from.x + size.x, from.y + size.y});
+  return {a.x, a.y, b.x, b.y};
+}
+
+Box TargetBox(const Blit& blit) {
+  return {blit.target.x, blit.target.y, blit.target.x + blit.targetSize.x, blit.target.y + blit.targetSize.y};
+}
+
+void MakeTransparent(Pixels& pixels, std::uint32_t color) {
+  for (int y = 0; y < pixels.Height(); ++y) {
+    for (std::uint32_t& word : pixels.Row(y))
+      if ((word & 0xFFFFFF) == color) word = 0;
+  }
+  pixels.SetFormat(PixelFormat::Argb);
+}
+
+}  // namespace
+
+EmfPlayer::BitmapPlace EmfPlayer::ReadPlace(ByteReader& reader) {
+  BitmapPlace place;
+  place.headerAt = reader.U32Le();
+  place.headerBytes = reader.U32Le();
+  place.bitsAt = reader.U32Le();
+  place.bitsBytes = reader.U32Le();
+  return place;
+}
+
+std::optional<EmbeddedImage> EmfPlayer::DecodeAt(const Record& record, const BitmapPlace& place, unsigned usage) {
+  if (!place.IsGiven()) return std::nullopt;
+  const auto stretch = [&](std::uint32_t at, std::uint32_t count) {
+    ByteReader reader(record.bytes);
+    reader.Seek(at);
+    return reader.Take(count);
+  };
+  return DecodeBitmap({.header = stretch(place.headerAt, place.headerBytes),
+                       .bits = stretch(place.bitsAt, place.bitsBytes),
+                       .usesPalette = usage == 1,
+                       .palette = drawing_.State().palette},
+                      drawing_.Sheet().Budget());
+}
+
+bool EmfPlayer::PlayBitmap(unsigned type, Record& record) {
+  record.reader.Skip(boundsBytes);
+  switch (type) {
+    case 76:
+      PlayBlock(record, false);
+      return true;
+    case 77:
+      PlayBlock(record, true);
+      return true;
+    case 78:
+      PlayMaskedBlock(record);
+      return true;
+    case 79:
+      PlayParallelogram(record);
+      return true;
+    case 80:
+      PlaySetDibToDevice(record);
+      return true;
+    case 81:
+      PlayStretchDib(record);
+      return true;
+    case 114:
+      PlayBlend(record, false);
+      return true;
+    case 116:
+      PlayBlend(record, true);
+      return true;
+    default:
+      return false;
+  }
+}
+
+void EmfPlayer::PlayBlock(Record& record, bool stretched) {
+  ByteReader& reader = record.reader;
+  Blit blit;
+  blit.target = ReadPoint(reader);
+  blit.targetSize = ReadPoint(reader);
+  blit.rasterOperation = TernaryOperation(reader);
+  const Point from = ReadPoint(reader);
+  const Matrix map = ReadMatrix(reader);
+  reader.Skip(4);
+  const std::uint32_t usage = reader.U32Le();
+  const BitmapPlace place = ReadPlace(reader);
+  const Point size = stretched ? ReadPoint(reader) : blit.targetSize;
+  if (!UsesSource(blit.rasterOperation)) return drawing_.TransferPattern(TargetBox(blit), blit.rasterOperation);
+  const auto image = DecodeAt(record, place, usage);
+  if (!image) return;
+  blit.source = MappedSource(from, size, map);
+  drawing_.Transfer(blit, image->pixels);
+}
+
+void EmfPlayer::PlayMaskedBlock(Record& record) {
+  ByteReader& reader = record.reader;
+  Blit blit;
+  blit.target = ReadPoint(reader);
+  blit.targetSize = ReadPoint(reader);
+  reader.Skip(4);
+  const Point from = ReadPoint(reader);
+  const Matrix map = ReadMatrix(reader);
+  reader.Skip(4);
+  const std::uint32_t usage = reader.U32Le();
+  const BitmapPlace place = ReadPlace(reader);
+  const Point maskFrom = ReadPoint(reader);
+  const std::uint32_t maskUsage = reader.U32Le();
+  const BitmapPlace maskPlace = ReadPlace(reader);
+  auto image = DecodeAt(record, place, usage);
+  if (!image) return;
+  blit.source = MappedSource(from, blit.targetSize, map);
+  // The operation has two halves, for the mask's ones and zeros; nearly always copying and leaving alone.
+  if (const auto mask = DecodeAt(record, maskPlace, maskUsage)) {
+    const int left = static_cast<int>(std::clamp(maskFrom.x - from.x, -32767.0, 32767.0));
+    const int top = static_cast<int>(std::clamp(maskFrom.y - from.y, -32767.0, 32767.0));
+    for (int y = 0; y < image->pixels.Height(); ++y) {
+      const auto row = image->pixels.Row(y);
+      for (int x = 0; x < image->pixels.Width(); ++x) {
+        std::uint32_t& word = row[static_cast<std::size_t>(x)];
+        const int maskX = x + left, maskY = y + top;
+        const bool inside = maskX >= 0 && maskY >= 0 && maskX < mask->pixels.Width() && maskY < mask->pixels.Height();
+        const bool shown = inside && (mask->pixels.Row(maskY)[static_cast<std::size_t>(maskX)] & 0xFFFFFF) != 0;
+        word = shown ? word | 0xFF000000u : 0;
+      }
+    }
+    image->pixels.SetFormat(PixelFormat::Argb);
+  }
+  drawing_.Blend(blit, image->pixels, 1);
+}
+
+void EmfPlayer::PlayParallelogram(Record& record) {
+  ByteReader& reader = record.reader;
+  std::array<Point, 3> corners{};
+  for (Point& corner : corners) corner = ReadPoint(reader);
+  const Point from = ReadPoint(reader), size = ReadPoint(reader);
+  const Matrix map = ReadMatrix(reader);
+  reader.Skip(4);
+  const std::uint32_t usage = reader.U32Le();
+  const BitmapPlace place = ReadPlace(reader);
+  if (const auto image = DecodeAt(record, place, usage))
+    drawing_.Parallelogram(MappedSource(from, size, map), corners, image->pixels);
+}
+
+void EmfPlayer::PlayBlend(Record& record, bool byColor) {
+  ByteReader& reader = record.reader;
+  Blit blit;
+  blit.target = ReadPoint(reader);
+  blit.targetSize = ReadPoint(reader);
+  const std::uint32_t how = reader.U32Le();
+  const Point from = ReadPoint(reader);
+  const Matrix map = ReadMatrix(reader);
+  reader.Skip(4);
+  const std::uint32_t usage = reader.U32Le();
+  const BitmapPlace place = ReadPlace(reader);
+  const Point size = ReadPoint(reader);
+  auto image = DecodeAt(record, place, usage);
+  if (!image) return;
+  blit.source = MappedSource(from, size, map);
+  if (byColor) {
+    MakeTransparent(image->pixels, drawing_.Color(how));
+    return drawing_.Blend(blit, image->pixels, 1);
+  }
+  const double opacity = (how >> 16 & 0xFF) / 255.0;
+  const bool ownTransparency = (how >> 24 & 1) != 0;
+  // The bitmap's own alpha comes multiplied in already, in the byte that plain bitmaps leave unused.
+  if (ownTransparency) {
+    ByteReader header(record.bytes);
+    header.Seek(place.headerAt + 14);
+    const bool deep = header.U16Le() == 32;
+    if (deep) ReadAlpha(record, place, image->pixels, image->topDown);
+  }
+  drawing_.Blend(blit, image->pixels, opacity);
+}
+
+void EmfPlayer::ReadAlpha(const Record& record, const BitmapPlace& place, Pixels& pixels, bool topDown) {
+  ByteReader bits(record.bytes);
+  bits.Seek(place.bitsAt);
+  for (int y = 0; y < pixels.Height(); ++y) {
+    for (std::uint32_t& word : pixels.Row(topDown ? y : pixels.Height() - 1 - y)) word = bits.U32Le();
+  }
+  // Colours above their alpha can not be; they would make the renderer overflow.
+  for (int y = 0; y < pixels.Height(); ++y) {
+    for (std::uint32_t& word : pixels.Row(y)) {
+      const std::uint32_t alpha = word >> 24;
+      const auto capped = [&](int shift) { return std::min(word >> shift & 0xFF, alpha) << shift; };
+      word = alpha << 24 | capped(16) | capped(8) | capped(0);
+    }
+  }
+  pixels.SetFormat(PixelFormat::ArgbPremultiplied);
+}
+
+void EmfPlayer::PlayStretchDib(Record& record) {
+  ByteReader& reader = record.reader;
+  Blit blit;
+  blit.target = ReadPoint(reader);
+  const Point from = ReadPoint(reader), size = ReadPoint(reader);
+  const BitmapPlace place = ReadPlace(reader);
+  const std::uint32_t usage = reader.U32Le();
+  blit.rasterOperation = TernaryOperation(reader);
+  blit.targetSize = ReadPoint(reader);
+  if (!UsesSource(blit.rasterOperation)) return drawing_.TransferPattern(TargetBox(blit), blit.rasterOperation);
+  const auto image = DecodeAt(record, place, usage);
+  if (!image) return;
+  // The part is counted from the bitmap's first stored row, which is its lowest.
+  const double top = image->topDown ? from.y : image->pixels.Height() - from.y - size.y;
+  blit.source = {from.x, top, from.x + size.x, top + size.y};
+  drawing_.Transfer(blit, image->pixels);
+}
+
+void EmfPlayer::PlaySetDibToDevice(Record& record) {
+  ByteReader& reader = record.reader;
+  Blit blit;
+  blit.target = ReadPoint(reader);
+  const Point from = ReadPoint(reader);
+  const Point size = ReadPoint(reader);
+  const BitmapPlace place = ReadPlace(reader);
+  const std::uint32_t usage = reader.U32Le();
+  const auto image = DecodeAt(record, place, usage);
+  if (!image) return;
+  const double top = image->topDown ? from.y : image->pixels.Height() - from.y - size.y;
+  blit.source = {from.x, top, from.x + size.x, top + size.y};
+  blit.targetSize = size;
+  drawing_.Transfer(blit, image->pixels);
+}
+
+}  // namespace lumidex::metafile

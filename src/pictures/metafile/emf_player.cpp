@@ -1,0 +1,234 @@
+#include "pictures/metafile/emf_player.h"
+
+#include "pictures/metafile/emf_reading.h"
+
+namespace lumidex::metafile {
+namespace {
+
+constexpr std::uint32_t signature = 0x464D4520;  // " EMF"
+constexpr std::uint32_t smallestHeader = 88;
+constexpr std::uint32_t recordHeaderBytes = 8;
+constexpr unsigned endOfFile = 14;
+
+}  // namespace
+
+std::optional<EmfHeader> ReadEmfHeader(Bytes head) {
+  ByteReader reader(head);
+  EmfHeader header;
+  if (reader.U32Le() != 1) return std::nullopt;
+  header.recordsAt = reader.U32Le();
+  header.bounds = ReadBox(reader);
+  header.frame = ReadBox(reader);
+  if (reader.U32Le() != signature || header.recordsAt < smallestHeader) return std::nullopt;
+  reader.Seek(72);
+  header.devicePixels = ReadPoint(reader);
+  header.deviceMillimetres = ReadPoint(reader);
+  if (reader.WasCut()) return std::nullopt;
+  return header;
+}
+
+void EmfPlayer::Play(Bytes records) {
+  ByteReader reader(records);
+  while (reader.Remaining() >= recordHeaderBytes) {
+    const std::size_t start = reader.Position();
+    const unsigned type = reader.U32Le();
+    const std::uint32_t size = reader.U32Le();
+    if (size < recordHeaderBytes || type == endOfFile) return;
+    reader.Seek(start);
+    // The last record of a cut file is played with what there is of it.
+    const Bytes bytes = reader.Take(size);
+    Record record{bytes, ByteReader(bytes)};
+    record.reader.Skip(recordHeaderBytes);
+    PlayRecord(type, record);
+  }
+}
+
+void EmfPlayer::PlayRecord(unsigned type, Record record) {
+  ByteReader& reader = record.reader;
+  PlaySetting(type, reader) || PlayMapping(type, reader) || PlayShape(type, reader) ||
+      PlayPoints(type, reader) || PlayPath(type, reader) || PlayClip(type, reader) ||
+      PlayObject(type, record) || PlayText(type, record) || PlayBitmap(type, record);
+}
+
+bool EmfPlayer::PlaySetting(unsigned type, ByteReader& reader) {
+  DeviceState& state = drawing_.State();
+  switch (type) {
+    case 13:
+      state.brushOrigin = ReadPoint(reader);
+      return true;
+    case 18:
+      state.opaqueBackground = reader.U32Le() == 2;
+      return true;
+    case 19:
+      state.fillRule = reader.U32Le() == 2 ? FillRule::Winding : FillRule::EvenOdd;
+      return true;
+    case 20:
+      state.rasterOperation = static_cast<int>(reader.U32Le() & 0xFF);
+      return true;
+    case 22:
+      state.textAlign = reader.U32Le();
+      return true;
+    case 24:
+      state.textColor = drawing_.Color(reader.U32Le());
+      return true;
+    case 25:
+      state.backgroundColor = drawing_.Color(reader.U32Le());
+      return true;
+    case 33:
+      drawing_.Save();
+      return true;
+    case 34:
+      drawing_.Restore(reader.S32Le());
+      return true;
+    case 57:
+      state.clockwiseArcs = reader.U32Le() == 2;
+      return true;
+    case 58:
+      // A whole number in the files that exist, though the manual says a float.
+      state.miterLimit = std::clamp<double>(reader.U32Le(), 1, 1000);
+      return true;
+    default:
+      return false;
+  }
+}
+
+bool EmfPlayer::PlayMapping(unsigned type, ByteReader& reader) {
+  Mapping& mapping = drawing_.State().mapping;
+  Matrix& world = drawing_.State().world;
+  const auto scale = [&](Point& extent) {
+    const double across = reader.S32Le(), acrossBy = reader.S32Le();
+    const double down = reader.S32Le(), downBy = reader.S32Le();
+    if (across != 0 && acrossBy != 0) extent.x *= across / acrossBy;
+    if (down != 0 && downBy != 0) extent.y *= down / downBy;
+  };
+  switch (type) {
+    case 9:
+      mapping.windowExtent = ReadPoint(reader);
+      return true;
+    case 10:
+      mapping.windowOrigin = ReadPoint(reader);
+      return true;
+    case 11:
+      mapping.viewportExtent = ReadPoint(reader);
+      return true;
+    case 12:
+      mapping.viewportOrigin = ReadPoint(reader);
+      return true;
+    case 17:
+      mapping.mode = static_cast<int>(reader.U32Le() & 0xFF);
+      return true;
+    case 31:
+      scale(mapping.viewportExtent);
+      return true;
+    case 32:
+      scale(mapping.windowExtent);
+      return true;
+    case 35:
+      world = ReadMatrix(reader);
+      return true;
+    case 36: {
+      const Matrix matrix = ReadMatrix(reader);
+      const std::uint32_t mode = reader.U32Le();
+      if (mode == 1) world = {};
+      if (mode == 2) world = matrix.Then(world);
+      if (mode == 3) world = world.Then(matrix);
+      if (mode == 4) world = matrix;
+      return true;
+    }
+    default:
+      return false;
+  }
+}
+
+bool EmfPlayer::PlayPath(unsigned type, ByteReader& reader) {
+  switch (type) {
+    case 59:
+      drawing_.BeginPath();
+      return true;
+    case 60:
+      drawing_.EndPath();
+      return true;
+    case 61:
+      drawing_.CloseFigure();
+      return true;
+    case 62:
+      drawing_.DrawPath(true, false);
+      return true;
+    case 63:
+      drawing_.DrawPath(true, true);
+      return true;
+    case 64:
+      drawing_.DrawPath(false, true);
+      return true;
+    case 65:
+      drawing_.FlattenPath();
+      return true;
+    case 67:
+      drawing_.ClipToPath(static_cast<ClipMode>(std::clamp<std::uint32_t>(reader.U32Le(), 1, 5)));
+      return true;
+    case 68:
+      drawing_.AbortPath();
+      return true;
+    default:
+      return false;
+  }
+}
+
+namespace {
+
+// The boxes of region data at the reader.
+std::vector<Box> ReadRegion(ByteReader& reader) {
+  const std::uint32_t headerBytes = reader.U32Le();
+  reader.Skip(4);
+  const std::uint32_t count = reader.U32Le();
+  reader.Skip(headerBytes >= 12 ? std::min<std::size_t>(headerBytes - 12, reader.Remaining()) : 0);
+  std::vector<Box> boxes(std::min<std::size_t>(count, reader.Remaining() / 16));
+  for (Box& box : boxes) box = ReadBox(reader);
+  return boxes;
+}
+
+}  // namespace
+
+bool EmfPlayer::PlayClip(unsigned type, ByteReader& reader) {
+  switch (type) {
+    case 26:
+      drawing_.OffsetClip(ReadPoint(reader));
+      return true;
+    case 29:
+      drawing_.ClipBox(ReadBox(reader), ClipMode::Difference);
+      return true;
+    case 30:
+      drawing_.ClipBox(ReadBox(reader), ClipMode::And);
+      return true;
+    case 71: {
+      reader.Skip(20);
+      const auto* brush = std::get_if<Brush>(&objects_.Get(reader.U32Le()));
+      if (brush) FillRegion(reader, *brush);
+      return true;
+    }
+    case 74:
+      reader.Skip(20);
+      FillRegion(reader, drawing_.State().brush);
+      return true;
+    case 75: {
+      const std::uint32_t bytes = reader.U32Le();
+      const auto mode = static_cast<ClipMode>(std::clamp<std::uint32_t>(reader.U32Le(), 1, 5));
+      if (bytes == 0) {
+        drawing_.ResetClip();
+      } else {
+        drawing_.ClipRegion(ReadRegion(reader), mode, true);
+      }
+      return true;
+    }
+    default:
+      return false;
+  }
+}
+
+void EmfPlayer::FillRegion(ByteReader& reader, const Brush& brush) {
+  Path path;
+  for (const Box& box : ReadRegion(reader)) path.AddBox(box);
+  drawing_.FillShape(path, brush, FillRule::Winding);
+}
+
+}  // namespace lumidex::metafile

@@ -1,0 +1,24 @@
+#pragma once
+// Turns the text of metafile records into UTF-8, letter by letter, since records place letters one by one.
+
+#include <string>
+#include <vector>
+
+#include "pictures/metafile/device_state.h"
+#include "pictures/picture_data.h"
+
+namespace lumidex::metafile {
+
+struct Letter {
+  std::string text;       // UTF-8
+  std::size_t codes = 1;  // how many of the stored codes it took
+};
+
+// Text in the code page of the font's character set.
+std::vector<Letter> LettersFromCodePage(Bytes text, const Font& font);
+// Text in UTF-16, low byte first.
+std::vector<Letter> LettersFromUtf16(Bytes text, const Font& font);
+// A font name in UTF-16 that ends at its first zero.
+std::string NameFromUtf16(Bytes text);
+
+}  // namespace lumidex::metafile

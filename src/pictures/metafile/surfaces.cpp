@@ -1,0 +1,150 @@
+#include "pictures/metafile/surfaces.h"
+
+#include <array>
+
+namespace lumidex::metafile {
+namespace {
+
+std::uint32_t Premultiplied(std::uint32_t word) {
+  const std::uint32_t alpha = word >> 24;
+  const auto scaled = [&](int shift) { return ((word >> shift & 0xFF) * alpha + 127) / 255 << shift; };
+  return alpha << 24 | scaled(16) | scaled(8) | scaled(0);
+}
+
+// A copy of part of an image in the renderer's own form; `part` lies within the image.
+CairoSurface CopiedSurface(const Pixels& pixels, const Box& part) {
+  CairoSurface surface(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, static_cast<int>(part.Width()),
+                                                  static_cast<int>(part.Height())));
+  for (int y = 0; y < static_cast<int>(part.Height()); ++y) {
+    std::uint32_t* const to = SurfaceRow(surface.get(), y);
+    if (!to) break;
+    const auto row = pixels.Row(static_cast<int>(part.top) + y)
+                         .subspan(static_cast<std::size_t>(part.left), static_cast<std::size_t>(part.Width()));
+    for (std::size_t x = 0; x < row.size(); ++x) {
+      switch (pixels.Format()) {
+        case PixelFormat::Rgb:
+          to[x] = row[x] | 0xFF000000u;
+          break;
+        case PixelFormat::Argb:
+          to[x] = Premultiplied(row[x]);
+          break;
+        case PixelFormat::ArgbPremultiplied:
+          to[x] = row[x];
+          break;
+      }
+    }
+  }
+  cairo_surface_mark_dirty(surface.get());
+  return surface;
+}
+
+// A pattern that reads its surface through the inverse of `toSheet`.
+CairoPattern SurfacePattern(cairo_surface_t* surface, const Matrix& toSheet) {
+  CairoPattern pattern(cairo_pattern_create_for_surface(surface));
+  cairo_matrix_t matrix;
+  cairo_matrix_init(&matrix, toSheet.xx, toSheet.yx, toSheet.xy, toSheet.yy, toSheet.x0, toSheet.y0);
+  if (cairo_matrix_invert(&matrix) == CAIRO_STATUS_SUCCESS) cairo_pattern_set_matrix(pattern.get(), &matrix);
+  return pattern;
+}
+
+// Each row of the eight by eight cell, its leftmost pixel in the highest bit.
+constexpr std::array<std::array<std::uint8_t, 8>, 6> hatchRows = {{
+    {0, 0, 0, 0xFF, 0, 0, 0, 0},
+    {0x10, 0x10, 0x10, 0x10, 0x10, 0x10, 0x10, 0x10},
+    {0x80, 0x40, 0x20, 0x10, 0x08, 0x04, 0x02, 0x01},
+    {0x01, 0x02, 0x04, 0x08, 0x10, 0x20, 0x40, 0x80},
+    {0x10, 0x10, 0x10, 0xFF, 0x10, 0x10, 0x10, 0x10},
+    {0x81, 0x42, 0x24, 0x18, 0x18, 0x24, 0x42, 0x81},
+}};
+
+}  // namespace
+
+CairoSurface SharedSurface(Pixels& pixels, cairo_format_t format) {
+  return CairoSurface(cairo_image_surface_create_for_data(reinterpret_cast<unsigned char*>(pixels.Data()),
+                                                          format, pixels.Width(), pixels.Height(),
+                                                          pixels.Width() * 4));
+}
+
+CairoSurface BlankSurface(const Box& box, cairo_format_t format) {
+  CairoSurface surface(
+      cairo_image_surface_create(format, static_cast<int>(box.Width()), static_cast<int>(box.Height())));
+  cairo_surface_set_device_offset(surface.get(), -box.left, -box.top);
+  return surface;
+}
+
+std::uint32_t* SurfaceRow(cairo_surface_t* surface, int y) {
+  unsigned char* const data = cairo_image_surface_get_data(surface);
+  if (!data) return nullptr;
+  return reinterpret_cast<std::uint32_t*>(data +
+                                          std::ptrdiff_t{cairo_image_surface_get_stride(surface)} * y);
+}
+
+CairoPattern SolidPattern(std::uint32_t color) {
+  return CairoPattern(cairo_pattern_create_rgb((color >> 16 & 0xFF) / 255.0, (color >> 8 & 0xFF) / 255.0,
+                                               (color & 0xFF) / 255.0));
+}
+
+CairoPattern HatchPattern(int hatch, std::uint32_t color, std::optional<std::uint32_t> background,
+                          Point origin) {
+  const CairoSurface surface(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, 8, 8));
+  const auto& rows = hatchRows[static_cast<std::size_t>(std::clamp(hatch, 0, 5))];
+  for (int y = 0; y < 8; ++y) {
+    std::uint32_t* const row = SurfaceRow(surface.get(), y);
+    if (!row) break;
+    for (int x = 0; x < 8; ++x) {
+      const bool line = rows[static_cast<std::size_t>(y)] >> (7 - x) & 1;
+      row[x] = line ? color | 0xFF000000u : background ? *background | 0xFF000000u : 0;
+    }
+  }
+  cairo_surface_mark_dirty(surface.get());
+  CairoPattern pattern = SurfacePattern(
+      surface.get(), {.x0 = std::floor(origin.x), .y0 = std::floor(origin.y)});
+  cairo_pattern_set_extend(pattern.get(), CAIRO_EXTEND_REPEAT);
+  cairo_pattern_set_filter(pattern.get(), CAIRO_FILTER_NEAREST);
+  return pattern;
+}
+
+CairoPattern TilePattern(const Pixels& tile, Point origin, double scale) {
+  const Box all{0, 0, static_cast<double>(tile.Width()), static_cast<double>(tile.Height())};
+  const CairoSurface surface = CopiedSurface(tile, all);
+  const double size = std::clamp(scale, 1 / 16.0, 64.0);
+  CairoPattern pattern = SurfacePattern(
+      surface.get(), {.xx = size, .yy = size, .x0 = std::floor(origin.x), .y0 = std::floor(origin.y)});
+  cairo_pattern_set_extend(pattern.get(), CAIRO_EXTEND_REPEAT);
+  cairo_pattern_set_filter(pattern.get(), size < 1 ? CAIRO_FILTER_BILINEAR : CAIRO_FILTER_NEAREST);
+  return pattern;
+}
+
+std::optional<PlacedImage> PlaceImage(const ImagePart& part) {
+  const Box whole{0, 0, static_cast<double>(part.image.Width()), static_cast<double>(part.image.Height())};
+  const Box source = part.source.GrownToWhole().Intersected(whole);
+  if (source.IsEmpty() || !part.toSheet.IsUsable()) return std::nullopt;
+  Matrix toSheet = Matrix{.x0 = source.left, .y0 = source.top}.Then(part.toSheet);
+  const double width = source.Width(), height = source.Height();
+  if (toSheet.KeepsAxes()) {
+    const Point from = toSheet.Apply({0, 0}), to = toSheet.Apply({width, height});
+    Box target = Box{from.x, from.y, to.x, to.y}.Normalised().Rounded();
+    target.right = std::max(target.right, target.left + 1);
+    target.bottom = std::max(target.bottom, target.top + 1);
+    const bool mirrored = toSheet.xx < 0, flipped = toSheet.yy < 0;
+    toSheet.xx = target.Width() / width * (mirrored ? -1 : 1);
+    toSheet.yy = target.Height() / height * (flipped ? -1 : 1);
+    toSheet.x0 = mirrored ? target.right : target.left;
+    toSheet.y0 = flipped ? target.bottom : target.top;
+  }
+  if (!toSheet.IsUsable()) return std::nullopt;
+  PlacedImage placed;
+  Path outline;
+  outline.AddBox({0, 0, width, height});
+  placed.outline = outline.Transformed(toSheet);
+  placed.pattern = SurfacePattern(CopiedSurface(part.image, source).get(), toSheet);
+  cairo_pattern_set_extend(placed.pattern.get(), CAIRO_EXTEND_PAD);
+  const double across = toSheet.HorizontalScale(), down = toSheet.VerticalScale();
+  const bool same = std::abs(across - 1) < 1e-6 && std::abs(down - 1) < 1e-6 && toSheet.KeepsAxes();
+  cairo_pattern_set_filter(placed.pattern.get(), same ? CAIRO_FILTER_NEAREST : CAIRO_FILTER_GOOD);
+  // The renderer averages over at most sixteen by sixteen pixels.
+  placed.shrinking = std::clamp(1 / across, 1.0, 16.0) * std::clamp(1 / down, 1.0, 16.0);
+  return placed;
+}
+
+}  // namespace lumidex::metafile

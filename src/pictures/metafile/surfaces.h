@@ -1,0 +1,36 @@
+#pragma once
+// Turns pixels, hatches and placed images into what the renderer paints with.
+
+#include <cstdint>
+#include <optional>
+
+#include "pictures/metafile/cairo_handles.h"
+#include "pictures/metafile/canvas.h"
+
+namespace lumidex::metafile {
+
+// A surface over the words of `pixels`, which must outlive it.
+CairoSurface SharedSurface(Pixels& pixels, cairo_format_t format);
+// An empty surface whose coordinates are those of `box`, a box of whole pixels.
+CairoSurface BlankSurface(const Box& box, cairo_format_t format);
+// A row of a 32-bit image surface, counted from its top; null when the surface could not be made.
+std::uint32_t* SurfaceRow(cairo_surface_t* surface, int y);
+
+CairoPattern SolidPattern(std::uint32_t color);
+CairoPattern HatchPattern(int hatch, std::uint32_t color, std::optional<std::uint32_t> background,
+                          Point origin);
+CairoPattern TilePattern(const Pixels& tile, Point origin, double scale);
+
+struct PlacedImage {
+  CairoPattern pattern;
+  Path outline;          // on the sheet
+  double shrinking = 1;  // pixels of the image per pixel of the sheet, at least 1
+
+  double CostPerPixel() const { return 10 + 10 * shrinking; }
+};
+
+// Upright images are moved to whole pixels, so that one cut into strips shows no seams. Nothing when the
+// part is empty or its map can not be used.
+std::optional<PlacedImage> PlaceImage(const ImagePart& part);
+
+}  // namespace lumidex::metafile

@@ -1,0 +1,81 @@
+#include "pictures/metafile/text_face.h"
+
+#include <cmath>
+
+namespace lumidex::metafile {
+namespace {
+
+// Large enough that rounding to the font's own grid does not show.
+constexpr double measuringSize = 256;
+
+}  // namespace
+
+CairoFontOptions TextFace::Options() {
+  CairoFontOptions options(cairo_font_options_create());
+  cairo_font_options_set_antialias(options.get(), CAIRO_ANTIALIAS_GRAY);
+  cairo_font_options_set_hint_style(options.get(), CAIRO_HINT_STYLE_NONE);
+  cairo_font_options_set_hint_metrics(options.get(), CAIRO_HINT_METRICS_OFF);
+  return options;
+}
+
+TextFace::TextFace(const std::string& family, bool bold, bool italic)
+    : face_(cairo_toy_font_face_create(family.c_str(),
+                                       italic ? CAIRO_FONT_SLANT_ITALIC : CAIRO_FONT_SLANT_NORMAL,
+                                       bold ? CAIRO_FONT_WEIGHT_BOLD : CAIRO_FONT_WEIGHT_NORMAL)) {
+  cairo_matrix_t size, identity;
+  cairo_matrix_init_scale(&size, measuringSize, measuringSize);
+  cairo_matrix_init_identity(&identity);
+  measuring_.reset(cairo_scaled_font_create(face_.get(), &size, &identity, Options().get()));
+  cairo_font_extents_t extents{};
+  cairo_scaled_font_extents(measuring_.get(), &extents);
+  if (extents.ascent > 0 && extents.descent >= 0) {
+    ascent_ = extents.ascent / measuringSize;
+    descent_ = extents.descent / measuringSize;
+  }
+}
+
+double TextFace::Advance(const std::string& text) const {
+  cairo_text_extents_t extents{};
+  cairo_scaled_font_text_extents(measuring_.get(), text.c_str(), &extents);
+  return std::isfinite(extents.x_advance) ? extents.x_advance / measuringSize : 0;
+}
+
+double TextFace::MeanAdvance() const {
+  const double mean = Advance("abcdefghijklmnopqrstuvwxyz") / 26;
+  return mean > 0.05 ? mean : 0.5;
+}
+
+Path TextFace::Outline(const std::string& text) const {
+  // The text path needs a context, and that a surface; nothing is painted on it.
+  const CairoSurface surface(cairo_image_surface_create(CAIRO_FORMAT_A8, 1, 1));
+  const CairoContext context(cairo_create(surface.get()));
+  cairo_set_scaled_font(context.get(), measuring_.get());
+  cairo_move_to(context.get(), 0, 0);
+  cairo_text_path(context.get(), text.c_str());
+  const std::unique_ptr<cairo_path_t, decltype(&cairo_path_destroy)> traced(cairo_copy_path(context.get()),
+                                                                            &cairo_path_destroy);
+  Path outline;
+  for (int i = 0; i < traced->num_data; i += traced->data[i].header.length) {
+    const cairo_path_data_t* const item = &traced->data[i];
+    const auto point = [&](int index) {
+      return Point{item[index].point.x / measuringSize, item[index].point.y / measuringSize};
+    };
+    switch (item->header.type) {
+      case CAIRO_PATH_MOVE_TO:
+        outline.MoveTo(point(1));
+        break;
+      case CAIRO_PATH_LINE_TO:
+        outline.LineTo(point(1));
+        break;
+      case CAIRO_PATH_CURVE_TO:
+        outline.CurveTo(point(1), point(2), point(3));
+        break;
+      case CAIRO_PATH_CLOSE_PATH:
+        outline.Close();
+        break;
+    }
+  }
+  return outline;
+}
+
+}  // namespace lumidex::metafile

@@ -1,0 +1,38 @@
+#pragma once
+// A font as the renderer offers it: its metrics in ems and its outlines. A family that is not installed
+// becomes the sans serif one.
+
+#include <string>
+
+#include "pictures/metafile/cairo_handles.h"
+#include "pictures/metafile/path.h"
+
+namespace lumidex::metafile {
+
+class TextFace {
+ public:
+  TextFace(const std::string& family, bool bold, bool italic);
+
+  // In ems, both positive.
+  double Ascent() const { return ascent_; }
+  double Descent() const { return descent_; }
+  // How far `text` (UTF-8) moves the pen, in ems.
+  double Advance(const std::string& text) const;
+  // The mean advance of the small letters, in ems.
+  double MeanAdvance() const;
+
+  // The letters' outlines in ems, the pen starting at the origin.
+  Path Outline(const std::string& text) const;
+
+  cairo_font_face_t* Handle() const { return face_.get(); }
+  // Unhinted, so that text keeps its shape at every size.
+  static CairoFontOptions Options();
+
+ private:
+  CairoFontFace face_;
+  CairoScaledFont measuring_;
+  double ascent_ = 0.9;
+  double descent_ = 0.2;
+};
+
+}  // namespace lumidex::metafile

@@ -1,0 +1,151 @@
+#include "pictures/metafile/letters.h"
+#include "pictures/metafile/wmf_player.h"
+
+namespace lumidex::metafile {
+namespace {
+
+Font ReadFont(ByteReader& record) {
+  Font font;
+  font.height = record.S16Le();
+  font.width = record.S16Le();
+  font.escapement = record.S16Le();
+  record.Skip(2);
+  font.weight = record.S16Le();
+  font.italic = record.U8() != 0;
+  font.underlined = record.U8() != 0;
+  font.struckOut = record.U8() != 0;
+  font.charset = record.U8();
+  record.Skip(3);
+  font.pitchAndFamily = record.U8();
+  const Bytes name = record.Take(std::min<std::size_t>(record.Remaining(), 32));
+  const Bytes upToZero(name.begin(), std::ranges::find(name, 0));
+  for (const Letter& letter : LettersFromCodePage(upToZero, font)) font.family += letter.text;
+  return font;
+}
+
+Pen ReadPen(ByteReader& record, const Drawing& drawing) {
+  Pen pen;
+  // Of the style word, only what a plain pen may have.
+  pen.style = record.U16Le() & (pen_style::dashMask | pen_style::capMask | pen_style::joinMask);
+  pen.width = record.S16Le();
+  record.Skip(2);
+  pen.ink.color = drawing.Color(record.U32Le());
+  if ((pen.style & pen_style::dashMask) >= pen_style::user) pen.style &= ~pen_style::dashMask;
+  return pen;
+}
+
+Brush ReadBrush(ByteReader& record, const Drawing& drawing) {
+  Brush brush;
+  const unsigned style = record.U16Le();
+  brush.color = drawing.Color(record.U32Le());
+  brush.hatch = record.U16Le();
+  brush.kind = style == 1 ? Ink::Kind::None : style == 2 ? Ink::Kind::Hatched : Ink::Kind::Solid;
+  return brush;
+}
+
+PaletteColors ReadPalette(ByteReader& record) {
+  record.Skip(2);
+  auto colors = std::make_shared<std::vector<std::uint32_t>>(
+      std::min<std::size_t>(record.U16Le(), record.Remaining() / 4));
+  for (std::uint32_t& color : *colors) {
+    const std::uint32_t red = record.U8(), green = record.U8(), blue = record.U8();
+    record.Skip(1);
+    color = 0xFF000000u | red << 16 | green << 8 | blue;
+  }
+  return colors;
+}
+
+Region ReadRegion(ByteReader& record) {
+  Region region;
+  record.Skip(10);
+  const unsigned scans = record.U16Le();
+  record.Skip(10);
+  for (unsigned scan = 0; scan < scans && record.Remaining() >= 8; ++scan) {
+    const unsigned edges = record.U16Le();
+    const double top = record.S16Le(), bottom = record.S16Le();
+    for (unsigned i = 0; i + 1 < edges && record.Remaining() >= 4; i += 2) {
+      const double left = record.S16Le(), right = record.S16Le();
+      region.boxes.push_back(Box{left, top, right, bottom}.Normalised());
+    }
+    record.Skip(2);
+  }
+  return region;
+}
+
+}  // namespace
+
+bool WmfPlayer::PlayObject(unsigned function, ByteReader& record) {
+  switch (function) {
+    case 0x02FA:
+      objects_.Add(ReadPen(record, drawing_));
+      return true;
+    case 0x02FC:
+      objects_.Add(ReadBrush(record, drawing_));
+      return true;
+    case 0x02FB:
+      objects_.Add(ReadFont(record));
+      return true;
+    case 0x00F7:
+      objects_.Add(ReadPalette(record));
+      return true;
+    case 0x06FF:
+      objects_.Add(ReadRegion(record));
+      return true;
+    case 0x0142:
+      objects_.Add(TiledBrush(record, false));
+      return true;
+    case 0x01F9:
+      objects_.Add(TiledBrush(record, true));
+      return true;
+    case 0x00F8:
+    case 0x02FD:
+    case 0x06FE:
+      // Unusable here, yet the numbers of the objects after it count it.
+      objects_.Add(std::monostate{});
+      return true;
+    case 0x012D:
+    case 0x0234:
+      drawing_.Select(objects_.Get(record.U16Le()));
+      return true;
+    case 0x01F0:
+      objects_.Remove(record.U16Le());
+      return true;
+    default:
+      return false;
+  }
+}
+
+bool WmfPlayer::PlayText(unsigned function, ByteReader& record) {
+  if (function != 0x0521 && function != 0x0A32) return false;
+  const bool extended = function == 0x0A32;
+  TextLine line;
+  const auto readPlace = [&] {
+    line.at.y = record.S16Le();
+    line.at.x = record.S16Le();
+  };
+  if (extended) readPlace();
+  const std::size_t count = record.U16Le();
+  if (extended) {
+    const unsigned options = record.U16Le();
+    line.fillBox = (options & 2) != 0;
+    line.clipToBox = (options & 4) != 0;
+    if (line.fillBox || line.clipToBox) {
+      const double left = record.S16Le(), top = record.S16Le(), right = record.S16Le();
+      line.box = {left, top, right, static_cast<double>(record.S16Le())};
+    }
+  }
+  const Bytes text = record.Take(count);
+  record.Skip(std::min<std::size_t>(count % 2, record.Remaining()));
+  if (!extended) readPlace();
+  const std::vector<Letter> letters = LettersFromCodePage(text, drawing_.State().font);
+  line.hasAdvances = extended && record.Remaining() >= 2 * text.size() && !text.empty();
+  for (const Letter& letter : letters) {
+    TextUnit unit{letter.text, 0};
+    for (std::size_t i = 0; line.hasAdvances && i < letter.codes; ++i) unit.advance += record.S16Le();
+    line.units.push_back(std::move(unit));
+  }
+  drawing_.Text(line);
+  return true;
+}
+
+}  // namespace lumidex::metafile
