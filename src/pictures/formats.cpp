@@ -8,6 +8,7 @@
 #include "pictures/codecs/art.h"
 #include "pictures/codecs/bmp.h"
 #include "pictures/codecs/cut.h"
+#include "pictures/codecs/emf.h"
 #include "pictures/codecs/gem.h"
 #include "pictures/codecs/gif.h"
 #include "pictures/codecs/hrz.h"
@@ -23,6 +24,7 @@
 #include "pictures/codecs/ras.h"
 #include "pictures/codecs/tga.h"
 #include "pictures/codecs/tiff.h"
+#include "pictures/codecs/wmf.h"
 #include "pictures/codecs/wpg.h"
 
 namespace lumidex {
@@ -32,6 +34,7 @@ constexpr std::string_view artEndings[] = {".art"};
 constexpr std::string_view bmpEndings[] = {".bmp", ".dib", ".rle"};
 constexpr std::string_view curEndings[] = {".cur"};
 constexpr std::string_view cutEndings[] = {".cut"};
+constexpr std::string_view emfEndings[] = {".emf"};
 constexpr std::string_view gemEndings[] = {".gem", ".img"};
 constexpr std::string_view gifEndings[] = {".gif"};
 constexpr std::string_view hrzEndings[] = {".hrz"};
@@ -47,6 +50,7 @@ constexpr std::string_view pnmEndings[] = {".pbm", ".pgm", ".ppm", ".pnm", ".pam
 constexpr std::string_view rasEndings[] = {".ras"};
 constexpr std::string_view tgaEndings[] = {".tga"};
 constexpr std::string_view tiffEndings[] = {".tif", ".tiff"};
+constexpr std::string_view wmfEndings[] = {".wmf"};
 constexpr std::string_view wpgEndings[] = {".wpg"};
 
 // Formats with a signature come first; those without one, which go by their extension, stand last.
@@ -60,6 +64,8 @@ constexpr auto allCodecs = std::to_array<Codec>({
     {"TIFF", tiffEndings, MatchTiff, OpenTiff},
     {"BMP", bmpEndings, MatchBmp, OpenBmp},
     {"IFF", iffEndings, MatchIff, OpenIff},
+    {"WMF", wmfEndings, MatchWmf, OpenWmf},
+    {"EMF", emfEndings, MatchEmf, OpenEmf},
     {"MSP", mspEndings, MatchMsp, OpenMsp},
     {"PCX", pcxEndings, MatchPcx, OpenPcx},
     {"PIC", picEndings, MatchPic, OpenPic},

@@ -48,7 +48,8 @@ void Trace(cairo_t* context, const Path& path) {
 }
 
 void SetFillRule(cairo_t* context, FillRule rule) {
-  cairo_set_fill_rule(context, rule == FillRule::Winding ? CAIRO_FILL_RULE_WINDING : CAIRO_FILL_RULE_EVEN_ODD);
+  cairo_set_fill_rule(context,
+                      rule == FillRule::Winding ? CAIRO_FILL_RULE_WINDING : CAIRO_FILL_RULE_EVEN_ODD);
 }
 
 void ClipToBox(cairo_t* context, const Box& box) {
@@ -148,9 +149,8 @@ void Canvas::Stroke(const Clip& clip, const Path& path, const StrokeStyle& style
   const Mix mix = MixOf(rasterOperation);
   if (ink.kind == Ink::Kind::None || mix.nothing || path.IsEmpty()) return;
   const double width = style.width * style.pen.MeanScale();
-  const double reach =
-      style.width * std::max(style.pen.HorizontalScale(), style.pen.VerticalScale()) *
-      (style.join == CAIRO_LINE_JOIN_MITER ? std::max(1.0, style.miterLimit) : 1.0);
+  const double reach = style.width * std::max(style.pen.HorizontalScale(), style.pen.VerticalScale()) *
+                       (style.join == CAIRO_LINE_JOIN_MITER ? std::max(1.0, style.miterLimit) : 1.0);
   const Path lines = width < 1.5 ? path.WithCrispLines() : path;
   const Box visible = Visible(clip, lines.Bounds().Grown(reach / 2));
   if (visible.IsEmpty()) return;
@@ -184,8 +184,7 @@ void Canvas::FillGradient(const Clip& clip, const Path& path, const ColorStop& f
                           const ColorStop& second) {
   const Box visible = Visible(clip, path.Bounds());
   if (visible.IsEmpty() || !budget_.Spend(FillCost(path, visible) + perGroupPixel * visible.Area())) return;
-  const CairoPattern pattern(
-      cairo_pattern_create_linear(first.at.x, first.at.y, second.at.x, second.at.y));
+  const CairoPattern pattern(cairo_pattern_create_linear(first.at.x, first.at.y, second.at.x, second.at.y));
   for (const ColorStop& stop : {first, second})
     cairo_pattern_add_color_stop_rgb(pattern.get(), &stop == &second, (stop.color >> 16 & 0xFF) / 255.0,
                                      (stop.color >> 8 & 0xFF) / 255.0, (stop.color & 0xFF) / 255.0);

@@ -25,7 +25,7 @@ struct Ink {
   enum class Kind { None, Solid, Hatched, Tiled };
   Kind kind = Kind::None;
   std::uint32_t color = 0;
-  int hatch = 0;                            // 0 to 5: across, down, falling, rising, cross, diagonal cross
+  int hatch = 0;                              // 0 to 5: across, down, falling, rising, cross, diagonal cross
   std::optional<std::uint32_t> background{};  // between the lines of a hatch; absent leaves the picture there
   Pixels tile{};
   Point origin{};

@@ -29,9 +29,9 @@ struct Pen {
 };
 
 struct Font {
-  std::string family;  // UTF-8
-  double height = 0;   // logical units; below 0 that of the letters, above 0 that of the cell
-  double width = 0;    // mean width of the letters, 0 for the font's own
+  std::string family;     // UTF-8
+  double height = 0;      // logical units; below 0 that of the letters, above 0 that of the cell
+  double width = 0;       // mean width of the letters, 0 for the font's own
   double escapement = 0;  // tenths of a degree, counterclockwise
   int weight = 400;
   bool italic = false;
@@ -60,9 +60,9 @@ inline constexpr int text = 1, lowMetric = 2, highMetric = 3, lowEnglish = 4, hi
 
 struct Mapping {
   int mode = map_mode::text;
-  Point windowOrigin;
+  Point windowOrigin{};
   Point windowExtent{1, 1};
-  Point viewportOrigin;
+  Point viewportOrigin{};
   Point viewportExtent{1, 1};
 
   // From page to device units. The fixed scales need the device's pixels per millimetre.

@@ -69,7 +69,7 @@ StrokeStyle Drawing::PenStyle() const {
     style.pen = {};
   }
   const unsigned cap = pen.style & capMask, join = pen.style & joinMask;
-  style.cap = cap == capSquare  ? CAIRO_LINE_CAP_SQUARE
+  style.cap = cap == capSquare ? CAIRO_LINE_CAP_SQUARE
               : cap == capFlat ? CAIRO_LINE_CAP_BUTT
                                : CAIRO_LINE_CAP_ROUND;
   style.join = join == joinBevel   ? CAIRO_LINE_JOIN_BEVEL
@@ -287,8 +287,8 @@ void Drawing::SetPixel(Point at, std::uint32_t color) {
   const double size = std::max(1.0, UnitOnSheet());
   Path path;
   path.AddBox(Box{place.x, place.y, place.x + size, place.y + size}.Rounded());
-  canvas_.Fill(state_.clip, path.Transformed({}), FillRule::Winding, {.kind = Ink::Kind::Solid, .color = color},
-               copyPen);
+  canvas_.Fill(state_.clip, path.Transformed({}), FillRule::Winding,
+               {.kind = Ink::Kind::Solid, .color = color}, copyPen);
 }
 
 void Drawing::BeginPath() {

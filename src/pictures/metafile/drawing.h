@@ -2,8 +2,8 @@
 // The drawing interface that both kinds of metafile play into: logical coordinates, a state that can be
 // saved, selected objects, path brackets. Ends on the canvas.
 
-#include <functional>
 #include <array>
+#include <functional>
 #include <span>
 #include <utility>
 #include <vector>

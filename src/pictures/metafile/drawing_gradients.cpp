@@ -41,7 +41,9 @@ void Drawing::GradientTriangle(const std::array<Vertex, 3>& corners) {
       x += stepX;
       if (nearA < 0 || nearB < 0 || nearC < 0) continue;
       const auto channel = [&](int shift) {
-        const auto of = [&](const Vertex& vertex) { return static_cast<double>(vertex.color >> shift & 0xFF); };
+        const auto of = [&](const Vertex& vertex) {
+          return static_cast<double>(vertex.color >> shift & 0xFF);
+        };
         const double value = nearA * of(corners[0]) + nearB * of(corners[1]) + nearC * of(corners[2]);
         return static_cast<std::uint32_t>(std::clamp(value + 0.5, 0.0, 255.0)) << shift;
       };
@@ -49,7 +51,8 @@ void Drawing::GradientTriangle(const std::array<Vertex, 3>& corners) {
     }
   }
   const Matrix toSheet{.xx = stepX, .yy = stepY, .x0 = box.left, .y0 = box.top};
-  canvas_.DrawImage(state_.clip, {image, {0, 0, static_cast<double>(width), static_cast<double>(height)}, toSheet});
+  canvas_.DrawImage(state_.clip,
+                    {image, {0, 0, static_cast<double>(width), static_cast<double>(height)}, toSheet});
 }
 
 }  // namespace lumidex::metafile

@@ -14,8 +14,8 @@ Matrix Drawing::BlitMatrix(const Blit& blit) const {
 
 void Drawing::Transfer(const Blit& blit, const Pixels& image) {
   const ImagePart part{image, blit.source.Normalised(), BlitMatrix(blit)};
-  const Path area = SheetBox({blit.target.x, blit.target.y, blit.target.x + blit.targetSize.x,
-                              blit.target.y + blit.targetSize.y});
+  const Path area = SheetBox(
+      {blit.target.x, blit.target.y, blit.target.x + blit.targetSize.x, blit.target.y + blit.targetSize.y});
   canvas_.Transfer(state_.clip, area, blit.rasterOperation, &part, Completed(state_.brush));
 }
 
@@ -37,10 +37,8 @@ void Drawing::Parallelogram(const Box& source, std::span<const Point, 3> corners
   if (source.IsEmpty()) return;
   const Point a = corners[0], b = corners[1], c = corners[2];
   const double width = source.Width(), height = source.Height();
-  const Matrix toUnit{.xx = 1 / width,
-                      .yy = 1 / height,
-                      .x0 = -source.left / width,
-                      .y0 = -source.top / height};
+  const Matrix toUnit{
+      .xx = 1 / width, .yy = 1 / height, .x0 = -source.left / width, .y0 = -source.top / height};
   const Matrix toLogical{b.x - a.x, b.y - a.y, c.x - a.x, c.y - a.y, a.x, a.y};
   canvas_.DrawImage(state_.clip, {image, source, toUnit.Then(toLogical).Then(LogicalToSheet())});
 }

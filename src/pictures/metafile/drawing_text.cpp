@@ -12,10 +12,12 @@ struct Substitute {
 
 // Bitmap and screen fonts that no system here carries and whose names say nothing to a font matcher.
 constexpr Substitute substitutes[] = {
-    {"MS Sans Serif", "sans-serif"}, {"Microsoft Sans Serif", "sans-serif"}, {"MS Shell Dlg", "sans-serif"},
-    {"System", "sans-serif"},        {"Helv", "Helvetica"},                  {"Tms Rmn", "Times New Roman"},
-    {"MS Serif", "serif"},           {"Roman", "serif"},                     {"Modern", "sans-serif"},
-    {"Terminal", "monospace"},       {"Fixedsys", "monospace"},              {"Lucida Console", "monospace"},
+    {"MS Sans Serif", "sans-serif"}, {"Microsoft Sans Serif", "sans-serif"},
+    {"MS Shell Dlg", "sans-serif"},  {"System", "sans-serif"},
+    {"Helv", "Helvetica"},           {"Tms Rmn", "Times New Roman"},
+    {"MS Serif", "serif"},           {"Roman", "serif"},
+    {"Modern", "sans-serif"},        {"Terminal", "monospace"},
+    {"Fixedsys", "monospace"},       {"Lucida Console", "monospace"},
 };
 
 std::string FamilyOf(const Font& font) {
@@ -34,19 +36,19 @@ constexpr double narrowest = 0.6;
 }  // namespace
 
 // From ems to the sheet, with the pen at `at`. Text stays upright where only the page is mirrored: its y axis
-// growing upwards does not turn letters over.
+// growing upwards does not turn letters over, but it does turn lines the other way round.
 Matrix Drawing::TextMatrix(double width, double height, Point at) const {
-  const Matrix page = PageToDevice();
+  const Matrix page = PageToDevice().Then(device_.toSheet);
   const Matrix& world = state_.world;
-  const double turn = -state_.font.escapement / 10 * std::numbers::pi / 180;
-  Matrix upright{.xx = std::abs(page.xx), .yy = std::abs(page.yy)};
+  const Matrix upright{.xx = std::abs(page.xx), .yy = std::abs(page.yy)};
+  const bool mirrored = page.xx * page.yy < 0;
   Matrix placed = Matrix{.xx = world.xx, .yx = world.yx, .xy = world.xy, .yy = world.yy}.Then(upright);
   if (placed.Determinant() < 0) placed = Matrix{.yy = -1}.Then(placed);
-  const Matrix& sheet = device_.toSheet;
+  const double turn = state_.font.escapement / 10 * std::numbers::pi / 180 * (mirrored ? 1 : -1);
+  const double cosine = std::cos(turn), sine = std::sin(turn);
   Matrix result = Matrix{.xx = width, .yy = height}
-                      .Then({.xx = std::cos(turn), .yx = std::sin(turn), .xy = -std::sin(turn), .yy = std::cos(turn)})
-                      .Then(placed)
-                      .Then({.xx = sheet.xx, .yx = sheet.yx, .xy = sheet.xy, .yy = sheet.yy});
+                      .Then({.xx = cosine, .yx = sine, .xy = -sine, .yy = cosine})
+                      .Then(placed);
   const Point origin = LogicalToSheet().Apply(at);
   result.x0 = origin.x;
   result.y0 = origin.y;
@@ -89,7 +91,9 @@ void Drawing::Text(const TextLine& line) {
   const bool updates = (state_.textAlign & text_align::updatePosition) != 0;
   const Point at = updates ? state_.current : line.at;
   double x = across == text_align::centre ? -total / 2 : across == text_align::right ? -total : 0;
-  const double y = down == text_align::baseline ? 0 : down == text_align::bottom ? -face.Descent() : face.Ascent();
+  const double y = down == text_align::baseline ? 0
+                   : down == text_align::bottom ? -face.Descent()
+                                                : face.Ascent();
   const Matrix matrix = Matrix{.x0 = x, .y0 = y}.Then(TextMatrix(width, height, at));
 
   const auto stripe = [&](double top, double bottom) {
@@ -99,8 +103,8 @@ void Drawing::Text(const TextLine& line) {
   };
   if (state_.opaqueBackground && !line.fillBox && !pathOpen_)
     canvas_.Fill(clip, stripe(-face.Ascent(), face.Descent()), FillRule::Winding, background, copyPen);
-  const auto letters = [&](const std::string& text, double from) {
-    const Matrix place = Matrix{.x0 = from}.Then(matrix);
+  const auto letters = [&](const std::string& text, double from, double narrowing) {
+    const Matrix place = Matrix{.xx = narrowing, .x0 = from}.Then(matrix);
     if (pathOpen_) {
       path_.Append(face.Outline(text).Transformed(place));
     } else {
@@ -110,12 +114,16 @@ void Drawing::Text(const TextLine& line) {
   if (!line.hasAdvances && spacing == 0) {
     std::string whole;
     for (const TextUnit& unit : line.units) whole += unit.text;
-    letters(whole, 0);
+    letters(whole, 0, 1);
   } else {
     double from = 0;
     for (const TextUnit& unit : line.units) {
-      letters(unit.text, from);
-      from += line.hasAdvances ? unit.advance / width : face.Advance(unit.text) + spacing;
+      const double own = face.Advance(unit.text);
+      const double room = unit.advance / width;
+      // Letters of a wider font than the one meant must not run into each other.
+      const bool tooWide = line.hasAdvances && room > 0 && own > room * 1.1;
+      letters(unit.text, from, tooWide ? std::max(narrowest, room / own) : 1);
+      from += line.hasAdvances ? room : own + spacing;
     }
   }
   const Ink ink{.kind = Ink::Kind::Solid, .color = state_.textColor};

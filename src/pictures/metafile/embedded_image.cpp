@@ -49,8 +49,9 @@ std::optional<EmbeddedImage> DecodeBitmap(const BitmapSource& source, WorkBudget
   reader.Skip(12);
   const std::uint32_t compression = reader.U32Le();
   if (headerBytes >= 40 && (compression == 4 || compression == 5)) {
-    const Bytes file = source.bits ? *source.bits
-                                   : source.header.subspan(std::min<std::size_t>(headerBytes, source.header.size()));
+    const Bytes file = source.bits
+                           ? *source.bits
+                           : source.header.subspan(std::min<std::size_t>(headerBytes, source.header.size()));
     auto pixels = DecodeFile(file, budget);
     if (!pixels) return std::nullopt;
     return EmbeddedImage{*std::move(pixels), false};
@@ -60,12 +61,13 @@ std::optional<EmbeddedImage> DecodeBitmap(const BitmapSource& source, WorkBudget
     options.limits = imageLimits;
     options.fileSize = source.header.size() + (source.bits ? source.bits->size() : 0);
     if (source.usesPalette)
-      options.outsideColours = source.palette ? std::span<const std::uint32_t>(*source.palette)
-                                              : std::span<const std::uint32_t>();
+      options.outsideColours =
+          source.palette ? std::span<const std::uint32_t>(*source.palette) : std::span<const std::uint32_t>();
     const DibHeader header = ReadDibHeader(source.header, options);
     if (!Afford(header.size, budget)) return std::nullopt;
-    const Bytes bits = source.bits ? *source.bits
-                                   : source.header.subspan(std::min(header.pixelOffset, source.header.size()));
+    const Bytes bits = source.bits
+                           ? *source.bits
+                           : source.header.subspan(std::min(header.pixelOffset, source.header.size()));
     return EmbeddedImage{DecodeDib(header, bits, imageLimits), header.topDown};
   } catch (const RunTimeError&) {
     return std::nullopt;
@@ -81,7 +83,8 @@ std::optional<Pixels> DecodeDeviceBitmap(Bytes bytes, std::size_t pixelOffset, s
   reader.Skip(1);
   const int bits = reader.U8();
   const bool known = bits == 1 || bits == 16 || bits == 24 || bits == 32;
-  if (!known || size.width < 1 || size.height < 1 || rowBytes < 1 || !Afford(size, budget)) return std::nullopt;
+  if (!known || size.width < 1 || size.height < 1 || rowBytes < 1 || !Afford(size, budget))
+    return std::nullopt;
   Pixels pixels = Pixels::Make(size, PixelFormat::Rgb, 0xFFFFFFFF, imageLimits);
   reader.Seek(pixelOffset);
   for (int y = 0; y < size.height && !reader.AtEnd(); ++y) {

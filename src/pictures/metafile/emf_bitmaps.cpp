@@ -39,7 +39,8 @@ EmfPlayer::BitmapPlace EmfPlayer::ReadPlace(ByteReader& reader) {
   return place;
 }
 
-std::optional<EmbeddedImage> EmfPlayer::DecodeAt(const Record& record, const BitmapPlace& place, unsigned usage) {
+std::optional<EmbeddedImage> EmfPlayer::DecodeAt(const Record& record, const BitmapPlace& place,
+                                                 unsigned usage) {
   if (!place.IsGiven()) return std::nullopt;
   const auto stretch = [&](std::uint32_t at, std::uint32_t count) {
     ByteReader reader(record.bytes);
@@ -97,7 +98,8 @@ void EmfPlayer::PlayBlock(Record& record, bool stretched) {
   const std::uint32_t usage = reader.U32Le();
   const BitmapPlace place = ReadPlace(reader);
   const Point size = stretched ? ReadPoint(reader) : blit.targetSize;
-  if (!UsesSource(blit.rasterOperation)) return drawing_.TransferPattern(TargetBox(blit), blit.rasterOperation);
+  if (!UsesSource(blit.rasterOperation))
+    return drawing_.TransferPattern(TargetBox(blit), blit.rasterOperation);
   const auto image = DecodeAt(record, place, usage);
   if (!image) return;
   blit.source = MappedSource(from, size, map);
@@ -130,8 +132,10 @@ void EmfPlayer::PlayMaskedBlock(Record& record) {
       for (int x = 0; x < image->pixels.Width(); ++x) {
         std::uint32_t& word = row[static_cast<std::size_t>(x)];
         const int maskX = x + left, maskY = y + top;
-        const bool inside = maskX >= 0 && maskY >= 0 && maskX < mask->pixels.Width() && maskY < mask->pixels.Height();
-        const bool shown = inside && (mask->pixels.Row(maskY)[static_cast<std::size_t>(maskX)] & 0xFFFFFF) != 0;
+        const bool inside =
+            maskX >= 0 && maskY >= 0 && maskX < mask->pixels.Width() && maskY < mask->pixels.Height();
+        const bool shown =
+            inside && (mask->pixels.Row(maskY)[static_cast<std::size_t>(maskX)] & 0xFFFFFF) != 0;
         word = shown ? word | 0xFF000000u : 0;
       }
     }
@@ -210,7 +214,8 @@ void EmfPlayer::PlayStretchDib(Record& record) {
   const std::uint32_t usage = reader.U32Le();
   blit.rasterOperation = TernaryOperation(reader);
   blit.targetSize = ReadPoint(reader);
-  if (!UsesSource(blit.rasterOperation)) return drawing_.TransferPattern(TargetBox(blit), blit.rasterOperation);
+  if (!UsesSource(blit.rasterOperation))
+    return drawing_.TransferPattern(TargetBox(blit), blit.rasterOperation);
   const auto image = DecodeAt(record, place, usage);
   if (!image) return;
   // The part is counted from the bitmap's first stored row, which is its lowest.

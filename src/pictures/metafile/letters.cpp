@@ -13,7 +13,9 @@ constexpr char32_t unknownLetter = 0xFFFD;
 
 void AppendUtf8(std::string& text, char32_t code) {
   if (code > 0x10FFFF || (code >= 0xD800 && code < 0xE000)) code = unknownLetter;
-  const auto put = [&](char32_t byte) { text.push_back(static_cast<char>(static_cast<unsigned char>(byte))); };
+  const auto put = [&](char32_t byte) {
+    text.push_back(static_cast<char>(static_cast<unsigned char>(byte)));
+  };
   if (code < 0x80) {
     put(code);
   } else if (code < 0x800) {

@@ -59,7 +59,8 @@ constexpr std::uint32_t Combine(int operation, std::uint32_t pattern, std::uint3
   std::uint32_t result = 0;
   for (int index = 0; index < 8; ++index) {
     if (!((operation >> index) & 1)) continue;
-    result |= (index & 4 ? pattern : ~pattern) & (index & 2 ? source : ~source) & (index & 1 ? below : ~below);
+    result |=
+        (index & 4 ? pattern : ~pattern) & (index & 2 ? source : ~source) & (index & 1 ? below : ~below);
   }
   return result;
 }

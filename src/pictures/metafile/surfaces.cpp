@@ -18,8 +18,9 @@ CairoSurface CopiedSurface(const Pixels& pixels, const Box& part) {
   for (int y = 0; y < static_cast<int>(part.Height()); ++y) {
     std::uint32_t* const to = SurfaceRow(surface.get(), y);
     if (!to) break;
-    const auto row = pixels.Row(static_cast<int>(part.top) + y)
-                         .subspan(static_cast<std::size_t>(part.left), static_cast<std::size_t>(part.Width()));
+    const auto row =
+        pixels.Row(static_cast<int>(part.top) + y)
+            .subspan(static_cast<std::size_t>(part.left), static_cast<std::size_t>(part.Width()));
     for (std::size_t x = 0; x < row.size(); ++x) {
       switch (pixels.Format()) {
         case PixelFormat::Rgb:
@@ -75,8 +76,7 @@ CairoSurface BlankSurface(const Box& box, cairo_format_t format) {
 std::uint32_t* SurfaceRow(cairo_surface_t* surface, int y) {
   unsigned char* const data = cairo_image_surface_get_data(surface);
   if (!data) return nullptr;
-  return reinterpret_cast<std::uint32_t*>(data +
-                                          std::ptrdiff_t{cairo_image_surface_get_stride(surface)} * y);
+  return reinterpret_cast<std::uint32_t*>(data + std::ptrdiff_t{cairo_image_surface_get_stride(surface)} * y);
 }
 
 CairoPattern SolidPattern(std::uint32_t color) {
@@ -97,8 +97,8 @@ CairoPattern HatchPattern(int hatch, std::uint32_t color, std::optional<std::uin
     }
   }
   cairo_surface_mark_dirty(surface.get());
-  CairoPattern pattern = SurfacePattern(
-      surface.get(), {.x0 = std::floor(origin.x), .y0 = std::floor(origin.y)});
+  CairoPattern pattern =
+      SurfacePattern(surface.get(), {.x0 = std::floor(origin.x), .y0 = std::floor(origin.y)});
   cairo_pattern_set_extend(pattern.get(), CAIRO_EXTEND_REPEAT);
   cairo_pattern_set_filter(pattern.get(), CAIRO_FILTER_NEAREST);
   return pattern;

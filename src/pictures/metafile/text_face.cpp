@@ -79,3 +79,20 @@ Path TextFace::Outline(const std::string& text) const {
 }
 
 }  // namespace lumidex::metafile
+
+#if defined(__SANITIZE_ADDRESS__)
+#define LUMIDEX_LEAK_CHECKED
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer)
+#define LUMIDEX_LEAK_CHECKED
+#endif
+#endif
+
+#ifdef LUMIDEX_LEAK_CHECKED
+// The renderer keeps the fonts it used for the next time, and the font matcher links their descriptions by
+// distances instead of pointers, which the leak checker can not follow.
+extern "C" const char* __lsan_default_suppressions();
+extern "C" const char* __lsan_default_suppressions() {
+  return "leak:libfontconfig\n";
+}
+#endif

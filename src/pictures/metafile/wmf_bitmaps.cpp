@@ -31,9 +31,11 @@ Brush WmfPlayer::TiledBrush(ByteReader& record, bool deviceBitmap) {
   } else {
     record.Skip(2);
     const bool usesPalette = record.U16Le() == 1;
-    const auto image = DecodeBitmap(
-        {.header = record.Take(record.Remaining()), .bits = {}, .usesPalette = usesPalette, .palette = state.palette},
-        budget);
+    const auto image = DecodeBitmap({.header = record.Take(record.Remaining()),
+                                     .bits = {},
+                                     .usesPalette = usesPalette,
+                                     .palette = state.palette},
+                                    budget);
     if (image) tile = image->pixels;
   }
   if (!tile) return Brush{};
@@ -86,14 +88,16 @@ void WmfPlayer::PlayBlock(ByteReader& record, bool stretched, bool deviceBitmap)
   blit.target = Reversed(record);
   const Box target{blit.target.x, blit.target.y, blit.target.x + blit.targetSize.x,
                    blit.target.y + blit.targetSize.y};
-  if (!hasBitmap || !UsesSource(blit.rasterOperation)) return drawing_.TransferPattern(target, blit.rasterOperation);
+  if (!hasBitmap || !UsesSource(blit.rasterOperation))
+    return drawing_.TransferPattern(target, blit.rasterOperation);
   if (!stretched) sourceSize = blit.targetSize;
   blit.source = {from.x, from.y, from.x + sourceSize.x, from.y + sourceSize.y};
   DeviceState& state = drawing_.State();
   WorkBudget& budget = drawing_.Sheet().Budget();
   const Bytes bitmap = record.Take(record.Remaining());
   if (deviceBitmap) {
-    const auto pixels = DecodeDeviceBitmap(bitmap, deviceBitmapHeader, state.textColor, state.backgroundColor, budget);
+    const auto pixels =
+        DecodeDeviceBitmap(bitmap, deviceBitmapHeader, state.textColor, state.backgroundColor, budget);
     if (pixels) drawing_.Transfer(blit, *pixels);
   } else if (const auto image =
                  DecodeBitmap({.header = bitmap, .bits = {}, .palette = state.palette}, budget)) {
@@ -131,8 +135,9 @@ void WmfPlayer::PlaySetDibToDevice(ByteReader& record) {
                                   drawing_.Sheet().Budget());
   if (!image) return;
   const double top = image->topDown ? from.y : image->pixels.Height() - from.y - size.y;
-  drawing_.Transfer({.target = at, .targetSize = size, .source = {from.x, top, from.x + size.x, top + size.y}},
-                    image->pixels);
+  drawing_.Transfer(
+      {.target = at, .targetSize = size, .source = {from.x, top, from.x + size.x, top + size.y}},
+      image->pixels);
 }
 
 }  // namespace lumidex::metafile

@@ -1,0 +1,29 @@
+#pragma once
+// What the two metafile decoders have in common: the size in pixels, and playing into a fresh white picture.
+
+#include "pictures/codec.h"
+#include "pictures/metafile/canvas.h"
+
+namespace lumidex::metafile {
+
+// The picture's size for a drawing of so many inches, at 96 pixels an inch, rounded. Drawings without an
+// extent or beyond the limits raise InvalidPicture. Of sheets that would fill memory as pixels, the size is
+// taken in proportion smaller: a drawing has no pixels of its own.
+Size NaturalSize(double widthInches, double heightInches, const PictureLimits& limits);
+
+class MetafileDecoder : public Decoder {
+ public:
+  // Draws at exactly the size wanted, or at full size when that is beyond the limits.
+  Pixels Decode(const DecodeRequest& request) const override;
+
+ protected:
+  MetafileDecoder(const PictureData& data, const OpenOptions& options);
+  // Plays `bytes`, the whole file, onto the canvas so that it fills it.
+  virtual void Play(Bytes bytes, Canvas& canvas) const = 0;
+
+ private:
+  PictureData data_;
+  PictureLimits limits_;
+};
+
+}  // namespace lumidex::metafile
