@@ -46,13 +46,8 @@ std::vector<std::uint8_t> EncodeCutPalette(const Colours& palette) {
     entries.U16Le(colour >> 16 & 255).U16Le(colour >> 8 & 255).U16Le(colour & 255);
   }
   ByteWriter file;
-  file.Text("AH")
-      .U16Le(0xE3)
-      .U16Le(static_cast<std::uint32_t>(entries.Size()))
-      .U8(10)
-      .U8(0)
-      .U16Le(0)
-      .U16Le(0);
+  file.U16Be(0x4148).U16Le(0xE3);  // "AH" and the version
+  file.U16Le(static_cast<std::uint32_t>(entries.Size())).U8(10).U8(0).U16Le(0).U16Le(0);
   file.U16Le(static_cast<std::uint32_t>(palette.size() - 1)).U16Le(255).U16Le(255).U16Le(255);
   return file.Zeros(nameBytes).Append(entries.Take()).Take();
 }
