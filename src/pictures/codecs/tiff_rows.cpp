@@ -52,7 +52,13 @@ void UnpackBits(const std::uint8_t* bytes, unsigned bits, std::size_t count, std
 }
 
 std::uint32_t Unmultiplied(std::uint32_t value, std::uint32_t alpha) {
-  return alpha == 0 ? 0 : std::min<std::uint32_t>((value * 255 + alpha / 2) / alpha, 255);
+  return alpha == 0 ? 0 : std::min<std::uint32_t>(value * 255 / alpha, 255);
+}
+
+// Samples between two bytes are taken as 16-bit ones with zeros below, as other readers do.
+std::uint8_t LevelOf(std::uint32_t value, int bits, std::uint32_t most) {
+  if (bits > 8 && bits < 16) return static_cast<std::uint8_t>((value << (16 - bits)) * 255 / 65535);
+  return static_cast<std::uint8_t>((value * 255 + most / 2) / most);
 }
 
 bool IsLab(int photometric) {
@@ -136,9 +142,7 @@ TiffRowReader::TiffRowReader(const TiffFile& file, const TiffLayout& layout, con
   const bool small = layout.bits <= 16 && layout.sampleFormat != SAMPLEFORMAT_IEEEFP;
   const std::uint32_t most = small ? (1U << layout.bits) - 1 : 255;
   levels_.resize(std::size_t{1} << 16, 255);
-  for (std::uint32_t value = 0; value <= most; ++value) {
-    levels_[value] = static_cast<std::uint8_t>((value * 255 + most / 2) / most);
-  }
+  for (std::uint32_t value = 0; value <= most; ++value) levels_[value] = LevelOf(value, layout.bits, most);
   if (layout.photometric == PHOTOMETRIC_PALETTE) {
     colours_.assign(std::size_t{1} << layout.bits, 0xFF000000U);
     std::uint16_t *red = nullptr, *green = nullptr, *blue = nullptr;
@@ -155,9 +159,9 @@ TiffRowReader::TiffRowReader(const TiffFile& file, const TiffLayout& layout, con
       for (std::size_t i = 0; i < colours_.size(); ++i) colours_[i] = Rgb(levels_[i], levels_[i], levels_[i]);
     }
   }
+  // Signed samples are shown as they lie in the file, which suits the common case that none is negative.
   const bool power = layout.bits == 1 || layout.bits == 2 || layout.bits == 4 || layout.bits == 8;
-  if (power && small && layout.samples == 1 && layout.colourSamples == 1 &&
-      layout.sampleFormat != SAMPLEFORMAT_INT) {
+  if (power && small && layout.samples == 1 && layout.colourSamples == 1) {
     Palette palette = BlackPalette();
     for (std::size_t i = 0; i <= most; ++i) {
       const unsigned grey = layout.photometric == PHOTOMETRIC_MINISWHITE ? 255U - levels_[i] : levels_[i];
@@ -204,13 +208,13 @@ void TiffRowReader::Unpack(const std::uint8_t* bytes, std::size_t count, std::ui
     case 16:
       std::memcpy(into, bytes, count * 2);
       break;
-    // Of wider samples the highest byte is what a screen can show.
     case 24:
       for (std::size_t i = 0; i < count; ++i) into[i] = bytes[3 * i + 2];
       break;
     case 32:
       for (std::size_t i = 0; i < count; ++i)
-        into[i] = static_cast<std::uint16_t>(Load<std::uint32_t>(bytes, i) >> 24);
+        into[i] =
+            static_cast<std::uint16_t>(std::uint64_t{Load<std::uint32_t>(bytes, i)} * 255 / 0xFFFFFFFFU);
       break;
     case 64:
       for (std::size_t i = 0; i < count; ++i)
@@ -219,11 +223,6 @@ void TiffRowReader::Unpack(const std::uint8_t* bytes, std::size_t count, std::ui
     default:
       UnpackBits(bytes, static_cast<unsigned>(layout_.bits), count, into);
       break;
-  }
-  const bool lab = IsLab(layout_.photometric);  // has signed samples of its own
-  if (layout_.sampleFormat == SAMPLEFORMAT_INT && !lab) {
-    const auto sign = static_cast<std::uint16_t>(1U << ((layout_.bits <= 16 ? layout_.bits : 8) - 1));
-    for (std::size_t i = 0; i < count; ++i) into[i] = into[i] ^ sign;
   }
 }
 
