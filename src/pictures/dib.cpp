@@ -7,6 +7,8 @@
 #include "base/run_time_error.h"
 #include "pictures/alpha.h"
 #include "pictures/byte_reader.h"
+#include "pictures/codecs/jpeg.h"
+#include "pictures/codecs/png.h"
 #include "pictures/dib_row.h"
 #include "pictures/dib_run_length.h"
 
@@ -44,6 +46,10 @@ DibCoding CodingOf(std::uint32_t compression, int bits, bool os2) {
       break;
     case 4:
       if (os2 && bits == 24) return DibCoding::Rle24;
+      if (!os2) return DibCoding::Jpeg;
+      break;
+    case 5:
+      if (!os2) return DibCoding::Png;
       break;
     case 6:
       if (!os2 && (bits == 16 || bits == 32)) return DibCoding::BitFields;
@@ -174,7 +180,8 @@ DibHeader ReadDibHeader(Bytes bytes, const DibOptions& options) {
   DibHeader header;
   header.bitsPerPixel = fields.bits;
   header.coding = CodingOf(fields.compression, fields.bits, IsOs2(fields.headerBytes));
-  if (!IsDepth(fields.bits)) Refuse("The bitmap's depth is not known");
+  const bool file = header.coding == DibCoding::Jpeg || header.coding == DibCoding::Png;
+  if (!file && !IsDepth(fields.bits)) Refuse("The bitmap's depth is not known");
   header.topDown = fields.height < 0;
   const std::int64_t height = std::abs(fields.height);
   header.size = CheckedSize(fields.width, options.icon ? height / 2 : height, options.limits,
@@ -205,6 +212,14 @@ Pixels DecodeDibRows(const DibHeader& header, const DibPixelSource& source, cons
   return pixels;
 }
 
+std::unique_ptr<Decoder> OpenDibFile(DibCoding coding, std::shared_ptr<const ByteSource> pixels,
+                                     const PictureLimits& limits) {
+  OpenOptions options;
+  options.limits = limits;
+  const PictureData data(std::move(pixels), {});
+  return coding == DibCoding::Jpeg ? OpenJpeg(data, options) : OpenPng(data, options);
+}
+
 Pixels DecodeDib(const DibHeader& header, Bytes bytes, const PictureLimits& limits) {
   switch (header.coding) {
     case DibCoding::Plain:
@@ -223,6 +238,16 @@ Pixels DecodeDib(const DibHeader& header, Bytes bytes, const PictureLimits& limi
       DecodeDibRunLength(header, bytes, pixels);
       DeclareOpaqueIfSo(pixels);
       return pixels;
+    }
+    case DibCoding::Jpeg:
+    case DibCoding::Png: {
+      auto source = std::make_shared<MemorySource>(std::vector<std::uint8_t>(bytes.begin(), bytes.end()));
+      try {
+        return OpenDibFile(header.coding, std::move(source), limits)->Decode({});
+      } catch (const RunTimeError& error) {
+        if (error.Number() == ErrorNumber::OutOfMemory) throw;
+        return Pixels::Make(header.size, PixelFormat::Rgb, blankPixel, limits);
+      }
     }
   }
   return {};

@@ -5,16 +5,19 @@
 #include <array>
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <span>
 
+#include "pictures/codec.h"
 #include "pictures/palettes.h"
 #include "pictures/picture_data.h"
 #include "pictures/pixels.h"
 
 namespace lumidex {
 
-enum class DibCoding { Plain, BitFields, Rle4, Rle8, Rle24 };
+// Jpeg and Png: the pixels are a whole file of that kind.
+enum class DibCoding { Plain, BitFields, Rle4, Rle8, Rle24, Jpeg, Png };
 
 struct DibOptions {
   PictureLimits limits;
@@ -49,7 +52,10 @@ using DibPixelSource = std::function<Bytes(std::uint64_t offset, std::size_t cou
 
 // Decodes the pixels. What is missing stays blank; pixels that a run-length coding skips are transparent.
 Pixels DecodeDib(const DibHeader& header, Bytes pixels, const PictureLimits& limits = {});
-// The same for Plain and BitFields, without holding all of the pixels' bytes at once.
+// The decoder of the file that the pixels of Jpeg and Png codings are; raises InvalidPicture when it is none.
+std::unique_ptr<Decoder> OpenDibFile(DibCoding coding, std::shared_ptr<const ByteSource> pixels,
+                                     const PictureLimits& limits);
+// The pixels of Plain and BitFields, without holding all of the pixels' bytes at once.
 Pixels DecodeDibRows(const DibHeader& header, const DibPixelSource& source, const PictureLimits& limits = {});
 
 // A header, its colours and its pixels in one piece, as metafiles hold them.

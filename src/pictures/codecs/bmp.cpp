@@ -77,12 +77,19 @@ class BmpDecoder final : public Decoder {
     }
     header_ = ReadDibHeader(data.Head().subspan(std::min(places.header, data.Head().size())), dibOptions);
     pixelOffset_ = places.header + header_.pixelOffset;
+    if (header_.coding == DibCoding::Jpeg || header_.coding == DibCoding::Png) {
+      file_ = OpenDibFile(header_.coding, StretchOf(source_, pixelOffset_, bytes_), limits_);
+      facts_ = file_->Facts();
+      facts_.format = "BMP";
+      return;
+    }
     facts_.size = header_.size;
     facts_.bitsPerPixel = std::min(header_.bitsPerPixel, 32);
     facts_.format = "BMP";
   }
 
-  Pixels Decode(const DecodeRequest&) const override {
+  Pixels Decode(const DecodeRequest& request) const override {
+    if (file_) return file_->Decode(request);
     std::vector<std::uint8_t> buffer;
     const auto read = [&](std::uint64_t offset, std::size_t count) -> Bytes {
       const std::uint64_t start = pixelOffset_ + offset;
@@ -102,6 +109,7 @@ class BmpDecoder final : public Decoder {
   std::uint64_t bytes_;
   PictureLimits limits_;
   DibHeader header_;
+  std::unique_ptr<Decoder> file_;  // of a bitmap whose pixels are a JPEG or PNG file
   std::uint64_t pixelOffset_ = 0;
 };
 

@@ -300,11 +300,21 @@ void TiffRowReader::Read(std::span<const std::uint8_t* const> planes, std::span<
 
 void TiffRowReader::ApplyAlpha(std::size_t step, std::span<std::uint32_t> row) const {
   const auto place = static_cast<std::size_t>(layout_.colourSamples);
+  const bool divides =
+      layout_.alpha == TiffAlpha::Premultiplied &&
+      (layout_.photometric == PHOTOMETRIC_RGB || layout_.photometric == PHOTOMETRIC_MINISBLACK);
   for (std::size_t x = 0; x < row.size(); ++x) {
-    const std::uint32_t alpha = Level(values_[x * step + place]);
+    const std::uint16_t* samples = values_.data() + x * step;
+    const std::uint32_t alpha = Level(samples[place]);
     std::uint32_t word = row[x] & 0xFFFFFFU;
-    if (layout_.alpha == TiffAlpha::Premultiplied && layout_.photometric != PHOTOMETRIC_PALETTE &&
-        alpha < 255) {
+    if (divides && layout_.bits == 16) {
+      // Cut to bytes before the division, as other readers do; once blended nothing of it is seen.
+      const std::uint32_t cut = samples[place] >> 8;
+      const auto channel = [&](std::size_t i) {
+        return Unmultiplied(samples[layout_.colourSamples == 3 ? i : 0] >> 8, cut);
+      };
+      word = channel(0) << 16 | channel(1) << 8 | channel(2);
+    } else if (divides) {
       word = Unmultiplied(word >> 16, alpha) << 16 | Unmultiplied(word >> 8 & 255, alpha) << 8 |
              Unmultiplied(word & 255, alpha);
     }
