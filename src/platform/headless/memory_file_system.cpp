@@ -19,7 +19,9 @@ struct MemoryFileSystem::Node {
   bool locked = false;
   bool readOnly = false;
   bool ready = true;
-  std::vector<NodePointer> children;
+  // By the name as it is compared; backwards, since nobody may lean on an order that real directories do
+  // not keep either.
+  std::map<std::string, NodePointer, std::greater<>> children;
 };
 
 namespace {
@@ -54,8 +56,8 @@ MemoryFileSystem::MemoryFileSystem(char separator, CallLog& log, std::function<s
 
 MemoryFileSystem::~MemoryFileSystem() = default;
 
-bool MemoryFileSystem::SameName(const std::string& a, const std::string& b) const {
-  return separator_ == '/' ? a == b : LCase(a) == LCase(b);
+std::string MemoryFileSystem::Key(const std::string& name) const {
+  return separator_ == '/' ? name : LCase(name);
 }
 
 void MemoryFileSystem::Touch(Node& directory) {
@@ -69,9 +71,8 @@ MemoryFileSystem::NodePointer MemoryFileSystem::Root(const std::string& root) co
 }
 
 MemoryFileSystem::NodePointer MemoryFileSystem::Child(const Node& directory, const std::string& name) const {
-  const auto found = std::ranges::find_if(
-      directory.children, [&](const NodePointer& child) { return SameName(child->name, name); });
-  return found == directory.children.end() ? nullptr : *found;
+  const auto found = directory.children.find(Key(name));
+  return found == directory.children.end() ? nullptr : found->second;
 }
 
 MemoryFileSystem::NodePointer MemoryFileSystem::Find(const PathParts& parts, bool followLast,
@@ -147,11 +148,10 @@ std::vector<DirectoryEntry> MemoryFileSystem::ReadDirectory(const std::string& p
   const NodePointer directory = Directory(path);
   if (directory->locked) throw RunTimeError(ErrorNumber::PathFileAccess);
   std::vector<DirectoryEntry> entries;
-  // Newest first: nobody may lean on an order that real directories do not keep either.
-  for (auto child = directory->children.rbegin(); child != directory->children.rend(); ++child) {
-    parts.names.push_back((*child)->name);
-    const bool hidden = (*child)->hidden || (separator_ == '/' && (*child)->name.starts_with('.'));
-    entries.push_back({(*child)->name, KindSeen(parts, **child), hidden});
+  for (const auto& [key, child] : directory->children) {
+    parts.names.push_back(child->name);
+    const bool hidden = child->hidden || (separator_ == '/' && child->name.starts_with('.'));
+    entries.push_back({child->name, KindSeen(parts, *child), hidden});
     parts.names.pop_back();
   }
   return entries;
@@ -220,7 +220,7 @@ void MemoryFileSystem::Remove(const std::string& path) {
   if (node->kind == EntryKind::Directory) throw RunTimeError(ErrorNumber::PathFileAccess);
   if (directory->readOnly || node->readOnly) throw RunTimeError(ErrorNumber::PermissionDenied);
   if (freeBytes_) *freeBytes_ += node->content->size();
-  std::erase(directory->children, node);
+  directory->children.erase(Key(node->name));
   Touch(*directory);
 }
 
@@ -248,12 +248,11 @@ MemoryFileSystem::NodePointer MemoryFileSystem::Put(const std::string& path, Ent
   }
   NodePointer node = Child(*directory, name);
   if (node && node->kind == kind) return node;
-  if (node) std::erase(directory->children, node);
   node = std::make_shared<Node>();
   node->name = name;
   node->kind = kind;
   Touch(*node);
-  directory->children.push_back(node);
+  directory->children[Key(name)] = node;
   Touch(*directory);
   return node;
 }
@@ -319,7 +318,7 @@ void MemoryFileSystem::RemoveTree(const std::string& path) {
   const PathParts parts = Parts(path);
   if (parts.names.empty()) throw RunTimeError(ErrorNumber::PathFileAccess);
   const NodePointer directory = Find(Above(parts), true);
-  std::erase(directory->children, node);
+  directory->children.erase(Key(node->name));
   Touch(*directory);
 }
 

@@ -74,7 +74,8 @@ class MemoryFileSystem final : public FileSystem {
   // The directory above, for something that is to be made or removed.
   NodePointer ParentForChange(const PathParts& parts) const;
   EntryKind KindSeen(const PathParts& parts, const Node& node) const;
-  bool SameName(const std::string& a, const std::string& b) const;
+  // A name as it is compared with others.
+  std::string Key(const std::string& name) const;
   void Touch(Node& directory);
 
   const char separator_;

@@ -13,6 +13,9 @@ constexpr std::int64_t dayMilliseconds = 86'400'000;
 // A loop that yields so often without anything happening or any time passing will never end; nor will work
 // that posts itself anew so often within one yield.
 constexpr int mostIdleYields = 1'000'000;
+// A second each, these are three days: whoever waits so long between two things that the user does waits for
+// something that does not come.
+constexpr int mostWaits = 300'000;
 
 }  // namespace
 
@@ -77,6 +80,7 @@ void SimulatedEvents::Yield() {
 
 void SimulatedEvents::Wait(int milliseconds) {
   idleYields_ = 0;
+  if (++waits_ > mostWaits) throw ProgramHung{};
   if (ServeOne()) return;
   const std::int64_t end = elapsed_ + std::max(0, milliseconds);
   elapsed_ = std::min(end, std::max(elapsed_, NextDue().value_or(end)));
@@ -84,6 +88,7 @@ void SimulatedEvents::Wait(int milliseconds) {
 }
 
 void SimulatedEvents::RunUntil(const std::function<bool()>& done) {
+  waits_ = 0;
   while (!done()) {
     if (ServeOne()) continue;
     if (!NextUserAction || !NextUserAction()) throw NoUserActionLeft{};
@@ -141,11 +146,19 @@ void SimulatedEvents::SetNow(const DateTime& now) {
 
 void SimulatedEvents::Advance(std::int64_t milliseconds) {
   const std::int64_t end = elapsed_ + milliseconds;
+  waits_ = 0;
   ServeDue();
   while (elapsed_ < end) {
     elapsed_ = std::min(end, std::max(elapsed_, NextDue().value_or(end)));
     ServeDue();
   }
+}
+
+void SimulatedEvents::ForgetEvents() {
+  const std::lock_guard lock(postedMutex_);
+  posted_.clear();
+  timers_.clear();
+  waits_ = idleYields_ = 0;
 }
 
 std::int64_t SimulatedEvents::SecondsSince1970() const {

@@ -37,6 +37,8 @@ class SimulatedEvents final : public EventQueue, public Clock {
   // Lets that much time pass for a program that is idle: every timer fires when it is due.
   void Advance(std::int64_t milliseconds);
   std::int64_t SecondsSince1970() const;
+  // As when a process ends: nothing that was posted or is ticking is served any more.
+  void ForgetEvents();
 
   // Yields so far.
   int Yields() const { return yields_; }
@@ -67,6 +69,7 @@ class SimulatedEvents final : public EventQueue, public Clock {
   std::int64_t start_ = 1016186400000;  // its moment in milliseconds since 1970: 15 March 2002, 10:00:00
   int yields_ = 0;
   int idleYields_ = 0;
+  int waits_ = 0;
 };
 
 }  // namespace lumidex

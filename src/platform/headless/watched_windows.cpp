@@ -35,6 +35,19 @@ Form* WatchedWindows::Front() const {
   return shown_.empty() ? nullptr : shown_.back();
 }
 
+Form* WatchedWindows::FrontModal() const {
+  const auto found =
+      std::find_if(shown_.rbegin(), shown_.rend(), [](const Form* form) { return form->IsModal(); });
+  return found == shown_.rend() ? nullptr : *found;
+}
+
+void WatchedWindows::Forget() {
+  connections_.clear();
+  names_.clear();
+  shown_.clear();
+  focus_ = 0;
+}
+
 std::string WatchedWindows::NameOf(WindowHandle window) const {
   const auto found = names_.find(window);
   return found == names_.end() ? Number(static_cast<std::int64_t>(window)) : found->second;

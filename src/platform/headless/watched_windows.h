@@ -23,17 +23,21 @@ class WatchedWindows final : public WindowControl {
   float ScreenWidth() override { return screenWidth; }
   float ScreenHeight() override { return screenHeight; }
 
-  // The form must outlive this object or be the last thing it hears of.
+  // The form must stay until Forget.
   void Watch(Form& form);
+  void Forget();
   // The visible form that is in front; null when none is.
   Form* Front() const;
+  // The modal form that keeps the user from all others; null when none does.
+  Form* FrontModal() const;
+  // What the window system calls a window or a control: "WPaper2.LstRight".
+  std::string NameOf(WindowHandle window) const;
 
   // In twips: 1024 x 768 pixels.
   float screenWidth = 15360.0F;
   float screenHeight = 11520.0F;
 
  private:
-  std::string NameOf(WindowHandle window) const;
   void Raise(Form& form);
 
   CallLog& log_;
