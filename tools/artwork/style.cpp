@@ -8,6 +8,11 @@ void Body(Canvas& canvas, const Tones& tones, double top, double bottom) {
   canvas.FillAndStroke(Paint::Vertical(top, bottom, tones.light, tones.base), tones.dark, 1);
 }
 
+void FolderBack(Canvas& canvas, double top, double right) {
+  canvas.Polygon({{2.5, 19.5}, {2.5, top}, {9, top}, {11, top + 2}, {right, top + 2}, {right, 19.5}});
+  canvas.FillAndStroke(Amber.base, Amber.dark, 1);
+}
+
 void MiniLandscape(Canvas& canvas, double x, double y, double width, double height) {
   canvas.Within([&] {
     canvas.Rectangle(x, y, width, height);

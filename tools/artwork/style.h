@@ -27,6 +27,9 @@ constexpr Tones Paper{Hex(0xFFFFFF), Hex(0xE3EAF3), Hex(0x56647C)};
 
 // Fills the path from the light tone at `top` to the base tone at `bottom` and outlines it.
 void Body(Canvas& canvas, const Tones& tones, double top, double bottom);
+// The back of a folder with its tab, from the tab's top down; the sides are those of the outline's middle
+// line.
+void FolderBack(Canvas& canvas, double top, double right);
 // A landscape in a frame; the box is that of the outline's middle line.
 void MiniPicture(Canvas& canvas, double x, double y, double width, double height);
 // A landscape without a frame, cut to the box.

@@ -10,14 +10,7 @@ namespace lumidex {
 namespace {
 
 void DrawDirectory(Canvas& canvas) {
-  canvas.MoveTo(2.5, 19.5);
-  canvas.LineTo(2.5, 5.5);
-  canvas.LineTo(9, 5.5);
-  canvas.LineTo(11, 7.5);
-  canvas.LineTo(19.5, 7.5);
-  canvas.LineTo(19.5, 19.5);
-  canvas.Close();
-  canvas.FillAndStroke(Amber.base, Amber.dark, 1);
+  FolderBack(canvas, 5.5, 19.5);
   MiniPicture(canvas, 6.5, 3.5, 12, 10);
   canvas.Polygon({{5.5, 11.5}, {22.5, 11.5}, {19.5, 20.5}, {2.5, 20.5}});
   Body(canvas, Amber, 11, 22);

@@ -51,14 +51,7 @@ void DrawAperture(Canvas& canvas, Point centre, double outer, double inner, int 
 }
 
 void DrawFolder(Canvas& canvas) {
-  canvas.MoveTo(2.5, 19.5);
-  canvas.LineTo(2.5, 5.5);
-  canvas.LineTo(9, 5.5);
-  canvas.LineTo(11, 7.5);
-  canvas.LineTo(21.5, 7.5);
-  canvas.LineTo(21.5, 19.5);
-  canvas.Close();
-  canvas.FillAndStroke(Amber.base, Amber.dark, 1);
+  FolderBack(canvas, 5.5, 21.5);
   canvas.RoundedRectangle(2.5, 9.5, 19, 11, 1);
   Body(canvas, Amber, 9, 22);
 }
@@ -111,14 +104,7 @@ void DrawDesktopFolder(Canvas& canvas) {
 }
 
 void DrawDocumentsFolder(Canvas& canvas) {
-  canvas.MoveTo(2.5, 19.5);
-  canvas.LineTo(2.5, 6.5);
-  canvas.LineTo(8, 6.5);
-  canvas.LineTo(9.5, 8.5);
-  canvas.LineTo(21.5, 8.5);
-  canvas.LineTo(21.5, 19.5);
-  canvas.Close();
-  canvas.FillAndStroke(Amber.base, Amber.dark, 1);
+  FolderBack(canvas, 6.5, 21.5);
   canvas.RoundedRectangle(6.5, 2.5, 11, 14, 0.8);
   Body(canvas, Paper, 2, 16);
   for (const double y : {5.0, 7.0, 9.0}) canvas.Rectangle(9, y, 6, 1);

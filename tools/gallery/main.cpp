@@ -1,29 +1,16 @@
 // Draws the gallery: lumidex-gallery DIRECTORY writes every picture of the table and its README.md there.
 
-#include <filesystem>
-#include <fstream>
-#include <iostream>
+#include <sstream>
 
+#include "drawing/drawing_program.h"
 #include "gallery/gallery.h"
 
 namespace {
 
 using namespace lumidex;
 
-std::ofstream Create(const std::filesystem::path& path) {
-  std::ofstream file;
-  file.exceptions(std::ios::failbit | std::ios::badbit);
-  file.open(path, std::ios::binary);
-  return file;
-}
-
-void WriteFile(const std::filesystem::path& path, const std::vector<std::uint8_t>& bytes) {
-  std::ofstream file = Create(path);
-  for (const std::uint8_t byte : bytes) file.put(static_cast<char>(byte));
-}
-
-void WriteAll(const std::filesystem::path& directory) {
-  std::ofstream readme = Create(directory / "README.md");
+void WriteGallery(const std::filesystem::path& directory) {
+  std::ostringstream readme;
   readme
       << "# Gallery\n\n"
          "Pictures to look at with Lumidex, at least one of every type it knows. All of them are drawn by\n"
@@ -37,20 +24,11 @@ void WriteAll(const std::filesystem::path& directory) {
     readme << "| `" << picture.file << "` | " << picture.size.width << " x " << picture.size.height << " | "
            << picture.description << " |\n";
   }
+  WriteFile(directory / "README.md", readme.str());
 }
 
 }  // namespace
 
 int main(int count, char** arguments) {
-  if (count != 2) {
-    std::cerr << "usage: lumidex-gallery DIRECTORY\n";
-    return 2;
-  }
-  try {
-    WriteAll(arguments[1]);
-  } catch (const std::exception& error) {
-    std::cerr << "lumidex-gallery: " << error.what() << '\n';
-    return 1;
-  }
-  return 0;
+  return RunDrawingProgram(count, arguments, WriteGallery);
 }

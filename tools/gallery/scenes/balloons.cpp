@@ -1,5 +1,6 @@
 #include <array>
 
+#include "gallery/scenes/cloud.h"
 #include "gallery/scenes/scenes.h"
 
 namespace lumidex {
@@ -107,12 +108,8 @@ void DrawBalloons(Canvas& canvas) {
   canvas.FillAll(
       Paint::Linear({0, 0}, {0, 220}, {{0, Hex(0x5BA4E6)}, {0.6, Hex(0xBFE2F8)}, {1, Hex(0xFFEBC8)}}));
   for (const auto& [x, y, size] :
-       {std::array{60.0, 150.0, 52.0}, {330.0, 60.0, 44.0}, {250.0, 158.0, 60.0}, {24.0, 40.0, 30.0}}) {
-    canvas.Ellipse(x, y, size, size * 0.16);
-    canvas.Ellipse(x - size * 0.25, y - size * 0.12, size * 0.4, size * 0.22);
-    canvas.Ellipse(x + size * 0.22, y - size * 0.15, size * 0.45, size * 0.26);
-    canvas.Fill(Hex(0xFFFFFF, 0.8));
-  }
+       {std::array{60.0, 150.0, 52.0}, {330.0, 60.0, 44.0}, {250.0, 158.0, 60.0}, {24.0, 40.0, 30.0}})
+    DrawCloud(canvas, x, y, size, Hex(0xFFFFFF, 0.8));
   DrawHills(canvas);
   DrawBalloon(canvas, {122, 22}, 118, {Hex(0xE8483C), Hex(0xF8E6B4), Hex(0x8C1C2C)});
   DrawBalloon(canvas, {270, 58}, 84, {Hex(0x3C78D0), Hex(0xF4C23C), Hex(0x1C3C84)});

@@ -2,6 +2,7 @@
 #include <array>
 #include <cmath>
 
+#include "gallery/scenes/cloud.h"
 #include "gallery/scenes/scatter.h"
 #include "gallery/scenes/scenes.h"
 
@@ -31,17 +32,11 @@ void DrawSky(Canvas& canvas) {
 }
 
 void DrawClouds(Canvas& canvas) {
-  const auto bank = [&](double x, double y, double size, Colour colour) {
-    canvas.Ellipse(x, y, size, size * 0.13);
-    canvas.Ellipse(x - size * 0.35, y - size * 0.08, size * 0.42, size * 0.14);
-    canvas.Ellipse(x + size * 0.25, y - size * 0.12, size * 0.5, size * 0.16);
-    canvas.Fill(colour);
-  };
-  bank(70, 96, 62, Hex(0xE07A86, 0.55));
-  bank(190, 126, 74, Hex(0xF09A70, 0.5));
-  bank(40, 148, 56, Hex(0x9C4A74, 0.45));
-  bank(350, 82, 70, Hex(0x8A5596, 0.5));
-  bank(372, 140, 52, Hex(0xF3A878, 0.45));
+  DrawCloud(canvas, 70, 96, 62, Hex(0xE07A86, 0.55));
+  DrawCloud(canvas, 190, 126, 74, Hex(0xF09A70, 0.5));
+  DrawCloud(canvas, 40, 148, 56, Hex(0x9C4A74, 0.45));
+  DrawCloud(canvas, 350, 82, 70, Hex(0x8A5596, 0.5));
+  DrawCloud(canvas, 372, 140, 52, Hex(0xF3A878, 0.45));
 }
 
 void DrawSea(Canvas& canvas) {

@@ -2,6 +2,7 @@
 #include <array>
 #include <vector>
 
+#include "gallery/scenes/cloud.h"
 #include "gallery/scenes/scatter.h"
 #include "gallery/scenes/scenes.h"
 
@@ -47,12 +48,8 @@ void DrawSky(Canvas& canvas) {
   canvas.Circle(308, 58, 15);
   canvas.Fill(Hex(0xFFFDF2));
   for (const auto& [x, y, size] :
-       {std::array{72.0, 46.0, 40.0}, {110.0, 36.0, 30.0}, {206.0, 66.0, 34.0}, {368.0, 92.0, 38.0}}) {
-    canvas.Ellipse(x, y, size, size * 0.16);
-    canvas.Ellipse(x - size * 0.2, y - size * 0.14, size * 0.4, size * 0.2);
-    canvas.Ellipse(x + size * 0.25, y - size * 0.1, size * 0.35, size * 0.15);
-    canvas.Fill(Hex(0xFFFFFF, 0.72));
-  }
+       {std::array{72.0, 46.0, 40.0}, {110.0, 36.0, 30.0}, {206.0, 66.0, 34.0}, {368.0, 92.0, 38.0}})
+    DrawCloud(canvas, x, y, size, Hex(0xFFFFFF, 0.72));
 }
 
 void DrawPeak(Canvas& canvas, Point top, double base, Colour light, Colour shade) {
