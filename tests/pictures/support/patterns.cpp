@@ -27,4 +27,20 @@ Colours DistinctColours(int count) {
   return colours;
 }
 
+Pixels ColourPattern(Size size, PixelFormat format) {
+  Pixels pixels = Pixels::Make(size, format, 0);
+  for (int y = 0; y < size.height; ++y) {
+    for (int x = 0; x < size.width; ++x) {
+      const bool flat = x < size.width / 2;
+      const auto red = static_cast<std::uint32_t>(flat ? 200 : x * 37 & 255);
+      const auto green = static_cast<std::uint32_t>(y * 11 & 255);
+      const auto blue = static_cast<std::uint32_t>(flat ? 128 : (x ^ y) & 255);
+      const std::uint32_t alpha = format == PixelFormat::Rgb ? 255 : static_cast<std::uint32_t>(x * 85 % 256);
+      pixels.Row(y)[static_cast<std::size_t>(x)] =
+          alpha == 0 ? 0 : alpha << 24 | red << 16 | green << 8 | blue;
+    }
+  }
+  return pixels;
+}
+
 }  // namespace lumidex

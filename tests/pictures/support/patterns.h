@@ -10,5 +10,7 @@ namespace lumidex {
 IndexedPicture Stripes(Size size, const Colours& palette);
 // `count` colours, all different, whose components are multiples of 255/15 and so survive six bits.
 Colours DistinctColours(int count);
+// Flat and changing stretches of 24-bit colour; with alpha, also clear and half clear pixels.
+Pixels ColourPattern(Size size, PixelFormat format = PixelFormat::Rgb);
 
 }  // namespace lumidex
