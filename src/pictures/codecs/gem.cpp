@@ -96,9 +96,10 @@ class Lines {
     }
     if (code == 0x80) {
       const std::size_t count = reader_.U8();
-      const Bytes copied = reader_.Take((count == 0 ? 256 : count) * unit_);
-      return std::ranges::copy(copied.first(std::min(copied.size(), into.size())), into.begin()).out -
-             into.begin();
+      const Bytes stored = reader_.Take((count == 0 ? 256 : count) * unit_);
+      const Bytes copied = stored.first(std::min(stored.size(), into.size()));
+      std::ranges::copy(copied, into.begin());
+      return copied.size();
     }
     const std::size_t count = std::min((code & 127) * unit_, into.size());
     std::ranges::fill(into.first(count), static_cast<std::uint8_t>(code >= 128 ? 0xFF : 0));
