@@ -10,13 +10,18 @@
 #include "gallery/encoders/gif_encoder.h"
 #include "gallery/encoders/hrz_encoder.h"
 #include "gallery/encoders/icon_encoder.h"
+#include "gallery/encoders/iff_encoder.h"
 #include "gallery/encoders/jpeg_encoder.h"
 #include "gallery/encoders/mac_encoder.h"
 #include "gallery/encoders/msp_encoder.h"
+#include "gallery/encoders/pcx_encoder.h"
 #include "gallery/encoders/pic_encoder.h"
 #include "gallery/encoders/png_encoder.h"
 #include "gallery/encoders/pnm_encoder.h"
+#include "gallery/encoders/ras_encoder.h"
+#include "gallery/encoders/tga_encoder.h"
 #include "gallery/encoders/tiff_encoder.h"
+#include "gallery/encoders/wpg_encoder.h"
 #include "gallery/scenes/scenes.h"
 
 namespace lumidex {
@@ -180,6 +185,36 @@ const std::vector<GalleryPicture>& GalleryPictures() {
        DrawParrot,
        "A parrot, Pictor picture of 256 colours.",
        [](const Pixels& pixels) { return EncodePic(Coloured(pixels, 256)); }},
+      {"parrot.iff",
+       {320, 200},
+       DrawParrot,
+       "A parrot, interleaved planes of 32 colours.",
+       [](const Pixels& pixels) { return EncodeIlbm(Coloured(pixels, 32)); }},
+      {"balloons.lbm",
+       {320, 200},
+       DrawBalloons,
+       "Balloons over hills, chunky bytes of 256 colours.",
+       [](const Pixels& pixels) { return EncodeLbm(Coloured(pixels, 256)); }},
+      {"still_life.pcx",
+       {320, 240},
+       DrawStillLife,
+       "Fruit and a jug, PCX of 256 colours.",
+       [](const Pixels& pixels) { return EncodePcx(Coloured(pixels, 256)); }},
+      {"mountains.ras",
+       {320, 240},
+       DrawMountains,
+       "Mountains behind a lake, Sun raster of 24 bits.",
+       [](const Pixels& pixels) { return EncodeRas(pixels); }},
+      {"lighthouse.tga",
+       {320, 240},
+       DrawLighthouse,
+       "A lighthouse at dusk, run-length TGA of 24 bits.",
+       [](const Pixels& pixels) { return EncodeTga(pixels); }},
+      {"rosette.wpg",
+       {320, 240},
+       DrawRosette,
+       "A tiling of stars, WordPerfect bitmap of 256 colours.",
+       [](const Pixels& pixels) { return EncodeWpg(Coloured(pixels, 256)); }},
       {"sailboat.wmf",
        {400, 300},
        DrawSailboat,
