@@ -163,6 +163,7 @@ void DrawGulls(Canvas& canvas) {
 }  // namespace
 
 void DrawLighthouse(Canvas& canvas) {
+  canvas.FillAll(Hex(0xF0A870));  // shows where sky and sea share a row of pixels
   DrawSky(canvas);
   DrawClouds(canvas);
   DrawSea(canvas);

@@ -115,6 +115,7 @@ void DrawShore(Canvas& canvas) {
 }  // namespace
 
 void DrawMountains(Canvas& canvas) {
+  canvas.FillAll(Hex(0x2C6C92));  // shows where land and lake share a row of pixels
   DrawShore(canvas);
   canvas.Within([&] {
     canvas.Rectangle(0, Shore, SceneWidth, SceneHeight - Shore);
