@@ -16,6 +16,7 @@ void CheckBox::VisitProperties(const PropertyVisitor& visit) {
   Control::VisitProperties(visit);
   visit("Caption", Caption);
   visit("Value", Value);
+  visit("BackColor", BackColor);
 }
 
 void CheckBox::RefuseOthers(Element&, const int& value) {

@@ -41,6 +41,8 @@ class CheckBox final : public Control {
   Property<std::string> Caption;
   // 0, 1, or 2 for grey; anything else raises InvalidPropertyValue. A new value fires Click.
   Property<int> Value;
+  // Red in the low byte; -1 is the desktop's own colour.
+  Property<std::int32_t> BackColor{*this, -1};
   Event<> OnClick;
 
   void UserClick() {

@@ -1,8 +1,19 @@
 #include "controls/common_dialog.h"
 
+#include <algorithm>
+
 #include "controls/form.h"
 
 namespace lumidex {
+namespace {
+
+// "Description|*.ext|Description|*.ext|", with or without the last bar.
+int FilterCount(const std::string& filter) {
+  const auto bars = static_cast<int>(std::ranges::count(filter, '|'));
+  return filter.ends_with('|') ? bars / 2 : (bars + 1) / 2;
+}
+
+}  // namespace
 
 void CommonDialog::VisitProperties(const PropertyVisitor& visit) {
   Control::VisitProperties(visit);
@@ -21,7 +32,8 @@ bool CommonDialog::AskFile(bool save) {
   request.save = save;
   request.title = DialogTitle.Get();
   request.filter = Filter.Get();
-  request.filterIndex = FilterIndex > 0 ? FilterIndex.Get() : 1;
+  // The index may be left over from a dialog with more filters.
+  request.filterIndex = FilterIndex > FilterCount(Filter.Get()) ? 1 : std::max(1, FilterIndex.Get());
   request.fileName = FileName.Get();
   request.directory = InitDir.Get();
   request.defaultExtension = DefaultExt.Get();

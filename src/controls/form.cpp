@@ -2,6 +2,7 @@
 
 #include "base/run_time_error.h"
 #include "base/text.h"
+#include "base/widths.h"
 
 namespace lumidex {
 
@@ -49,7 +50,30 @@ void Form::KeepDesign() {
 
 void Form::RestoreDesign() {
   Element::RestoreDesign();
+  ClearDrawing();
   for (Control* control : controls_) control->RestoreDesign();
+}
+
+void Form::Draw(std::vector<DrawnBand> bands) {
+  if (bands.empty() && drawing_.empty()) return;
+  drawing_ = std::move(bands);
+  Changed.Emit();
+}
+
+std::int32_t Form::DrawnColor(int row) const {
+  std::int32_t color = -1;
+  for (const DrawnBand& band : drawing_) {
+    if (row >= band.top && row < band.bottom) color = band.color;
+  }
+  return color;
+}
+
+std::optional<std::string> Form::ReadProperty(std::string_view name) {
+  constexpr std::string_view drawnColor = "DrawnColor(";
+  if (name.starts_with(drawnColor)) {
+    return Number(DrawnColor(ToInt32(Val(name.substr(drawnColor.size())))));
+  }
+  return Element::ReadProperty(name);
 }
 
 void Form::SizeChanged(Element& element) {

@@ -13,6 +13,14 @@ enum class ScaleMode : int { User = 0, Twips = 1, Points = 2, Pixels = 3 };
 enum class MousePointer : int { Default = 0, Hourglass = 11 };
 enum class Modality { Modeless, Modal };
 
+// A filled band of a form's persistent drawing: the rows from `top` to above `bottom`, in pixels from the
+// upper edge of the form's inside, over its whole width. Colours have red in the low byte.
+struct DrawnBand {
+  int top = 0;
+  int bottom = 0;
+  std::int32_t color = 0;
+};
+
 // One-time wishes that are no state; the view carries them out.
 enum class FormRequest { Repaint, BringToFront, Focus };
 
@@ -40,7 +48,15 @@ class Form : public Element {
   // The colour behind everything, red in the low byte; the default is the desktop's window colour.
   Property<std::int32_t> BackColor{*this, -1};
   Property<lumidex::Picture> Icon{*this};
-  Property<lumidex::Picture> Picture{*this};
+  // The background picture. Giving the form one, also the empty one, wipes the persistent drawing.
+  Property<lumidex::Picture> Picture{*this, {}, nullptr, nullptr, &Form::PictureWritten};
+
+  // The persistent drawing, on top of the background and below the controls.
+  const std::vector<DrawnBand>& Drawing() const { return drawing_; }
+  void Draw(std::vector<DrawnBand> bands);
+  void ClearDrawing() { Draw({}); }
+  // Also DrawnColor(y): the colour of the persistent drawing in a row, -1 where nothing is drawn.
+  std::optional<std::string> ReadProperty(std::string_view name) override;
 
   bool IsLoaded() const { return loaded_; }
   bool Visible() const { return visible_; }
@@ -86,12 +102,15 @@ class Form : public Element {
  private:
   friend class Control;
   static void SizeChanged(Element& element);
+  static void PictureWritten(Element& element) { static_cast<Form&>(element).ClearDrawing(); }
+  std::int32_t DrawnColor(int row) const;
   void Add(Control& control);
   void Remove(Control& control);
 
   Platform& platform_;
   std::vector<Control*> controls_;
   std::map<std::string, Control*, std::less<>> byName_;
+  std::vector<DrawnBand> drawing_;
   Control* focus_ = nullptr;
   bool loaded_ = false;
   bool visible_ = false;

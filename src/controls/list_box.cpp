@@ -47,9 +47,18 @@ bool ListBox::WriteProperty(std::string_view name, std::string_view text) {
   return Control::WriteProperty(name, text);
 }
 
+void ListBox::KeepDesign() {
+  Control::KeepDesign();
+  Settle();
+  design_ = items_;
+}
+
 void ListBox::RestoreDesign() {
   Control::RestoreDesign();
   Clear();
+  if (design_.empty()) return;
+  items_ = design_;
+  ItemsChanged.Emit({ListChange::Kind::Replaced});
 }
 
 void ListBox::CheckPosition(int index) const {

@@ -27,6 +27,8 @@ class ListBox final : public Control {
   std::optional<std::string> ReadProperty(std::string_view name) override;
   bool WriteProperty(std::string_view name, std::string_view text) override;
   bool CanTakeFocus() const override { return true; }
+  // The entries that stand in the list by design come back with the rest.
+  void KeepDesign() override;
   void RestoreDesign() override;
 
   Property<std::int32_t> BackColor{*this, -1};
@@ -78,6 +80,7 @@ class ListBox final : public Control {
   mutable std::vector<Item> items_;
   mutable std::vector<Item> unsettled_;
   mutable int selected_ = -1;
+  std::vector<Item> design_;
 };
 
 }  // namespace lumidex

@@ -10,6 +10,7 @@ namespace lumidex {
 void ImageBox::VisitProperties(const PropertyVisitor& visit) {
   Control::VisitProperties(visit);
   visit("Picture", Picture);
+  visit("PictureKey", PictureKey);
   visit("Stretch", Stretch);
   visit("Order", Order);
 }

@@ -14,6 +14,8 @@ class ImageBox final : public Control {
   void VisitProperties(const PropertyVisitor& visit) override;
 
   Property<lumidex::Picture> Picture{*this};
+  // Name of the drawn picture that stands in the box while it is given no other; empty for none.
+  Property<std::string> PictureKey{*this};
   // Scales the picture to the box; else the picture is shown in its own size from the top left corner.
   Property<bool> Stretch;
   // Stands before its neighbours once this was called.

@@ -1,6 +1,7 @@
 #include "controls/ranges.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "base/run_time_error.h"
 
@@ -28,10 +29,30 @@ void RangeControl::RefuseOutside(Element& owner, const int& value) {
   if (value < low || value > high) throw RunTimeError(ErrorNumber::InvalidPropertyValue);
 }
 
-void RangeControl::UserSet(int value) {
-  if (!UserMayAct()) return;
+int RangeControl::Within(int value) const {
   const auto [low, high] = std::minmax(Min.Get(), Max.Get());
-  Value = std::clamp(value, low, high);
+  return std::clamp(value, low, high);
+}
+
+void RangeControl::UserSet(int value) {
+  if (UserMayAct()) Value = Within(value);
+}
+
+void RangeControl::UserDrag(int value) {
+  if (!UserMayAct()) return;
+  if (!beforeDrag_) beforeDrag_ = Value.Get();
+  Value.SetQuietly(Within(value));
+  OnScroll();
+}
+
+void RangeControl::UserDrop() {
+  const std::optional<int> before = std::exchange(beforeDrag_, std::nullopt);
+  if (before && !(Value == *before)) OnChange();
+}
+
+void Slider::VisitProperties(const PropertyVisitor& visit) {
+  RangeControl::VisitProperties(visit);
+  visit("TickFrequency", TickFrequency);
 }
 
 }  // namespace lumidex

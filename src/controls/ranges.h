@@ -1,6 +1,8 @@
 #pragma once
 // Controls with a value between two ends: slider, up-down, scroll bar, progress bar.
 
+#include <optional>
+
 #include "controls/control.h"
 
 namespace lumidex {
@@ -19,10 +21,17 @@ class RangeControl : public Control {
 
   // Brought into the range; fires Change on a new value.
   void UserSet(int value);
+  // A thumb is dragged, which fires Scroll, and let go, which fires Change when the value is another than
+  // before.
+  void UserDrag(int value);
+  void UserDrop();
 
  private:
+  int Within(int value) const;
   static void RefuseOutside(Element& owner, const int& value);
   static void Fire(Element& owner) { static_cast<RangeControl&>(owner).OnChange(); }
+
+  std::optional<int> beforeDrag_;
 };
 
 class Slider final : public RangeControl {
@@ -30,6 +39,9 @@ class Slider final : public RangeControl {
   Slider(Form& owner, std::string name, int min = 0, int max = 10, int value = 0)
       : RangeControl(owner, std::move(name), min, max, value) {}
   std::string_view Kind() const override { return "Slider"; }
+  void VisitProperties(const PropertyVisitor& visit) override;
+  // Steps between two ticks.
+  Property<int> TickFrequency{*this, 1};
   bool CanTakeFocus() const override { return true; }
 };
 

@@ -1,10 +1,15 @@
 #include "core/exit_program.h"
 
+#include "core/list_files.h"
+#include "core/settings_file.h"
+
 namespace lumidex {
 
 void SaveSettingsAndList(App& app) {
   app.SavingSettings = true;
+  WriteSettings(app);
   if (app.CommandLineMode) return;
+  SaveStandardList(app);
   app.SavingSettings = false;
 }
 

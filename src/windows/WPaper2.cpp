@@ -7,6 +7,7 @@
 #include "core/exit_program.h"
 #include "core/helpers.h"
 #include "core/image_lists.h"
+#include "core/settings_file.h"
 #include "imaging/current_picture.h"
 #include "windows/WPaper2_layout.h"
 #include "windows/windows.h"
@@ -46,6 +47,8 @@ void Form_Load(App& app) {
            &app.frmThumbNail, &app.frmZoomView, &app.SelectPictureDirectoryForm}) {
     form->Load();
   }
+  // Behind the loads, since it writes into the controls of the preferences.
+  ReadSettings(app);
   app.frmSystemTray.Show();
   app.WPaper2.Show();
   app.WPaper2.Refresh();

@@ -13,6 +13,7 @@ void WireWindows(App& app) {
   Wirefrmlocatefiles(app);
   Wirecheckjpg(app);
   WirefrmPreferences(app);
+  WireListFiles(app);
 }
 
 }  // namespace lumidex

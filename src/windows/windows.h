@@ -16,5 +16,6 @@ void WirefrmTip(App& app);
 void Wirefrmlocatefiles(App& app);
 void Wirecheckjpg(App& app);
 void WirefrmPreferences(App& app);
+void WireListFiles(App& app);
 
 }  // namespace lumidex

@@ -1,0 +1,13 @@
+#include "imaging/save_picture.h"
+
+#include "base/run_time_error.h"
+#include "pictures/bmp_writer.h"
+
+namespace lumidex {
+
+void SavePicture(App& app, const Picture& picture, const std::string& path) {
+  if (picture.IsEmpty()) throw RunTimeError(ErrorNumber::InvalidPropertyValue);
+  app.platform.files.WriteAll(path, BmpFile(picture.FullPixels()));
+}
+
+}  // namespace lumidex

@@ -1,0 +1,12 @@
+#pragma once
+// A picture object to a bitmap file.
+
+#include "forms/app.h"
+
+namespace lumidex {
+
+// Writes the picture as a bitmap, whatever it came from. Raises InvalidPropertyValue for the empty picture
+// and what writing raises.
+void SavePicture(App& app, const Picture& picture, const std::string& path);
+
+}  // namespace lumidex

@@ -1,0 +1,12 @@
+#include "preferences/toolbar_list.h"
+
+namespace lumidex {
+
+void ApplyToolbarList(App& app) {
+  const ListBox& list = app.frmPreferences.List1;
+  for (int entry = 0; entry < list.ListCount(); ++entry) {
+    app.WPaper2.Toolbar1.SetVisible(entry + 1, list.Selected(entry));
+  }
+}
+
+}  // namespace lumidex
