@@ -118,6 +118,17 @@ void DirList::SetPath(const std::string& path) {
   OnChange();
 }
 
+void DirList::Refresh() {
+  if (path_.empty()) return;
+  IgnoreError([&] {
+    DirectoryReader::Shared now = reader_.Read(path_);
+    if (now == listing_) return;
+    listing_ = std::move(now);
+    listIndex_ = -1;
+    Changed.Emit();
+  });
+}
+
 std::int16_t DirList::ListCount() const {
   return listing_ ? Count16(listing_->directories.size()) : std::int16_t{0};
 }
@@ -208,21 +219,28 @@ void FileList::SetPath(const std::string& path) {
   Forget();
 }
 
+void FileList::Refresh() {
+  if (!listing_) return;
+  IgnoreError([&] {
+    if (reader_.Read(path_) != listing_) Forget();
+  });
+}
+
 void FileList::Forget() {
-  filtered_ = false;
+  listing_.reset();
   names_.clear();
   listIndex_ = -1;
   Changed.Emit();
 }
 
 const std::vector<std::string>& FileList::Names() const {
-  if (filtered_ || path_.empty()) return names_;
+  if (listing_ || path_.empty()) return names_;
   const PatternList patterns(Pattern.Get());
-  for (const std::string& name : reader_.Read(path_)->files) {
+  listing_ = reader_.Read(path_);
+  for (const std::string& name : listing_->files) {
     if (patterns.Matches(name)) names_.push_back(name);
   }
   std::ranges::sort(names_, [](const auto& a, const auto& b) { return CompareText(a, b) < 0; });
-  filtered_ = true;
   return names_;
 }
 
@@ -230,9 +248,13 @@ std::int16_t FileList::ListCount() const {
   return Count16(Names().size());
 }
 
+int FileList::FileCount() const {
+  return static_cast<int>(Names().size());
+}
+
 const std::string& FileList::List(int index) const {
   static const std::string nothing;
-  if (index < 0 || index >= ListCount()) return nothing;
+  if (index < 0 || index >= FileCount()) return nothing;
   return Names()[static_cast<std::size_t>(index)];
 }
 

@@ -42,6 +42,8 @@ class DirList final : public Control {
   // Another directory fires Change; one that can't be entered raises PathNotFound or PathFileAccess and
   // changes nothing.
   void SetPath(const std::string& path);
+  // Takes in what has changed on the disk since; a directory that is gone stays as it was read.
+  void Refresh();
   // Number of immediate subdirectories.
   std::int16_t ListCount() const;
   // Full path of a row: 0 and up the subdirectories by name, -1 the directory itself, -2 its parent, and so
@@ -82,9 +84,13 @@ class FileList final : public Control {
   const std::string& Path() const { return path_; }
   // The directory is read when its entries are first asked for, and that is what raises when it can't be.
   void SetPath(const std::string& path);
+  // Takes in what has changed on the disk since.
+  void Refresh();
   // Semicolon-separated, without regard to case; empty matches nothing.
   Property<std::string> Pattern;
   std::int16_t ListCount() const;
+  // As many as there are, where ListCount ends at what 16 bits can say.
+  int FileCount() const;
   // Bare names, ascending; empty outside.
   const std::string& List(int index) const;
   int ListIndex() const { return listIndex_; }
@@ -102,7 +108,7 @@ class FileList final : public Control {
   DirectoryReader& reader_;
   std::string path_;
   int listIndex_ = -1;
-  mutable bool filtered_ = false;  // names_ is what path_ and Pattern give
+  mutable DirectoryReader::Shared listing_;  // what names_ was taken from, null when it has to be taken anew
   mutable std::vector<std::string> names_;
 };
 

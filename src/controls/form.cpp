@@ -113,7 +113,18 @@ void Form::Hide() {
 }
 
 void Form::Unload() {
-  if (!loaded_ || unloading_) return;
+  if (!loaded_) return;
+  // Asked again from inside its own question it just goes.
+  if (!unloading_ && !AgreesToUnload()) return;
+  Hide();
+  loaded_ = false;
+  focus_ = nullptr;
+  for (Control* control : controls_) control->WhenFormUnloaded();
+  RestoreDesign();
+  VisibilityChanged.Emit();
+}
+
+bool Form::AgreesToUnload() {
   unloading_ = true;
   bool cancel = false;
   try {
@@ -124,13 +135,7 @@ void Form::Unload() {
     throw;
   }
   unloading_ = false;
-  if (cancel) return;
-  Hide();
-  loaded_ = false;
-  focus_ = nullptr;
-  for (Control* control : controls_) control->WhenFormUnloaded();
-  RestoreDesign();
-  VisibilityChanged.Emit();
+  return !cancel;
 }
 
 float Form::TextWidth(std::string_view text) {

@@ -104,6 +104,7 @@ class Form : public Element {
   static void SizeChanged(Element& element);
   static void PictureWritten(Element& element) { static_cast<Form&>(element).ClearDrawing(); }
   std::int32_t DrawnColor(int row) const;
+  bool AgreesToUnload();
   void Add(Control& control);
   void Remove(Control& control);
 

@@ -18,11 +18,10 @@ bool MoveToHighlighted(App& app) {
   return true;
 }
 
-void AddFiles(App& app) {
+// Adds the first `count` files of File1 to the Selection list.
+void AddFiles(App& app, int count) {
   const DirList& directories = app.SelectPictureDirectoryForm.Dir1;
   const FileList& files = app.SelectPictureDirectoryForm.File1;
-  const int count = files.ListCount();
-  if (count == 0) return;
   std::string prefix = directories.Path();
   // A root keeps the separator that it ends in.
   if (!prefix.ends_with(app.platform.files.Separator())) prefix += app.platform.files.Separator();
@@ -114,7 +113,9 @@ bool WalkDirectory(App& app, const std::string& NewPath, std::int16_t DirCount, 
       if (AbandonSearch) return false;
       events.Yield();
     }
-    AddFiles(app);
+    // A directory with more files than the list can hold must meet the list's refusal, which is what is
+    // reported.
+    AddFiles(app, app.SelectPictureDirectoryForm.File1.FileCount());
   } catch (const RunTimeError& error) {
     if (error.Number() == ErrorNumber::OutOfMemory) {
       app.platform.dialogs.MsgBox({"You've filled the listbox. Search being abandoned..."});
@@ -130,7 +131,7 @@ void SearchOneDirectory(App& app) {
   app.SearchRunning = true;
   if (MoveToHighlighted(app)) return;
   app.SelectPictureDirectoryForm.File1.Pattern = BuildFilePattern(app);
-  AddFiles(app);
+  AddFiles(app, app.SelectPictureDirectoryForm.File1.ListCount());
 }
 
 }  // namespace lumidex

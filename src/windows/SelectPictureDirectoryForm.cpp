@@ -25,8 +25,11 @@ void Form_Load(App& app) {
   dialog.File1.Pattern = BuildFilePattern(app);
 }
 
-void Drive1_Change(Dialog& dialog) {
+void Drive1_Change(App& app) {
+  Dialog& dialog = app.SelectPictureDirectoryForm;
   try {
+    // A drive alone means the directory that is current on it, and that is where Dir1 stands already.
+    if (app.platform.files.DriveOf(dialog.Dir1.Path()) == dialog.Drive1.Drive()) return;
     dialog.Dir1.SetPath(dialog.Drive1.Drive());
   } catch (const RunTimeError&) {
     dialog.Drive1.SetDrive(dialog.Dir1.Path());
@@ -109,8 +112,12 @@ void WireSelectPictureDirectoryForm(App& app) {
   Dialog& dialog = app.SelectPictureDirectoryForm;
   const auto takePattern = [&app] { app.SelectPictureDirectoryForm.File1.Pattern = BuildFilePattern(app); };
   dialog.OnLoad = [&app] { Form_Load(app); };
-  dialog.OnActivate = takePattern;
-  dialog.Drive1.OnChange = [&dialog] { Drive1_Change(dialog); };
+  dialog.OnActivate = [&dialog, takePattern] {
+    dialog.Dir1.Refresh();
+    dialog.File1.Refresh();
+    takePattern();
+  };
+  dialog.Drive1.OnChange = [&app] { Drive1_Change(app); };
   dialog.Dir1.OnChange = [&app] { Dir1_Change(app); };
   dialog.Dir1.OnKeyPress = [&dialog](int keyCode) {
     constexpr int space = 32;
