@@ -16,7 +16,7 @@ struct SelectPictureDirectoryFormWindow : Form {
         reader(platform.files) {
     cmdFolder(0).PictureKey = "desktop";
     cmdFolder(1).PictureKey = "documents";
-    cmdFolder(2).PictureKey = "favorites";
+    cmdFolder(2).PictureKey = "favourites";
     cmdOK.Default = true;
     cmdCancel.Cancel = true;
     KeepDesign();

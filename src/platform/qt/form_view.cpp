@@ -1,0 +1,223 @@
+#include "platform/qt/form_view.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QPushButton>
+#include <QScreen>
+#include <QWindow>
+#include <stdexcept>
+
+#include "controls/buttons.h"
+#include "platform/qt/conversions.h"
+#include "platform/qt/form_views.h"
+
+namespace lumidex {
+
+FormView::FormView(FormViews& views, Form& form, Qt::WindowFlags flags)
+    : QWidget(nullptr, flags), views_(views), form_(form) {
+  setObjectName(ToQt(form.Name()));
+  requests_ = form.Requested.Connect([this](FormRequest request) { CarryOut(request); });
+  new Mirror(pushes_, form, this, [this] { ShowState(); });
+}
+
+FormView::~FormView() = default;
+
+const Units& FormView::GetUnits() const {
+  return views_.GetUnits();
+}
+
+void FormView::ReportMissing(std::string_view name) const {
+  throw std::logic_error(form_.Name() + " has no control " + std::string(name));
+}
+
+Mirror* FormView::Follow(Control& control, QWidget* widget, std::function<void()> push) {
+  widget->setObjectName(ToQt(control.Name()));
+  if (widget->accessibleName().isEmpty()) widget->setAccessibleName(widget->objectName());
+  widgets_[&control] = widget;
+  widget->installEventFilter(this);
+  return new Mirror(pushes_, control, widget, [&control, widget, push = std::move(push)] {
+    if (push) push();
+    widget->setEnabled(control.Enabled);
+    // Compared first: showing a child anew costs a layout of its whole window.
+    if (widget->isHidden() == control.Visible.Get()) widget->setVisible(control.Visible);
+    if (!control.ToolTipText.Get().empty()) widget->setToolTip(ToQt(control.ToolTipText.Get()));
+  });
+}
+
+QWidget* FormView::WidgetOf(const Control& control) const {
+  const auto found = widgets_.find(&control);
+  return found == widgets_.end() ? nullptr : found->second.data();
+}
+
+Control* FormView::ControlOf(const QWidget* widget) const {
+  for (Control* control : form_.Controls()) {
+    const QWidget* own = WidgetOf(*control);
+    if (own && (own == widget || own->isAncestorOf(widget))) return control;
+  }
+  return nullptr;
+}
+
+void FormView::Serve(const std::function<void()>& work, Mirror* mirror) {
+  const QPointer<FormView> self = this;
+  const QPointer<Mirror> shown = mirror;
+  form_.GetPlatform().events.Guard(work);
+  if (!self) return;
+  if (shown) shown->MarkChanged();
+  pushes_.Flush();
+}
+
+void FormView::CarryOut(FormRequest request) {
+  switch (request) {
+    case FormRequest::Repaint:
+      pushes_.Flush();
+      if (isVisible()) repaint();
+      break;
+    case FormRequest::BringToFront:
+      raise();
+      activateWindow();
+      break;
+    case FormRequest::Focus: {
+      Control* control = form_.ActiveControl();
+      QWidget* widget = control ? WidgetOf(*control) : nullptr;
+      if (!widget) break;
+      // The widget may still be waiting for its enabled state, without which it takes no focus.
+      pushes_.Flush();
+      if (!widget->hasFocus()) widget->setFocus(Qt::OtherFocusReason);
+      break;
+    }
+  }
+}
+
+void FormView::FollowVisibility() {
+  if (form_.Visible() == isVisible()) return;
+  if (!form_.Visible()) {
+    hide();
+    return;
+  }
+  ignoresActivation_ = true;
+  setWindowModality(form_.IsModal() ? Qt::ApplicationModal : Qt::NonModal);
+  pushes_.Flush();
+  ShowState();
+  if (QWidget* before = views_.DialogParent(); before && before != this && windowType() == Qt::Dialog) {
+    winId();
+    windowHandle()->setTransientParent(before->window()->windowHandle());
+    const QPoint middle = before->window()->geometry().center();
+    if (!testAttribute(Qt::WA_Moved)) move(middle - rect().center());
+  }
+  if (views_.IsTopmost(form_)) {
+    winId();
+    windowHandle()->setFlag(Qt::WindowStaysOnTopHint);
+  }
+  if (form_.State == WindowState::Maximized) {
+    showMaximized();
+  } else {
+    show();
+  }
+}
+
+bool FormView::event(QEvent* event) {
+  if (event->type() == QEvent::WindowActivate) {
+    views_.NoteActive(*this);
+    // Show has told the form of its first activation itself.
+    if (!std::exchange(ignoresActivation_, false)) {
+      Serve([this] { form_.UserActivate(); });
+    }
+  }
+  return QWidget::event(event);
+}
+
+void FormView::closeEvent(QCloseEvent* event) {
+  // The form decides; when it goes, it hides this window.
+  event->ignore();
+  Serve([this] { form_.UserClose(); });
+}
+
+void FormView::keyPressEvent(QKeyEvent* event) {
+  const int code = KeyCode(*event);
+  const bool isEnter = code == 13;
+  if ((isEnter || code == 27) && event->modifiers().testFlags(Qt::NoModifier) && PressDefault(!isEnter))
+    return;
+  if (code && form_.OnKeyDown) {
+    Serve([this, code] { form_.OnKeyDown(code); });
+  } else {
+    QWidget::keyPressEvent(event);
+  }
+}
+
+bool FormView::PressDefault(bool cancel) {
+  if (!cancel) {
+    // Enter on a button presses that button.
+    if (auto* focused = qobject_cast<QPushButton*>(focusWidget()); focused && focused->hasFocus()) {
+      focused->click();
+      return true;
+    }
+  }
+  for (Control* control : form_.Controls()) {
+    auto* button = dynamic_cast<CommandButton*>(control);
+    if (!button || !button->Enabled || !button->Visible) continue;
+    if (!(cancel ? button->Cancel : button->Default)) continue;
+    Serve([button] { button->UserClick(); });
+    return true;
+  }
+  return false;
+}
+
+void FormView::mousePressEvent(QMouseEvent* event) {
+  if (event->button() == Qt::LeftButton && form_.OnClick) {
+    Serve([this] { form_.OnClick(); });
+  } else {
+    QWidget::mousePressEvent(event);
+  }
+}
+
+void FormView::paintEvent(QPaintEvent*) {
+  if (form_.Picture.Get().IsEmpty()) return;
+  QPainter painter(this);
+  painter.drawImage(0, 0, ToImage(form_.Picture.Get()));
+}
+
+bool FormView::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() != QEvent::FocusIn && event->type() != QEvent::KeyPress) return false;
+  auto* widget = qobject_cast<QWidget*>(watched);
+  Control* control = widget ? ControlOf(widget) : nullptr;
+  if (!control) return false;
+  if (event->type() == QEvent::FocusIn) {
+    if (form_.ActiveControl() != control) {
+      Serve([this, control] { form_.UserFocus(control); });
+    }
+    return false;
+  }
+  const int code = KeyCode(*static_cast<QKeyEvent*>(event));
+  if (code && (control->OnKeyDown || control->OnKeyPress)) {
+    Serve([control, code] {
+      if (!control->Enabled) return;
+      control->OnKeyDown(code);
+      control->OnKeyPress(code);
+    });
+  }
+  return false;
+}
+
+int KeyCode(const QKeyEvent& event) {
+  struct Pair {
+    int key;
+    int code;
+  };
+  static constexpr Pair table[] = {{Qt::Key_Return, 13},   {Qt::Key_Enter, 13},  {Qt::Key_Escape, 27},
+                                   {Qt::Key_Space, 32},    {Qt::Key_PageUp, 33}, {Qt::Key_PageDown, 34},
+                                   {Qt::Key_End, 35},      {Qt::Key_Home, 36},   {Qt::Key_Left, 37},
+                                   {Qt::Key_Up, 38},       {Qt::Key_Right, 39},  {Qt::Key_Down, 40},
+                                   {Qt::Key_Insert, 45},   {Qt::Key_Delete, 46}, {Qt::Key_Tab, 9},
+                                   {Qt::Key_Backspace, 8}, {Qt::Key_Plus, 107},  {Qt::Key_Minus, 109}};
+  const int key = event.key();
+  for (const Pair& pair : table) {
+    if (pair.key == key) return pair.code;
+  }
+  if (key >= Qt::Key_F1 && key <= Qt::Key_F12) return 112 + key - Qt::Key_F1;
+  if ((key >= Qt::Key_A && key <= Qt::Key_Z) || (key >= Qt::Key_0 && key <= Qt::Key_9)) return key;
+  return 0;
+}
+
+}  // namespace lumidex

@@ -1,0 +1,93 @@
+#pragma once
+// One window on screen, showing one form. It exists from the form's first show on, follows the form's state,
+// and tells the form what the user does. What stands in the window is the business of the derived views.
+
+#include <QPointer>
+#include <QWidget>
+#include <map>
+
+#include "controls/form.h"
+#include "platform/qt/mirror.h"
+#include "platform/qt/units.h"
+
+namespace lumidex {
+
+class FormViews;
+
+class FormView : public QWidget {
+ public:
+  FormView(FormViews& views, Form& form, Qt::WindowFlags flags = Qt::Dialog);
+  ~FormView() override;
+
+  Form& GetForm() const { return form_; }
+  FormViews& Views() const { return views_; }
+  const Units& GetUnits() const;
+  PushQueue& Pushes() { return pushes_; }
+
+  // Raises the C++ error std::logic_error when the form has no such control: a view and its form belong
+  // together.
+  template <class T>
+  T& Get(std::string_view name) const {
+    auto* control = dynamic_cast<T*>(form_.Find(name));
+    if (!control) ReportMissing(name);
+    return *control;
+  }
+
+  // Gives the widget the control's name, enabled state, visibility and tool tip, keeps it up to date together
+  // with what `push` does, and ties the keyboard focus of both.
+  Mirror* Follow(Control& control, QWidget* widget, std::function<void()> push = {});
+  QWidget* WidgetOf(const Control& control) const;
+  // The control whose keyboard focus `widget` has; null for none.
+  Control* ControlOf(const QWidget* widget) const;
+
+  // Runs what a user's gesture leads to. Errors end in the program's report; afterwards the widget shows what
+  // the control holds, since the control may have refused.
+  void Serve(const std::function<void()>& work, Mirror* mirror = nullptr);
+
+  // The window becomes active by something that is no change of windows for the program.
+  void IgnoreNextActivation() { ignoresActivation_ = true; }
+
+  // Brings window and widgets to the form's present state.
+  void ShowState();
+  // Shows or hides the window after the form was shown or hidden.
+  void FollowVisibility();
+
+ protected:
+  // Pixels of the window's content to the form's outer size in twips.
+  virtual bool SizeComesFromForm() const { return false; }
+
+  void closeEvent(QCloseEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void moveEvent(QMoveEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+  bool event(QEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  [[noreturn]] void ReportMissing(std::string_view name) const;
+  QSize WantedSize() const;
+  void PushColors();
+  void PushSize();
+  void CarryOut(FormRequest request);
+  void TellSize(const QSize& size);
+  bool PressDefault(bool cancel);
+
+  FormViews& views_;
+  Form& form_;
+  PushQueue pushes_;
+  std::map<const Control*, QPointer<QWidget>> widgets_;
+  Connection requests_;
+  QPointer<QWidget> wantsFocus_;
+  std::int32_t shownBackColor_ = -1;
+  Picture shownIcon_;
+  bool ignoresActivation_ = true;
+  bool pushing_ = false;
+};
+
+// The classic virtual key code of a key press: 13 Enter, 37 to 40 the arrows; 0 when there is none.
+int KeyCode(const QKeyEvent& event);
+
+}  // namespace lumidex

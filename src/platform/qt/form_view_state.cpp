@@ -1,0 +1,115 @@
+// The two ways between a window's state and its form's: what the program sets goes to the window, what the
+// user does to the frame goes to the form.
+
+#include <QApplication>
+#include <QMoveEvent>
+#include <QResizeEvent>
+#include <cmath>
+
+#include "platform/qt/conversions.h"
+#include "platform/qt/form_view.h"
+#include "platform/qt/form_views.h"
+
+namespace lumidex {
+namespace {
+
+// Lengths that went through twips and back.
+bool IsSame(float a, float b) {
+  return std::abs(a - b) < 1.0F;
+}
+
+}  // namespace
+
+void FormView::ShowState() {
+  if (windowTitle() != ToQt(form_.Caption.Get())) setWindowTitle(ToQt(form_.Caption.Get()));
+  if (isEnabled() != form_.Enabled.Get()) setEnabled(form_.Enabled);
+  if (form_.Pointer == MousePointer::Hourglass) {
+    setCursor(Qt::WaitCursor);
+  } else if (cursor().shape() != Qt::ArrowCursor) {
+    unsetCursor();
+  }
+  if (!(shownIcon_ == form_.Icon.Get())) {
+    shownIcon_ = form_.Icon.Get();
+    setWindowIcon(ToIcon(shownIcon_));
+  }
+  PushColors();
+  PushSize();
+}
+
+void FormView::PushColors() {
+  if (form_.BackColor == shownBackColor_) return;
+  shownBackColor_ = form_.BackColor;
+  QPalette colors = QApplication::palette(this);
+  if (const QColor back = ToColor(shownBackColor_); back.isValid()) {
+    colors.setColor(QPalette::Window, back);
+    colors.setColor(QPalette::WindowText, ReadableOn(back));
+  }
+  setPalette(colors);
+}
+
+QSize FormView::WantedSize() const {
+  const double factor = GetUnits().factor;
+  return {static_cast<int>(std::lround((form_.Width / twipsPerPixel - nominalFrameWidth) * factor)),
+          static_cast<int>(std::lround((form_.Height / twipsPerPixel - nominalFrameHeight) * factor))};
+}
+
+void FormView::PushSize() {
+  pushing_ = true;
+  const bool minimized = form_.State == WindowState::Minimized;
+  const bool maximized = form_.State == WindowState::Maximized;
+  if (isVisible() && (isMinimized() != minimized || (!minimized && isMaximized() != maximized))) {
+    if (minimized) {
+      showMinimized();
+    } else if (maximized) {
+      showMaximized();
+    } else {
+      showNormal();
+    }
+  }
+  if (SizeComesFromForm() && !minimized && !maximized) {
+    const QSize wanted = WantedSize();
+    if (wanted.isValid() && wanted != size()) resize(wanted);
+  }
+  if (form_.Left.Get() != 0 || form_.Top.Get() != 0) {
+    const QPoint wanted(GetUnits().Pixels(form_.Left), GetUnits().Pixels(form_.Top));
+    if (!IsSame(GetUnits().Twips(x()), form_.Left) || !IsSame(GetUnits().Twips(y()), form_.Top)) move(wanted);
+  }
+  pushing_ = false;
+}
+
+void FormView::TellSize(const QSize& size) {
+  const double factor = GetUnits().factor;
+  const auto outer = [factor](int pixels, int frame) {
+    return static_cast<float>((pixels / factor + frame) * twipsPerPixel);
+  };
+  const WindowState state = isMinimized()   ? WindowState::Minimized
+                            : isMaximized() ? WindowState::Maximized
+                                            : WindowState::Normal;
+  float width = outer(size.width(), nominalFrameWidth);
+  float height = outer(size.height(), nominalFrameHeight);
+  // The size that the form itself has set comes back rounded to whole pixels: that is no new size.
+  if (state == WindowState::Minimized || size == WantedSize()) {
+    width = form_.Width;
+    height = form_.Height;
+  }
+  Serve([&] { form_.UserResize(width, height, state); });
+}
+
+void FormView::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  if (form_.IsLoaded()) TellSize(event->size());
+}
+
+void FormView::moveEvent(QMoveEvent* event) {
+  QWidget::moveEvent(event);
+  if (pushing_ || isMinimized() || isMaximized() || !isVisible()) return;
+  form_.Left.SetQuietly(GetUnits().Twips(x()));
+  form_.Top.SetQuietly(GetUnits().Twips(y()));
+}
+
+void FormView::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() == QEvent::WindowStateChange && form_.Visible() && !pushing_) TellSize(size());
+}
+
+}  // namespace lumidex

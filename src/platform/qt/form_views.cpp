@@ -1,0 +1,81 @@
+#include "platform/qt/form_views.h"
+
+#include <QApplication>
+#include <QWindow>
+
+namespace lumidex {
+
+FormViews::FormViews(Factory factory) : factory_(std::move(factory)) {}
+
+FormViews::~FormViews() = default;
+
+void FormViews::Attach(Form& form) {
+  entries_.push_back(std::make_unique<Entry>());
+  Entry& entry = *entries_.back();
+  entry.form = &form;
+  entry.visibility = form.VisibilityChanged.Connect([this, &entry] { FollowVisibility(entry); });
+  FollowVisibility(entry);
+}
+
+void FormViews::Close() {
+  entries_.clear();
+}
+
+const Units& FormViews::GetUnits() {
+  if (!units_) units_ = std::make_unique<Units>(Units::For(QApplication::font()));
+  return *units_;
+}
+
+void FormViews::FollowVisibility(Entry& entry) {
+  if (!entry.view) {
+    if (!entry.form->Visible()) return;
+    entry.view = factory_(*this, *entry.form);
+    if (!entry.view) return;
+  }
+  entry.view->FollowVisibility();
+}
+
+FormViews::Entry* FormViews::Find(WindowHandle form) const {
+  for (const auto& entry : entries_) {
+    if (entry->form->hwnd() == form) return entry.get();
+  }
+  return nullptr;
+}
+
+FormView* FormViews::ViewOf(const Form& form) const {
+  for (const auto& entry : entries_) {
+    if (entry->form == &form) return entry->view.get();
+  }
+  return nullptr;
+}
+
+FormView* FormViews::ViewOf(WindowHandle form) const {
+  const Entry* entry = Find(form);
+  return entry ? entry->view.get() : nullptr;
+}
+
+QWidget* FormViews::DialogParent() const {
+  if (QWidget* modal = QApplication::activeModalWidget()) return modal;
+  if (active_ && active_->isVisible()) return active_;
+  for (const auto& entry : entries_) {
+    if (entry->view && entry->view->isVisible()) return entry->view.get();
+  }
+  return nullptr;
+}
+
+void FormViews::MakeTopmost(WindowHandle form) {
+  Entry* entry = Find(form);
+  if (!entry || entry->topmost) return;
+  entry->topmost = true;
+  // Through the window itself: changing the widget's flags would take the window off the screen.
+  if (entry->view && entry->view->windowHandle()) {
+    entry->view->windowHandle()->setFlag(Qt::WindowStaysOnTopHint);
+  }
+}
+
+bool FormViews::IsTopmost(const Form& form) const {
+  const Entry* entry = Find(form.hwnd());
+  return entry && entry->topmost;
+}
+
+}  // namespace lumidex

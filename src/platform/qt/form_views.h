@@ -1,0 +1,58 @@
+#pragma once
+// All windows of the program. Makes a form's view when the form is first shown, and knows which one the user
+// works in.
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "platform/qt/form_view.h"
+
+namespace lumidex {
+
+class FormViews final {
+ public:
+  using Factory = std::function<std::unique_ptr<FormView>(FormViews&, Form&)>;
+
+  // `factory` makes the view of a form.
+  explicit FormViews(Factory factory);
+  ~FormViews();
+
+  // Watches a form, which must live longer than these views or until Close.
+  void Attach(Form& form);
+  // Deletes all views and lets go of the forms.
+  void Close();
+
+  const Units& GetUnits();
+  // Null while the form has never been shown.
+  FormView* ViewOf(const Form& form) const;
+  FormView* ViewOf(WindowHandle form) const;
+  // The view that has the keyboard, or had it last; null before the first one.
+  FormView* Active() const { return active_; }
+  // The window that a dialog is to stand before.
+  QWidget* DialogParent() const;
+
+  // Keeps the form's window, present or future, above all others.
+  void MakeTopmost(WindowHandle form);
+  bool IsTopmost(const Form& form) const;
+
+  // For the views alone.
+  void NoteActive(FormView& view) { active_ = &view; }
+
+ private:
+  struct Entry {
+    Form* form;
+    std::unique_ptr<FormView> view;
+    Connection visibility;
+    bool topmost = false;
+  };
+  Entry* Find(WindowHandle form) const;
+  void FollowVisibility(Entry& entry);
+
+  Factory factory_;
+  std::vector<std::unique_ptr<Entry>> entries_;
+  QPointer<FormView> active_;
+  std::unique_ptr<Units> units_;
+};
+
+}  // namespace lumidex

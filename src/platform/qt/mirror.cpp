@@ -1,0 +1,47 @@
+#include "platform/qt/mirror.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <utility>
+
+namespace lumidex {
+
+void PushQueue::Add(Mirror& mirror) {
+  waiting_.emplace_back(&mirror);
+  if (posted_) return;
+  posted_ = true;
+  QCoreApplication::postEvent(this, new QEvent(QEvent::User), Qt::HighEventPriority);
+}
+
+void PushQueue::Flush() {
+  posted_ = false;
+  // A push can lead to another one, as a resize that the program answers with a layout.
+  while (!waiting_.empty()) {
+    const auto batch = std::exchange(waiting_, {});
+    for (const auto& mirror : batch) {
+      if (!mirror) continue;
+      mirror->waiting_ = false;
+      mirror->push_();
+    }
+  }
+}
+
+bool PushQueue::event(QEvent* event) {
+  if (event->type() != QEvent::User) return QObject::event(event);
+  if (posted_) Flush();
+  return true;
+}
+
+Mirror::Mirror(PushQueue& queue, Element& element, QObject* widget, std::function<void()> push)
+    : QObject(widget), queue_(&queue), push_(std::move(push)) {
+  connection_ = element.Changed.Connect([this] { MarkChanged(); });
+  push_();
+}
+
+void Mirror::MarkChanged() {
+  if (waiting_ || !queue_) return;
+  waiting_ = true;
+  queue_->Add(*this);
+}
+
+}  // namespace lumidex

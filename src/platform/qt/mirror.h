@@ -1,0 +1,46 @@
+#pragma once
+// The tie between a control and its widget: after the control has changed, its state is pushed into the
+// widget, once for each turn of the event loop however often it changed.
+
+#include <QObject>
+#include <QPointer>
+#include <functional>
+#include <vector>
+
+#include "controls/element.h"
+
+namespace lumidex {
+
+class Mirror;
+
+// The mirrors of one window that have something to push.
+class PushQueue final : public QObject {
+ public:
+  void Add(Mirror& mirror);
+  // Pushes everything that waits, now.
+  void Flush();
+  bool event(QEvent* event) override;
+
+ private:
+  std::vector<QPointer<Mirror>> waiting_;
+  bool posted_ = false;
+};
+
+class Mirror final : public QObject {
+ public:
+  // A child of the widget, so that it ends with it; the element must live longer. `push` reads the element
+  // and writes the widget; it is run here for the first time. What it writes must not look like a user's
+  // gesture.
+  Mirror(PushQueue& queue, Element& element, QObject* widget, std::function<void()> push);
+
+  void MarkChanged();
+
+ private:
+  friend class PushQueue;
+  QPointer<PushQueue> queue_;
+  std::function<void()> push_;
+  Connection connection_;
+  bool waiting_ = false;
+};
+
+}  // namespace lumidex

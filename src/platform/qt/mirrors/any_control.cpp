@@ -1,0 +1,62 @@
+// The widget for a control whose kind is only known at run time, and its place.
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+
+#include "platform/qt/conversions.h"
+#include "platform/qt/mirrors/mirrors.h"
+#include "platform/qt/mirrors/row_list.h"
+
+namespace lumidex {
+namespace {
+
+template <class Kind, class Make>
+bool Try(Control& control, QWidget*& widget, Make make) {
+  auto* known = dynamic_cast<Kind*>(&control);
+  if (known) widget = make(*known);
+  return known != nullptr;
+}
+
+}  // namespace
+
+QWidget* MakeWidget(FormView& view, Control& control, QWidget* parent) {
+  QWidget* made = nullptr;
+  Try<CommandButton>(control, made, [&](auto& known) { return MakeButton(view, known, parent); }) ||
+      Try<CheckBox>(control, made, [&](auto& known) { return MakeCheckBox(view, known, parent); }) ||
+      Try<OptionButton>(control, made, [&](auto& known) { return MakeOptionButton(view, known, parent); }) ||
+      Try<Label>(control, made, [&](auto& known) { return MakeLabel(view, known, parent); }) ||
+      Try<TextBox>(control, made, [&](auto& known) { return MakeTextBox(view, known, parent); }) ||
+      Try<Frame>(control, made, [&](auto& known) { return MakeFrame(view, known, parent); }) ||
+      Try<ListBox>(control, made, [&](auto& known) { return MakeListBox(view, known, parent); }) ||
+      Try<DriveList>(control, made, [&](auto& known) { return MakeDriveList(view, known, parent); }) ||
+      Try<DirList>(control, made, [&](auto& known) { return MakeDirList(view, known, parent); }) ||
+      Try<FileList>(control, made, [&](auto& known) { return MakeFileList(view, known, parent); }) ||
+      Try<Slider>(control, made, [&](auto& known) { return MakeSlider(view, known, parent); }) ||
+      Try<UpDown>(control, made, [&](auto& known) { return MakeUpDown(view, known, parent); }) ||
+      Try<ScrollBar>(control, made, [&](auto& known) { return MakeScrollBar(view, known, parent); }) ||
+      Try<ProgressBar>(control, made, [&](auto& known) { return MakeProgressBar(view, known, parent); }) ||
+      Try<TabStrip>(control, made, [&](auto& known) { return MakeTabs(view, known, parent); }) ||
+      Try<Grid>(control, made, [&](auto& known) { return MakeGrid(view, known, parent); }) ||
+      Try<ImageBox>(control, made, [&](auto& known) { return MakeImage(view, known, parent); }) ||
+      Try<PictureBox>(control, made, [&](auto& known) { return MakePictureBox(view, known, parent); }) ||
+      Try<Toolbar>(control, made, [&](auto& known) { return MakeToolbar(view, known, parent); }) ||
+      Try<StatusBar>(control, made, [&](auto& known) { return MakeStatusBar(view, known, parent); });
+  return made;
+}
+
+Mirror* FollowGeometry(FormView& view, Control& control, QWidget* widget) {
+  return new Mirror(view.Pushes(), control, widget, [&view, &control, widget] {
+    const Units& units = view.GetUnits();
+    // Both edges are rounded, not the length, so that neighbours meet without gaps.
+    const int left = units.Pixels(control.Left);
+    const int top = units.Pixels(control.Top);
+    const QRect place(left, top, units.Pixels(control.Left + control.Width) - left,
+                      units.Pixels(control.Top + control.Height) - top);
+    if (widget->geometry() != place) widget->setGeometry(place);
+  });
+}
+
+}  // namespace lumidex

@@ -1,0 +1,72 @@
+#pragma once
+// A widget for each kind of control, tied to it both ways. The widgets are children of `parent` inside the
+// view's window and follow the control until they are deleted.
+
+#include <QWidget>
+
+#include "controls/bars.h"
+#include "controls/buttons.h"
+#include "controls/file_lists.h"
+#include "controls/grid.h"
+#include "controls/gvbox.h"
+#include "controls/list_box.h"
+#include "controls/menu_item.h"
+#include "controls/picture_controls.h"
+#include "controls/ranges.h"
+#include "controls/tab_strip.h"
+#include "controls/texts.h"
+#include "platform/qt/form_view.h"
+
+class QCheckBox;
+class QComboBox;
+class QLabel;
+class QMenu;
+class QMenuBar;
+class QPushButton;
+class QRadioButton;
+
+namespace lumidex {
+
+class RowList;
+
+// The widget for a control of any kind; null for kinds that have none of their own (timers, dialogs, menus).
+QWidget* MakeWidget(FormView& view, Control& control, QWidget* parent);
+
+QPushButton* MakeButton(FormView& view, CommandButton& control, QWidget* parent);
+QCheckBox* MakeCheckBox(FormView& view, CheckBox& control, QWidget* parent);
+QRadioButton* MakeOptionButton(FormView& view, OptionButton& control, QWidget* parent);
+
+// With `buddy` the caption's access key leads to that widget.
+QLabel* MakeLabel(FormView& view, Label& control, QWidget* parent, QWidget* buddy = nullptr);
+QWidget* MakeTextBox(FormView& view, TextBox& control, QWidget* parent);
+QWidget* MakeFrame(FormView& view, Frame& control, QWidget* parent);
+
+RowList* MakeListBox(FormView& view, ListBox& control, QWidget* parent);
+QComboBox* MakeDriveList(FormView& view, DriveList& control, QWidget* parent);
+RowList* MakeDirList(FormView& view, DirList& control, QWidget* parent);
+RowList* MakeFileList(FormView& view, FileList& control, QWidget* parent);
+
+QWidget* MakeSlider(FormView& view, Slider& control, QWidget* parent);
+QWidget* MakeUpDown(FormView& view, UpDown& control, QWidget* parent);
+QWidget* MakeScrollBar(FormView& view, ScrollBar& control, QWidget* parent);
+QWidget* MakeProgressBar(FormView& view, ProgressBar& control, QWidget* parent);
+
+QWidget* MakeTabs(FormView& view, TabStrip& control, QWidget* parent);
+QWidget* MakeGrid(FormView& view, Grid& control, QWidget* parent);
+
+QWidget* MakeImage(FormView& view, ImageBox& control, QWidget* parent);
+// Also answers in `inside` the widget that what stands in the box is to be a child of.
+QWidget* MakePictureBox(FormView& view, PictureBox& control, QWidget* parent, QWidget** inside = nullptr);
+
+QWidget* MakeToolbar(FormView& view, Toolbar& control, QWidget* parent);
+QWidget* MakeStatusBar(FormView& view, StatusBar& control, QWidget* parent);
+
+// The menu bar of all the form's menu items.
+QMenuBar* MakeMenuBar(FormView& view);
+// One of its menus to pop up by itself.
+QMenu* MakePopup(FormView& view, MenuItem& root);
+
+// Position and size in the view's pixels follow the control's twips.
+Mirror* FollowGeometry(FormView& view, Control& control, QWidget* widget);
+
+}  // namespace lumidex

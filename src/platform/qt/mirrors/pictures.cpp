@@ -1,0 +1,116 @@
+// Image boxes, picture boxes and the image control.
+
+#include <QMouseEvent>
+#include <QPainter>
+#include <QStyleOptionFrame>
+
+#include "platform/qt/conversions.h"
+#include "platform/qt/mirrors/mirrors.h"
+#include "platform/qt/mirrors/shown_picture.h"
+
+namespace lumidex {
+namespace {
+
+class ImageView final : public QWidget {
+ public:
+  explicit ImageView(QWidget* parent) : QWidget(parent) {}
+
+  void Show(const Picture& picture, bool stretch) {
+    if (picture_ == picture && stretch_ == stretch) return;
+    picture_ = picture;
+    stretch_ = stretch;
+    updateGeometry();
+    update();
+  }
+  QSize sizeHint() const override {
+    const Size size = picture_.GetSize();
+    return {size.width, size.height};
+  }
+  std::function<void()> onClick, onDoubleClick;
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    QPainter painter(this);
+    shown_.Paint(painter, picture_, stretch_ ? rect() : QRect(QPoint(0, 0), sizeHint()));
+  }
+  void mousePressEvent(QMouseEvent* event) override {
+    if (!onClick || event->button() != Qt::LeftButton) QWidget::mousePressEvent(event);
+  }
+  void mouseReleaseEvent(QMouseEvent* event) override {
+    if (onClick && event->button() == Qt::LeftButton && rect().contains(event->position().toPoint()))
+      onClick();
+  }
+  void mouseDoubleClickEvent(QMouseEvent* event) override {
+    if (onDoubleClick && event->button() == Qt::LeftButton) onDoubleClick();
+  }
+
+ private:
+  Picture picture_;
+  bool stretch_ = false;
+  ShownPicture shown_;
+};
+
+// The sunken frame and the ground; what stands inside is clipped by `inside`.
+class PictureBoxView final : public QWidget {
+ public:
+  PictureBoxView(const Units& units, QWidget* parent)
+      : QWidget(parent), border_(units.Pixels(PictureBox::Border)), inside_(new ImageView(this)) {}
+
+  QWidget* Inside() const { return inside_; }
+  void Show(const Picture& picture, std::int32_t backColor) {
+    inside_->Show(picture, false);
+    const QColor back = ToColor(backColor);
+    if (!back.isValid()) return;
+    QPalette colors = inside_->palette();
+    colors.setColor(QPalette::Window, back);
+    inside_->setPalette(colors);
+    inside_->setAutoFillBackground(true);
+  }
+
+ protected:
+  void resizeEvent(QResizeEvent*) override {
+    inside_->setGeometry(rect().adjusted(border_, border_, -border_, -border_));
+  }
+  void paintEvent(QPaintEvent*) override {
+    QPainter painter(this);
+    painter.setPen(palette().color(QPalette::Mid));
+    for (int ring = 0; ring < border_; ++ring) {
+      painter.drawRect(rect().adjusted(ring, ring, -ring - 1, -ring - 1));
+    }
+  }
+
+ private:
+  int border_;
+  ImageView* inside_;
+};
+
+}  // namespace
+
+QWidget* MakeImage(FormView& view, ImageBox& control, QWidget* parent) {
+  auto* image = new ImageView(parent);
+  Mirror* mirror = view.Follow(control, image, [&control, image, order = 0]() mutable {
+    image->Show(control.Picture, control.Stretch);
+    if (order != control.Order) {
+      order = control.Order;
+      image->raise();
+    }
+  });
+  if (control.OnClick) {
+    image->onClick = [&view, &control, mirror] { view.Serve([&] { control.UserClick(); }, mirror); };
+  }
+  if (control.OnDblClick) {
+    image->onDoubleClick = [&view, &control, mirror] {
+      view.Serve([&] { control.UserDoubleClick(); }, mirror);
+    };
+  }
+  return image;
+}
+
+QWidget* MakePictureBox(FormView& view, PictureBox& control, QWidget* parent, QWidget** inside) {
+  auto* box = new PictureBoxView(view.GetUnits(), parent);
+  view.Follow(control, box, [&control, box] { box->Show(control.Picture, control.BackColor); });
+  if (inside) *inside = box->Inside();
+  return box;
+}
+
+}  // namespace lumidex

@@ -1,0 +1,64 @@
+// Sliders, up-downs, scroll bars, progress bars.
+
+#include <QProgressBar>
+#include <QScrollBar>
+#include <QSignalBlocker>
+#include <QSlider>
+#include <QSpinBox>
+
+#include "platform/qt/mirrors/mirrors.h"
+
+namespace lumidex {
+namespace {
+
+template <class Widget>
+Widget* FollowRange(FormView& view, RangeControl& control, Widget* widget) {
+  Mirror* mirror = view.Follow(control, widget, [&control, widget] {
+    const QSignalBlocker quiet(widget);
+    widget->setRange(control.Min, control.Max);
+    widget->setSingleStep(control.SmallChange);
+    if constexpr (requires { widget->setPageStep(1); }) widget->setPageStep(control.LargeChange);
+    widget->setValue(control.Value);
+  });
+  QObject::connect(widget, &Widget::valueChanged, mirror, [&view, &control, mirror, widget](int value) {
+    view.Serve(
+        [&] {
+          if constexpr (requires { widget->isSliderDown(); }) {
+            if (widget->isSliderDown()) control.OnScroll();
+          }
+          control.UserSet(value);
+        },
+        mirror);
+  });
+  return widget;
+}
+
+}  // namespace
+
+QWidget* MakeSlider(FormView& view, Slider& control, QWidget* parent) {
+  auto* slider = new QSlider(Qt::Horizontal, parent);
+  slider->setTickPosition(QSlider::TicksBelow);
+  return FollowRange(view, control, slider);
+}
+
+QWidget* MakeUpDown(FormView& view, UpDown& control, QWidget* parent) {
+  return FollowRange(view, control, new QSpinBox(parent));
+}
+
+QWidget* MakeScrollBar(FormView& view, ScrollBar& control, QWidget* parent) {
+  const bool upright = control.Height > control.Width;
+  auto* bar = new QScrollBar(upright ? Qt::Vertical : Qt::Horizontal, parent);
+  bar->setFocusPolicy(Qt::TabFocus);
+  return FollowRange(view, control, bar);
+}
+
+QWidget* MakeProgressBar(FormView& view, ProgressBar& control, QWidget* parent) {
+  auto* bar = new QProgressBar(parent);
+  view.Follow(control, bar, [&control, bar] {
+    bar->setRange(control.Min, control.Max);
+    bar->setValue(control.Value);
+  });
+  return bar;
+}
+
+}  // namespace lumidex

@@ -1,0 +1,91 @@
+// The toolbar: a row of picture buttons that is one stop of the Tab key; arrow keys move within it.
+
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QToolButton>
+
+#include "platform/qt/artwork.h"
+#include "platform/qt/conversions.h"
+#include "platform/qt/mirrors/mirrors.h"
+
+namespace lumidex {
+namespace {
+
+class ToolbarView final : public QWidget {
+ public:
+  explicit ToolbarView(QWidget* parent) : QWidget(parent), row_(new QHBoxLayout(this)) {
+    row_->setContentsMargins(2, 2, 2, 2);
+    row_->setSpacing(0);
+    row_->addStretch();
+  }
+
+  QToolButton* Add(const ToolbarButton& button) {
+    auto* shown = new QToolButton(this);
+    shown->setObjectName(ToQt(button.Key));
+    shown->setAutoRaise(true);
+    shown->setIconSize({24, 24});
+    shown->setIcon(ArtworkIcon("toolbar/" + button.ImageKey));
+    shown->setToolTip(ToQt(button.ToolTipText));
+    shown->setAccessibleName(ToQt(button.ToolTipText).trimmed());
+    shown->setFocusPolicy(buttons_.empty() ? Qt::TabFocus : Qt::NoFocus);
+    shown->installEventFilter(this);
+    row_->insertWidget(static_cast<int>(buttons_.size()), shown);
+    buttons_.push_back(shown);
+    return shown;
+  }
+
+  void Show(const Toolbar& control) {
+    for (std::size_t i = 0; i < buttons_.size(); ++i) {
+      const ToolbarButton& button = control.Button(static_cast<int>(i) + 1);
+      if (buttons_[i]->isEnabled() != button.Enabled) buttons_[i]->setEnabled(button.Enabled);
+      if (buttons_[i]->isHidden() == button.Visible) buttons_[i]->setVisible(button.Visible);
+    }
+  }
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() != QEvent::KeyPress) return false;
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    if (key != Qt::Key_Left && key != Qt::Key_Right) return false;
+    MoveFocus(watched, key == Qt::Key_Left ? -1 : 1);
+    return true;
+  }
+
+ private:
+  void MoveFocus(const QObject* from, int step) {
+    const auto count = static_cast<int>(buttons_.size());
+    int at = 0;
+    while (at < count && buttons_[static_cast<std::size_t>(at)] != from) ++at;
+    for (at += step; at >= 0 && at < count; at += step) {
+      QToolButton* next = buttons_[static_cast<std::size_t>(at)];
+      if (!next->isEnabled() || next->isHidden()) continue;
+      // Tab comes back to where the arrows went.
+      for (QToolButton* button : buttons_) button->setFocusPolicy(Qt::NoFocus);
+      next->setFocusPolicy(Qt::TabFocus);
+      next->setFocus(Qt::TabFocusReason);
+      return;
+    }
+  }
+
+  QHBoxLayout* row_;
+  std::vector<QToolButton*> buttons_;
+};
+
+}  // namespace
+
+QWidget* MakeToolbar(FormView& view, Toolbar& control, QWidget* parent) {
+  auto* bar = new ToolbarView(parent);
+  std::vector<QToolButton*> buttons;
+  for (int position = 1; position <= control.Count(); ++position) {
+    buttons.push_back(bar->Add(control.Button(position)));
+  }
+  Mirror* mirror = view.Follow(control, bar, [&control, bar] { bar->Show(control); });
+  for (int position = 1; position <= control.Count(); ++position) {
+    QObject::connect(
+        buttons[static_cast<std::size_t>(position - 1)], &QToolButton::clicked, mirror,
+        [&view, &control, mirror, position] { view.Serve([&] { control.UserPress(position); }, mirror); });
+  }
+  return bar;
+}
+
+}  // namespace lumidex

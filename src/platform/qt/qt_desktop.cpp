@@ -1,0 +1,78 @@
+#include "platform/qt/qt_desktop.h"
+
+#include <QApplication>
+#include <QTimer>
+
+#include "platform/qt/artwork.h"
+#include "platform/qt/clipboard.h"
+#include "platform/qt/clock.h"
+#include "platform/qt/dialogs.h"
+#include "platform/qt/event_queue.h"
+#include "platform/qt/form_views.h"
+#include "platform/qt/missing_services.h"
+#include "platform/qt/views/view_factory.h"
+#include "platform/qt/window_control.h"
+
+namespace lumidex {
+namespace {
+
+// Set before the application exists. A global menu bar would need the session bus before the first window.
+void SetAttributes() {
+  QCoreApplication::setAttribute(Qt::AA_DontUseNativeMenuBar);
+  QCoreApplication::setApplicationName(QStringLiteral("Lumidex"));
+  QCoreApplication::setApplicationVersion(QStringLiteral(LUMIDEX_VERSION));
+}
+
+struct Attributes {
+  Attributes() { SetAttributes(); }
+};
+
+}  // namespace
+
+struct QtDesktop::Parts {
+  Parts(int& argc, char** argv, const SystemPorts& system)
+      : application(argc, argv), platform{system.files,   events,         dialogs,         windows,
+                                          clock,          system.process, clipboard,       system.desktop,
+                                          tray,           system.shell,   system.settings, system.loader,
+                                          system.folders, browser} {
+    // Only the program itself ends the process: it lives on while all its windows are hidden.
+    QApplication::setQuitOnLastWindowClosed(false);
+    // The icon can wait until the first window stands.
+    QTimer::singleShot(0, &application, [] { QApplication::setWindowIcon(ApplicationIcon()); });
+  }
+
+  Attributes attributes;
+  QApplication application;
+  QtEventQueue events;
+  FormViews views{&MakeView};
+  QtDialogs dialogs{views};
+  QtWindowControl windows{views};
+  QtClock clock;
+  QtClipboard clipboard;
+  NoTray tray;
+  NoBrowser browser;
+  Platform platform;
+};
+
+QtDesktop::QtDesktop(int& argc, char** argv, const SystemPorts& system)
+    : parts_(std::make_unique<Parts>(argc, argv, system)) {}
+
+QtDesktop::~QtDesktop() = default;
+
+Platform& QtDesktop::GetPlatform() {
+  return parts_->platform;
+}
+
+FormViews& QtDesktop::Views() {
+  return parts_->views;
+}
+
+void QtDesktop::Attach(const std::vector<Form*>& forms) {
+  for (Form* form : forms) parts_->views.Attach(*form);
+}
+
+void QtDesktop::Run() {
+  while (true) QApplication::exec();
+}
+
+}  // namespace lumidex

@@ -1,0 +1,99 @@
+#include "platform/qt/views/directory_view.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFormLayout>
+#include <QFrame>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "platform/qt/mirrors/mirrors.h"
+#include "platform/qt/mirrors/row_list.h"
+
+namespace lumidex {
+namespace {
+
+constexpr int previewSide = 150;
+constexpr int leastListWidth = 230;
+constexpr int leastListHeight = 260;
+
+}  // namespace
+
+DirectoryView::DirectoryView(FormViews& views, Form& form) : FormView(views, form) {
+  auto* rows = new QVBoxLayout(this);
+  QLabel* info = MakeLabel(*this, Get<Label>("lblInfo"), this);
+  info->setWordWrap(true);
+  rows->addWidget(info);
+  auto* columns = new QHBoxLayout;
+  columns->setSpacing(2 * columns->spacing());
+  columns->addLayout(Places(), 1);
+  columns->addLayout(Files(), 1);
+  columns->addLayout(Preview());
+  rows->addLayout(columns, 1);
+  rows->addLayout(Buttons());
+}
+
+QLayout* DirectoryView::Places() {
+  auto* column = new QVBoxLayout;
+  QComboBox* drives = MakeDriveList(*this, Get<DriveList>("Drive1"), this);
+  column->addWidget(MakeLabel(*this, Get<Label>("Label1"), this, drives));
+  column->addWidget(drives);
+  RowList* directories = MakeDirList(*this, Get<DirList>("Dir1"), this);
+  directories->setMinimumSize(leastListWidth, leastListHeight);
+  column->addWidget(MakeLabel(*this, Get<Label>("Label2"), this, directories));
+  column->addWidget(directories, 1);
+  column->addWidget(MakeCheckBox(*this, Get<CheckBox>("chkSearchSubs"), this));
+  return column;
+}
+
+QLayout* DirectoryView::Files() {
+  auto* column = new QVBoxLayout;
+  RowList* files = MakeFileList(*this, Get<FileList>("File1"), this);
+  files->setMinimumWidth(leastListWidth);
+  column->addWidget(MakeLabel(*this, Get<Label>("lblFilename"), this, files));
+  column->addWidget(files, 1);
+  column->addWidget(MakeButton(*this, Get<CommandButton>("cmdSelectFileTypes"), this));
+  return column;
+}
+
+QLayout* DirectoryView::Preview() {
+  auto* column = new QVBoxLayout;
+  auto* frame = new QFrame(this);
+  frame->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
+  auto* middle = new QHBoxLayout(frame);
+  middle->setContentsMargins(3, 3, 3, 3);
+  QWidget* picture = MakeImage(*this, Get<ImageBox>("imgThumbNail"), frame);
+  picture->setFixedSize(previewSide, previewSide);
+  middle->addWidget(picture, 0, Qt::AlignCenter);
+  column->addWidget(frame, 0, Qt::AlignHCenter);
+  auto* facts = new QFormLayout;
+  const char* const names[] = {"lblFileSize", "lblWidth", "lblHeight", "lblColors"};
+  for (int i = 0; i < 4; ++i) {
+    QLabel* value = MakeLabel(*this, Get<Label>(IndexedName("lblFileInfo", i + 1)), this);
+    // Room for the longest of the values, so that the lists keep their width.
+    value->setMinimumWidth(value->fontMetrics().horizontalAdvance(QStringLiteral("16.7 Million (24-bit)")));
+    facts->addRow(MakeLabel(*this, Get<Label>(names[i]), this), value);
+  }
+  column->addLayout(facts);
+  column->addStretch();
+  static const char* const folders[] = {"Desktop", "My Documents", "Favorites"};
+  for (int i = 0; i < 3; ++i) {
+    QPushButton* button = MakeButton(*this, Get<CommandButton>(IndexedName("cmdFolder", i)), this);
+    button->setText(QString::fromLatin1(folders[i]));
+    button->setAccessibleName(button->text());
+    column->addWidget(button);
+  }
+  return column;
+}
+
+QLayout* DirectoryView::Buttons() {
+  auto* row = new QHBoxLayout;
+  row->addStretch();
+  row->addWidget(MakeButton(*this, Get<CommandButton>("cmdOK"), this));
+  row->addWidget(MakeButton(*this, Get<CommandButton>("cmdCancel"), this));
+  return row;
+}
+
+}  // namespace lumidex

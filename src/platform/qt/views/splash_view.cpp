@@ -1,0 +1,76 @@
+#include "platform/qt/views/splash_view.h"
+
+#include <QCoreApplication>
+#include <QLabel>
+#include <QPainter>
+#include <QPushButton>
+#include <QScreen>
+#include <QVBoxLayout>
+
+#include "platform/qt/artwork.h"
+#include "platform/qt/conversions.h"
+#include "platform/qt/mirrors/mirrors.h"
+
+namespace lumidex {
+namespace {
+
+constexpr QSize artworkSize(480, 320);
+constexpr int margin = 24;
+constexpr int titleTop = 208;  // below it the artwork is dark and plain
+
+void Whiten(QWidget* label, int points, bool bold) {
+  QPalette colors = label->palette();
+  colors.setColor(QPalette::WindowText, Qt::white);
+  label->setPalette(colors);
+  QFont font = label->font();
+  font.setPointSize(std::max(points, font.pointSize()));
+  font.setBold(bold);
+  label->setFont(font);
+}
+
+}  // namespace
+
+SplashView::SplashView(FormViews& views, Form& form)
+    : FormView(views, form, Qt::Dialog | Qt::FramelessWindowHint),
+      picture_(ArtworkPicture("splash/splash.png")) {
+  setAttribute(Qt::WA_OpaquePaintEvent);
+  auto* rows = new QVBoxLayout(this);
+  rows->setContentsMargins(margin, titleTop, margin, margin / 2);
+  rows->setSpacing(2);
+
+  auto* title = new QLabel(QStringLiteral("Lumidex"), this);
+  Whiten(title, 24, true);
+  rows->addWidget(title);
+  auto* maker = new QHBoxLayout;
+  QLabel* from = MakeLabel(*this, Get<Label>("Label2"), this);
+  auto* name = new QLabel(QStringLiteral("Korvane"), this);
+  auto* version = new QLabel(tr("Version %1").arg(QCoreApplication::applicationVersion()), this);
+  for (QLabel* label : {from, name, version}) Whiten(label, 11, label == name);
+  maker->addWidget(from);
+  maker->addWidget(name);
+  maker->addStretch();
+  maker->addWidget(version);
+  rows->addLayout(maker);
+  QLabel* platform = MakeLabel(*this, Get<Label>("lblPlatform"), this);
+  Whiten(platform, 9, false);
+  rows->addWidget(platform);
+  rows->addSpacing(std::max(0, artworkSize.height() + margin / 2 - rows->sizeHint().height()));
+
+  QLabel* text = MakeLabel(*this, Get<Label>("Label1"), this);
+  text->setWordWrap(true);
+  rows->addWidget(text);
+  rows->addWidget(MakeButton(*this, Get<CommandButton>("cmdClose"), this), 0, Qt::AlignRight);
+
+  setFixedWidth(artworkSize.width());
+  // A wrapped text tells its height only for a known width.
+  resize(artworkSize.width(), rows->heightForWidth(artworkSize.width()));
+  move(screen()->availableGeometry().center() - rect().center());
+}
+
+void SplashView::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.fillRect(rect(), palette().window());
+  shown_.Paint(painter, picture_, QRect(QPoint(0, 0), artworkSize));
+}
+
+}  // namespace lumidex

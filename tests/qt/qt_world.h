@@ -1,0 +1,45 @@
+#pragma once
+// A platform for tests of the front end: real widgets on a screen that nobody sees, everything else
+// simulated.
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QTest>
+
+#include "platform/headless/headless_platform.h"
+#include "platform/qt/clipboard.h"
+#include "platform/qt/dialogs.h"
+#include "platform/qt/event_queue.h"
+#include "platform/qt/form_views.h"
+#include "platform/qt/views/view_factory.h"
+#include "platform/qt/window_control.h"
+
+namespace lumidex {
+
+struct QtWorld {
+  HeadlessPlatform headless{'/'};
+  QtEventQueue events;
+  FormViews views{&MakeView};
+  QtWindowControl windows{views};
+  QtDialogs dialogs{views};
+  QtClipboard clipboard;
+  Platform platform{headless.files,    events,          dialogs,          windows,         headless.events,
+                    headless.process,  clipboard,       headless.desktop, headless.tray,   headless.shell,
+                    headless.settings, headless.loader, headless.folders, headless.browser};
+};
+
+// Serves what is pending, so that every widget shows what its control holds.
+inline void Settle() {
+  QCoreApplication::processEvents();
+}
+
+// The widget that shows a control.
+template <class Widget>
+Widget& WidgetOf(const QtWorld& world, Control& control) {
+  auto* widget = dynamic_cast<Widget*>(world.views.ViewOf(control.Owner())->WidgetOf(control));
+  if (!widget) throw std::logic_error(control.Name() + " has no such widget");
+  return *widget;
+}
+
+}  // namespace lumidex

@@ -1,0 +1,173 @@
+#include <QClipboard>
+#include <QInputDialog>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QPushButton>
+
+#include "platform/qt/clock.h"
+#include "platform/qt/conversions.h"
+#include "qt/qt_world.h"
+
+namespace lumidex {
+namespace {
+
+// Runs `act` on the dialog that opens next.
+template <class Dialog>
+void WhenOpen(QtWorld& world, std::function<void(Dialog&)> act) {
+  world.events.Post([act] {
+    auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
+    ASSERT_NE(dialog, nullptr);
+    act(*dialog);
+  });
+}
+
+TEST(QtDialogs, A_message_shows_its_text_as_it_stands) {
+  QtWorld world;
+  Message message;
+  message.text = "<b>not bold</b> & so on";
+  message.icon = MessageIcon::Critical;
+  WhenOpen<QMessageBox>(world, [&](QMessageBox& box) {
+    EXPECT_EQ(box.text(), "<b>not bold</b> & so on");
+    EXPECT_EQ(box.textFormat(), Qt::PlainText);
+    EXPECT_EQ(box.windowTitle(), "Lumidex");
+    EXPECT_EQ(box.icon(), QMessageBox::Critical);
+    box.button(QMessageBox::Ok)->click();
+  });
+  EXPECT_EQ(world.dialogs.MsgBox(message), MessageAnswer::Ok);
+}
+
+TEST(QtDialogs, Each_button_of_a_message_has_its_answer) {
+  QtWorld world;
+  const auto answer = [&](MessageButtons buttons, QMessageBox::StandardButton press) {
+    WhenOpen<QMessageBox>(world, [&](QMessageBox& box) { box.button(press)->click(); });
+    Message message;
+    message.buttons = buttons;
+    return world.dialogs.MsgBox(message);
+  };
+  EXPECT_EQ(answer(MessageButtons::YesNo, QMessageBox::Yes), MessageAnswer::Yes);
+  EXPECT_EQ(answer(MessageButtons::YesNo, QMessageBox::No), MessageAnswer::No);
+  EXPECT_EQ(answer(MessageButtons::YesNoCancel, QMessageBox::Cancel), MessageAnswer::Cancel);
+  EXPECT_EQ(answer(MessageButtons::RetryCancel, QMessageBox::Retry), MessageAnswer::Retry);
+  EXPECT_EQ(answer(MessageButtons::AbortRetryIgnore, QMessageBox::Abort), MessageAnswer::Abort);
+  EXPECT_EQ(answer(MessageButtons::AbortRetryIgnore, QMessageBox::Ignore), MessageAnswer::Ignore);
+  EXPECT_EQ(answer(MessageButtons::OkCancel, QMessageBox::Ok), MessageAnswer::Ok);
+}
+
+TEST(QtDialogs, A_message_left_by_escape_is_cancelled) {
+  QtWorld world;
+  Message message;
+  message.buttons = MessageButtons::OkCancel;
+  WhenOpen<QMessageBox>(world, [](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); });
+  EXPECT_EQ(world.dialogs.MsgBox(message), MessageAnswer::Cancel);
+  message.buttons = MessageButtons::Ok;
+  WhenOpen<QMessageBox>(world, [](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); });
+  EXPECT_EQ(world.dialogs.MsgBox(message), MessageAnswer::Ok);
+}
+
+TEST(QtDialogs, An_input_box_begins_with_its_preset_and_tells_cancelling_apart) {
+  QtWorld world;
+  WhenOpen<QInputDialog>(world, [](QInputDialog& dialog) {
+    EXPECT_EQ(dialog.textValue(), "5");
+    dialog.setTextValue("12");
+    dialog.accept();
+  });
+  EXPECT_EQ(world.dialogs.InputBox({"Seconds", "Interval", "5"}), "12");
+  WhenOpen<QInputDialog>(world, [](QInputDialog& dialog) { dialog.reject(); });
+  EXPECT_EQ(world.dialogs.InputBox({"Seconds", "Interval", "5"}), std::nullopt);
+}
+
+TEST(QtDialogs, File_filters_become_Qts_own) {
+  EXPECT_EQ(NameFilters("Lists (*.lst)|*.lst|Pictures|*.bmp;*.jpg|All Files|*.*"),
+            (QStringList{"Lists (*.lst)", "Pictures (*.bmp *.jpg)", "All Files (*)"}));
+  EXPECT_TRUE(NameFilters("").isEmpty());
+}
+
+TEST(QtClipboard, Text_goes_both_ways) {
+  QtClipboard clipboard;
+  clipboard.SetText("/home/ada/\xC3\xA4.jpg");
+  EXPECT_EQ(clipboard.Text(), "/home/ada/\xC3\xA4.jpg");
+  clipboard.Clear();
+  EXPECT_EQ(clipboard.Text(), "");
+}
+
+class CountingDecoder final : public Decoder {
+ public:
+  explicit CountingDecoder(int& decodes) : decodes_(decodes) { facts_.size = {4, 2}; }
+  Pixels Decode(const DecodeRequest&) const override {
+    ++decodes_;
+    return Pixels::Make({4, 2}, PixelFormat::Rgb, 0xFF00FF00);
+  }
+
+ private:
+  int& decodes_;
+};
+
+TEST(QtClipboard, A_picture_is_decoded_when_it_is_pasted) {
+  int decodes = 0;
+  QtClipboard clipboard;
+  clipboard.SetPicture(Picture::FromDecoder(std::make_unique<CountingDecoder>(decodes)));
+  EXPECT_TRUE(QGuiApplication::clipboard()->mimeData()->hasImage());
+  EXPECT_EQ(decodes, 0);
+  const QImage pasted = QGuiApplication::clipboard()->image();
+  EXPECT_EQ(decodes, 1);
+  EXPECT_EQ(pasted.size(), QSize(4, 2));
+  EXPECT_EQ(pasted.pixelColor(3, 1), QColor(Qt::green));
+  clipboard.Clear();
+}
+
+TEST(QtClock, The_time_of_day_lies_within_the_day) {
+  const QtClock clock;
+  EXPECT_GE(clock.TimeOfDay(), 0);
+  EXPECT_LT(clock.TimeOfDay(), 86400);
+  const DateTime now = clock.Now();
+  EXPECT_GE(now.year, 2024);
+  EXPECT_GE(now.month, 1);
+  EXPECT_LE(now.month, 12);
+}
+
+TEST(Conversions, Access_key_marks_go_and_doubled_ones_stay_once) {
+  EXPECT_EQ(WithoutAccessKey("Add O&ne"), "Add One");
+  EXPECT_EQ(WithoutAccessKey("Me, 2000 && NT4.0"), "Me, 2000 & NT4.0");
+  EXPECT_EQ(WithoutAccessKey("at the end &"), "at the end ");
+  EXPECT_EQ(WithoutAccessKey(""), "");
+}
+
+TEST(Conversions, Colours_have_red_in_the_low_byte) {
+  EXPECT_EQ(ToColor(0xFFC0C0), QColor(0xC0, 0xC0, 0xFF));
+  EXPECT_EQ(FromColor(QColor(1, 2, 3)), 0x030201);
+  EXPECT_FALSE(ToColor(-1).isValid());
+}
+
+TEST(Conversions, Text_stays_readable_on_every_ground) {
+  EXPECT_EQ(ReadableOn(QColor(0xC0, 0xC0, 0xFF)), QColor(Qt::black));
+  EXPECT_EQ(ReadableOn(QColor(0x80, 0x80, 0x80)), QColor(Qt::black));
+  EXPECT_EQ(ReadableOn(QColor(0x20, 0x20, 0x60)), QColor(Qt::white));
+}
+
+TEST(Conversions, Pixels_keep_their_colours_in_every_format) {
+  const auto shown = [](PixelFormat format, std::uint32_t word) {
+    return ToImage(Pixels::Make({2, 2}, format, word)).pixelColor(1, 1);
+  };
+  EXPECT_EQ(shown(PixelFormat::Rgb, 0xFF102030), QColor(0x10, 0x20, 0x30));
+  EXPECT_EQ(shown(PixelFormat::Argb, 0x80FFFFFF).alpha(), 0x80);
+  EXPECT_EQ(shown(PixelFormat::ArgbPremultiplied, 0x80808080), QColor(255, 255, 255, 0x80));
+  EXPECT_TRUE(ToImage(Pixels()).isNull());
+}
+
+TEST(Units, A_larger_font_makes_larger_pixels) {
+  QFont small = QApplication::font();
+  small.setPixelSize(8);
+  QFont large = small;
+  large.setPixelSize(24);
+  EXPECT_EQ(Units::For(small).factor, 1.0);
+  EXPECT_GT(Units::For(large).factor, 1.3);
+}
+
+TEST(Units, Twips_and_pixels_are_each_others_way_back) {
+  const Units units{1.25};
+  EXPECT_EQ(units.Pixels(1500), 125);
+  EXPECT_FLOAT_EQ(units.Twips(125), 1500.0F);
+}
+
+}  // namespace
+}  // namespace lumidex

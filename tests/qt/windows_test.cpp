@@ -1,0 +1,358 @@
+#include <QComboBox>
+#include <QLineEdit>
+#include <QListView>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QToolButton>
+
+#include "forms/app.h"
+#include "platform/qt/conversions.h"
+#include "qt/qt_world.h"
+
+namespace lumidex {
+namespace {
+
+struct DialogForm : Form {
+  explicit DialogForm(Platform& platform) : Form(platform, "frmDialog", "A dialog") {
+    ok.Default = true;
+    cancel.Cancel = true;
+    KeepDesign();
+  }
+  TextBox text{*this, "text"};
+  CommandButton other{*this, "other", "Other"};
+  CommandButton ok{*this, "ok", "OK"};
+  CommandButton cancel{*this, "cancel", "Cancel"};
+};
+
+struct FormViewTest : testing::Test {
+  FormViewTest() {
+    world.views.Attach(form);
+    form.ok.OnClick = [&] { pressed += "ok "; };
+    form.cancel.OnClick = [&] { pressed += "cancel "; };
+    form.other.OnClick = [&] { pressed += "other "; };
+  }
+  ~FormViewTest() override { world.views.Close(); }
+  FormView& View() { return *world.views.ViewOf(form); }
+  QtWorld world;
+  DialogForm form{world.platform};
+  std::string pressed;
+};
+
+TEST_F(FormViewTest, A_form_has_no_window_before_it_is_shown) {
+  form.Load();
+  EXPECT_EQ(world.views.ViewOf(form), nullptr);
+  form.Show();
+  ASSERT_NE(world.views.ViewOf(form), nullptr);
+  EXPECT_TRUE(View().isVisible());
+  EXPECT_EQ(View().windowTitle(), "A dialog");
+  form.Hide();
+  EXPECT_FALSE(View().isVisible());
+}
+
+TEST_F(FormViewTest, A_modal_show_returns_when_the_form_is_hidden) {
+  world.events.Post([&] {
+    EXPECT_EQ(View().windowModality(), Qt::ApplicationModal);
+    form.Hide();
+  });
+  form.Show(Modality::Modal);
+  EXPECT_FALSE(View().isVisible());
+}
+
+TEST_F(FormViewTest, The_first_activation_is_the_forms_own_and_later_ones_come_from_the_window) {
+  int activations = 0;
+  form.OnActivate = [&] { ++activations; };
+  form.Show();
+  Settle();
+  View().activateWindow();
+  Settle();
+  EXPECT_EQ(activations, 1);
+  QWidget another;
+  another.show();
+  another.activateWindow();
+  Settle();
+  View().activateWindow();
+  Settle();
+  EXPECT_EQ(activations, 2);
+}
+
+TEST_F(FormViewTest, Closing_the_frame_asks_the_form) {
+  bool keep = true;
+  form.OnQueryUnload = [&](bool& cancel) { cancel = keep; };
+  form.Show();
+  View().close();
+  EXPECT_TRUE(View().isVisible());
+  keep = false;
+  View().close();
+  EXPECT_FALSE(View().isVisible());
+  EXPECT_FALSE(form.IsLoaded());
+}
+
+TEST_F(FormViewTest, Enter_and_escape_press_the_default_and_the_cancel_button) {
+  form.Show();
+  auto& edit = WidgetOf<QLineEdit>(world, form.text);
+  edit.setFocus();
+  QTest::keyClick(&edit, Qt::Key_Return);
+  QTest::keyClick(&edit, Qt::Key_Escape);
+  EXPECT_EQ(pressed, "ok cancel ");
+}
+
+TEST_F(FormViewTest, Enter_on_a_button_presses_that_button) {
+  form.Show();
+  View().activateWindow();
+  Settle();
+  auto& other = WidgetOf<QPushButton>(world, form.other);
+  other.setFocus();
+  QTest::keyClick(&other, Qt::Key_Return);
+  EXPECT_EQ(pressed, "other ");
+}
+
+TEST_F(FormViewTest, The_keyboard_focus_goes_both_ways) {
+  form.Show();
+  View().activateWindow();
+  Settle();
+  std::string order;
+  form.text.OnLostFocus = [&] { order += "text lost "; };
+  form.other.OnGotFocus = [&] { order += "other got "; };
+  WidgetOf<QLineEdit>(world, form.text).setFocus();
+  EXPECT_EQ(form.ActiveControl(), &form.text);
+  WidgetOf<QPushButton>(world, form.other).setFocus();
+  EXPECT_EQ(order, "text lost other got ");
+  form.ok.SetFocus();
+  EXPECT_TRUE(WidgetOf<QPushButton>(world, form.ok).hasFocus());
+  EXPECT_EQ(world.windows.GetFocus(), form.ok.hwnd());
+}
+
+TEST_F(FormViewTest, Keys_that_nobody_uses_reach_the_form) {
+  std::vector<int> codes;
+  form.OnKeyDown = [&](int code) { codes.push_back(code); };
+  form.Show();
+  QTest::keyClick(&View(), Qt::Key_F5);
+  QTest::keyClick(&View(), Qt::Key_Left);
+  EXPECT_EQ(codes, (std::vector<int>{116, 37}));
+}
+
+TEST_F(FormViewTest, The_pointer_is_an_hourglass_while_the_form_says_so) {
+  form.Show();
+  form.Pointer = MousePointer::Hourglass;
+  Settle();
+  EXPECT_EQ(View().cursor().shape(), Qt::WaitCursor);
+  form.Pointer = MousePointer::Default;
+  Settle();
+  EXPECT_EQ(View().cursor().shape(), Qt::ArrowCursor);
+}
+
+struct MainWindowTest : testing::Test {
+  MainWindowTest() {
+    for (Form* form : app.Forms()) world.views.Attach(*form);
+    window.Show();
+    Settle();
+  }
+  ~MainWindowTest() override { world.views.Close(); }
+  FormView& View() { return *world.views.ViewOf(window); }
+  QAction& Action(const char* name) {
+    auto* action = View().findChild<QAction*>(QString::fromLatin1(name));
+    if (!action) throw std::logic_error(name);
+    return *action;
+  }
+  QtWorld world;
+  App app{world.platform};
+  WPaper2Window& window = app.WPaper2;
+};
+
+TEST_F(MainWindowTest, The_outer_size_counts_a_nominal_frame) {
+  const double factor = world.views.GetUnits().factor;
+  EXPECT_EQ(View().width(), std::lround((15300 / 15.0 - 8) * factor));
+  EXPECT_EQ(View().height(), std::lround((11100 / 15.0 - 27) * factor));
+}
+
+TEST_F(MainWindowTest, Dragging_the_frame_resizes_the_form) {
+  int resizes = 0;
+  window.OnResize = [&] { ++resizes; };
+  const int width = View().width() + 30;
+  View().resize(width, View().height());
+  Settle();
+  EXPECT_EQ(resizes, 1);
+  EXPECT_NEAR(window.Width, (width / world.views.GetUnits().factor + 8) * 15, 0.01);
+  EXPECT_EQ(window.Height.Get(), 11100.0F);
+}
+
+TEST_F(MainWindowTest, A_form_that_refuses_to_get_small_snaps_the_frame_back) {
+  window.OnResize = [&] {
+    if (window.Width < 9500) window.Width = 9500;
+  };
+  View().resize(300, View().height());
+  Settle();
+  EXPECT_EQ(window.Width.Get(), 9500.0F);
+  EXPECT_EQ(View().width(), std::lround((9500 / 15.0 - 8) * world.views.GetUnits().factor));
+}
+
+TEST_F(MainWindowTest, Controls_stand_at_their_positions) {
+  window.cmdUp.Top = 6000;
+  Settle();
+  const Units& units = world.views.GetUnits();
+  const auto& button = WidgetOf<QPushButton>(world, window.cmdUp);
+  EXPECT_EQ(button.y(), units.Pixels(6000));
+  EXPECT_EQ(button.x(), units.Pixels(720));
+  EXPECT_EQ(button.geometry().right() + 1, units.Pixels(720 + 1290));
+}
+
+TEST_F(MainWindowTest, No_caption_of_a_button_is_cut_off) {
+  for (Control* control : window.Controls()) {
+    auto* button = dynamic_cast<QPushButton*>(View().WidgetOf(*control));
+    if (!button) continue;
+    const QSize text = button->fontMetrics().size(Qt::TextShowMnemonic, button->text());
+    EXPECT_GE(button->width(), text.width() + 4) << control->Name();
+    EXPECT_GE(button->height(), button->fontMetrics().ascent() + button->fontMetrics().descent() + 2)
+        << control->Name();
+  }
+}
+
+TEST_F(MainWindowTest, Menu_items_have_their_captions_shortcuts_and_marks) {
+  EXPECT_EQ(Action("mnuFileDirectory").text(), "Select Image(s) &Directory");
+  EXPECT_EQ(Action("mnuFileDirectory").shortcut(), QKeySequence("Ctrl+D"));
+  EXPECT_TRUE(Action("mnuEditToolBar").isChecked());
+  EXPECT_TRUE(Action("mnufiledivider1").isSeparator());
+  EXPECT_FALSE(Action("mnuToolsOptions").isVisible());
+  EXPECT_FALSE(Action("mnuPictureNext").isEnabled());
+  QStringList titles;
+  for (const QAction* action : View().findChild<QMenuBar*>()->actions()) {
+    if (action->isVisible()) titles << action->text();
+  }
+  EXPECT_EQ(titles, (QStringList{"&File", "&Edit", "&View", "&Picture", "&Slide Show", "&Tools", "&Help"}));
+}
+
+TEST_F(MainWindowTest, Choosing_a_menu_item_is_the_users_click) {
+  int clicks = 0;
+  window.mnuFileLoad.OnClick = [&] { ++clicks; };
+  Action("mnuFileLoad").trigger();
+  EXPECT_EQ(clicks, 1);
+}
+
+TEST_F(MainWindowTest, A_mark_that_the_program_keeps_stays) {
+  window.mnuSlideShowForwardOrder.OnClick = [] {};
+  Action("mnuSlideShowForwardOrder").trigger();
+  EXPECT_TRUE(Action("mnuSlideShowForwardOrder").isChecked());
+}
+
+TEST_F(MainWindowTest, A_shortcut_works_only_while_its_menu_is_enabled) {
+  int clicks = 0;
+  window.mnuPictureNext.OnClick = [&] { ++clicks; };
+  View().activateWindow();
+  window.mnuPictureNext.Enabled = true;
+  window.mnuPicture.Enabled = false;
+  Settle();
+  QTest::keyClick(&View(), Qt::Key_N, Qt::ControlModifier);
+  EXPECT_EQ(clicks, 0);
+  window.mnuPicture.Enabled = true;
+  Settle();
+  QTest::keyClick(&View(), Qt::Key_N, Qt::ControlModifier);
+  EXPECT_EQ(clicks, 1);
+}
+
+TEST_F(MainWindowTest, A_toolbar_button_tells_its_key) {
+  std::string key;
+  window.Toolbar1.OnButtonClick = [&](const std::string& pressed) { key = pressed; };
+  window.Toolbar1.SetEnabled(11, true);
+  Settle();
+  auto* button = View().findChild<QToolButton*>("Next");
+  ASSERT_NE(button, nullptr);
+  EXPECT_EQ(button->toolTip(), "Move To Next Picture");
+  QTest::mouseClick(button, Qt::LeftButton);
+  EXPECT_EQ(key, "Next");
+  window.Toolbar1.SetVisible(11, false);
+  Settle();
+  EXPECT_TRUE(button->isHidden());
+}
+
+TEST_F(MainWindowTest, Every_toolbar_button_has_its_picture) {
+  for (const auto* button : View().findChildren<QToolButton*>()) {
+    if (button->objectName().startsWith("qt_")) continue;
+    EXPECT_FALSE(button->icon().pixmap(24, 24).isNull()) << button->objectName().toStdString();
+  }
+}
+
+TEST_F(MainWindowTest, The_toolbar_is_one_stop_of_the_tab_key) {
+  View().activateWindow();
+  Settle();
+  window.Toolbar1.SetEnabled(3, false);
+  Settle();
+  auto* load = View().findChild<QToolButton*>("Load");
+  load->setFocus();
+  QTest::keyClick(load, Qt::Key_Right);
+  auto* exit = View().findChild<QToolButton*>("Exit");
+  EXPECT_TRUE(exit->hasFocus());
+  EXPECT_EQ(exit->focusPolicy(), Qt::TabFocus);
+  EXPECT_EQ(load->focusPolicy(), Qt::NoFocus);
+}
+
+TEST_F(MainWindowTest, Hiding_a_bar_leaves_the_controls_where_they_are) {
+  const int before = WidgetOf<QWidget>(world, window.LstLeft).y();
+  window.Toolbar1.Visible = false;
+  window.StatusBar1.Visible = false;
+  Settle();
+  EXPECT_TRUE(WidgetOf<QWidget>(world, window.Toolbar1).isHidden());
+  EXPECT_EQ(WidgetOf<QWidget>(world, window.LstLeft).y(), before);
+}
+
+TEST_F(MainWindowTest, The_picture_is_painted_at_the_size_of_its_box) {
+  Pixels red = Pixels::Make({40, 30}, PixelFormat::Rgb, 0xFFFF0000);
+  window.Image1.Picture = Picture::FromPixels(red, 24);
+  window.Image1.Move(10, 20, 100, 50);
+  Settle();
+  const QImage shot = View().grab().toImage();
+  const QWidget& image = WidgetOf<QWidget>(world, window.Image1);
+  const QPoint corner = image.mapTo(&View(), QPoint(0, 0));
+  EXPECT_EQ(shot.pixelColor(corner), QColor(Qt::red));
+  EXPECT_EQ(shot.pixelColor(corner + QPoint(image.width() - 1, image.height() - 1)), QColor(Qt::red));
+  EXPECT_NE(shot.pixelColor(corner - QPoint(1, 1)), QColor(Qt::red));
+}
+
+TEST_F(MainWindowTest, Transparent_places_are_white) {
+  Pixels clear = Pixels::Make({8, 8}, PixelFormat::Argb, 0x00000000);
+  window.Image1.Picture = Picture::FromPixels(clear, 32);
+  window.Image1.Move(0, 0, 8, 8);
+  Settle();
+  const QWidget& image = WidgetOf<QWidget>(world, window.Image1);
+  const QPoint corner = image.mapTo(&View(), QPoint(2, 2));
+  EXPECT_EQ(View().grab().toImage().pixelColor(corner), QColor(Qt::white));
+}
+
+TEST_F(MainWindowTest, Topmost_windows_stay_so_when_they_are_made_later) {
+  world.windows.SetWindowPos(app.frmlocatefiles.hwnd(), HWND_TOPMOST, 0, 0, 0, 0, 3);
+  app.frmlocatefiles.Show();
+  const auto flags = world.views.ViewOf(app.frmlocatefiles)->windowHandle()->flags();
+  EXPECT_TRUE(flags.testFlag(Qt::WindowStaysOnTopHint));
+}
+
+TEST_F(MainWindowTest, The_form_of_the_notification_area_has_no_window) {
+  app.frmSystemTray.Show();
+  EXPECT_EQ(world.views.ViewOf(app.frmSystemTray), nullptr);
+}
+
+TEST_F(MainWindowTest, Every_window_of_the_program_can_be_shown) {
+  for (Form* form : app.Forms()) {
+    if (form == &app.frmSystemTray) continue;
+    form->Show();
+    Settle();
+    ASSERT_NE(world.views.ViewOf(*form), nullptr) << form->Name();
+    EXPECT_TRUE(world.views.ViewOf(*form)->isVisible()) << form->Name();
+    form->Hide();
+  }
+}
+
+TEST_F(MainWindowTest, The_directory_dialog_is_left_by_escape_and_enter) {
+  std::string pressed;
+  auto& dialog = app.SelectPictureDirectoryForm;
+  dialog.cmdCancel.OnClick = [&] { pressed += "cancel "; };
+  dialog.cmdOK.OnClick = [&] { pressed += "ok "; };
+  dialog.Show();
+  Settle();
+  QTest::keyClick(&WidgetOf<QListView>(world, dialog.File1), Qt::Key_Escape);
+  dialog.File1.SetFocus();
+  QTest::keyClick(&WidgetOf<QListView>(world, dialog.File1), Qt::Key_Return);
+  EXPECT_EQ(pressed, "cancel ok ");
+}
+
+}  // namespace
+}  // namespace lumidex
