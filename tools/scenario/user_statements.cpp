@@ -134,6 +134,18 @@ void SetTo(Execution& run, const Statement& statement) {
     Refuse(target, "set");
 }
 
+void Drag(Execution& run, const Statement& statement) {
+  const Target target = Reached(run, statement, 1);
+  const auto value = static_cast<int>(WholeNumber(WordAt(statement, 3, "the value")));
+  if (!On<RangeControl>(run, target, [&](RangeControl& range) { range.UserDrag(value); }))
+    Refuse(target, "drag");
+}
+
+void Drop(Execution& run, const Statement& statement) {
+  const Target target = Reached(run, statement, 1);
+  if (!On<RangeControl>(run, target, [](RangeControl& range) { range.UserDrop(); })) Refuse(target, "drop");
+}
+
 // A toolbar's button by its key, or a key of the keyboard.
 void Press(Execution& run, const Statement& statement) {
   const std::string& what = WordAt(statement, 1, "what to press");
@@ -317,6 +329,8 @@ const std::map<std::string, Handler, std::less<>>& Handlers() {
       {"untick", Tick},
       {"type", Type},
       {"set", SetTo},
+      {"drag", Drag},
+      {"drop", Drop},
       {"press", Press},
       {"mouse", Mouse},
       {"resize", Resize},
