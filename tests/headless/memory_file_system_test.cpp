@@ -2,7 +2,7 @@
 
 #include <gmock/gmock.h>
 
-#include "base/run_time_error.h"
+#include "number_raised.h"
 
 namespace lumidex {
 namespace {
@@ -18,16 +18,6 @@ std::vector<std::string> NamesIn(const MemoryFileSystem& files, const std::strin
   std::vector<std::string> names;
   for (const auto& entry : files.ReadDirectory(path)) names.push_back(entry.name);
   return names;
-}
-
-template <class Step>
-int NumberRaisedBy(Step&& step) {
-  try {
-    step();
-  } catch (const RunTimeError& error) {
-    return static_cast<int>(error.Number());
-  }
-  return 0;
 }
 
 using testing::ElementsAre;

@@ -91,9 +91,12 @@ void Execution::Start() {
   app_ = std::make_unique<App>(world_->ports);
   for (Form* form : app_->Forms()) world_->windows.Watch(*form);
   WireWindows(*app_);
+  // As the shipped program has it.
+  app_->WPaper2.mnuFileBatchConvertImages.Visible = true;
+  app_->WPaper2.KeepDesign();
   frontEnd_.Attach(*app_, *world_);
   state = State::Running;
-  Act([this] { app_->WPaper2.Show(); });
+  Act([this] { app_->WPaper2.Load(); });
 }
 
 App& Execution::Program() {

@@ -3,6 +3,7 @@
 // Inside a modal window the program's own loop asks for the next statement, so a scenario simply goes on with
 // its next line there.
 
+#include <deque>
 #include <optional>
 
 #include "scenario/front_end.h"
@@ -48,6 +49,8 @@ class Execution {
   // Runs the statement's block when that much simulated time has passed.
   void RunAfter(std::int64_t milliseconds, const Statement& statement);
   void RunBlock(const Statement& statement);
+  // Keeps a statement that was made while running for as long as this lives.
+  const Statement& Keep(Statement statement) { return kept_.emplace_back(std::move(statement)); }
 
   enum class State { NotStarted, Running, Ended, Hung };
   State state = State::NotStarted;
@@ -76,6 +79,7 @@ class Execution {
   std::unique_ptr<App> app_;
   std::vector<Cursor> cursors_;
   std::vector<Interruption> interruptions_;
+  std::deque<Statement> kept_;
   int laterBlocks_ = 0;  // of RunAfter, that have not run
 };
 

@@ -86,4 +86,15 @@ Script ReadScript(const std::string& file, const std::string& text) {
   return script;
 }
 
+Statement WithNumber(const Statement& statement, const std::string& mark, long long number) {
+  Statement copy = statement;
+  const std::string digits = std::to_string(number);
+  for (std::size_t at = 0; (at = copy.text.find(mark, at)) != std::string::npos; at += digits.size()) {
+    copy.text.replace(at, mark.size(), digits);
+  }
+  copy.words = SplitWords(copy.text);
+  for (Statement& line : copy.block) line = WithNumber(line, mark, number);
+  return copy;
+}
+
 }  // namespace lumidex::scenario

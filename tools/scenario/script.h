@@ -33,4 +33,7 @@ struct Script {
 // under its own name. Throws Failure with the line.
 Script ReadScript(const std::string& file, const std::string& text);
 
+// The statement and its block with a number in place of `mark`.
+Statement WithNumber(const Statement& statement, const std::string& mark, long long number);
+
 }  // namespace lumidex::scenario

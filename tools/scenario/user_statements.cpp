@@ -302,9 +302,18 @@ void At(Execution& run, const Statement& statement) {
   run.Expect(std::move(interruption));
 }
 
+// "repeat 29 as n:" runs its block for n from 1 to 29, with the number wherever {n} stands.
 void Repeat(Execution& run, const Statement& statement) {
   NeedBlock(statement);
-  for (auto left = WholeNumber(WordAt(statement, 1, "how often")); left > 0; --left) run.RunBlock(statement);
+  const auto times = WholeNumber(WordAt(statement, 1, "how often"));
+  const bool counts = statement.words.size() > 3 && statement.words[2].Is("as");
+  for (long long i = 1; i <= times; ++i) {
+    if (counts) {
+      run.RunBlock(run.Keep(WithNumber(statement, "{" + statement.words[3].text + "}", i)));
+    } else {
+      run.RunBlock(statement);
+    }
+  }
 }
 
 void Screenshot(Execution& run, const Statement& statement) {

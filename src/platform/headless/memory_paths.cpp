@@ -45,6 +45,8 @@ PathParts TakeApart(const std::string& path, const std::string& current, char se
   }
   if (HasDrive(path)) {
     parts.root = UCase(path.substr(0, 2)) + separator;
+    const bool isBareCurrentDrive = path.size() == 2 && current.starts_with(parts.root);
+    if (isBareCurrentDrive) Walk(parts, current.substr(2), separator);
     Walk(parts, path.substr(2), separator);
     return parts;
   }

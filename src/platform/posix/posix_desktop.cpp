@@ -1,0 +1,59 @@
+#include "platform/posix/posix_desktop.h"
+
+#include <vector>
+
+#include "platform/posix/start_process.h"
+
+namespace lumidex {
+namespace {
+
+// The numbers that the calls themselves answer.
+constexpr std::int32_t success = 0;
+constexpr std::int32_t fileNotFound = 2;
+constexpr std::int32_t accessDenied = 5;
+constexpr std::int32_t invalidHandle = 6;
+
+}  // namespace
+
+std::int32_t PosixDesktop::RegOpenKeyExA(RegistryKey root, const std::string& path, RegistryKey& key) {
+  if (root != HKEY_CURRENT_USER) return fileNotFound;
+  key = ++lastKey_;
+  open_[key] = path;
+  return success;
+}
+
+std::int32_t PosixDesktop::RegSetValueExA(RegistryKey key, const std::string& name,
+                                          const std::string& value) {
+  const auto open = open_.find(key);
+  if (open == open_.end()) return invalidHandle;
+  return store_.SetValue(open->second, name, value) ? success : accessDenied;
+}
+
+std::int32_t PosixDesktop::RegQueryValueExA(RegistryKey key, const std::string& name, std::string& value) {
+  const auto open = open_.find(key);
+  if (open == open_.end()) return invalidHandle;
+  const auto found = store_.Value(open->second, name);
+  if (!found) return fileNotFound;
+  value = *found;
+  return success;
+}
+
+std::int32_t PosixDesktop::RegCloseKey(RegistryKey key) {
+  return open_.erase(key) == 1 ? success : invalidHandle;
+}
+
+void PosixDesktop::ShowDisplaySettings() {
+  // The first of the desktops' own that is there; with none of them nothing opens.
+  static const std::vector<std::string> tools[] = {{"gnome-control-center", "display"},
+                                                   {"systemsettings", "kcm_kscreen"},
+                                                   {"xfce4-display-settings"},
+                                                   {"mate-display-properties"},
+                                                   {"cinnamon-settings", "display"},
+                                                   {"lxqt-config-monitor"},
+                                                   {"lxrandr"}};
+  for (const auto& tool : tools) {
+    if (StartDetached(tool) == 0) return;
+  }
+}
+
+}  // namespace lumidex

@@ -1,0 +1,206 @@
+#include "platform/posix/posix_file_system.h"
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <climits>
+
+#include "platform/posix/file_source.h"
+#include "platform/posix/mounts.h"
+#include "platform/posix/posix_errors.h"
+#include "platform/posix/write_file.h"
+
+namespace lumidex {
+namespace {
+
+EntryKind KindOf(mode_t mode) {
+  if (S_ISREG(mode)) return EntryKind::File;
+  if (S_ISDIR(mode)) return EntryKind::Directory;
+  return EntryKind::Other;
+}
+
+// A link counts as what it leads to, but one to a directory is told apart.
+EntryKind KindBehindLink(int directory, const char* name) {
+  struct stat status {};
+  if (fstatat(directory, name, &status, 0) != 0) return EntryKind::Other;
+  const EntryKind kind = KindOf(status.st_mode);
+  return kind == EntryKind::Directory ? EntryKind::DirectoryLink : kind;
+}
+
+// The directory read says what most entries are; only links, and file systems that do not tell, cost a look.
+EntryKind KindOfEntry(int directory, const dirent& entry) {
+  switch (entry.d_type) {
+    case DT_REG:
+      return EntryKind::File;
+    case DT_DIR:
+      return EntryKind::Directory;
+    case DT_LNK:
+      return KindBehindLink(directory, entry.d_name);
+    case DT_UNKNOWN: {
+      struct stat status {};
+      if (fstatat(directory, entry.d_name, &status, AT_SYMLINK_NOFOLLOW) != 0) return EntryKind::Other;
+      return S_ISLNK(status.st_mode) ? KindBehindLink(directory, entry.d_name) : KindOf(status.st_mode);
+    }
+    default:
+      return EntryKind::Other;
+  }
+}
+
+struct CloseDirectory {
+  void operator()(DIR* directory) const { closedir(directory); }
+};
+
+// No file has such a name; the system would cut it off there and find another file.
+bool HoldsZeroByte(const std::string& path) {
+  return path.find('\0') != std::string::npos;
+}
+
+bool IsHidden(std::string_view path) {
+  const auto slash = path.rfind('/');
+  const std::string_view name = slash == std::string_view::npos ? path : path.substr(slash + 1);
+  return name.starts_with('.') && name != "." && name != "..";
+}
+
+// FNV-1a over the numbers' bytes.
+void Mix(std::uint64_t& hash, std::uint64_t number) {
+  for (int shift = 0; shift < 64; shift += 8) {
+    hash ^= (number >> shift) & 0xFF;
+    hash *= 1099511628211U;
+  }
+}
+
+// Times of files move on with the kernel's tick, so a directory that has only just changed may change once
+// more without its time telling.
+bool IsJustNow(const timespec& time) {
+  timespec now{};
+  clock_gettime(CLOCK_REALTIME, &now);
+  const auto since = (now.tv_sec - time.tv_sec) * 1'000'000'000LL + (now.tv_nsec - time.tv_nsec);
+  constexpr long long someTicks = 50'000'000;
+  return since >= 0 && since < someTicks;
+}
+
+std::uint64_t DifferentEachTime() {
+  timespec now{};
+  clock_gettime(CLOCK_MONOTONIC, &now);
+  return static_cast<std::uint64_t>(now.tv_sec) * 1'000'000'000U + static_cast<std::uint64_t>(now.tv_nsec);
+}
+
+void MixTime(std::uint64_t& hash, const timespec& time) {
+  Mix(hash, static_cast<std::uint64_t>(time.tv_sec));
+  Mix(hash, static_cast<std::uint64_t>(time.tv_nsec));
+}
+
+}  // namespace
+
+std::vector<std::string> PosixFileSystem::Drives() const {
+  std::vector<std::string> drives{"/"};
+  for (std::string& place : RemovablePlaces()) drives.push_back(std::move(place));
+  return drives;
+}
+
+std::string PosixFileSystem::DriveOf(const std::string& path) const {
+  const std::string wanted = Normalised(path) + "/";
+  std::string drive = "/";
+  for (const std::string& place : RemovablePlaces()) {
+    if (wanted.starts_with(place + "/") && place.size() > drive.size()) drive = place;
+  }
+  return drive;
+}
+
+std::string PosixFileSystem::CurrentDirectory() const {
+  char path[PATH_MAX];
+  // The directory may have been removed under the process.
+  return getcwd(path, sizeof path) ? path : "/";
+}
+
+std::string PosixFileSystem::Normalised(const std::string& path) const {
+  const std::string whole = path.starts_with('/') ? path : CurrentDirectory() + "/" + path;
+  std::string result;
+  for (std::size_t start = 0; start <= whole.size();) {
+    const auto end = std::min(whole.find('/', start), whole.size());
+    const std::string_view name = std::string_view(whole).substr(start, end - start);
+    start = end + 1;
+    if (name == "..") {
+      result.resize(result.empty() ? 0 : result.rfind('/'));
+    } else if (!name.empty() && name != ".") {
+      result += '/';
+      result += name;
+    }
+  }
+  return result.empty() ? "/" : result;
+}
+
+std::vector<DirectoryEntry> PosixFileSystem::ReadDirectory(const std::string& path) const {
+  const std::unique_ptr<DIR, CloseDirectory> directory(opendir(path.c_str()));
+  if (!directory) RaiseSystemError(errno, path);
+  const int descriptor = dirfd(directory.get());
+  // What can be read but not entered shows names only; a search could not open one of them.
+  if (faccessat(descriptor, ".", X_OK, AT_EACCESS) != 0) RaiseSystemError(errno, path);
+  std::vector<DirectoryEntry> entries;
+  while (true) {
+    errno = 0;
+    const dirent* entry = readdir(directory.get());
+    if (!entry) {
+      if (errno != 0) RaiseSystemError(errno, path);
+      return entries;
+    }
+    const std::string_view name = entry->d_name;
+    if (name == "." || name == "..") continue;
+    entries.push_back({std::string(name), KindOfEntry(descriptor, *entry), name.starts_with('.')});
+  }
+}
+
+std::uint64_t PosixFileSystem::DirectoryStamp(const std::string& path) const {
+  struct stat status {};
+  if (stat(path.c_str(), &status) != 0 || !S_ISDIR(status.st_mode)) return 0;
+  std::uint64_t hash = 14695981039346656037U;
+  Mix(hash, status.st_dev);
+  Mix(hash, status.st_ino);
+  MixTime(hash, status.st_mtim);
+  MixTime(hash, status.st_ctim);
+  if (IsJustNow(status.st_mtim)) Mix(hash, DifferentEachTime());
+  return hash == 0 ? 1 : hash;
+}
+
+std::optional<FileFacts> PosixFileSystem::Look(const std::string& path) const {
+  struct stat status {};
+  if (HoldsZeroByte(path) || stat(path.c_str(), &status) != 0) return {};
+  FileFacts facts;
+  facts.kind = KindOf(status.st_mode);
+  if (facts.kind == EntryKind::Directory) {
+    struct stat itself {};
+    if (lstat(path.c_str(), &itself) == 0 && S_ISLNK(itself.st_mode)) facts.kind = EntryKind::DirectoryLink;
+  }
+  facts.size = static_cast<std::uint64_t>(status.st_size);
+  facts.modified = status.st_mtim.tv_sec;
+  facts.hidden = IsHidden(path);
+  return facts;
+}
+
+std::shared_ptr<const ByteSource> PosixFileSystem::Open(const std::string& path) const {
+  if (HoldsZeroByte(path)) throw RunTimeError(ErrorNumber::FileNotFound);
+  return OpenFileSource(path);
+}
+
+void PosixFileSystem::WriteAll(const std::string& path, std::string_view content) {
+  if (HoldsZeroByte(path)) throw RunTimeError(ErrorNumber::PathNotFound);
+  WriteFile(path, content);
+}
+
+void PosixFileSystem::Remove(const std::string& path) {
+  if (unlink(path.c_str()) == 0) return;
+  if (errno == ENOENT) throw RunTimeError(ErrorNumber::FileNotFound);
+  RaiseSystemError(errno, path);
+}
+
+void PosixFileSystem::MakeDirectory(const std::string& path) {
+  if (mkdir(path.c_str(), 0777) == 0) return;
+  // A directory that is there already counts as one that can't be made.
+  if (errno == EEXIST) throw RunTimeError(ErrorNumber::PathFileAccess);
+  RaiseSystemError(errno, path);
+}
+
+}  // namespace lumidex

@@ -1,0 +1,26 @@
+#pragma once
+// The files of a POSIX system. Names are bytes; names beginning with a point are the hidden ones.
+
+#include "ports/file_system.h"
+
+namespace lumidex {
+
+class PosixFileSystem final : public FileSystem {
+ public:
+  char Separator() const override { return '/'; }
+  // "/" and what is mounted below /media, /mnt and /run/media.
+  std::vector<std::string> Drives() const override;
+  std::string DriveOf(const std::string& path) const override;
+  std::string CurrentDirectory() const override;
+  // By the text alone: symbolic links stay in the path.
+  std::string Normalised(const std::string& path) const override;
+  std::vector<DirectoryEntry> ReadDirectory(const std::string& path) const override;
+  std::uint64_t DirectoryStamp(const std::string& path) const override;
+  std::optional<FileFacts> Look(const std::string& path) const override;
+  std::shared_ptr<const ByteSource> Open(const std::string& path) const override;
+  void WriteAll(const std::string& path, std::string_view content) override;
+  void Remove(const std::string& path) override;
+  void MakeDirectory(const std::string& path) override;
+};
+
+}  // namespace lumidex

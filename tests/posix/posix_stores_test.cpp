@@ -1,0 +1,100 @@
+#include <gmock/gmock.h>
+#include <sys/stat.h>
+
+#include "base/run_time_error.h"
+#include "platform/posix/ini_file.h"
+#include "platform/posix/posix_desktop.h"
+#include "platform/posix/posix_settings_store.h"
+#include "platform/posix/posix_shell.h"
+#include "platform/posix/start_process.h"
+#include "posix/temporary_folder.h"
+
+namespace lumidex {
+namespace {
+
+Environment ConfigIn(const std::string& folder) {
+  return
+      [folder](const char* name) { return std::string(name) == "XDG_CONFIG_HOME" ? folder : std::string(); };
+}
+
+TEST(SettingsStore, A_value_is_found_by_the_next_process) {
+  TemporaryFolder folder;
+  PosixSettingsStore(ConfigIn(folder.Path())).SaveSetting("Options", "Show Tips at Startup", "0");
+  const PosixSettingsStore next(ConfigIn(folder.Path()));
+  EXPECT_EQ(next.GetSetting("Options", "Show Tips at Startup", "1"), "0");
+  EXPECT_EQ(next.GetSetting("Options", "Other", "preset"), "preset");
+}
+
+TEST(SettingsStore, What_can_not_be_written_holds_for_this_run) {
+  PosixSettingsStore store(ConfigIn("/proc/none"));
+  store.SaveSetting("Options", "Key", "value");
+  EXPECT_EQ(store.GetSetting("Options", "Key", ""), "value");
+}
+
+TEST(IniFileTest, Any_text_survives) {
+  TemporaryFolder folder;
+  const std::string odd = " a=b\\n [x]\r\n\xFF ";
+  IniFile(folder / "a.ini").SetValue("Control Panel\\Desktop", "k", odd);
+  EXPECT_EQ(IniFile(folder / "a.ini").Value("Control Panel\\Desktop", "k"), odd);
+}
+
+TEST(IniFileTest, Values_of_another_process_stay) {
+  TemporaryFolder folder;
+  IniFile first(folder / "a.ini"), second(folder / "a.ini");
+  first.SetValue("S", "one", "1");
+  second.SetValue("S", "two", "2");
+  EXPECT_EQ(IniFile(folder / "a.ini").Value("S", "one"), "1");
+  EXPECT_EQ(IniFile(folder / "a.ini").Value("S", "two"), "2");
+}
+
+TEST(Registry, Values_are_kept_for_the_user) {
+  TemporaryFolder folder;
+  RegistryKey key = 0;
+  PosixDesktop desktop(ConfigIn(folder.Path()));
+  ASSERT_EQ(desktop.RegOpenKeyExA(HKEY_CURRENT_USER, "Control Panel\\Desktop", key), 0);
+  EXPECT_EQ(desktop.RegSetValueExA(key, "TileWallpaper", "1"), 0);
+  EXPECT_EQ(desktop.RegCloseKey(key), 0);
+  EXPECT_NE(desktop.RegSetValueExA(key, "TileWallpaper", "0"), 0);
+  PosixDesktop next(ConfigIn(folder.Path()));
+  std::string value;
+  ASSERT_EQ(next.RegOpenKeyExA(HKEY_CURRENT_USER, "Control Panel\\Desktop", key), 0);
+  EXPECT_EQ(next.RegQueryValueExA(key, "TileWallpaper", value), 0);
+  EXPECT_EQ(value, "1");
+  EXPECT_NE(next.RegQueryValueExA(key, "WallpaperStyle", value), 0);
+}
+
+TEST(Registry, The_machines_own_keys_are_not_there) {
+  TemporaryFolder folder;
+  RegistryKey key = 0;
+  EXPECT_NE(PosixDesktop(ConfigIn(folder.Path())).RegOpenKeyExA(HKEY_LOCAL_MACHINE, "SOFTWARE", key), 0);
+}
+
+TEST(StartingPrograms, A_missing_program_is_told) {
+  PosixShell shell;
+  try {
+    shell.StartProgram("/nowhere/no-such-program with arguments");
+    FAIL() << "it was started";
+  } catch (const RunTimeError& error) {
+    EXPECT_EQ(error.Number(), ErrorNumber::FileNotFound);
+  }
+}
+
+TEST(StartingPrograms, No_shell_reads_the_arguments) {
+  TemporaryFolder folder;
+  const std::string strange = folder / "$(touch bad); 'x' \"y\"";
+  Put(folder / "content", "arrived");
+  // Opening the pipe waits for the program at its other end.
+  ASSERT_EQ(mkfifo(strange.c_str(), 0600), 0);
+  ASSERT_EQ(StartDetached({"cp", folder / "content", strange}), 0);
+  EXPECT_EQ(Get(strange), "arrived");
+  EXPECT_FALSE(std::filesystem::exists(folder / "bad"));
+}
+
+TEST(StartingPrograms, A_missing_file_and_another_verb_are_refused) {
+  PosixShell shell;
+  EXPECT_EQ(shell.ShellExecuteA("open", "/nowhere/file.html", "", "", 1), 2);
+  EXPECT_LE(shell.ShellExecuteA("print", "/etc/hostname", "", "", 1), 32);
+}
+
+}  // namespace
+}  // namespace lumidex
