@@ -15,8 +15,9 @@ void CheckSize(Size size, const PictureLimits& limits, std::uint64_t fileSize) {
   constexpr std::uint64_t smallFile = std::uint64_t{1} << 20;
   const std::int64_t most =
       fileSize <= smallFile ? std::min(limits.bytes, smallFilePixelBytes) : limits.bytes;
-  const std::int64_t bytes = std::int64_t{size.width} * size.height * 4;
-  if (size.width > limits.side || size.height > limits.side || bytes > most) {
+  // The sides come first: the product of two that no limit held would not fit.
+  if (size.width > limits.side || size.height > limits.side ||
+      std::int64_t{size.width} * size.height > most / 4) {
     throw RunTimeError(ErrorNumber::InvalidPicture, "The picture is too large");
   }
 }

@@ -126,7 +126,8 @@ class JpegDecoder final : public Decoder {
     const bool several = jpeg_has_multiple_scans(&info) != 0;
     bool ready = true;
     if (several) {
-      reader.Try([&] { ReadScans(info); });
+      // Smoothing between blocks would ask for more of a file that has no more to give.
+      if (!reader.Try([&] { ReadScans(info); })) info.do_block_smoothing = FALSE;
       // Whatever ended the scans, what they gave so far can be shown.
       ready = reader.Try([&] { jpeg_start_output(&info, info.input_scan_number); });
     } else {

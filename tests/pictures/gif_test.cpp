@@ -1,0 +1,120 @@
+#include "pictures/codecs/gif.h"
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <span>
+
+#include "base/run_time_error.h"
+#include "pictures/support/byte_writer.h"
+
+namespace lumidex {
+namespace {
+
+using testing::Each;
+using testing::ElementsAre;
+
+constexpr std::uint32_t black = 0xFF000000, red = 0xFFFF0000, green = 0xFF00FF00, blue = 0xFF0000FF;
+
+// A screen with a table of four colours.
+ByteWriter Screen(unsigned width, unsigned height) {
+  ByteWriter file;
+  file.Text("GIF89a").U16Le(width).U16Le(height).Add({0x81, 0, 0});
+  file.Add({0, 0, 0, 255, 0, 0, 0, 255, 0, 0, 0, 255});
+  return file;
+}
+
+// Codes of three bits, with a clear code before every second pixel so that they never grow.
+void AddPixels(ByteWriter& file, const std::vector<unsigned>& pixels) {
+  constexpr unsigned clear = 4, end = 5;
+  std::vector<std::uint8_t> bytes;
+  unsigned pending = 0, have = 0;
+  const auto put = [&](unsigned code) {
+    pending |= code << have;
+    for (have += 3; have >= 8; have -= 8, pending >>= 8) bytes.push_back(static_cast<std::uint8_t>(pending));
+  };
+  for (std::size_t i = 0; i < pixels.size(); ++i) {
+    if (i % 2 == 0) put(clear);
+    put(pixels[i]);
+  }
+  put(end);
+  if (have > 0) bytes.push_back(static_cast<std::uint8_t>(pending));
+  file.U8(2);
+  constexpr std::size_t blockBytes = 8;
+  for (std::size_t i = 0; i < bytes.size(); i += blockBytes) {
+    const auto block = std::span(bytes).subspan(i, std::min(blockBytes, bytes.size() - i));
+    file.U8(static_cast<unsigned>(block.size())).Append(block);
+  }
+  file.U8(0);
+}
+
+void AddFrame(ByteWriter& file, unsigned left, unsigned top, unsigned width, unsigned height, bool interlaced,
+              const std::vector<unsigned>& pixels) {
+  file.U8(0x2C).U16Le(left).U16Le(top).U16Le(width).U16Le(height).U8(interlaced ? 0x40 : 0);
+  AddPixels(file, pixels);
+}
+
+void AddTransparency(ByteWriter& file, unsigned colour) {
+  file.Add({0x21, 0xF9, 4, 1, 0, 0, colour, 0});
+}
+
+TEST(Gif, Colours_come_from_the_table) {
+  auto file = Screen(4, 1);
+  AddFrame(file, 0, 0, 4, 1, false, {0, 1, 2, 3});
+  EXPECT_THAT(WordsOf(DecodeBytes(file.U8(0x3B).Bytes())), ElementsAre(black, red, green, blue));
+}
+
+TEST(Gif, A_small_first_frame_stands_on_a_transparent_screen) {
+  auto file = Screen(3, 2);
+  AddFrame(file, 1, 1, 2, 1, false, {1, 2});
+  const auto decoder = OpenBytes(file.U8(0x3B).Bytes());
+  EXPECT_EQ(decoder->Facts().size, (Size{3, 2}));
+  EXPECT_THAT(WordsOf(decoder->Decode({})), ElementsAre(0U, 0U, 0U, 0U, red, green));
+}
+
+TEST(Gif, A_frame_beyond_the_screen_is_cut) {
+  auto file = Screen(2, 1);
+  AddFrame(file, 1, 0, 3, 2, false, {1, 2, 3, 1, 1, 1});
+  EXPECT_THAT(WordsOf(DecodeBytes(file.U8(0x3B).Bytes())), ElementsAre(0U, red));
+}
+
+TEST(Gif, The_transparent_colour_is_not_drawn) {
+  auto file = Screen(2, 1);
+  AddTransparency(file, 1);
+  AddFrame(file, 0, 0, 2, 1, false, {1, 2});
+  EXPECT_THAT(WordsOf(DecodeBytes(file.U8(0x3B).Bytes())), ElementsAre(0U, green));
+}
+
+TEST(Gif, Interlaced_rows_come_in_four_passes) {
+  auto file = Screen(1, 8);
+  AddFrame(file, 0, 0, 1, 8, true, {0, 1, 2, 2, 3, 3, 3, 3});
+  EXPECT_THAT(WordsOf(DecodeBytes(file.U8(0x3B).Bytes())),
+              ElementsAre(black, blue, green, blue, red, blue, green, blue));
+}
+
+TEST(Gif, Rows_that_a_cut_file_lacks_are_transparent) {
+  auto file = Screen(8, 8);
+  AddFrame(file, 0, 0, 8, 8, false, std::vector<unsigned>(64, 1));
+  auto bytes = file.Bytes();
+  bytes.erase(bytes.end() - 20, bytes.end());
+  const Pixels pixels = DecodeBytes(bytes);
+  EXPECT_THAT(RowOf(pixels, 0), Each(red));
+  EXPECT_THAT(RowOf(pixels, 7), Each(0U));
+}
+
+TEST(Gif, Depth_is_that_of_the_first_frames_table) {
+  auto file = Screen(1, 1);
+  EXPECT_EQ(OpenBytes(file.Bytes())->Facts().bitsPerPixel, 2);
+  file.U8(0x2C).U16Le(0).U16Le(0).U16Le(1).U16Le(1).U8(0x82).Fill(24);
+  AddPixels(file, {1});
+  EXPECT_EQ(OpenBytes(file.U8(0x3B).Bytes())->Facts().bitsPerPixel, 4);
+}
+
+TEST(Gif, Screens_beyond_the_limits_are_refused) {
+  EXPECT_THROW(OpenBytes(Screen(32768, 1).Bytes()), RunTimeError);
+  EXPECT_THROW(OpenBytes(Screen(32767, 32767).Bytes()), RunTimeError);
+  EXPECT_THROW(OpenBytes(Screen(0, 1).Bytes()), RunTimeError);
+}
+
+}  // namespace
+}  // namespace lumidex
