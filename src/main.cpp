@@ -1,14 +1,33 @@
-// Puts the pieces together: the desktop platform, the program on it, and its event loop.
+// Puts the pieces together: the ports of this system, the windows, and the program on them.
 
-#include "platform/qt/run.h"
+#include "core/default_report.h"
+#include "platform/posix/file_picture_loader.h"
+#include "platform/posix/posix_desktop.h"
+#include "platform/posix/posix_file_system.h"
+#include "platform/posix/posix_process.h"
+#include "platform/posix/posix_settings_store.h"
+#include "platform/posix/posix_shell.h"
+#include "platform/posix/posix_special_folders.h"
+#include "platform/qt/qt_desktop.h"
 #include "windows/windows.h"
 
 int main(int argc, char** argv) {
-  return lumidex::RunOnDesktop(argc, argv, [](lumidex::App& app) {
-    lumidex::WireWindows(app);
-    // The conversion of whole lists is a command of the shipped program.
-    app.WPaper2.mnuFileBatchConvertImages.Visible = true;
-    app.WPaper2.KeepDesign();
-    app.WPaper2.Load();
-  });
+  using namespace lumidex;
+  PosixFileSystem files;
+  PosixProcess process(argc, argv, LUMIDEX_INSTALLED_CONTENT);
+  PosixDesktop registry;
+  PosixShell shell;
+  PosixSettingsStore settings;
+  FilePictureLoader loader(files);
+  PosixSpecialFolders folders;
+  QtDesktop desktop(argc, argv, {files, process, registry, shell, settings, loader, folders});
+
+  App app(desktop.GetPlatform());
+  desktop.Attach(app.Forms());
+  WireWindows(app);
+  // The conversion of whole lists is a command of the shipped program.
+  app.WPaper2.mnuFileBatchConvertImages.Visible = true;
+  app.WPaper2.KeepDesign();
+  RunEvent(app, [&app] { app.WPaper2.Load(); });
+  desktop.Run();
 }

@@ -21,7 +21,11 @@ void mnuHelpTipOfTheDay_Click(App& app) {
 void WirefrmTip(App& app) {
   frmTipWindow& window = app.frmTip;
   window.OnLoad = [&] { PrepareTipWindow(app); };
-  window.OnActivate = [&] { MakeWindowTopmost(app, window.hwnd()); };
+  window.OnActivate = [&] {
+    MakeWindowTopmost(app, window.hwnd());
+    // Enter closes the tip, wherever it came from.
+    if (!window.ActiveControl()) window.cmdOK.SetFocus();
+  };
   window.cmdNextTip.OnClick = [&] { DoNextTip(app); };
   window.cmdOK.OnClick = [&] { window.Unload(); };
   window.chkLoadTipsAtStartup.OnClick = [&] {
