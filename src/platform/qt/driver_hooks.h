@@ -13,8 +13,8 @@ class QtDriverHooks final {
 
   // Serves events until nothing is pending, so that the windows show what the controls hold.
   void Settle();
-  // Saves the window in front, a dialog of the desktop's before one of the program's, as a PNG file. False when
-  // no window is on the screen or the file can not be written.
+  // Saves the window in front, a dialog of the desktop's before one of the program's, as a PNG file. False
+  // when no window is on the screen or the file can not be written.
   bool Screenshot(const std::string& file);
 
  private:

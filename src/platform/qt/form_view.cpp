@@ -32,16 +32,18 @@ void FormView::ReportMissing(std::string_view name) const {
   throw std::logic_error(form_.Name() + " has no control " + std::string(name));
 }
 
-Mirror* FormView::Follow(Control& control, QWidget* widget, std::function<void()> push) {
+Mirror* FormView::Follow(Control& control, QWidget* widget, std::function<void()> push, Showing showing) {
   widget->setObjectName(ToQt(control.Name()));
   if (widget->accessibleName().isEmpty()) widget->setAccessibleName(widget->objectName());
   widgets_[&control] = widget;
   widget->installEventFilter(this);
-  return new Mirror(pushes_, control, widget, [&control, widget, push = std::move(push)] {
+  return new Mirror(pushes_, control, widget, [&control, widget, showing, push = std::move(push)] {
     if (push) push();
     widget->setEnabled(control.Enabled);
     // Compared first: showing a child anew costs a layout of its whole window.
-    if (widget->isHidden() == control.Visible.Get()) widget->setVisible(control.Visible);
+    if (showing == Showing::AsControl && widget->isHidden() == control.Visible.Get()) {
+      widget->setVisible(control.Visible);
+    }
     if (!control.ToolTipText.Get().empty()) widget->setToolTip(ToQt(control.ToolTipText.Get()));
   });
 }

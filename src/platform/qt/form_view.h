@@ -14,6 +14,9 @@ namespace lumidex {
 
 class FormViews;
 
+// Who shows and hides a control's widget: `Follow`, or the function that it is given.
+enum class Showing { AsControl, ByPush };
+
 class FormView : public QWidget {
  public:
   FormView(FormViews& views, Form& form, Qt::WindowFlags flags = Qt::Dialog);
@@ -35,7 +38,8 @@ class FormView : public QWidget {
 
   // Gives the widget the control's name, enabled state, visibility and tool tip, keeps it up to date together
   // with what `push` does, and ties the keyboard focus of both.
-  Mirror* Follow(Control& control, QWidget* widget, std::function<void()> push = {});
+  Mirror* Follow(Control& control, QWidget* widget, std::function<void()> push = {},
+                 Showing showing = Showing::AsControl);
   QWidget* WidgetOf(const Control& control) const;
   // The control whose keyboard focus `widget` has; null for none.
   Control* ControlOf(const QWidget* widget) const;

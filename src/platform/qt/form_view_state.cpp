@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QMoveEvent>
 #include <QResizeEvent>
+#include <QTimer>
 #include <cmath>
 
 #include "platform/qt/conversions.h"
@@ -109,7 +110,12 @@ void FormView::moveEvent(QMoveEvent* event) {
 
 void FormView::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
-  if (event->type() == QEvent::WindowStateChange && form_.Visible() && !pushing_) TellSize(size());
+  if (event->type() != QEvent::WindowStateChange || pushing_) return;
+  // The size that belongs to a new state comes in an event of its own, before or after this one: the form is
+  // to lay itself out once.
+  QTimer::singleShot(0, this, [this] {
+    if (form_.Visible()) TellSize(size());
+  });
 }
 
 }  // namespace lumidex

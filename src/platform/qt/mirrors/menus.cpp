@@ -12,7 +12,7 @@ namespace lumidex {
 namespace {
 
 void ShowItem(const MenuItem& item, QAction& action) {
-  action.setText(ToQt(item.Caption.Get()));
+  if (!item.IsSeparator()) action.setText(ToQt(item.Caption.Get()));
   action.setEnabled(item.Enabled);
   action.setVisible(item.Visible);
   // Checkable only where a mark has been seen: other items keep their place for icons.

@@ -2,7 +2,7 @@
 
 #include <QMouseEvent>
 #include <QPainter>
-#include <QStyleOptionFrame>
+#include <QTimer>
 
 #include "platform/qt/conversions.h"
 #include "platform/qt/mirrors/mirrors.h"
@@ -11,9 +11,14 @@
 namespace lumidex {
 namespace {
 
+// The program hides a picture while it changes picture and place, and serves events in between. The old
+// picture stays on screen for that moment: neither an empty place flickers up nor a picture at the other's
+// size.
+constexpr int milliSecondsBeforeHiding = 150;
+
 class ImageView final : public QWidget {
  public:
-  explicit ImageView(QWidget* parent) : QWidget(parent) {}
+  explicit ImageView(QWidget* parent) : QWidget(parent) { hide(); }
 
   void Show(const Picture& picture, bool stretch) {
     if (picture_ == picture && stretch_ == stretch) return;
@@ -54,7 +59,9 @@ class ImageView final : public QWidget {
 class PictureBoxView final : public QWidget {
  public:
   PictureBoxView(const Units& units, QWidget* parent)
-      : QWidget(parent), border_(units.Pixels(PictureBox::Border)), inside_(new ImageView(this)) {}
+      : QWidget(parent), border_(units.Pixels(PictureBox::Border)), inside_(new ImageView(this)) {
+    inside_->show();
+  }
 
   QWidget* Inside() const { return inside_; }
   void Show(const Picture& picture, std::int32_t backColor) {
@@ -88,13 +95,26 @@ class PictureBoxView final : public QWidget {
 
 QWidget* MakeImage(FormView& view, ImageBox& control, QWidget* parent) {
   auto* image = new ImageView(parent);
-  Mirror* mirror = view.Follow(control, image, [&control, image, order = 0]() mutable {
+  auto* hide = new QTimer(image);
+  hide->setSingleShot(true);
+  hide->setInterval(milliSecondsBeforeHiding);
+  QObject::connect(hide, &QTimer::timeout, image, [&control, image] {
+    if (!control.Visible) image->hide();
+  });
+  const auto push = [&control, image, hide, order = 0]() mutable {
+    if (!control.Visible) {
+      if (!image->isHidden() && !hide->isActive()) hide->start();
+      return;
+    }
+    hide->stop();
     image->Show(control.Picture, control.Stretch);
+    if (image->isHidden()) image->show();
     if (order != control.Order) {
       order = control.Order;
       image->raise();
     }
-  });
+  };
+  Mirror* mirror = view.Follow(control, image, push, Showing::ByPush);
   if (control.OnClick) {
     image->onClick = [&view, &control, mirror] { view.Serve([&] { control.UserClick(); }, mirror); };
   }

@@ -27,7 +27,7 @@ DirectoryView::DirectoryView(FormViews& views, Form& form) : FormView(views, for
   info->setWordWrap(true);
   rows->addWidget(info);
   auto* columns = new QHBoxLayout;
-  columns->setSpacing(2 * columns->spacing());
+  columns->setSpacing(2 * rows->spacing());
   columns->addLayout(Places(), 1);
   columns->addLayout(Files(), 1);
   columns->addLayout(Preview());

@@ -73,6 +73,7 @@ void MainView::AddPicture() {
   auto& image = Get<ImageBox>("Image1");
   QWidget* shown = MakeImage(*this, image, inside);
   new Mirror(Pushes(), image, shown, [this, &image, shown] {
+    if (!image.Visible) return;  // the old picture keeps its place until the new one is ready
     const Units& units = GetUnits();
     const QRect place(units.Pixels(image.Left * twipsPerPixel), units.Pixels(image.Top * twipsPerPixel),
                       units.Pixels(image.Width * twipsPerPixel), units.Pixels(image.Height * twipsPerPixel));

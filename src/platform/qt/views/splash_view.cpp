@@ -16,7 +16,8 @@ namespace {
 
 constexpr QSize artworkSize(480, 320);
 constexpr int margin = 24;
-constexpr int titleTop = 208;  // below it the artwork is dark and plain
+constexpr int titleTop = 204;  // below it the artwork is dark and plain
+constexpr int wordSpacing = 5;
 
 void Whiten(QWidget* label, int points, bool bold) {
   QPalette colors = label->palette();
@@ -35,13 +36,14 @@ SplashView::SplashView(FormViews& views, Form& form)
       picture_(ArtworkPicture("splash/splash.png")) {
   setAttribute(Qt::WA_OpaquePaintEvent);
   auto* rows = new QVBoxLayout(this);
-  rows->setContentsMargins(margin, titleTop, margin, margin / 2);
+  rows->setContentsMargins(margin, titleTop, margin, margin);
   rows->setSpacing(2);
 
   auto* title = new QLabel(QStringLiteral("Lumidex"), this);
   Whiten(title, 24, true);
   rows->addWidget(title);
   auto* maker = new QHBoxLayout;
+  maker->setSpacing(wordSpacing);
   QLabel* from = MakeLabel(*this, Get<Label>("Label2"), this);
   auto* name = new QLabel(QStringLiteral("Korvane"), this);
   auto* version = new QLabel(tr("Version %1").arg(QCoreApplication::applicationVersion()), this);
@@ -54,7 +56,8 @@ SplashView::SplashView(FormViews& views, Form& form)
   QLabel* platform = MakeLabel(*this, Get<Label>("lblPlatform"), this);
   Whiten(platform, 9, false);
   rows->addWidget(platform);
-  rows->addSpacing(std::max(0, artworkSize.height() + margin / 2 - rows->sizeHint().height()));
+  // The rows so far stand on the artwork, what follows below it.
+  rows->addSpacing(std::max(0, artworkSize.height() + 2 * margin - rows->sizeHint().height()));
 
   QLabel* text = MakeLabel(*this, Get<Label>("Label1"), this);
   text->setWordWrap(true);
