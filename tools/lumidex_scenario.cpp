@@ -1,5 +1,5 @@
-// lumidex-scenario FILE...: runs scenarios against the program without windows; the last line says
-// "N passed, N failed". docs/scenarios.md tells how they are written.
+// lumidex-scenario [--qt] FILE...: runs scenarios against the program, without windows or in the real ones;
+// the last line says "N passed, N failed". docs/scenarios.md tells how they are written.
 
 #include <cstdio>
 #include <cstring>
@@ -13,6 +13,8 @@ namespace {
 
 using lumidex::scenario::Execution;
 using lumidex::scenario::Failure;
+using lumidex::scenario::FrontEnd;
+using lumidex::scenario::MakeWindows;
 using lumidex::scenario::NoWindows;
 using lumidex::scenario::ReadScript;
 using lumidex::scenario::Scenario;
@@ -27,7 +29,7 @@ void Report(const std::string& file, const Failure& failure, const std::string& 
   if (!scenario.empty()) std::printf("  in the scenario \"%s\"\n", scenario.c_str());
 }
 
-void RunFile(const std::string& file, Counts& counts) {
+void RunFile(const std::string& file, FrontEnd& frontEnd, Counts& counts) {
   std::ifstream stream(file, std::ios::binary);
   std::ostringstream text;
   text << stream.rdbuf();
@@ -36,7 +38,6 @@ void RunFile(const std::string& file, Counts& counts) {
     ++counts.failed;
     return;
   }
-  NoWindows frontEnd;
   try {
     const auto script = ReadScript(file, text.str());
     for (const Scenario& scenario : script.scenarios) {
@@ -57,12 +58,23 @@ void RunFile(const std::string& file, Counts& counts) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc < 2) {
-    std::fputs("usage: lumidex-scenario FILE...\n", stderr);
+  const bool inWindows = argc > 1 && std::strcmp(argv[1], "--qt") == 0;
+  const int first = inWindows ? 2 : 1;
+  if (argc <= first) {
+    std::fputs("usage: lumidex-scenario [--qt] FILE...\n", stderr);
     return 2;
   }
+  NoWindows none;
+  // The front end takes no options of its own.
+  int count = 1;
+  const std::unique_ptr<FrontEnd> windows = inWindows ? MakeWindows(count, argv) : nullptr;
+  if (inWindows && !windows) {
+    std::fputs("lumidex-scenario: built without windows\n", stderr);
+    return 2;
+  }
+  FrontEnd& frontEnd = windows ? *windows : none;
   Counts counts;
-  for (int i = 1; i < argc; ++i) RunFile(argv[i], counts);
+  for (int i = first; i < argc; ++i) RunFile(argv[i], frontEnd, counts);
   std::printf("%d passed, %d failed\n", counts.passed, counts.failed);
   return counts.failed == 0 ? 0 : 1;
 }

@@ -44,7 +44,9 @@ bool On(Execution& run, const Target& target, Action&& action) {
 
 void Click(Execution& run, const Statement& statement) {
   const Target target = Reached(run, statement, 1);
-  const auto click = [](auto& control) { control.UserClick(); };
+  const auto click = [&run](auto& control) {
+    if (!run.Windows().Click(control)) control.UserClick();
+  };
   const bool done = On<CommandButton>(run, target, click) || On<CheckBox>(run, target, click) ||
                     On<OptionButton>(run, target, click) || On<MenuItem>(run, target, click) ||
                     On<Label>(run, target, click) || On<ImageBox>(run, target, click) ||
@@ -318,8 +320,8 @@ void Repeat(Execution& run, const Statement& statement) {
 
 void Screenshot(Execution& run, const Statement& statement) {
   const std::string& file = WordAt(statement, 1, "the file");
-  // Without windows there is nothing to be seen, and nothing wrong.
   run.Windows().Settle();
+  // Without windows there is nothing to be seen, and nothing wrong.
   run.Windows().Screenshot(file);
 }
 
