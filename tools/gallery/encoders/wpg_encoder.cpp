@@ -65,7 +65,7 @@ std::vector<std::uint8_t> EncodeWpg(const IndexedPicture& picture) {
   const auto height = static_cast<std::uint32_t>(picture.size.height);
   constexpr std::uint32_t resolution = 75;  // of the bitmap; the page counts 1200 to the inch
   ByteWriter writer;
-  writer.U8(0xFF).Text("WPC").U32Le(16).U8(1).U8(0x16).U8(1).U8(0).U16Le(0).U16Le(0);
+  writer.Add({0xFF, 'W', 'P', 'C'}).U32Le(16).Add({1, 0x16, 1, 0}).U16Le(0).U16Le(0);
   ByteWriter start;
   start.U8(1).U8(0).U16Le(width * 1200 / resolution).U16Le(height * 1200 / resolution);
   WriteRecord(writer, 0x0F, start);
