@@ -1,6 +1,7 @@
 // Puts the pieces together: the ports of this system, the windows, and the program on them.
 
 #include "core/default_report.h"
+#include "platform/posix/early_picture.h"
 #include "platform/posix/file_picture_loader.h"
 #include "platform/posix/posix_desktop.h"
 #include "platform/posix/posix_file_system.h"
@@ -15,6 +16,7 @@ int main(int argc, char** argv) {
   using namespace lumidex;
   PosixFileSystem files;
   PosixProcess process(argc, argv, LUMIDEX_INSTALLED_CONTENT);
+  const EarlyPicture early(files, process.CommandLine());
   PosixDesktop registry;
   PosixShell shell;
   PosixSettingsStore settings;
@@ -28,6 +30,7 @@ int main(int argc, char** argv) {
   // The conversion of whole lists is a command of the shipped program.
   app.WPaper2.mnuFileBatchConvertImages.Visible = true;
   app.WPaper2.KeepDesign();
+  if (!early.GetPicture().IsEmpty()) app.checkjpg.Picture1.OfferOpened(early.Path(), early.GetPicture());
   RunEvent(app, [&app] { app.WPaper2.Load(); });
   desktop.Run();
 }

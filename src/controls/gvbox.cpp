@@ -56,6 +56,7 @@ void Gvbox::RestoreDesign() {
   Control::RestoreDesign();
   SetPicture({});
   fileName_.clear();
+  opened_ = {};
 }
 
 void Gvbox::SetFileName(const std::string& path) {
@@ -63,11 +64,25 @@ void Gvbox::SetFileName(const std::string& path) {
   SetPicture({});
   if (path.empty()) return;
   failed_ = true;
-  working_ = OpenPicture(Owner().GetPlatform().files, path);
+  working_ = Open(path);
   fileBits_ = working_.BitsPerPixel();
   failed_ = false;
   Changed.Emit();
   OnImageChanged();
+}
+
+lumidex::Picture Gvbox::Open(const std::string& path) {
+  const FileSystem& files = Owner().GetPlatform().files;
+  const auto facts = files.Look(path);
+  const std::uint64_t stamp = facts ? facts->stamp : 0;
+  const bool same = stamp != 0 && opened_.stamp == stamp && opened_.path == path;
+  if (!same) opened_ = {path, stamp, OpenPicture(files, path)};
+  return opened_.picture;
+}
+
+void Gvbox::OfferOpened(const std::string& path, const lumidex::Picture& picture) {
+  const auto facts = Owner().GetPlatform().files.Look(path);
+  if (facts) opened_ = {path, facts->stamp, picture};
 }
 
 lumidex::Picture Gvbox::Usable() const {

@@ -21,6 +21,9 @@ class Gvbox final : public Control {
   // releases the image. Raises what opening raises and leaves no picture then; fires ImageChanged after a
   // load.
   void SetFileName(const std::string& path);
+  // A picture of that path which somebody has opened already: the next SetFileName takes it as long as the
+  // file on the disk is the same.
+  void OfferOpened(const std::string& path, const lumidex::Picture& picture);
 
   // The working image as a picture object; with a ThumbnailSize a reduced copy that fits a square of so many
   // pixels, never enlarged, in the style of Appearance.
@@ -66,8 +69,17 @@ class Gvbox final : public Control {
   static void RefuseNoZoom(Element& owner, const float& value);
   static void FireImageChanged(Element& owner) { static_cast<Gvbox&>(owner).OnImageChanged(); }
   lumidex::Picture Usable() const;
+  lumidex::Picture Open(const std::string& path);
+
+  // The file opened last, kept with its decoded pixels: most files are asked for again, at another size.
+  struct OpenedFile {
+    std::string path;
+    std::uint64_t stamp = 0;
+    lumidex::Picture picture;
+  };
 
   std::string fileName_;
+  OpenedFile opened_;
   lumidex::Picture working_;
   bool failed_ = false;
   int fileBits_ = 0;

@@ -31,6 +31,7 @@ struct FileFacts {
   std::uint64_t size = 0;     // bytes
   std::int64_t modified = 0;  // seconds since 1970, local conversions are the caller's
   bool hidden = false;        // hidden or system
+  std::uint64_t stamp = 0;    // changes with the file and its content; 0 when that can't be told
 };
 
 class FileSystem {

@@ -171,7 +171,7 @@ std::optional<FileFacts> MemoryFileSystem::Look(const std::string& path) const {
     const NodePointer node = Find(parts, false);
     if (!node) return {};
     const bool hidden = node->hidden || (separator_ == '/' && node->name.starts_with('.'));
-    return FileFacts{KindSeen(parts, *node), node->content->size(), node->modified, hidden};
+    return FileFacts{KindSeen(parts, *node), node->content->size(), node->modified, hidden, node->stamp};
   } catch (const RunTimeError&) {
     return {};
   }

@@ -93,6 +93,18 @@ void MixTime(std::uint64_t& hash, const timespec& time) {
   Mix(hash, static_cast<std::uint64_t>(time.tv_nsec));
 }
 
+// Tells one state of a file or directory from another. What was changed just now may change again within the
+// same tick of the file system's clock, so it looks different each time.
+std::uint64_t StampOf(const struct stat& status) {
+  std::uint64_t hash = 14695981039346656037U;
+  Mix(hash, status.st_dev);
+  Mix(hash, status.st_ino);
+  MixTime(hash, status.st_mtim);
+  MixTime(hash, status.st_ctim);
+  if (IsJustNow(status.st_mtim)) Mix(hash, DifferentEachTime());
+  return hash == 0 ? 1 : hash;
+}
+
 }  // namespace
 
 std::vector<std::string> PosixFileSystem::Drives() const {
@@ -156,13 +168,7 @@ std::vector<DirectoryEntry> PosixFileSystem::ReadDirectory(const std::string& pa
 std::uint64_t PosixFileSystem::DirectoryStamp(const std::string& path) const {
   struct stat status {};
   if (stat(path.c_str(), &status) != 0 || !S_ISDIR(status.st_mode)) return 0;
-  std::uint64_t hash = 14695981039346656037U;
-  Mix(hash, status.st_dev);
-  Mix(hash, status.st_ino);
-  MixTime(hash, status.st_mtim);
-  MixTime(hash, status.st_ctim);
-  if (IsJustNow(status.st_mtim)) Mix(hash, DifferentEachTime());
-  return hash == 0 ? 1 : hash;
+  return StampOf(status);
 }
 
 std::optional<FileFacts> PosixFileSystem::Look(const std::string& path) const {
@@ -177,6 +183,7 @@ std::optional<FileFacts> PosixFileSystem::Look(const std::string& path) const {
   facts.size = static_cast<std::uint64_t>(status.st_size);
   facts.modified = status.st_mtim.tv_sec;
   facts.hidden = IsHidden(path);
+  facts.stamp = StampOf(status);
   return facts;
 }
 

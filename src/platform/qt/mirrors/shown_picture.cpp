@@ -7,6 +7,20 @@
 #include "platform/qt/conversions.h"
 
 namespace lumidex {
+namespace {
+
+// Down to half the size the painter's own scaling loses nothing to see, and it is several times as fast.
+QImage Reduced(const QImage& image, Size size) {
+  QImage reduced(size.width, size.height, image.format());
+  if (image.hasAlphaChannel()) reduced.fill(Qt::transparent);
+  QPainter painter(&reduced);
+  painter.setRenderHint(QPainter::SmoothPixmapTransform);
+  painter.setCompositionMode(QPainter::CompositionMode_Source);
+  painter.drawImage(reduced.rect(), image);
+  return reduced;
+}
+
+}  // namespace
 
 void ShownPicture::Paint(QPainter& painter, const Picture& picture, const QRect& box) {
   if (picture.IsEmpty() || box.isEmpty()) {
@@ -33,10 +47,12 @@ const QImage& ShownPicture::Scaled(const Picture& picture, QSize devicePixels) {
     const Size wanted{devicePixels.width(), devicePixels.height()};
     Pixels pixels = picture.PixelsFor(wanted);
     const Size have = pixels.GetSize();
-    if (have.width > wanted.width || have.height > wanted.height) {
-      pixels = Scale(pixels, {std::min(have.width, wanted.width), std::min(have.height, wanted.height)});
+    const Size shown{std::min(have.width, wanted.width), std::min(have.height, wanted.height)};
+    if (have.width > 2 * shown.width || have.height > 2 * shown.height) {
+      pixels = Scale(pixels, shown);
     }
     image_ = ToImage(pixels);
+    if (image_.size() != QSize(shown.width, shown.height)) image_ = Reduced(image_, shown);
   } catch (const RunTimeError&) {
     // Painting has no way to report; the box stays empty.
   }
