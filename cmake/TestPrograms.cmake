@@ -1,11 +1,11 @@
-# lumidex_test(<name> LIBRARIES <lib>... SOURCES <file>...): one test program, run as one ctest case.
+# lumidex_test(<name> LIBRARIES <lib>... SOURCES <file>...): one test program, run as one ctest case in the top folder,
+# where tests find the files of the project. No path is compiled in, so that compiler caches serve every checkout.
 function(lumidex_test name)
   cmake_parse_arguments(ARG "" "TIMEOUT" "SOURCES;LIBRARIES;LABELS" ${ARGN})
   add_executable(${name} ${ARG_SOURCES})
   target_link_libraries(${name} PRIVATE ${ARG_LIBRARIES} GTest::gmock GTest::gtest_main)
   target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
-  target_compile_definitions(${name} PRIVATE LUMIDEX_SOURCE_DIR="${CMAKE_SOURCE_DIR}")
-  add_test(NAME ${name} COMMAND ${name})
+  add_test(NAME ${name} COMMAND ${name} WORKING_DIRECTORY ${CMAKE_SOURCE_DIR})
   if(NOT ARG_TIMEOUT)
     set(ARG_TIMEOUT 300)
   endif()

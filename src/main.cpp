@@ -9,11 +9,13 @@
 #include "platform/posix/posix_settings_store.h"
 #include "platform/posix/posix_shell.h"
 #include "platform/posix/posix_special_folders.h"
+#include "platform/qt/early_fonts.h"
 #include "platform/qt/qt_desktop.h"
 #include "windows/windows.h"
 
 int main(int argc, char** argv) {
   using namespace lumidex;
+  const EarlyFonts fonts;
   PosixFileSystem files;
   PosixProcess process(argc, argv, LUMIDEX_INSTALLED_CONTENT);
   const EarlyPicture early(files, process.CommandLine());

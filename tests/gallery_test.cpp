@@ -19,7 +19,7 @@ std::vector<std::uint8_t> ReadFile(const std::string& path) {
 }
 
 Picture OpenGalleryPicture(const std::string& name) {
-  const std::string path = std::string(LUMIDEX_SOURCE_DIR) + "/gallery/" + name;
+  const std::string path = "gallery/" + name;
   const std::size_t point = name.rfind('.');
   PictureData data(std::make_shared<MemorySource>(ReadFile(path)), name.substr(point));
   data.paletteFile = ReadFile(path.substr(0, path.rfind('.')) + ".pal");

@@ -18,7 +18,7 @@ constexpr std::size_t MostBytes = 6000;
 
 std::vector<std::filesystem::path> SmallFiles() {
   std::vector<std::filesystem::path> files;
-  const std::filesystem::path corpus = LUMIDEX_SOURCE_DIR "/fuzz/corpus";
+  const std::filesystem::path corpus = "fuzz/corpus";
   for (const auto& entry : std::filesystem::recursive_directory_iterator(corpus)) {
     if (entry.is_regular_file() && entry.file_size() <= MostBytes) files.push_back(entry.path());
   }

@@ -1,0 +1,17 @@
+#pragma once
+// Reads the desktop's font configuration on a thread of its own while the window system is being connected to: it is
+// the longest single step before the first text can be drawn.
+
+#include <thread>
+
+namespace lumidex {
+
+class EarlyFonts {
+ public:
+  EarlyFonts();
+
+ private:
+  std::jthread reading_;
+};
+
+}  // namespace lumidex
