@@ -13,7 +13,7 @@ namespace {
 using Folders = std::set<std::string>;
 
 const std::map<std::string, Folders>& Allowed() {
-  static const Folders routines = {"base", "pictures", "ports", "controls",    "forms",
+  static const Folders routines = {"base", "pictures", "ports",     "controls",   "forms",
                                    "core", "imaging",  "auxiliary", "preferences"};
   static const std::map<std::string, Folders> allowed = {
       {"base", {"base"}},
@@ -25,9 +25,10 @@ const std::map<std::string, Folders>& Allowed() {
       {"imaging", routines},
       {"auxiliary", routines},
       {"preferences", routines},
-      {"windows", {"base", "pictures", "ports", "controls", "forms", "core", "imaging", "auxiliary", "preferences",
-                   "windows"}},
-      {"platform/headless", {"base", "pictures", "ports", "platform/headless"}},
+      {"windows",
+       {"base", "pictures", "ports", "controls", "forms", "core", "imaging", "auxiliary", "preferences",
+        "windows"}},
+      {"platform/headless", {"base", "pictures", "ports", "controls", "platform/headless"}},
       {"platform/posix", {"base", "pictures", "ports", "platform/posix"}},
       {"platform/qt", {"base", "pictures", "ports", "controls", "forms", "platform/qt", "platform/posix"}},
   };

@@ -209,6 +209,7 @@ void MemoryFileSystem::WriteAll(const std::string& path, std::string_view conten
   if (!file) file = Put(path, EntryKind::File);
   file->content = std::make_shared<const std::string>(content);
   file->modified = now_();
+  Touch(*file);
 }
 
 void MemoryFileSystem::Remove(const std::string& path) {
@@ -283,6 +284,7 @@ void MemoryFileSystem::AddFile(const std::string& path, std::string content) {
   const NodePointer file = Put(path, EntryKind::File);
   file->content = std::make_shared<const std::string>(std::move(content));
   file->modified = now_();
+  Touch(*file);
 }
 
 void MemoryFileSystem::AddLink(const std::string& path, const std::string& target) {
