@@ -7,6 +7,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstdlib>
+#include <cstring>
 
 #include "base/run_time_error.h"
 
@@ -181,6 +182,12 @@ std::string NumberInGroups(std::int64_t value) {
 int CompareText(std::string_view a, std::string_view b) {
   const std::size_t common = std::min(a.size(), b.size());
   std::size_t i = 0;
+  // Paths of one tree begin alike: eight bytes at a time as long as they are the same to the letter.
+  for (std::uint64_t wordA = 0, wordB = 0; i + sizeof(wordA) <= common; i += sizeof(wordA)) {
+    std::memcpy(&wordA, a.data() + i, sizeof(wordA));
+    std::memcpy(&wordB, b.data() + i, sizeof(wordB));
+    if (wordA != wordB) break;
+  }
   while (i < common && FoldAscii(a[i]) == FoldAscii(b[i])) ++i;
   if (i < common) {
     // Everything before has the same mapping, so the first difference decides unless it needs Unicode's.

@@ -178,7 +178,7 @@ void DirList::UserKey(int keyCode) {
 
 FileList::FileList(Form& owner, std::string name, DirectoryReader& reader)
     : Control(owner, std::move(name)),
-      Pattern(*this, "*", nullptr, [](Element& element) { static_cast<FileList&>(element).Forget(); }),
+      Pattern(*this, "*", nullptr, [](Element& element) { static_cast<FileList&>(element).TakePattern(); }),
       reader_(reader) {}
 
 std::optional<std::string> FileList::ReadProperty(std::string_view name) {
@@ -209,7 +209,7 @@ void FileList::VisitProperties(const PropertyVisitor& visit) {
 void FileList::RestoreDesign() {
   Control::RestoreDesign();
   path_.clear();
-  Forget();
+  TakePattern();
 }
 
 void FileList::SetPath(const std::string& path) {
@@ -226,6 +226,11 @@ void FileList::Refresh() {
   });
 }
 
+void FileList::TakePattern() {
+  patterns_ = PatternList(Pattern.Get());
+  Forget();
+}
+
 void FileList::Forget() {
   listing_.reset();
   names_.clear();
@@ -235,10 +240,9 @@ void FileList::Forget() {
 
 const std::vector<std::string>& FileList::Names() const {
   if (listing_ || path_.empty()) return names_;
-  const PatternList patterns(Pattern.Get());
   listing_ = reader_.Read(path_);
   for (const std::string& name : listing_->files) {
-    if (patterns.Matches(name)) names_.push_back(name);
+    if (patterns_.Matches(name)) names_.push_back(name);
   }
   std::ranges::sort(names_, [](const auto& a, const auto& b) { return CompareText(a, b) < 0; });
   return names_;

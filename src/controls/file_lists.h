@@ -2,6 +2,7 @@
 // The drive, directory and file lists: models of the file system that also work with no window around them. A
 // directory list and the file list beside it share one reader, so each directory is read once.
 
+#include "base/text.h"
 #include "controls/control.h"
 #include "controls/directory_reader.h"
 
@@ -103,11 +104,13 @@ class FileList final : public Control {
 
  private:
   const std::vector<std::string>& Names() const;
+  void TakePattern();
   void Forget();
 
   DirectoryReader& reader_;
   std::string path_;
   int listIndex_ = -1;
+  PatternList patterns_{"*"};                // what Pattern says
   mutable DirectoryReader::Shared listing_;  // what names_ was taken from, null when it has to be taken anew
   mutable std::vector<std::string> names_;
 };
