@@ -4,7 +4,8 @@
 
 namespace lumidex {
 
-// Fontconfig keeps the first configuration that was read for the whole process and is safe to ask from any thread.
+// Fontconfig keeps the first configuration that was read for the whole process and is safe to ask from any
+// thread.
 EarlyFonts::EarlyFonts() : reading_([] { FcInit(); }) {}
 
 }  // namespace lumidex

@@ -1,6 +1,6 @@
 #pragma once
-// Reads the desktop's font configuration on a thread of its own while the window system is being connected to: it is
-// the longest single step before the first text can be drawn.
+// Reads the desktop's font configuration on a thread of its own while the window system is being connected
+// to: it is the longest single step before the first text can be drawn.
 
 #include <thread>
 
