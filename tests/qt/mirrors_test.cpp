@@ -217,12 +217,14 @@ TEST_F(MirrorTest, An_error_of_a_handler_stops_at_the_guard) {
   EXPECT_EQ(caught, "from the handler");
 }
 
-TEST_F(MirrorTest, A_handler_may_unload_its_own_form) {
+TEST_F(MirrorTest, A_handler_may_unload_its_own_form_and_show_it_again) {
   form.button.OnClick = [&] { form.Unload(); };
   QTest::mouseClick(&Shown<QPushButton>(form.button), Qt::LeftButton);
   Settle();
   EXPECT_FALSE(form.IsLoaded());
-  EXPECT_FALSE(world.views.ViewOf(form)->isVisible());
+  EXPECT_EQ(world.views.ViewOf(form), nullptr);
+  form.Show();
+  EXPECT_EQ(Shown<QPushButton>(form.button).text(), "&Press");
 }
 
 }  // namespace

@@ -83,8 +83,9 @@ TEST_F(FormViewTest, Closing_the_frame_asks_the_form) {
   View().close();
   EXPECT_TRUE(View().isVisible());
   keep = false;
-  View().close();
-  EXPECT_FALSE(View().isVisible());
+  const QPointer<QWidget> window = &View();
+  window->close();
+  EXPECT_FALSE(window->isVisible());
   EXPECT_FALSE(form.IsLoaded());
 }
 
@@ -142,6 +143,22 @@ TEST_F(FormViewTest, The_pointer_is_an_hourglass_while_the_form_says_so) {
   EXPECT_EQ(View().cursor().shape(), Qt::ArrowCursor);
 }
 
+TEST_F(FormViewTest, A_window_that_may_come_late_comes_only_if_its_form_is_still_shown) {
+  DialogForm late{world.platform};
+  DialogForm gone{world.platform};
+  world.views.Attach(late, 1);
+  world.views.Attach(gone, 1);
+  late.Show();
+  gone.Show();
+  EXPECT_EQ(world.views.ViewOf(late), nullptr);
+  gone.Hide();
+  world.events.RunUntil([&] { return world.views.ViewOf(late) != nullptr; });
+  EXPECT_TRUE(world.views.ViewOf(late)->isVisible());
+  world.events.Wait(5);
+  EXPECT_EQ(world.views.ViewOf(gone), nullptr);
+  world.views.Close();
+}
+
 struct MainWindowTest : testing::Test {
   MainWindowTest() {
     for (Form* form : app.Forms()) world.views.Attach(*form);
@@ -185,6 +202,15 @@ TEST_F(MainWindowTest, A_form_that_refuses_to_get_small_snaps_the_frame_back) {
   Settle();
   EXPECT_EQ(window.Width.Get(), 9500.0F);
   EXPECT_EQ(View().width(), std::lround((9500 / 15.0 - 8) * world.views.GetUnits().factor));
+}
+
+TEST_F(MainWindowTest, A_window_begins_no_larger_than_the_screen) {
+  window.Hide();
+  window.Width = 90000;
+  window.Show();
+  Settle();
+  EXPECT_LE(View().width(), View().screen()->availableSize().width());
+  EXPECT_LT(window.Width.Get(), 90000.0F);
 }
 
 TEST_F(MainWindowTest, Controls_stand_at_their_positions) {

@@ -74,7 +74,7 @@ void FormView::CarryOut(FormRequest request) {
   switch (request) {
     case FormRequest::Repaint:
       pushes_.Flush();
-      if (isVisible()) repaint();
+      if (windowHandle() && windowHandle()->isExposed()) repaint();
       break;
     case FormRequest::BringToFront:
       raise();
@@ -102,6 +102,8 @@ void FormView::FollowVisibility() {
   setWindowModality(form_.IsModal() ? Qt::ApplicationModal : Qt::NonModal);
   pushes_.Flush();
   ShowState();
+  // Told to the form by the resize event that comes with the showing.
+  if (form_.State == WindowState::Normal) resize(size().boundedTo(screen()->availableSize()));
   if (QWidget* before = views_.DialogParent(); before && before != this && windowType() == Qt::Dialog) {
     winId();
     windowHandle()->setTransientParent(before->window()->windowHandle());

@@ -9,10 +9,15 @@ FormViews::FormViews(Factory factory) : factory_(std::move(factory)) {}
 
 FormViews::~FormViews() = default;
 
-void FormViews::Attach(Form& form) {
+void FormViews::Attach(Form& form, int millisecondsLate) {
   entries_.push_back(std::make_unique<Entry>());
   Entry& entry = *entries_.back();
   entry.form = &form;
+  entry.millisecondsLate = millisecondsLate;
+  entry.late.setSingleShot(true);
+  QObject::connect(&entry.late, &QTimer::timeout, [this, &entry] {
+    if (entry.form->Visible()) ShowFirst(entry);
+  });
   entry.visibility = form.VisibilityChanged.Connect([this, &entry] { FollowVisibility(entry); });
   FollowVisibility(entry);
 }
@@ -27,12 +32,21 @@ const Units& FormViews::GetUnits() {
 }
 
 void FormViews::FollowVisibility(Entry& entry) {
-  if (!entry.view) {
-    if (!entry.form->Visible()) return;
-    entry.view = factory_(*this, *entry.form);
-    if (!entry.view) return;
+  if (entry.view) {
+    entry.view->FollowVisibility();
+    // An unloaded form starts again from its design, and so does its window. Later, since this may be the
+    // answer to a gesture in that very window.
+    if (!entry.form->IsLoaded()) entry.view.release()->deleteLater();
+  } else if (entry.form->Visible() && entry.millisecondsLate > 0) {
+    if (!entry.late.isActive()) entry.late.start(entry.millisecondsLate);
+  } else if (entry.form->Visible()) {
+    ShowFirst(entry);
   }
-  entry.view->FollowVisibility();
+}
+
+void FormViews::ShowFirst(Entry& entry) {
+  if (!entry.view) entry.view = factory_(*this, *entry.form);
+  if (entry.view) entry.view->FollowVisibility();
 }
 
 FormViews::Entry* FormViews::Find(WindowHandle form) const {

@@ -2,6 +2,7 @@
 // All windows of the program. Makes a form's view when the form is first shown, and knows which one the user
 // works in.
 
+#include <QTimer>
 #include <functional>
 #include <memory>
 #include <vector>
@@ -18,8 +19,9 @@ class FormViews final {
   explicit FormViews(Factory factory);
   ~FormViews();
 
-  // Watches a form, which must live longer than these views or until Close.
-  void Attach(Form& form);
+  // Watches a form, which must live longer than these views or until Close. Its first window comes so many
+  // milliseconds after the form is shown, if it is still shown then.
+  void Attach(Form& form, int millisecondsLate = 0);
   // Deletes all views and lets go of the forms.
   void Close();
 
@@ -44,10 +46,13 @@ class FormViews final {
     Form* form;
     std::unique_ptr<FormView> view;
     Connection visibility;
+    int millisecondsLate = 0;
+    QTimer late;
     bool topmost = false;
   };
   Entry* Find(WindowHandle form) const;
   void FollowVisibility(Entry& entry);
+  void ShowFirst(Entry& entry);
 
   Factory factory_;
   std::vector<std::unique_ptr<Entry>> entries_;

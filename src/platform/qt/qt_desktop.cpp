@@ -6,6 +6,7 @@
 #include "platform/qt/artwork.h"
 #include "platform/qt/clipboard.h"
 #include "platform/qt/clock.h"
+#include "platform/qt/design_pictures.h"
 #include "platform/qt/dialogs.h"
 #include "platform/qt/event_queue.h"
 #include "platform/qt/form_views.h"
@@ -68,7 +69,12 @@ FormViews& QtDesktop::Views() {
 }
 
 void QtDesktop::Attach(const std::vector<Form*>& forms) {
-  for (Form* form : forms) parts_->views.Attach(*form);
+  SetDesignPictures(forms);
+  // The splash is shown before the main window, but the user waits for the picture in that one.
+  constexpr int splashMillisecondsLate = 100;
+  for (Form* form : forms) {
+    parts_->views.Attach(*form, form->Name() == "frmSplash" ? splashMillisecondsLate : 0);
+  }
 }
 
 void QtDesktop::Run() {

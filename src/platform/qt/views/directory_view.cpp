@@ -18,6 +18,9 @@ namespace {
 constexpr int previewSide = 150;
 constexpr int leastListWidth = 230;
 constexpr int leastListHeight = 260;
+// A label stands close to what it names, groups stand apart.
+constexpr int labelSpacing = 3;
+constexpr int groupSpacing = 6;
 
 }  // namespace
 
@@ -26,34 +29,41 @@ DirectoryView::DirectoryView(FormViews& views, Form& form) : FormView(views, for
   QLabel* info = MakeLabel(*this, Get<Label>("lblInfo"), this);
   info->setWordWrap(true);
   rows->addWidget(info);
+  rows->addSpacing(groupSpacing);
   auto* columns = new QHBoxLayout;
   columns->setSpacing(2 * rows->spacing());
   columns->addLayout(Places(), 1);
   columns->addLayout(Files(), 1);
   columns->addLayout(Preview());
   rows->addLayout(columns, 1);
+  rows->addSpacing(groupSpacing);
   rows->addLayout(Buttons());
 }
 
 QLayout* DirectoryView::Places() {
   auto* column = new QVBoxLayout;
+  column->setSpacing(labelSpacing);
   QComboBox* drives = MakeDriveList(*this, Get<DriveList>("Drive1"), this);
   column->addWidget(MakeLabel(*this, Get<Label>("Label1"), this, drives));
   column->addWidget(drives);
+  column->addSpacing(groupSpacing);
   RowList* directories = MakeDirList(*this, Get<DirList>("Dir1"), this);
   directories->setMinimumSize(leastListWidth, leastListHeight);
   column->addWidget(MakeLabel(*this, Get<Label>("Label2"), this, directories));
   column->addWidget(directories, 1);
+  column->addSpacing(groupSpacing);
   column->addWidget(MakeCheckBox(*this, Get<CheckBox>("chkSearchSubs"), this));
   return column;
 }
 
 QLayout* DirectoryView::Files() {
   auto* column = new QVBoxLayout;
+  column->setSpacing(labelSpacing);
   RowList* files = MakeFileList(*this, Get<FileList>("File1"), this);
   files->setMinimumWidth(leastListWidth);
   column->addWidget(MakeLabel(*this, Get<Label>("lblFilename"), this, files));
   column->addWidget(files, 1);
+  column->addSpacing(groupSpacing);
   column->addWidget(MakeButton(*this, Get<CommandButton>("cmdSelectFileTypes"), this));
   return column;
 }
