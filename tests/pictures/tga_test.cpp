@@ -157,6 +157,17 @@ TEST(Tga, The_extension_area_tells_what_alpha_means) {
   EXPECT_THAT(decode(4), ElementsAre(0x80800000U, green));
 }
 
+TEST(Tga, A_map_may_have_alpha_unless_the_extension_area_says_no) {
+  const auto decode = [](unsigned attributes) {
+    auto file = Start({.type = 1, .mapFlag = 1, .mapCount = 2, .mapBits = 32, .depth = 8});
+    file.Add({0, 0, 255, 128, 0, 255, 0, 255}).Add({0, 1});
+    AddFooter(file, attributes);
+    return WordsIn(file);
+  };
+  EXPECT_THAT(decode(3), ElementsAre(0x80FF0000U, green));
+  EXPECT_THAT(decode(2), ElementsAre(red, green));
+}
+
 TEST(Tga, Rows_behind_a_cut_are_blank) {
   auto file = Start({.width = 1, .height = 3, .descriptor = 0});
   file.Add({0, 0, 255, 0, 255});

@@ -6,6 +6,7 @@
 #include "base/run_time_error.h"
 #include "pictures/alpha.h"
 #include "pictures/byte_reader.h"
+#include "pictures/byte_stream.h"
 #include "pictures/codecs/iff_chunks.h"
 #include "pictures/codecs/iff_colours.h"
 #include "pictures/codecs/iff_columns.h"
@@ -83,17 +84,8 @@ class IffDecoder final : public FileDecoder {
 
   Pixels Decode(const DecodeRequest&) const override {
     Pixels pixels = UnfilledPixels();
-    const std::vector<std::uint8_t> body = Data().Stretch(picture_.bodyOffset, LongestBody());
     RowPainter painter(picture_, mode_);
-    int rows = 0;
-    if (picture_.compression == Columns) {
-      rows = PaintContiguous(UnpackColumns(body, picture_.planes, stride_, picture_.size.height), painter,
-                             pixels);
-    } else if (picture_.kind == IffKind::Contiguous) {
-      rows = PaintContiguous(body, painter, pixels);
-    } else {
-      rows = PaintRows(body, painter, pixels);
-    }
+    const int rows = PaintBody(painter, pixels);
     if (picture_.planes == 32) {
       SettleAlpha(pixels, rows);
     } else {
@@ -117,29 +109,43 @@ class IffDecoder final : public FileDecoder {
     return 2 * RowStrides() * stride_ * static_cast<std::size_t>(picture_.size.height) + slack;
   }
 
+  std::vector<std::uint8_t> Body() const { return Data().Stretch(picture_.bodyOffset, LongestBody()); }
+
   // These return how many rows were whole.
-  int PaintRows(Bytes body, RowPainter& painter, Pixels& pixels) const {
-    std::vector<std::uint8_t> bits(RowStrides() * stride_);
+  int PaintBody(RowPainter& painter, Pixels& pixels) const {
+    if (picture_.compression == Columns) {
+      const auto planes = UnpackColumns(Body(), picture_.planes, stride_, picture_.size.height);
+      return PaintContiguous(planes, painter, pixels);
+    }
+    if (picture_.kind == IffKind::Contiguous) return PaintContiguous(Body(), painter, pixels);
+    if (picture_.compression == Plain) {
+      ByteStream stream(Data(), picture_.bodyOffset);
+      return PaintRows([&](std::span<std::uint8_t> room) { return stream.Take(room.size()); }, painter,
+                       pixels);
+    }
+    const std::vector<std::uint8_t> body = Body();
+    PackBits packed{ByteReader(body)};
+    const auto unpack = [&](std::span<std::uint8_t> room) { return room.first(packed.Read(room)); };
+    return PaintRows(unpack, painter, pixels);
+  }
+
+  // `nextRow` answers with all planes of a row, in the room it is given or elsewhere.
+  template <class NextRow>
+  int PaintRows(NextRow nextRow, RowPainter& painter, Pixels& pixels) const {
+    std::vector<std::uint8_t> room(RowStrides() * stride_);
     // The padding at the very end may be missing.
     const std::size_t lastBytes = RowBytes(facts_.size.width, picture_.kind == IffKind::Chunky ? 8 : 1);
-    const std::size_t needed = bits.size() - stride_ + lastBytes;
-    ByteReader plain(body);
-    PackBits packed(plain);
+    const std::size_t needed = room.size() - stride_ + lastBytes;
     for (int y = 0; y < facts_.size.height; ++y) {
-      if (picture_.compression == Packed) {
-        if (packed.Read(bits) < needed) return y;
-      } else {
-        const Bytes taken = plain.Take(bits.size());
-        if (taken.size() < needed) return y;
-        std::ranges::copy(taken, bits.begin());
-      }
+      const Bytes bits = nextRow(std::span(room));
+      if (bits.size() < needed) return y;
       const auto row = pixels.Row(y);
       if (picture_.kind == IffKind::Chunky) {
         painter.PaintIndices(bits, row);
       } else {
         painter.PaintPlanes(bits, stride_, row);
       }
-      if (HasMaskPlane()) painter.Mask(Bytes(bits).last(stride_), row);
+      if (HasMaskPlane()) painter.Mask(bits.subspan(room.size() - stride_), row);
     }
     return facts_.size.height;
   }

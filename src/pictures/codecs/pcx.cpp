@@ -8,6 +8,8 @@
 #include "base/run_time_error.h"
 #include "pictures/alpha.h"
 #include "pictures/byte_reader.h"
+#include "pictures/byte_stream.h"
+#include "pictures/codecs/run_rows.h"
 #include "pictures/file_decoder.h"
 #include "pictures/palettes.h"
 #include "pictures/planes.h"
@@ -65,50 +67,18 @@ bool IsKnownForm(const Header& header) {
   }
 }
 
-// Gives the unpacked bytes piece by piece. The manual ends each run with its row; many writers do not.
-class RunReader {
- public:
-  RunReader(ByteReader from, bool packed) : from_(from), packed_(packed) {}
-
-  // Fills `into` and returns how many bytes there were: fewer than asked only at the end of the input.
-  std::size_t Read(std::span<std::uint8_t> into) {
-    if (!packed_) {
-      const Bytes bytes = from_.Take(into.size());
-      std::ranges::copy(bytes, into.begin());
-      return bytes.size();
-    }
-    ByteReader from = from_;  // a copy of its own stays in registers
-    std::size_t done = 0;
-    while (done < into.size()) {
-      if (left_ == 0) {
-        if (from.AtEnd()) break;
-        const std::uint8_t code = from.U8();
-        if (code < 0xC0) {
-          into[done++] = code;
-          continue;
-        }
-        if (from.AtEnd()) break;
-        left_ = code & 0x3F;
-        value_ = from.U8();
-      }
-      const std::size_t count = std::min(left_, into.size() - done);
-      std::fill_n(&into[done], count, value_);
-      done += count;
-      left_ -= count;
-    }
-    from_ = from;
-    return done;
+// The two highest bits mark a count, the value follows. The manual ends each run with its row; many writers
+// do not.
+struct PcxCode {
+  static constexpr std::size_t longest = 2;
+  static bool IsLiteral(std::uint8_t byte) { return byte < 0xC0; }
+  static CodedRun Read(Bytes code) {
+    if (code.size() < longest) return {};
+    return {longest, code[0] & std::size_t{0x3F}, code[1]};
   }
-
-  // Bytes consumed so far.
-  std::size_t Position() const { return from_.Position(); }
-
- private:
-  ByteReader from_;
-  bool packed_;
-  std::size_t left_ = 0;
-  std::uint8_t value_ = 0;
 };
+
+using PcxRows = RunRows<PcxCode>;
 
 // CGA pictures store adapter settings, not colours. Up to version 4 the settings stand in bits of their own;
 // PC Paintbrush IV tells the set of colours by the look of the header's second entry instead.
@@ -156,11 +126,9 @@ class PcxDecoder final : public FileDecoder {
   }
 
   Pixels Decode(const DecodeRequest&) const override {
-    const std::vector<std::uint8_t> file = Data().All();
     Pixels pixels = UnfilledPixels();
-    const Palette palette = header_.Depth() == 8 ? LargePalette(file) : SmallPalette(header_);
-    RunReader runs(Body(file), header_.encoding != 0);
-    const int rows = DecodeRows(runs, palette, pixels);
+    const Palette palette = header_.Depth() == 8 ? LargePalette() : SmallPalette(header_);
+    const int rows = DecodeRows(palette, pixels);
     if (header_.Depth() == 32) {
       SettleAlpha(pixels, rows);
     } else {
@@ -170,64 +138,69 @@ class PcxDecoder final : public FileDecoder {
   }
 
  private:
-  bool HasTrailer(Bytes file) const {
-    return header_.Depth() == 8 && file.size() >= headerSize + trailerSize &&
-           file[file.size() - trailerSize] == trailerMark;
+  // The colours behind the rows have a mark before them.
+  bool HasTrailer() const {
+    if (header_.Depth() != 8 || Data().Size() < headerSize + trailerSize) return false;
+    const std::vector<std::uint8_t> mark = Data().Stretch(Data().Size() - trailerSize, 1);
+    return !mark.empty() && mark.front() == trailerMark;
   }
 
   // The coded rows: what lies between the header and the palette behind them.
-  ByteReader Body(Bytes file) const {
-    ByteReader reader(file);
-    reader.Seek(headerSize);
-    return reader.Sub(reader.Remaining() - (HasTrailer(file) ? trailerSize : 0));
+  PcxRows Rows() const {
+    const std::uint64_t end = Data().Size() - (HasTrailer() ? trailerSize : 0);
+    return PcxRows(ByteStream(Data(), headerSize, end), header_.encoding != 0);
   }
 
-  // The 256 colours stand behind the rows, after a mark; where the mark is missing but there is room for
-  // them, the last 768 bytes are taken.
-  Palette LargePalette(Bytes file) const {
+  // The 256 colours stand behind the rows; where their mark is missing but there is room for them, the last
+  // 768 bytes are taken.
+  Palette LargePalette() const {
     Palette palette = GreyPalette();
-    if (!HasTrailer(file)) {
+    constexpr std::size_t colourBytes = trailerSize - 1;
+    if (!HasTrailer()) {
       if (header_.grey) return palette;
-      if (RowsEnd(file) + trailerSize - 1 > file.size()) {
+      const RowsSummary rows = LookThroughRows();
+      if (rows.end + colourBytes > Data().Size()) {
         const bool hasColours =
             std::ranges::any_of(header_.colours, [](std::uint8_t byte) { return byte != 0; });
-        return hasColours && UsesOnlyHeaderColours(file) ? HeaderPalette(header_) : palette;
+        return hasColours && rows.highestIndex < 16 ? HeaderPalette(header_) : palette;
       }
     }
-    ByteReader reader(file);
-    reader.Seek(file.size() - (trailerSize - 1));
+    const std::vector<std::uint8_t> colours = Data().Stretch(Data().Size() - colourBytes, colourBytes);
+    ByteReader reader(colours);
     ReadRgbEntries(reader, 256, palette);
     return palette;
   }
 
-  // Where in the file the coded rows end.
-  std::size_t RowsEnd(Bytes file) const {
-    RunReader runs(Body(file), header_.encoding != 0);
-    std::vector<std::uint8_t> row(planeBytes_);
-    for (int y = 0; y < facts_.size.height && runs.Read(row) == row.size(); ++y) {
-    }
-    return headerSize + runs.Position();
-  }
+  struct RowsSummary {
+    std::uint64_t end = 0;  // in the file
+    std::uint8_t highestIndex = 0;
+  };
 
-  bool UsesOnlyHeaderColours(Bytes file) const {
-    RunReader runs(Body(file), header_.encoding != 0);
-    std::vector<std::uint8_t> row(planeBytes_);
-    const std::span indices = std::span(row).first(static_cast<std::size_t>(facts_.size.width));
-    for (int y = 0; y < facts_.size.height && runs.Read(row) == row.size(); ++y) {
-      if (std::ranges::max(indices) > 15) return false;
+  RowsSummary LookThroughRows() const {
+    PcxRows rows = Rows();
+    std::vector<std::uint8_t> room(planeBytes_);
+    RowsSummary summary;
+    for (int y = 0; y < facts_.size.height; ++y) {
+      const Bytes row = rows.Next(room);
+      if (row.size() < room.size()) break;
+      const Bytes indices = row.first(static_cast<std::size_t>(facts_.size.width));
+      summary.highestIndex = std::max(summary.highestIndex, std::ranges::max(indices));
     }
-    return true;
+    summary.end = rows.Position();
+    return summary;
   }
 
   // Returns how many rows were whole.
-  int DecodeRows(RunReader& runs, const Palette& palette, Pixels& pixels) const {
-    std::vector<std::uint8_t> row(planeBytes_ * static_cast<std::size_t>(header_.planes));
+  int DecodeRows(const Palette& palette, Pixels& pixels) const {
+    PcxRows rows = Rows();
+    std::vector<std::uint8_t> room(planeBytes_ * static_cast<std::size_t>(header_.planes));
     std::vector<std::uint8_t> indices(static_cast<std::size_t>(facts_.size.width));
     const PackedRows unpacker(header_.bits, palette);
     // The last row may lack its padding.
-    const std::size_t needed = row.size() - planeBytes_ + RowBytes(facts_.size.width, header_.bits);
+    const std::size_t needed = room.size() - planeBytes_ + RowBytes(facts_.size.width, header_.bits);
     for (int y = 0; y < facts_.size.height; ++y) {
-      if (runs.Read(row) < needed) return y;
+      const Bytes row = rows.Next(room);
+      if (row.size() < needed) return y;
       const auto target = pixels.Row(y);
       if (header_.planes == 1) {
         unpacker.Unpack(row, target);

@@ -7,6 +7,8 @@
 
 #include "base/run_time_error.h"
 #include "pictures/byte_reader.h"
+#include "pictures/byte_stream.h"
+#include "pictures/codecs/run_rows.h"
 #include "pictures/file_decoder.h"
 #include "pictures/palettes.h"
 #include "pictures/planes.h"
@@ -46,53 +48,18 @@ Header ReadHeader(Bytes head) {
   return header;
 }
 
-// Gives the unpacked bytes piece by piece: runs take no notice of rows.
-class RunReader {
- public:
-  RunReader(ByteReader from, bool packed) : from_(from), packed_(packed) {}
-
-  // Fills `into` and returns how many bytes there were: fewer than asked only at the end of the input.
-  std::size_t Read(std::span<std::uint8_t> into) {
-    if (!packed_) {
-      const Bytes bytes = from_.Take(into.size());
-      std::ranges::copy(bytes, into.begin());
-      return bytes.size();
-    }
-    ByteReader from = from_;  // a copy of its own stays in registers
-    std::size_t done = 0;
-    while (done < into.size()) {
-      if (left_ == 0) {
-        if (from.AtEnd()) break;
-        const std::uint8_t code = from.U8();
-        if (code != escape) {
-          into[done++] = code;
-          continue;
-        }
-        if (from.AtEnd()) break;
-        const unsigned count = from.U8();
-        if (count == 0) {
-          into[done++] = escape;
-          continue;
-        }
-        if (from.AtEnd()) break;
-        left_ = count + 1;
-        value_ = from.U8();
-      }
-      const std::size_t count = std::min(left_, into.size() - done);
-      std::fill_n(&into[done], count, value_);
-      done += count;
-      left_ -= count;
-    }
-    from_ = from;
-    return done;
+// The escape byte, the count less one and the value; a count of 0 means the escape byte itself.
+struct RasCode {
+  static constexpr std::size_t longest = 3;
+  static bool IsLiteral(std::uint8_t byte) { return byte != escape; }
+  static CodedRun Read(Bytes code) {
+    if (code.size() >= 2 && code[1] == 0) return {2, 1, escape};
+    if (code.size() < longest) return {};
+    return {longest, code[1] + std::size_t{1}, code[2]};
   }
-
- private:
-  ByteReader from_;
-  bool packed_;
-  std::size_t left_ = 0;  // bytes the current run still gives
-  std::uint8_t value_ = 0;
 };
+
+using RasRows = RunRows<RasCode>;
 
 class RasDecoder final : public FileDecoder {
  public:
@@ -100,13 +67,10 @@ class RasDecoder final : public FileDecoder {
       : FileDecoder(data, options, header.size, header.depth, "RAS"), header_(header) {}
 
   Pixels Decode(const DecodeRequest&) const override {
-    const std::vector<std::uint8_t> file = Data().All();
     Pixels pixels = UnfilledPixels();
-    ByteReader reader(file);
-    reader.Seek(headerSize);
-    const Palette palette = ReadPalette(reader.Take(header_.mapBytes));
-    RunReader runs(reader, header_.type == RunLength);
-    BlankFrom(pixels, DecodeRows(runs, palette, pixels));
+    const Palette palette = ReadPalette(Data().Stretch(headerSize, header_.hasMap ? header_.mapBytes : 0));
+    RasRows rows(ByteStream(Data(), headerSize + header_.mapBytes), header_.type == RunLength);
+    BlankFrom(pixels, DecodeRows(rows, palette, pixels));
     return pixels;
   }
 
@@ -127,13 +91,14 @@ class RasDecoder final : public FileDecoder {
   }
 
   // Returns how many rows were whole.
-  int DecodeRows(RunReader& runs, const Palette& palette, Pixels& pixels) const {
+  int DecodeRows(RasRows& rows, const Palette& palette, Pixels& pixels) const {
     const std::size_t needed = RowBytes(facts_.size.width, header_.depth);
-    std::vector<std::uint8_t> row((needed + 1) / 2 * 2);
+    std::vector<std::uint8_t> room((needed + 1) / 2 * 2);
     const PackedRows unpacker(std::min(header_.depth, 8), palette);
     for (int y = 0; y < facts_.size.height; ++y) {
       // The very last byte of padding is often missing.
-      if (runs.Read(row) < needed) return y;
+      const Bytes row = rows.Next(room);
+      if (row.size() < needed) return y;
       if (header_.depth <= 8) {
         unpacker.Unpack(row, pixels.Row(y));
       } else {

@@ -10,6 +10,7 @@
 #include "base/run_time_error.h"
 #include "pictures/alpha.h"
 #include "pictures/byte_reader.h"
+#include "pictures/byte_stream.h"
 #include "pictures/file_decoder.h"
 #include "pictures/palettes.h"
 #include "pictures/planes.h"
@@ -134,10 +135,9 @@ void Convert(Stored form, const ColourMap& map, Bytes source, std::span<std::uin
   }
 }
 
-ColourMap ReadMap(const Header& header, ByteReader& reader) {
+ColourMap ReadMap(const Header& header, Bytes entries) {
   ColourMap map(header.depth > 8 ? 65536 : 256, blackPixel);
   const std::size_t entryBytes = EntryBytes(header.mapBits);
-  const Bytes entries = reader.Take(header.mapCount * entryBytes);
   const std::size_t first = std::min<std::size_t>(header.mapFirst, map.size());
   const std::size_t count = std::min(map.size() - first, entryBytes ? entries.size() / entryBytes : 0);
   const Stored form = entryBytes == 2 ? Stored::Colour16 : entryBytes == 3 ? Stored::Bgr24 : Stored::Bgra32;
@@ -154,12 +154,12 @@ ColourMap GreyMap(const Header& header) {
 // Gives the pixels in the order of the file.
 class PixelReader {
  public:
-  PixelReader(const Header& header, ColourMap map, ByteReader from)
+  PixelReader(const Header& header, ColourMap map, ByteStream from)
       : form_(StoredForm(header)),
         packed_(header.IsPacked()),
         pixelBytes_((header.depth + 7) / 8),
         map_(std::move(map)),
-        from_(from) {}
+        from_(std::move(from)) {}
 
   // Fills `row` from its start and returns how many pixels there were: fewer than asked only at the end.
   std::size_t Read(std::span<std::uint32_t> row) { return packed_ ? ReadPackets(row) : ReadPlain(row); }
@@ -177,11 +177,12 @@ class PixelReader {
     std::size_t done = 0;
     while (done < row.size()) {
       if (left_ == 0) {
-        const unsigned packet = from_.U8();
-        if (from_.Remaining() < pixelBytes_) return done;
-        left_ = (packet & 127) + 1;
-        repeats_ = (packet & 128) != 0;
-        if (repeats_) Convert(form_, map_, from_.Take(pixelBytes_), {&repeated_, 1});
+        const Bytes ahead = from_.Ahead(1 + pixelBytes_);
+        if (ahead.size() < 1 + pixelBytes_) return done;
+        left_ = (ahead[0] & 127U) + 1;
+        repeats_ = (ahead[0] & 128) != 0;
+        if (repeats_) Convert(form_, map_, ahead.subspan(1, pixelBytes_), {&repeated_, 1});
+        from_.Advance(repeats_ ? 1 + pixelBytes_ : 1);
       }
       const auto target = row.subspan(done, std::min(left_, row.size() - done));
       std::size_t count = target.size();
@@ -200,31 +201,35 @@ class PixelReader {
   bool packed_;
   std::size_t pixelBytes_;
   ColourMap map_;
-  ByteReader from_;
+  ByteStream from_;
   std::size_t left_ = 0;  // pixels the current packet still gives
   bool repeats_ = false;
   std::uint32_t repeated_ = 0;
 };
 
-bool HasAlphaBytes(const Header& header) {
+// True when the words made of the pixels have something else than 255 in their alpha byte.
+bool HasFourthByte(const Header& header) {
   if (header.IsMapped()) return header.mapBits == 32;
-  return header.Kind() == 2 ? header.depth == 32 : header.depth == 16;
+  return header.depth == 32 || StoredForm(header) == Stored::GreyAlpha16;
 }
 
 enum class AlphaUse { Ignored, Straight, Premultiplied };
 
 // What to make of alpha bytes. The descriptor's count of alpha bits is not asked, since many writers leave
 // it 0; the extension area of version 2.0 is believed where it says that they mean nothing.
-AlphaUse AlphaUseOf(Bytes file) {
-  ByteReader reader(file);
-  reader.Seek(file.size() - std::min(file.size(), footerSize));
+AlphaUse AlphaUseOf(const Header& header, const PictureData& data) {
+  // Grey has its alpha in 16 bits; a fourth byte beside three that are grey means nothing.
+  if (!HasFourthByte(header) || (header.Kind() == 3 && header.depth == 32)) return AlphaUse::Ignored;
+  const std::vector<std::uint8_t> footer =
+      data.Stretch(data.Size() - std::min<std::uint64_t>(data.Size(), footerSize), footerSize);
+  ByteReader reader(footer);
   const std::size_t extension = reader.U32Le();
   reader.Skip(4);
   const Bytes mark = reader.Take(footerMark.size());
   if (extension < headerSize || !std::ranges::equal(mark, footerMark)) return AlphaUse::Straight;
   constexpr std::size_t attributesPlace = 494;
-  reader.Seek(extension + attributesPlace);
-  switch (reader.U8()) {
+  const std::vector<std::uint8_t> attributes = data.Stretch(extension + attributesPlace, 1);
+  switch (attributes.empty() ? 0 : attributes.front()) {
     case 1:
     case 2:
       return AlphaUse::Ignored;
@@ -254,40 +259,38 @@ class TgaDecoder final : public FileDecoder {
       : FileDecoder(data, options, header.size, static_cast<int>(header.depth), "TGA"), header_(header) {}
 
   Pixels Decode(const DecodeRequest&) const override {
-    const std::vector<std::uint8_t> file = Data().All();
     Pixels pixels = UnfilledPixels();
-    ByteReader reader(file);
-    reader.Seek(headerSize + header_.idLength);
-    ColourMap map = ReadMapBefore(reader);
-    const int rows =
-        header_.depth == 1 ? DecodeBits(reader, pixels) : DecodeRows(reader, std::move(map), pixels);
-    Finish(file, rows, pixels);
+    ByteStream stream(Data(), headerSize + header_.idLength);
+    ColourMap map = ReadMapBefore(stream);
+    const int rows = header_.depth == 1 ? DecodeBits(stream, pixels)
+                                        : DecodeRows(std::move(stream), std::move(map), pixels);
+    Finish(rows, pixels);
     return pixels;
   }
 
  private:
   // A map that the header counts but does not announce is taken all the same when a mapped picture needs it.
-  ColourMap ReadMapBefore(ByteReader& reader) const {
+  ColourMap ReadMapBefore(ByteStream& stream) const {
     const std::size_t mapBytes = header_.mapCount * EntryBytes(header_.mapBits);
     if (!header_.IsMapped()) {
-      if (header_.hasMap) reader.Skip(mapBytes);
+      if (header_.hasMap) stream.Take(mapBytes);
       return {};
     }
     const std::size_t pixelBytes = header_.IsPacked() ? 0
                                                       : static_cast<std::size_t>(facts_.size.width) *
                                                             static_cast<std::size_t>(facts_.size.height);
-    const bool hidden =
-        !header_.hasMap && IsMapDepth(header_.mapBits) && mapBytes + pixelBytes <= reader.Remaining();
+    const bool hidden = !header_.hasMap && IsMapDepth(header_.mapBits) &&
+                        stream.Position() + mapBytes + pixelBytes <= Data().Size();
     if (header_.mapCount == 0 || (!header_.hasMap && !hidden)) return GreyMap(header_);
-    return ReadMap(header_, reader);
+    return ReadMap(header_, stream.Take(mapBytes));
   }
 
   // The row of the picture that row `stored` of the file is.
   int PlaceOf(int stored) const { return header_.topDown ? stored : facts_.size.height - 1 - stored; }
 
   // These return how many rows of the file were whole.
-  int DecodeRows(const ByteReader& reader, ColourMap map, Pixels& pixels) const {
-    PixelReader source(header_, std::move(map), reader);
+  int DecodeRows(ByteStream stream, ColourMap map, Pixels& pixels) const {
+    PixelReader source(header_, std::move(map), std::move(stream));
     for (int stored = 0; stored < facts_.size.height; ++stored) {
       const auto row = pixels.Row(PlaceOf(stored));
       if (source.Read(row) < row.size()) return stored;
@@ -297,11 +300,11 @@ class TgaDecoder final : public FileDecoder {
   }
 
   // One bit a pixel, each row filled up to a byte, 1 is white.
-  int DecodeBits(ByteReader& reader, Pixels& pixels) const {
+  int DecodeBits(ByteStream& stream, Pixels& pixels) const {
     const std::size_t rowBytes = RowBytes(facts_.size.width, 1);
     const PackedRows unpacker(1, TwoColours(blackPixel, whitePixel));
     for (int stored = 0; stored < facts_.size.height; ++stored) {
-      const Bytes bytes = reader.Take(rowBytes);
+      const Bytes bytes = stream.Take(rowBytes);
       if (bytes.size() < rowBytes) return stored;
       const auto row = pixels.Row(PlaceOf(stored));
       unpacker.Unpack(bytes, row);
@@ -311,14 +314,14 @@ class TgaDecoder final : public FileDecoder {
   }
 
   // Settles alpha and blanks the rows that were not read.
-  void Finish(Bytes file, int rows, Pixels& pixels) const {
+  void Finish(int rows, Pixels& pixels) const {
     const std::size_t width = static_cast<std::size_t>(facts_.size.width);
     const std::size_t readCount = static_cast<std::size_t>(rows) * width;
     const std::span<std::uint32_t> all(pixels.Data(), width * static_cast<std::size_t>(facts_.size.height));
     const auto read = header_.topDown ? all.first(readCount) : all.last(readCount);
     const auto unread = header_.topDown ? all.subspan(readCount) : all.first(all.size() - readCount);
-    const AlphaUse use = HasAlphaBytes(header_) ? AlphaUseOf(file) : AlphaUse::Ignored;
-    if (use == AlphaUse::Ignored && header_.depth >= 16)
+    const AlphaUse use = AlphaUseOf(header_, Data());
+    if (use == AlphaUse::Ignored && HasFourthByte(header_))
       for (std::uint32_t& pixel : read) pixel |= blackPixel;
     if (use == AlphaUse::Premultiplied) Unpremultiply(read);
     if (use != AlphaUse::Ignored) {

@@ -1,0 +1,48 @@
+#pragma once
+// Reads a stretch of a file from front to back through one small block, so that decoding a large file does
+// not cost the memory to hold it. Past the end it gives nothing.
+
+#include <algorithm>
+#include <vector>
+
+#include "pictures/picture_data.h"
+
+namespace lumidex {
+
+class ByteStream {
+ public:
+  // From `offset` to `end`, or to the end of the file where that comes first. The file must outlive the
+  // stream.
+  ByteStream(const PictureData& data, std::uint64_t offset, std::uint64_t end = PictureData::MostBytes)
+      : data_(&data), next_(offset), end_(std::min(end, data.Size())) {}
+
+  // What is at hand without a further read: at least `least` bytes unless the end is nearer, and all there
+  // is when they are few. Valid until the next call.
+  Bytes Ahead(std::size_t least) {
+    if (held_ - at_ < least) Refill(least);
+    return Bytes(block_).subspan(at_, held_ - at_);
+  }
+  // Moves on by `count` of the bytes ahead.
+  void Advance(std::size_t count) { at_ += std::min(count, held_ - at_); }
+  // The next `count` bytes, fewer at the end; valid until the next call.
+  Bytes Take(std::size_t count) {
+    const Bytes ahead = Ahead(count);
+    const Bytes taken = ahead.first(std::min(count, ahead.size()));
+    at_ += taken.size();
+    return taken;
+  }
+
+  // The place in the file of the next byte.
+  std::uint64_t Position() const { return next_ - (held_ - at_); }
+
+ private:
+  void Refill(std::size_t least);
+
+  const PictureData* data_;
+  std::uint64_t next_;  // the place in the file behind the block
+  std::uint64_t end_;
+  std::vector<std::uint8_t> block_;
+  std::size_t at_ = 0, held_ = 0;  // the bytes still ahead in the block
+};
+
+}  // namespace lumidex
