@@ -1,5 +1,7 @@
 #include "pictures/codecs/emf.h"
 
+#include <cmath>
+
 #include "base/run_time_error.h"
 #include "pictures/metafile/emf_player.h"
 #include "pictures/metafile/metafile_decoder.h"
@@ -30,7 +32,11 @@ class EmfDecoder final : public metafile::MetafileDecoder {
  protected:
   void Play(Bytes bytes, Canvas& canvas) const override {
     const Box area = canvas.Area();
-    const double across = area.Width() / shown_.Width(), down = area.Height() / shown_.Height();
+    // The frame is rounded to whole units; what is off by less than half a pixel was meant to fit.
+    const auto scale = [](double sheet, double device) {
+      return std::abs(sheet - device) < 0.5 ? 1.0 : sheet / device;
+    };
+    const double across = scale(area.Width(), shown_.Width()), down = scale(area.Height(), shown_.Height());
     metafile::Device device;
     device.toSheet = {.xx = across, .yy = down, .x0 = -shown_.left * across, .y0 = -shown_.top * down};
     if (upsideDown_) device.toSheet.yy = -down;

@@ -185,9 +185,12 @@ void Canvas::FillGradient(const Clip& clip, const Path& path, const ColorStop& f
   const Box visible = Visible(clip, path.Bounds());
   if (visible.IsEmpty() || !budget_.Spend(FillCost(path, visible) + perGroupPixel * visible.Area())) return;
   const CairoPattern pattern(cairo_pattern_create_linear(first.at.x, first.at.y, second.at.x, second.at.y));
-  for (const ColorStop& stop : {first, second})
-    cairo_pattern_add_color_stop_rgb(pattern.get(), &stop == &second, (stop.color >> 16 & 0xFF) / 255.0,
-                                     (stop.color >> 8 & 0xFF) / 255.0, (stop.color & 0xFF) / 255.0);
+  const auto addStop = [&](double place, std::uint32_t color) {
+    cairo_pattern_add_color_stop_rgb(pattern.get(), place, (color >> 16 & 0xFF) / 255.0,
+                                     (color >> 8 & 0xFF) / 255.0, (color & 0xFF) / 255.0);
+  };
+  addStop(0, first.color);
+  addStop(1, second.color);
   Paint(clip, visible, CAIRO_OPERATOR_OVER, [&](cairo_t* context) {
     cairo_set_source(context, pattern.get());
     Trace(context, path);

@@ -88,7 +88,7 @@ StrokeStyle Drawing::PenStyle() const {
         {{3, 1}, {1, 1}, {3, 1, 1, 1}, {3, 1, 1, 1, 1, 1}}};
     for (const double multiple : multiples[dash - 1])
       if (multiple > 0) style.dashes.push_back(multiple * style.width);
-  } else if (dash >= 1 && dash <= 4 && thin) {
+  } else if (dash >= 1 && dash <= 4 && reach <= 1.001 * std::max(1.0, UnitOnSheet())) {
     constexpr std::array<std::array<double, 6>, 4> lengths = {
         {{18, 6}, {3, 3}, {9, 6, 3, 6}, {9, 3, 3, 3, 3, 3}}};
     for (const double length : lengths[dash - 1])

@@ -35,7 +35,10 @@ void EmfPlayer::Play(Bytes records) {
     const std::uint32_t size = reader.U32Le();
     if (size < recordHeaderBytes || type == endOfFile) return;
     reader.Seek(start);
-    // The last record of a cut file is played with what there is of it.
+    // Of a cut file's last record only a bitmap is worth showing in part; of others, a part means something
+    // else.
+    const bool holdsBitmap = (type >= 76 && type <= 81) || type == 114;
+    if (size > reader.Remaining() && !holdsBitmap) return;
     const Bytes bytes = reader.Take(size);
     Record record{bytes, ByteReader(bytes)};
     record.reader.Skip(recordHeaderBytes);

@@ -28,6 +28,11 @@ std::vector<Point> Points(ByteReader& record, std::size_t count) {
   return points;
 }
 
+// Of a cut file's last record only a bitmap is worth showing in part; of others, a part means something else.
+bool HoldsBitmap(unsigned function) {
+  return function == 0x0940 || function == 0x0B41 || function == 0x0D33 || function == 0x0F43;
+}
+
 // Runs `visit(function, record)` over all records until it answers false.
 template <class Visit>
 void ForEachRecord(Bytes records, Visit visit) {
@@ -36,8 +41,9 @@ void ForEachRecord(Bytes records, Visit visit) {
     const std::uint64_t bytes = std::uint64_t{reader.U32Le()} * 2;
     const unsigned function = reader.U16Le();
     if (bytes < recordHeaderBytes || function == 0) return;
-    // The last record of a cut file is played with what there is of it.
-    if (!visit(function, reader.Sub(static_cast<std::size_t>(bytes - recordHeaderBytes)))) return;
+    const std::uint64_t rest = bytes - recordHeaderBytes;
+    if (rest > reader.Remaining() && !HoldsBitmap(function)) return;
+    if (!visit(function, reader.Sub(static_cast<std::size_t>(rest)))) return;
   }
 }
 

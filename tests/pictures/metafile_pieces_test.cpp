@@ -1,0 +1,107 @@
+#include <gtest/gtest.h>
+
+#include <numbers>
+
+#include "pictures/metafile/letters.h"
+#include "pictures/metafile/mixing.h"
+#include "pictures/metafile/path.h"
+
+namespace lumidex::metafile {
+namespace {
+
+TEST(MetafileMixing, A_ternary_operation_works_bit_by_bit) {
+  EXPECT_EQ(Combine(sourceCopy, 0x0F, 0x33, 0x55), 0x33u);
+  EXPECT_EQ(Combine(patternCopy, 0x0F, 0x33, 0x55), 0x0Fu);
+  EXPECT_EQ(Combine(0x66, 0x0F, 0x33, 0x55), 0x33u ^ 0x55u);
+  EXPECT_EQ(Combine(0x88, 0x0F, 0x33, 0x55), 0x33u & 0x55u);
+  EXPECT_EQ(Combine(0xB8, 0xF0, 0x33, 0x55) & 0xFF, ((0x55u ^ 0xF0u) & 0x33u) ^ 0xF0u);
+}
+
+TEST(MetafileMixing, An_operation_says_what_it_reads) {
+  EXPECT_TRUE(UsesSource(sourceCopy));
+  EXPECT_FALSE(UsesSource(patternCopy));
+  EXPECT_FALSE(UsesSource(0x55));
+  EXPECT_TRUE(UsesPattern(patternCopy));
+  EXPECT_FALSE(UsesPattern(0x66));
+  EXPECT_TRUE(UsesPicture(0x55));
+  EXPECT_FALSE(UsesPicture(0xFF));
+}
+
+TEST(MetafilePath, A_plain_box_is_known_as_one) {
+  Path path;
+  path.AddBox({10, 20, 30, 40});
+  ASSERT_TRUE(path.AsBox());
+  EXPECT_EQ(path.AsBox()->right, 30);
+  EXPECT_FALSE(path.Transformed({.xx = 0.7, .yx = 0.7, .xy = -0.7, .yy = 0.7}).AsBox());
+  path.AddBox({50, 50, 60, 60});
+  EXPECT_FALSE(path.AsBox());
+}
+
+TEST(MetafilePath, An_ellipse_stays_on_its_curve) {
+  Path path;
+  path.AddEllipse({-10, -10, 10, 10});
+  const Path flat = path.Flattened();
+  ASSERT_GT(flat.PointCount(), 12u);
+  for (const Point point : flat.Points()) EXPECT_NEAR(std::hypot(point.x, point.y), 10, 0.01);
+}
+
+TEST(MetafilePath, Thin_level_lines_move_to_the_middle_of_a_pixel) {
+  Path path;
+  path.MoveTo({3.2, 7});
+  path.LineTo({9.8, 7});
+  const Path crisp = path.WithCrispLines();
+  EXPECT_EQ(crisp.Points()[0].y, 7.5);
+  EXPECT_EQ(crisp.Points()[1].y, 7.5);
+  EXPECT_EQ(crisp.Points()[0].x, 3.2);
+}
+
+TEST(MetafilePath, Coordinates_far_away_are_brought_within_reach) {
+  Path path;
+  path.MoveTo({1e30, -1e30});
+  path.LineTo({std::numeric_limits<double>::quiet_NaN(), 5});
+  const Path near = path.Transformed({});
+  EXPECT_EQ(near.Points()[0].x, 1e6);
+  EXPECT_EQ(near.Points()[0].y, -1e6);
+  EXPECT_EQ(near.Points()[1].x, 0);
+}
+
+TEST(MetafileLetters, The_character_set_chooses_the_code_page) {
+  const std::uint8_t bytes[] = {0xC0, 'a'};
+  Font font;
+  EXPECT_EQ(LettersFromCodePage(bytes, font)[0].text, "À");
+  font.charset = 204;
+  EXPECT_EQ(LettersFromCodePage(bytes, font)[0].text, "А");
+  EXPECT_EQ(LettersFromCodePage(bytes, font)[1].text, "a");
+}
+
+TEST(MetafileLetters, Two_byte_letters_count_as_two_codes) {
+  const std::uint8_t bytes[] = {0x82, 0xA0, 'x'};
+  Font font;
+  font.charset = 128;
+  const auto letters = LettersFromCodePage(bytes, font);
+  ASSERT_EQ(letters.size(), 2u);
+  EXPECT_EQ(letters[0].text, "あ");
+  EXPECT_EQ(letters[0].codes, 2u);
+}
+
+TEST(MetafileLetters, The_symbol_font_has_greek_letters) {
+  const std::uint8_t bytes[] = {'a', 'S'};
+  Font font;
+  font.family = "Symbol";
+  const auto letters = LettersFromCodePage(bytes, font);
+  EXPECT_EQ(letters[0].text, "α");
+  EXPECT_EQ(letters[1].text, "Σ");
+  const std::uint8_t wide[] = {'a', 0xF0};
+  EXPECT_EQ(LettersFromUtf16(wide, font)[0].text, "α");
+}
+
+TEST(MetafileLetters, Surrogate_pairs_become_one_letter) {
+  const std::uint8_t bytes[] = {0x3D, 0xD8, 0x00, 0xDE};
+  const auto letters = LettersFromUtf16(bytes, {});
+  ASSERT_EQ(letters.size(), 1u);
+  EXPECT_EQ(letters[0].text, "😀");
+  EXPECT_EQ(letters[0].codes, 2u);
+}
+
+}  // namespace
+}  // namespace lumidex::metafile

@@ -1,0 +1,32 @@
+#pragma once
+// Draws a metafile's bytes and asks what stands where.
+
+#include <cstdint>
+#include <vector>
+
+#include "pictures/codec.h"
+
+namespace lumidex {
+
+inline std::unique_ptr<Decoder> OpenBytes(std::vector<std::uint8_t> bytes, const char* extension = "") {
+  return OpenDecoder(PictureData(std::make_shared<MemorySource>(std::move(bytes)), extension));
+}
+
+inline Pixels Drawn(std::vector<std::uint8_t> bytes, Size size = {}) {
+  return OpenBytes(std::move(bytes))->Decode({size});
+}
+
+// 0xRRGGBB.
+inline std::uint32_t ColorAt(const Pixels& pixels, int x, int y) {
+  return pixels.Row(y)[static_cast<std::size_t>(x)] & 0xFFFFFF;
+}
+
+// How many pixels in the box are not white.
+inline int MarksIn(const Pixels& pixels, int left, int top, int right, int bottom) {
+  int marks = 0;
+  for (int y = top; y < bottom; ++y)
+    for (int x = left; x < right; ++x) marks += ColorAt(pixels, x, y) != 0xFFFFFF;
+  return marks;
+}
+
+}  // namespace lumidex
