@@ -19,6 +19,7 @@ struct DrawnBand {
   int top = 0;
   int bottom = 0;
   std::int32_t color = 0;
+  bool operator==(const DrawnBand&) const = default;
 };
 
 // One-time wishes that are no state; the view carries them out.

@@ -177,9 +177,15 @@ void FormView::mousePressEvent(QMouseEvent* event) {
 }
 
 void FormView::paintEvent(QPaintEvent*) {
-  if (form_.Picture.Get().IsEmpty()) return;
+  if (form_.Picture.Get().IsEmpty() && form_.Drawing().empty()) return;
   QPainter painter(this);
-  painter.drawImage(0, 0, ToImage(form_.Picture.Get()));
+  const QPoint corner = DrawingCorner();
+  if (!form_.Picture.Get().IsEmpty()) painter.drawImage(corner, ToImage(form_.Picture.Get()));
+  for (const DrawnBand& band : form_.Drawing()) {
+    const int top = GetUnits().Pixels(double{twipsPerPixel} * band.top);
+    const int bottom = GetUnits().Pixels(double{twipsPerPixel} * band.bottom);
+    painter.fillRect(corner.x(), corner.y() + top, width() - corner.x(), bottom - top, ToColor(band.color));
+  }
 }
 
 bool FormView::eventFilter(QObject* watched, QEvent* event) {

@@ -59,6 +59,8 @@ class FormView : public QWidget {
  protected:
   // Pixels of the window's content to the form's outer size in twips.
   virtual bool SizeComesFromForm() const { return false; }
+  // Where the form's picture and its drawing begin.
+  virtual QPoint DrawingCorner() const { return {0, 0}; }
 
   void closeEvent(QCloseEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
@@ -74,6 +76,7 @@ class FormView : public QWidget {
   [[noreturn]] void ReportMissing(std::string_view name) const;
   QSize WantedSize() const;
   void PushColors();
+  void PushBackground();
   void PushSize();
   void CarryOut(FormRequest request);
   void TellSize(const QSize& size);
@@ -87,6 +90,8 @@ class FormView : public QWidget {
   QPointer<QWidget> wantsFocus_;
   std::int32_t shownBackColor_ = -1;
   Picture shownIcon_;
+  Picture shownPicture_;
+  std::vector<DrawnBand> shownDrawing_;
   bool ignoresActivation_ = true;
   bool pushing_ = false;
 };

@@ -34,7 +34,15 @@ void FormView::ShowState() {
     setWindowIcon(ToIcon(shownIcon_));
   }
   PushColors();
+  PushBackground();
   PushSize();
+}
+
+void FormView::PushBackground() {
+  if (shownPicture_ == form_.Picture.Get() && shownDrawing_ == form_.Drawing()) return;
+  shownPicture_ = form_.Picture.Get();
+  shownDrawing_ = form_.Drawing();
+  update();
 }
 
 void FormView::PushColors() {

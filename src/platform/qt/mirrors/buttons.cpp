@@ -19,6 +19,16 @@ void ShowCaption(QAbstractButton& button, const std::string& caption) {
   if (!spoken.isEmpty()) button.setAccessibleName(spoken);
 }
 
+void ShowGround(QWidget& widget, std::int32_t value) {
+  const QColor back = ToColor(value);
+  if (!back.isValid() || widget.autoFillBackground()) return;
+  QPalette colors = widget.palette();
+  colors.setColor(QPalette::Window, back);
+  colors.setColor(QPalette::WindowText, ReadableOn(back));
+  widget.setPalette(colors);
+  widget.setAutoFillBackground(true);
+}
+
 }  // namespace
 
 QPushButton* MakeButton(FormView& view, CommandButton& control, QWidget* parent) {
@@ -46,6 +56,7 @@ QCheckBox* MakeCheckBox(FormView& view, CheckBox& control, QWidget* parent) {
     box->setCheckState(control.Value == 2   ? Qt::PartiallyChecked
                        : control.Value == 1 ? Qt::Checked
                                             : Qt::Unchecked);
+    ShowGround(*box, control.BackColor);
   });
   QObject::connect(box, &QCheckBox::clicked, mirror,
                    [&view, &control, mirror] { view.Serve([&] { control.UserClick(); }, mirror); });

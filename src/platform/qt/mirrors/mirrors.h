@@ -52,6 +52,8 @@ QWidget* MakeScrollBar(FormView& view, ScrollBar& control, QWidget* parent);
 QWidget* MakeProgressBar(FormView& view, ProgressBar& control, QWidget* parent);
 
 QWidget* MakeTabs(FormView& view, TabStrip& control, QWidget* parent);
+// Many tabs in rows of so many; the row with the chosen tab stands in front, next to the page below.
+QWidget* MakeTabRows(FormView& view, TabStrip& control, QWidget* parent, int perRow);
 QWidget* MakeGrid(FormView& view, Grid& control, QWidget* parent);
 
 QWidget* MakeImage(FormView& view, ImageBox& control, QWidget* parent);

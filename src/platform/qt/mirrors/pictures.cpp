@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <QTimer>
 
+#include "platform/qt/artwork.h"
 #include "platform/qt/conversions.h"
 #include "platform/qt/mirrors/mirrors.h"
 #include "platform/qt/mirrors/shown_picture.h"
@@ -27,6 +28,8 @@ class ImageView final : public QWidget {
     updateGeometry();
     update();
   }
+  // A drawn picture of the program's own: it fills the widget and keeps its transparent places.
+  void ShowArtwork(const std::string& name) { artwork_ = ToImage(ArtworkPicture(name + ".png")); }
   QSize sizeHint() const override {
     const Size size = picture_.GetSize();
     return {size.width, size.height};
@@ -36,6 +39,11 @@ class ImageView final : public QWidget {
  protected:
   void paintEvent(QPaintEvent*) override {
     QPainter painter(this);
+    if (picture_.IsEmpty() && !artwork_.isNull()) {
+      painter.setRenderHint(QPainter::SmoothPixmapTransform);
+      painter.drawImage(rect(), artwork_);
+      return;
+    }
     shown_.Paint(painter, picture_, stretch_ ? rect() : QRect(QPoint(0, 0), sizeHint()));
   }
   void mousePressEvent(QMouseEvent* event) override {
@@ -53,6 +61,7 @@ class ImageView final : public QWidget {
   Picture picture_;
   bool stretch_ = false;
   ShownPicture shown_;
+  QImage artwork_;
 };
 
 // The sunken frame and the ground; what stands inside is clipped by `inside`.
@@ -95,6 +104,7 @@ class PictureBoxView final : public QWidget {
 
 QWidget* MakeImage(FormView& view, ImageBox& control, QWidget* parent) {
   auto* image = new ImageView(parent);
+  if (!control.PictureKey.Get().empty()) image->ShowArtwork(control.PictureKey);
   auto* hide = new QTimer(image);
   hide->setSingleShot(true);
   hide->setInterval(milliSecondsBeforeHiding);

@@ -21,15 +21,14 @@ Widget* FollowRange(FormView& view, RangeControl& control, Widget* widget) {
     widget->setValue(control.Value);
   });
   QObject::connect(widget, &Widget::valueChanged, mirror, [&view, &control, mirror, widget](int value) {
-    view.Serve(
-        [&] {
-          if constexpr (requires { widget->isSliderDown(); }) {
-            if (widget->isSliderDown()) control.OnScroll();
-          }
-          control.UserSet(value);
-        },
-        mirror);
+    bool isDragged = false;
+    if constexpr (requires { widget->isSliderDown(); }) isDragged = widget->isSliderDown();
+    view.Serve([&] { isDragged ? control.UserDrag(value) : control.UserSet(value); }, mirror);
   });
+  if constexpr (requires { widget->isSliderDown(); }) {
+    QObject::connect(widget, &Widget::sliderReleased, mirror,
+                     [&view, &control, mirror] { view.Serve([&] { control.UserDrop(); }, mirror); });
+  }
   return widget;
 }
 
@@ -38,6 +37,7 @@ Widget* FollowRange(FormView& view, RangeControl& control, Widget* widget) {
 QWidget* MakeSlider(FormView& view, Slider& control, QWidget* parent) {
   auto* slider = new QSlider(Qt::Horizontal, parent);
   slider->setTickPosition(QSlider::TicksBelow);
+  slider->setTickInterval(control.TickFrequency);
   return FollowRange(view, control, slider);
 }
 

@@ -15,6 +15,8 @@ namespace {
 // Labels begin where they are designed and may be wider than designed, since there is nothing beside them
 // that a longer translation or another font would cover.
 void PlaceLabel(FormView& view, Label& control, QLabel* label) {
+  // Its text stays readable whatever the window's background shows.
+  label->setAutoFillBackground(true);
   new Mirror(view.Pushes(), control, label, [&view, &control, label] {
     const Units& units = view.GetUnits();
     label->setGeometry(units.Pixels(control.Left), units.Pixels(control.Top),

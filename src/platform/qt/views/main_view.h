@@ -11,6 +11,7 @@ class MainView final : public FormView {
 
  protected:
   bool SizeComesFromForm() const override { return true; }
+  QPoint DrawingCorner() const override { return client_->pos(); }
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:

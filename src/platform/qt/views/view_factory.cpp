@@ -2,6 +2,7 @@
 
 #include "platform/qt/views/directory_view.h"
 #include "platform/qt/views/main_view.h"
+#include "platform/qt/views/preferences_view.h"
 #include "platform/qt/views/splash_view.h"
 #include "platform/qt/views/stacked_view.h"
 
@@ -13,6 +14,7 @@ std::unique_ptr<FormView> MakeView(FormViews& views, Form& form) {
   if (name == "frmSystemTray") return nullptr;
   if (name == "WPaper2") return std::make_unique<MainView>(views, form);
   if (name == "SelectPictureDirectoryForm") return std::make_unique<DirectoryView>(views, form);
+  if (name == "frmPreferences") return std::make_unique<PreferencesView>(views, form);
   if (name == "frmSplash") return std::make_unique<SplashView>(views, form);
   return std::make_unique<StackedView>(views, form);
 }

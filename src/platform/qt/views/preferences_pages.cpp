@@ -1,0 +1,272 @@
+#include "platform/qt/views/preferences_pages.h"
+
+#include <QAbstractButton>
+#include <QCheckBox>
+#include <QFrame>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QStyleOptionFocusRect>
+#include <QStylePainter>
+#include <QVBoxLayout>
+
+#include "platform/qt/conversions.h"
+#include "platform/qt/mirrors/mirrors.h"
+#include "platform/qt/mirrors/row_list.h"
+
+namespace lumidex {
+namespace {
+
+constexpr int fileTypes = 29;
+constexpr int largestThumbnail = 200;
+
+QWidget* NewPage() {
+  return new QWidget;
+}
+
+QLabel* Heading(FormView& view, const std::string& name, QWidget* page) {
+  QLabel* label = MakeLabel(view, view.Get<Label>(name), page);
+  QFont font = label->font();
+  font.setBold(true);
+  label->setFont(font);
+  return label;
+}
+
+// The types go down one column and on in the next.
+QLayout* TypeBoxes(FormView& view, const char* name, QWidget* page) {
+  constexpr int inColumn = (fileTypes + 1) / 2;
+  auto* grid = new QGridLayout;
+  grid->setHorizontalSpacing(2 * grid->horizontalSpacing());
+  grid->setVerticalSpacing(2);
+  for (int type = 1; type <= fileTypes; ++type) {
+    QCheckBox* box = MakeCheckBox(view, view.Get<CheckBox>(IndexedName(name, type)), page);
+    grid->addWidget(box, (type - 1) % inColumn, (type - 1) / inColumn);
+  }
+  return grid;
+}
+
+QLayout* ButtonRow(FormView& view, std::initializer_list<const char*> names, QWidget* page) {
+  auto* row = new QHBoxLayout;
+  for (const char* name : names) row->addWidget(MakeButton(view, view.Get<CommandButton>(name), page));
+  row->addStretch();
+  return row;
+}
+
+// A field of colour that is pressed like a button.
+class Swatch final : public QAbstractButton {
+ public:
+  Swatch(const QColor& color, QWidget* parent) : QAbstractButton(parent), color_(color) {
+    setFocusPolicy(Qt::TabFocus);
+    setFixedSize(sizeHint());
+  }
+  QSize sizeHint() const override {
+    const int height = 2 * fontMetrics().height();
+    return {height * 3 / 2, height};
+  }
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    QStylePainter painter(this);
+    painter.setPen(palette().color(QPalette::Shadow));
+    painter.setBrush(color_.isValid() ? color_ : palette().color(QPalette::Window));
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    if (!hasFocus()) return;
+    QStyleOptionFocusRect option;
+    option.initFrom(this);
+    option.rect.adjust(3, 3, -3, -3);
+    option.backgroundColor = painter.brush().color();
+    painter.drawPrimitive(QStyle::PE_FrameFocusRect, option);
+  }
+
+ private:
+  QColor color_;
+};
+
+QLayout* Swatches(FormView& view, QWidget* page) {
+  static const char* const names[] = {"Plain background", "Grey ramp", "Green ramp", "Yellow ramp",
+                                      "Blue ramp",        "Cyan ramp", "Red ramp",   "Magenta ramp"};
+  auto* row = new QHBoxLayout;
+  for (int index = 0; index < 8; ++index) {
+    auto& control = view.Get<Label>(IndexedName("lblWPaper2Color", index));
+    auto* swatch = new Swatch(ToColor(control.BackColor), page);
+    swatch->setAccessibleName(QString::fromLatin1(names[index]));
+    Mirror* mirror = view.Follow(control, swatch);
+    QObject::connect(swatch, &QAbstractButton::clicked, mirror,
+                     [&view, &control, mirror] { view.Serve([&] { control.UserClick(); }, mirror); });
+    row->addWidget(swatch);
+  }
+  row->addStretch();
+  return row;
+}
+
+void AddIndented(QVBoxLayout& rows, QLayout* indented) {
+  auto* row = new QHBoxLayout;
+  row->addSpacing(24);
+  row->addLayout(indented);
+  rows.addLayout(row);
+}
+
+// A text box with the up-down that steps it.
+void SteppedText(FormView& view, const std::string& label, const std::string& text, const std::string& steps,
+                 QGridLayout& grid, QWidget* page) {
+  const int row = grid.rowCount();
+  QWidget* edit = MakeTextBox(view, view.Get<TextBox>(text), page);
+  edit->setFixedWidth(edit->fontMetrics().horizontalAdvance(QStringLiteral("0000000")));
+  QWidget* arrows = MakeUpDown(view, view.Get<UpDown>(steps), page);
+  // The number stands in the text box: only the arrows are wanted.
+  arrows->setFixedWidth(arrows->fontMetrics().height() + 6);
+  arrows->setFocusPolicy(Qt::NoFocus);
+  auto* pair = new QHBoxLayout;
+  pair->setSpacing(0);
+  pair->addWidget(edit);
+  pair->addWidget(arrows);
+  pair->addStretch();
+  grid.addWidget(MakeLabel(view, view.Get<Label>(label), page, edit), row, 0);
+  grid.addLayout(pair, row, 1);
+}
+
+QWidget* Choice(FormView& view, const char* frame, const char* options, QWidget* page) {
+  QWidget* group = MakeFrame(view, view.Get<Frame>(frame), page);
+  auto* rows = new QVBoxLayout(group);
+  for (int index = 0; index < 3; ++index) {
+    rows->addWidget(MakeOptionButton(view, view.Get<OptionButton>(IndexedName(options, index)), group));
+  }
+  return group;
+}
+
+}  // namespace
+
+QWidget* FileTypesPage(FormView& view) {
+  QWidget* page = NewPage();
+  auto* rows = new QVBoxLayout(page);
+  rows->addWidget(Heading(view, "Label1", page));
+  rows->addLayout(TypeBoxes(view, "chkFileType", page));
+  rows->addStretch();
+  rows->addLayout(ButtonRow(view, {"cmdSelectAllTypes", "cmdClearAllTypes", "cmdInvertSelections"}, page));
+  rows->addLayout(ButtonRow(view, {"cmdWebFormats", "cmdMicrosoftFormats", "cmdPortableFormats"}, page));
+  return page;
+}
+
+QWidget* ScreenPage(FormView& view) {
+  QWidget* page = NewPage();
+  auto* rows = new QVBoxLayout(page);
+  rows->addWidget(Heading(view, "lblScreenOptions(0)", page));
+  auto* screen = new QVBoxLayout;
+  screen->addLayout(Swatches(view, page));
+  screen->addWidget(MakeCheckBox(view, view.Get<CheckBox>("chkStretch"), page));
+  auto* background = new QHBoxLayout;
+  background->addWidget(MakeCheckBox(view, view.Get<CheckBox>("chkMenuAltBackground"), page));
+  background->addWidget(MakeButton(view, view.Get<CommandButton>("cmdMenuSelect"), page));
+  background->addStretch();
+  screen->addLayout(background);
+  AddIndented(*rows, screen);
+  rows->addSpacing(16);
+  rows->addWidget(Heading(view, "lblScreenOptions(1)", page));
+  auto* counts = new QVBoxLayout;
+  for (const char* name : {"chkCountFileTypes", "chkCountFileSize", "chkCountFileColorDepth"}) {
+    counts->addWidget(MakeCheckBox(view, view.Get<CheckBox>(name), page));
+  }
+  counts->addLayout(ButtonRow(view, {"cmdFileSummary"}, page));
+  AddIndented(*rows, counts);
+  rows->addStretch();
+  return page;
+}
+
+QWidget* JpegPage(FormView& view) {
+  QWidget* page = NewPage();
+  auto* columns = new QHBoxLayout(page);
+  auto* saving = new QVBoxLayout;
+  saving->addWidget(Heading(view, "lblJPGSaveSettings", page));
+  auto* numbers = new QGridLayout;
+  SteppedText(view, "lblJPGQuality", "txtJPGQuality", "udJPGQuality", *numbers, page);
+  SteppedText(view, "lblJPGSmoothing", "txtJPGSmoothing", "udJPGSmoothing", *numbers, page);
+  saving->addLayout(numbers);
+  saving->addWidget(MakeCheckBox(view, view.Get<CheckBox>("chkJPGOptimize"), page));
+  saving->addWidget(Choice(view, "fmJPGDitherMethodSaving", "optJPGDitherSaving", page));
+  saving->addStretch();
+  auto* line = new QFrame(page);
+  line->setFrameStyle(QFrame::VLine | QFrame::Sunken);
+  auto* showing = new QVBoxLayout;
+  showing->addWidget(Choice(view, "fmDCTMethod", "optDCTMethod", page));
+  showing->addWidget(Choice(view, "fmDither", "optDither", page));
+  showing->addWidget(Choice(view, "fmJPGDither", "optJPGDither", page));
+  showing->addWidget(MakeCheckBox(view, view.Get<CheckBox>("chkFancyUpsizing"), page));
+  showing->addWidget(MakeCheckBox(view, view.Get<CheckBox>("chkTwoPassQuantize"), page));
+  showing->addStretch();
+  columns->addLayout(saving, 1);
+  columns->addWidget(line);
+  columns->addLayout(showing, 1);
+  return page;
+}
+
+QWidget* ToolbarPage(FormView& view) {
+  QWidget* page = NewPage();
+  auto* columns = new QHBoxLayout(page);
+  RowList* buttons = MakeListBox(view, view.Get<ListBox>("List1"), page);
+  buttons->setAccessibleName(QStringLiteral("Toolbar buttons"));
+  columns->addWidget(buttons, 1);
+  auto* thumbnails = new QVBoxLayout;
+  thumbnails->addWidget(MakeCheckBox(view, view.Get<CheckBox>("chkThumbNailStyle"), page));
+  QWidget* slider = MakeSlider(view, view.Get<Slider>("sldThumbNailSize"), page);
+  auto* size = new QHBoxLayout;
+  size->addWidget(MakeLabel(view, view.Get<Label>("lblThumbNailSize"), page, slider));
+  size->addWidget(MakeLabel(view, view.Get<Label>("lblThumbNailSizeValue"), page));
+  size->addStretch();
+  thumbnails->addLayout(size);
+  thumbnails->addWidget(slider);
+  auto* frame = new QFrame(page);
+  frame->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
+  auto* inside = new QVBoxLayout(frame);
+  inside->setContentsMargins(4, 4, 4, 4);
+  auto& sample = view.Get<ImageBox>("Image1");
+  QWidget* picture = MakeImage(view, sample, frame);
+  new Mirror(view.Pushes(), sample, picture, [&sample, picture] {
+    picture->setFixedSize(static_cast<int>(sample.Width), static_cast<int>(sample.Height));
+  });
+  // Room for the largest, so that nothing moves while the slider does.
+  frame->setFixedSize(largestThumbnail + 10, largestThumbnail + 10);
+  inside->addWidget(picture, 0, Qt::AlignLeft | Qt::AlignTop);
+  thumbnails->addWidget(frame, 0, Qt::AlignHCenter);
+  thumbnails->addStretch();
+  columns->addLayout(thumbnails, 1);
+  return page;
+}
+
+QWidget* AssociationsPage(FormView& view) {
+  QWidget* page = NewPage();
+  auto* rows = new QVBoxLayout(page);
+  rows->addWidget(Heading(view, "Label2", page));
+  rows->addLayout(TypeBoxes(view, "chkAssocFileType", page));
+  rows->addWidget(Heading(view, "Label3", page), 0, Qt::AlignHCenter);
+  rows->addStretch();
+  rows->addLayout(
+      ButtonRow(view, {"cmdAssocSelectAll", "cmdAssocClearAll", "cmdAssocInvertAll", "cmdMakeAssoc"}, page));
+  return page;
+}
+
+QWidget* IconsPage(FormView& view) {
+  constexpr int columns = 3;
+  constexpr int inColumn = (fileTypes + columns - 1) / columns;
+  constexpr int side = 40;
+  QWidget* page = NewPage();
+  auto* grid = new QGridLayout(page);
+  grid->setVerticalSpacing(2);
+  for (int type = 0; type < fileTypes; ++type) {
+    const int row = type % inColumn;
+    const int column = type / inColumn * 2;
+    QWidget* picture = MakeImage(view, view.Get<ImageBox>(IndexedName("imgIconType", type)), page);
+    picture->setFixedSize(side, side);
+    grid->addWidget(picture, row, column);
+    QLabel* text = MakeLabel(view, view.Get<Label>(IndexedName("lblIconType", type)), page);
+    text->setWordWrap(true);
+    picture->setAccessibleName(text->text());
+    grid->addWidget(text, row, column + 1);
+    grid->setColumnStretch(column + 1, 1);
+  }
+  return page;
+}
+
+}  // namespace lumidex
