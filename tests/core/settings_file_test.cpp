@@ -12,7 +12,7 @@ namespace lumidex {
 namespace {
 
 std::string GoldenFile() {
-  std::ifstream file(LUMIDEX_SOURCE_DIR "/tests/core/golden/Lumidex.Cfg", std::ios::binary);
+  std::ifstream file("tests/core/golden/Lumidex.Cfg", std::ios::binary);
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
