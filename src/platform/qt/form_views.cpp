@@ -7,7 +7,9 @@ namespace lumidex {
 
 FormViews::FormViews(Factory factory) : factory_(std::move(factory)) {}
 
-FormViews::~FormViews() = default;
+FormViews::~FormViews() {
+  Close();
+}
 
 void FormViews::Attach(Form& form, int millisecondsLate) {
   entries_.push_back(std::make_unique<Entry>());
@@ -24,6 +26,15 @@ void FormViews::Attach(Form& form, int millisecondsLate) {
 
 void FormViews::Close() {
   entries_.clear();
+  // Windows that were given back but not yet deleted still look at their forms.
+  for (const QPointer<FormView>& view : leaving_) delete view.data();
+  leaving_.clear();
+}
+
+void FormViews::GiveBack(std::unique_ptr<FormView> view) {
+  std::erase_if(leaving_, [](const QPointer<FormView>& earlier) { return earlier.isNull(); });
+  leaving_.emplace_back(view.get());
+  view.release()->deleteLater();
 }
 
 const Units& FormViews::GetUnits() {
@@ -36,7 +47,7 @@ void FormViews::FollowVisibility(Entry& entry) {
     entry.view->FollowVisibility();
     // An unloaded form starts again from its design, and so does its window. Later, since this may be the
     // answer to a gesture in that very window.
-    if (!entry.form->IsLoaded()) entry.view.release()->deleteLater();
+    if (!entry.form->IsLoaded()) GiveBack(std::move(entry.view));
   } else if (entry.form->Visible() && entry.millisecondsLate > 0) {
     if (!entry.late.isActive()) entry.late.start(entry.millisecondsLate);
   } else if (entry.form->Visible()) {

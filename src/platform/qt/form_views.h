@@ -52,10 +52,13 @@ class FormViews final {
   };
   Entry* Find(WindowHandle form) const;
   void FollowVisibility(Entry& entry);
+  // Deletes the window once the gesture that it may be answering is over.
+  void GiveBack(std::unique_ptr<FormView> view);
   void ShowFirst(Entry& entry);
 
   Factory factory_;
   std::vector<std::unique_ptr<Entry>> entries_;
+  std::vector<QPointer<FormView>> leaving_;
   QPointer<FormView> active_;
   std::unique_ptr<Units> units_;
 };
