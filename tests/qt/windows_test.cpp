@@ -179,8 +179,11 @@ struct MainWindowTest : testing::Test {
 
 TEST_F(MainWindowTest, The_outer_size_counts_a_nominal_frame) {
   const double factor = world.views.GetUnits().factor;
-  EXPECT_EQ(View().width(), std::lround((15300 / 15.0 - 8) * factor));
-  EXPECT_EQ(View().height(), std::lround((11100 / 15.0 - 27) * factor));
+  window.Width = 9600;
+  window.Height = 9000;
+  Settle();
+  EXPECT_EQ(View().width(), std::lround((9600 / 15.0 - 8) * factor));
+  EXPECT_EQ(View().height(), std::lround((9000 / 15.0 - 27) * factor));
 }
 
 TEST_F(MainWindowTest, Dragging_the_frame_resizes_the_form) {
