@@ -5,7 +5,7 @@
 namespace lumidex::metafile {
 namespace {
 
-// What the steps of painting cost, in units of the budget; measured on the slower of two machines.
+// What the steps of painting cost, in units of the budget: estimates, not measurements.
 constexpr double perShape = 1500;
 constexpr double perPoint = 60;
 constexpr double perEdgeRow = 90;

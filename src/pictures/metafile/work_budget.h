@@ -6,7 +6,7 @@ namespace lumidex::metafile {
 
 class WorkBudget {
  public:
-  // One unit is about a nanosecond on a desktop processor of 2020.
+  // One unit is meant to be about a nanosecond; the costs charged are estimates.
   explicit WorkBudget(double units) : left_(units) {}
 
   // Takes `units` off; false when they are not there, and then the work must not be done.
