@@ -16,6 +16,8 @@ void Design(ControlArray<OptionButton>& options, std::initializer_list<const cha
 frmPreferencesWindow::frmPreferencesWindow(Platform& platform)
     : Form(platform, "frmPreferences", "Korvane Lumidex - Preferences") {
   cmdOK.Default = true;
+  // Everything has taken effect already, so Escape is as good a way out as Enter.
+  cmdOK.Cancel = true;
   DesignFileTypes();
   DesignScreenOptions();
   DesignJpegOptions();

@@ -23,7 +23,8 @@ void ShowGround(QWidget& widget, std::int32_t value) {
   const QColor back = ToColor(value);
   if (!back.isValid() || widget.autoFillBackground()) return;
   QPalette colors = widget.palette();
-  colors.setColor(QPalette::Window, back);
+  // The ground is filled in the role of buttons, the caption is drawn as that of a window.
+  colors.setColor(widget.backgroundRole(), back);
   colors.setColor(QPalette::WindowText, ReadableOn(back));
   widget.setPalette(colors);
   widget.setAutoFillBackground(true);

@@ -11,6 +11,8 @@ namespace {
 
 constexpr int milliSecondsBetweenRefreshes = 100;
 constexpr int pixelsPerIndent = 12;
+// Between the boxes of rows that can be ticked.
+constexpr int pixelsBetweenBoxes = 5;
 
 // Rows are as wide as the list and cut long texts in the middle, where paths have least to say.
 class RowDelegate final : public QStyledItemDelegate {
@@ -18,7 +20,8 @@ class RowDelegate final : public QStyledItemDelegate {
   RowDelegate(const RowModel& model, QObject* parent) : QStyledItemDelegate(parent), model_(model) {}
 
   QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
-    return {1, QStyledItemDelegate::sizeHint(option, index).height()};
+    const int height = QStyledItemDelegate::sizeHint(option, index).height();
+    return {1, model_.Source().ticked ? height + pixelsBetweenBoxes : height};
   }
   void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
     QStyleOptionViewItem row = option;

@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QGridLayout>
 #include <QKeyEvent>
+#include <QShortcut>
 #include <QStyleOptionTab>
 #include <QStylePainter>
 
@@ -55,6 +56,16 @@ class TabRows final : public QWidget {
       tabs_.push_back(new TabButton(ToQt(caption), this));
       tabs_.back()->setAccessibleName(WithoutAccessKey(caption));
     }
+    // From anywhere in the window, as tabs are changed everywhere.
+    for (const auto& [keys, step] : {std::pair{QKeySequence(Qt::CTRL | Qt::Key_Tab), 1},
+                                     {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Tab), -1},
+                                     {QKeySequence(Qt::CTRL | Qt::Key_PageDown), 1},
+                                     {QKeySequence(Qt::CTRL | Qt::Key_PageUp), -1}}) {
+      connect(new QShortcut(keys, this), &QShortcut::activated, this, [this, step = step] {
+        const int count = static_cast<int>(tabs_.size());
+        Press((chosen_ + step + count) % count);
+      });
+    }
   }
 
   const std::vector<TabButton*>& Tabs() const { return tabs_; }
@@ -80,11 +91,15 @@ class TabRows final : public QWidget {
       QWidget::keyPressEvent(event);
       return;
     }
-    tabs_[static_cast<std::size_t>(next)]->setFocus();
-    tabs_[static_cast<std::size_t>(next)]->click();
+    Press(next);
   }
 
  private:
+  void Press(int page) {
+    tabs_[static_cast<std::size_t>(page)]->setFocus();
+    tabs_[static_cast<std::size_t>(page)]->click();
+  }
+
   int perRow_;
   int chosen_ = -1;
   QGridLayout* grid_;

@@ -1,17 +1,22 @@
 #include "platform/qt/views/preferences_pages.h"
 
 #include <QAbstractButton>
+#include <QButtonGroup>
 #include <QCheckBox>
 #include <QFrame>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSpinBox>
 #include <QStyleOptionFocusRect>
 #include <QStylePainter>
 #include <QVBoxLayout>
+#include <algorithm>
+#include <vector>
 
 #include "platform/qt/conversions.h"
 #include "platform/qt/mirrors/mirrors.h"
@@ -35,24 +40,37 @@ QLabel* Heading(FormView& view, const std::string& name, QWidget* page) {
   return label;
 }
 
-// The types go down one column and on in the next.
+// The types go down one column and on in the next. Boxes with a ground of their own touch, so that a column
+// is one field of colour.
 QLayout* TypeBoxes(FormView& view, const char* name, QWidget* page) {
   constexpr int inColumn = (fileTypes + 1) / 2;
+  constexpr int gap = 2;
   auto* grid = new QGridLayout;
   grid->setHorizontalSpacing(2 * grid->horizontalSpacing());
-  grid->setVerticalSpacing(2);
+  grid->setVerticalSpacing(0);
   for (int type = 1; type <= fileTypes; ++type) {
     QCheckBox* box = MakeCheckBox(view, view.Get<CheckBox>(IndexedName(name, type)), page);
+    box->setMinimumHeight(box->sizeHint().height() + gap);
     grid->addWidget(box, (type - 1) % inColumn, (type - 1) / inColumn);
   }
   return grid;
 }
 
-QLayout* ButtonRow(FormView& view, std::initializer_list<const char*> names, QWidget* page) {
-  auto* row = new QHBoxLayout;
-  for (const char* name : names) row->addWidget(MakeButton(view, view.Get<CommandButton>(name), page));
-  row->addStretch();
-  return row;
+// Buttons of one width, in rows of so many.
+QLayout* Buttons(FormView& view, int perRow, std::initializer_list<const char*> names, QWidget* page) {
+  auto* grid = new QGridLayout;
+  std::vector<QPushButton*> buttons;
+  int widest = 0;
+  for (const char* name : names) {
+    QPushButton* button = MakeButton(view, view.Get<CommandButton>(name), page);
+    const int place = static_cast<int>(buttons.size());
+    grid->addWidget(button, place / perRow, place % perRow);
+    widest = std::max(widest, button->sizeHint().width());
+    buttons.push_back(button);
+  }
+  for (QPushButton* button : buttons) button->setMinimumWidth(widest + button->fontMetrics().height());
+  grid->setColumnStretch(perRow, 1);
+  return grid;
 }
 
 // A field of colour that is pressed like a button.
@@ -70,7 +88,10 @@ class Swatch final : public QAbstractButton {
  protected:
   void paintEvent(QPaintEvent*) override {
     QStylePainter painter(this);
-    painter.setPen(palette().color(QPalette::Shadow));
+    // Half way to the text, which shows on a light and on a dark window.
+    QColor edge = palette().color(QPalette::WindowText);
+    edge.setAlpha(128);
+    painter.setPen(edge);
     painter.setBrush(color_.isValid() ? color_ : palette().color(QPalette::Window));
     painter.drawRect(rect().adjusted(0, 0, -1, -1));
     if (!hasFocus()) return;
@@ -109,30 +130,66 @@ void AddIndented(QVBoxLayout& rows, QLayout* indented) {
   rows.addLayout(row);
 }
 
+// The arrow keys in a text box press the arrows beside it.
+class ArrowKeys final : public QObject {
+ public:
+  ArrowKeys(QSpinBox& arrows, QWidget* text) : QObject(text), arrows_(arrows) {
+    text->installEventFilter(this);
+  }
+
+ protected:
+  bool eventFilter(QObject*, QEvent* event) override {
+    if (event->type() != QEvent::KeyPress) return false;
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    if (key != Qt::Key_Up && key != Qt::Key_Down) return false;
+    arrows_.stepBy(key == Qt::Key_Up ? 1 : -1);
+    return true;
+  }
+
+ private:
+  QSpinBox& arrows_;
+};
+
+// The number stands in a text box: of the widget only the arrows are wanted, which lie at its right end.
+void ShowOnlyArrows(QSpinBox& arrows) {
+  QStyleOptionSpinBox option;
+  option.initFrom(&arrows);
+  option.subControls = QStyle::SC_All;
+  option.frame = true;
+  option.rect.setSize(arrows.sizeHint());
+  const QRect up = arrows.style()->subControlRect(QStyle::CC_SpinBox, &option, QStyle::SC_SpinBoxUp, &arrows);
+  arrows.setFixedWidth(option.rect.right() - up.left() + 1);
+  arrows.setFocusPolicy(Qt::NoFocus);
+}
+
 // A text box with the up-down that steps it.
 void SteppedText(FormView& view, const std::string& label, const std::string& text, const std::string& steps,
                  QGridLayout& grid, QWidget* page) {
   const int row = grid.rowCount();
   QWidget* edit = MakeTextBox(view, view.Get<TextBox>(text), page);
   edit->setFixedWidth(edit->fontMetrics().horizontalAdvance(QStringLiteral("0000000")));
-  QWidget* arrows = MakeUpDown(view, view.Get<UpDown>(steps), page);
-  // The number stands in the text box: only the arrows are wanted.
-  arrows->setFixedWidth(arrows->fontMetrics().height() + 6);
-  arrows->setFocusPolicy(Qt::NoFocus);
+  auto* arrows = static_cast<QSpinBox*>(MakeUpDown(view, view.Get<UpDown>(steps), page));
+  ShowOnlyArrows(*arrows);
+  new ArrowKeys(*arrows, edit);
   auto* pair = new QHBoxLayout;
   pair->setSpacing(0);
   pair->addWidget(edit);
   pair->addWidget(arrows);
   pair->addStretch();
   grid.addWidget(MakeLabel(view, view.Get<Label>(label), page, edit), row, 0);
+  arrows->setAccessibleName(edit->accessibleName());
   grid.addLayout(pair, row, 1);
 }
 
 QWidget* Choice(FormView& view, const char* frame, const char* options, QWidget* page) {
   QWidget* group = MakeFrame(view, view.Get<Frame>(frame), page);
   auto* rows = new QVBoxLayout(group);
+  // One stop for the Tab key, and arrow keys within.
+  auto* together = new QButtonGroup(group);
   for (int index = 0; index < 3; ++index) {
-    rows->addWidget(MakeOptionButton(view, view.Get<OptionButton>(IndexedName(options, index)), group));
+    QRadioButton* button = MakeOptionButton(view, view.Get<OptionButton>(IndexedName(options, index)), group);
+    together->addButton(button);
+    rows->addWidget(button);
   }
   return group;
 }
@@ -145,8 +202,10 @@ QWidget* FileTypesPage(FormView& view) {
   rows->addWidget(Heading(view, "Label1", page));
   rows->addLayout(TypeBoxes(view, "chkFileType", page));
   rows->addStretch();
-  rows->addLayout(ButtonRow(view, {"cmdSelectAllTypes", "cmdClearAllTypes", "cmdInvertSelections"}, page));
-  rows->addLayout(ButtonRow(view, {"cmdWebFormats", "cmdMicrosoftFormats", "cmdPortableFormats"}, page));
+  rows->addLayout(Buttons(view, 3,
+                          {"cmdSelectAllTypes", "cmdClearAllTypes", "cmdInvertSelections", "cmdWebFormats",
+                           "cmdMicrosoftFormats", "cmdPortableFormats"},
+                          page));
   return page;
 }
 
@@ -169,7 +228,8 @@ QWidget* ScreenPage(FormView& view) {
   for (const char* name : {"chkCountFileTypes", "chkCountFileSize", "chkCountFileColorDepth"}) {
     counts->addWidget(MakeCheckBox(view, view.Get<CheckBox>(name), page));
   }
-  counts->addLayout(ButtonRow(view, {"cmdFileSummary"}, page));
+  counts->addSpacing(8);
+  counts->addLayout(Buttons(view, 1, {"cmdFileSummary"}, page));
   AddIndented(*rows, counts);
   rows->addStretch();
   return page;
@@ -223,6 +283,7 @@ QWidget* ToolbarPage(FormView& view) {
   inside->setContentsMargins(4, 4, 4, 4);
   auto& sample = view.Get<ImageBox>("Image1");
   QWidget* picture = MakeImage(view, sample, frame);
+  picture->setAccessibleName(QStringLiteral("Sample thumbnail"));
   new Mirror(view.Pushes(), sample, picture, [&sample, picture] {
     picture->setFixedSize(static_cast<int>(sample.Width), static_cast<int>(sample.Height));
   });
@@ -243,7 +304,7 @@ QWidget* AssociationsPage(FormView& view) {
   rows->addWidget(Heading(view, "Label3", page), 0, Qt::AlignHCenter);
   rows->addStretch();
   rows->addLayout(
-      ButtonRow(view, {"cmdAssocSelectAll", "cmdAssocClearAll", "cmdAssocInvertAll", "cmdMakeAssoc"}, page));
+      Buttons(view, 4, {"cmdAssocSelectAll", "cmdAssocClearAll", "cmdAssocInvertAll", "cmdMakeAssoc"}, page));
   return page;
 }
 
