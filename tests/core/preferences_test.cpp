@@ -25,6 +25,39 @@ class Preferences : public TestProgram {
   }
 };
 
+TEST_F(Preferences, Every_menu_item_opens_the_page_of_its_number) {
+  WPaper2Window& window = app.WPaper2;
+  MenuItem* const items[] = {&window.mnuOptionsFileTypes,
+                             &window.mnuOptionsScreenSettings,
+                             &window.mnuOptionsGraphicViewingImageQuality,
+                             &window.mnuOptionsSavingJPEGFileFormat,
+                             &window.mnuOptionsAssociate,
+                             &window.mnuOptionsToolbarSettings};
+  for (int page = 5; page >= 0; --page) {
+    platform.events.NextUserAction = [&] {
+      EXPECT_EQ(app.frmPreferences.SSTab1.Tab, page);
+      EXPECT_TRUE(app.frmPreferences.IsModal());
+      app.frmPreferences.cmdOK.UserClick();
+      return true;
+    };
+    items[page]->OnClick();
+    EXPECT_FALSE(app.frmPreferences.Visible());
+  }
+}
+
+TEST_F(Preferences, Loading_takes_the_main_windows_icon_wipes_the_drawing_and_yields) {
+  app.exiting = true;
+  app.frmPreferences.Unload();
+  app.exiting = false;
+  app.WPaper2.Icon = Picture::FromPixels(Pixels::Make({16, 16}, PixelFormat::Rgb, 0), 24);
+  app.frmPreferences.Draw({{0, 4, 0xFF}});
+  const int yields = platform.events.Yields();
+  app.frmPreferences.Load();
+  EXPECT_EQ(app.frmPreferences.Icon.Get().GetSize(), (Size{16, 16}));
+  EXPECT_TRUE(app.frmPreferences.Drawing().empty());
+  EXPECT_EQ(platform.events.Yields(), yields + 1);
+}
+
 TEST_F(Preferences, Each_preset_ticks_exactly_its_types) {
   SelectWebFormats(app);
   EXPECT_THAT(TickedTypes(), ElementsAre(8, 13, 21));
