@@ -53,6 +53,15 @@ struct ListTest : testing::Test {
   ListForm form{world.platform};
 };
 
+TEST_F(ListTest, The_first_arrow_in_a_list_without_selection_selects_its_first_entry) {
+  Fill(3);
+  Shown(form.plain).setFocus();
+  QTest::keyClick(&Shown(form.plain), Qt::Key_Down);
+  EXPECT_EQ(form.plain.ListIndex(), 0);
+  QTest::keyClick(&Shown(form.plain), Qt::Key_Down);
+  EXPECT_EQ(form.plain.ListIndex(), 1);
+}
+
 TEST_F(ListTest, A_click_selects_and_a_second_one_on_the_same_row_fires_again) {
   Fill(3);
   int clicks = 0;

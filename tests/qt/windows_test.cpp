@@ -347,6 +347,17 @@ TEST_F(MainWindowTest, Transparent_places_are_white) {
   EXPECT_EQ(View().grab().toImage().pixelColor(corner), QColor(Qt::white));
 }
 
+TEST_F(MainWindowTest, The_status_bar_hides_what_reaches_below_it) {
+  window.Picture1.BackColor = 0x0000FF;  // red
+  window.Picture1.Move(0, 0, 2 * window.Width, 2 * window.Height);
+  Settle();
+  const QWidget& bar = WidgetOf<QWidget>(world, window.StatusBar1);
+  const QImage shown = View().grab().toImage();
+  const QPoint below = bar.mapTo(&View(), bar.rect().bottomLeft() + QPoint(20, 0));
+  EXPECT_EQ(shown.pixelColor(below - QPoint(0, bar.height() + 3)), QColor(Qt::red));
+  EXPECT_NE(shown.pixelColor(below), QColor(Qt::red));
+}
+
 TEST_F(MainWindowTest, Topmost_windows_stay_so_when_they_are_made_later) {
   world.windows.SetWindowPos(app.frmlocatefiles.hwnd(), HWND_TOPMOST, 0, 0, 0, 0, 3);
   app.frmlocatefiles.Show();

@@ -160,8 +160,16 @@ void RowList::keyPressEvent(QKeyEvent* event) {
     event->ignore();  // for the window's default and cancel buttons
     return;
   }
-  QListView::keyPressEvent(event);
-  TellSelection(false);
+  // A list that takes the keyboard has a place to start from before anything is selected in it: that place is
+  // the first that an arrow selects.
+  const bool startsHere = !selectionModel()->hasSelection() && currentIndex().isValid() &&
+                          (event->key() == Qt::Key_Down || event->key() == Qt::Key_Up);
+  if (startsHere) {
+    selectionModel()->select(currentIndex(), QItemSelectionModel::ClearAndSelect);
+  } else {
+    QListView::keyPressEvent(event);
+  }
+  if (selectionModel()->hasSelection()) TellSelection(false);
 }
 
 }  // namespace lumidex

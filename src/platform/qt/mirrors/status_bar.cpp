@@ -71,6 +71,8 @@ class PanelView final : public QFrame {
 class StatusBarView final : public QWidget {
  public:
   StatusBarView(const StatusBar& control, QWidget* parent) : QWidget(parent), control_(control) {
+    // The lists and the picture area may reach below the window; the bar hides what stands behind it.
+    setAutoFillBackground(true);
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(2, 1, 2, 2);
     row->setSpacing(2);
