@@ -170,6 +170,17 @@ TEST(Emf, Regions_combine_by_their_mode) {
   EXPECT_EQ(ColorAt(pixels, 5, 5), white);
 }
 
+TEST(Emf, A_clip_beside_the_sheet_leaves_nothing) {
+  for (const std::uint32_t far : {200U, static_cast<std::uint32_t>(-300)}) {
+    auto tail = Words({32, 1, 2, 32, 0, 0, 0, 0, far, far, far + 20, far + 20});
+    const auto second = Words({far + 30, far, far + 40, far + 90});
+    tail.insert(tail.end(), second.begin(), second.end());
+    EmfWriter writer = Sheet();
+    writer.Record(75, {static_cast<std::int64_t>(tail.size()), 1}, tail);
+    EXPECT_EQ(MarksIn(Drawn(writer.Rectangle(0, 0, 99, 99).File()), 0, 0, 100, 100), 0);
+  }
+}
+
 TEST(Emf, Restoring_brings_back_the_clip) {
   EmfWriter writer = Sheet();
   writer.Record(33, {}).Record(30, {0, 0, 10, 10}).Record(34, {-1});

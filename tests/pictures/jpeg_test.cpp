@@ -132,6 +132,24 @@ TEST(Jpeg, What_a_cut_file_lacks_stays_blank) {
   EXPECT_THAT(RowOf(pixels, 63), testing::Each(blankPixel));
 }
 
+TEST(Jpeg, A_second_frame_header_ends_the_scans_and_changes_nothing) {
+  std::vector<std::uint8_t> file =
+      EncodeJpeg(Pixels::Make({64, 48}, PixelFormat::Rgb, 0xFF336699), 90, JpegKind::Progressive);
+  const std::uint8_t scan[] = {0xFF, 0xDA};
+  const auto first = std::search(file.begin(), file.end(), std::begin(scan), std::end(scan));
+  const auto second = std::search(first + 2, file.end(), std::begin(scan), std::end(scan));
+  ASSERT_NE(second, file.end());
+  for (const std::uint32_t components : {1, 4, 255}) {
+    ByteWriter frame;
+    frame.Add({0xFF, 0xC2, 0, 17, 8, 0x40, 0, 0x40, 0, components, 1, 0x11, 0, 2, 0x11, 0, 3, 0x11, 0});
+    std::vector<std::uint8_t> changed = file;
+    changed.insert(changed.begin() + (second - file.begin()), frame.Bytes().begin(), frame.Bytes().end());
+    const Pixels pixels = DecodeBytes(changed);
+    ASSERT_EQ(pixels.GetSize(), (Size{64, 48}));
+    EXPECT_THAT(pixels.Row(40)[60], NearColour(0xFF336699U));
+  }
+}
+
 TEST(Jpeg, Bytes_before_the_picture_are_skipped) {
   auto file = EncodeJpeg(Halves(), 90);
   file.insert(file.begin(), {'j', 'u', 'n', 'k'});

@@ -1,10 +1,14 @@
 #include <gtest/gtest.h>
 
+#include <array>
 #include <numbers>
+#include <string>
 
 #include "pictures/metafile/letters.h"
 #include "pictures/metafile/mixing.h"
 #include "pictures/metafile/path.h"
+#include "pictures/metafile/text_face.h"
+#include "pictures/metafile/work_budget.h"
 
 namespace lumidex::metafile {
 namespace {
@@ -40,9 +44,20 @@ TEST(MetafilePath, A_plain_box_is_known_as_one) {
 TEST(MetafilePath, An_ellipse_stays_on_its_curve) {
   Path path;
   path.AddEllipse({-10, -10, 10, 10});
-  const Path flat = path.Flattened();
-  ASSERT_GT(flat.PointCount(), 12u);
-  for (const Point point : flat.Points()) EXPECT_NEAR(std::hypot(point.x, point.y), 10, 0.01);
+  const auto points = path.Points();
+  ASSERT_EQ(points.size(), 13u);  // four curves
+  for (std::size_t i = 0; i + 3 < points.size(); i += 3) {
+    for (const double t : {0.0, 0.25, 0.5, 0.75, 1.0}) {
+      const double u = 1 - t;
+      const std::array weights = {u * u * u, 3 * u * u * t, 3 * u * t * t, t * t * t};
+      double x = 0, y = 0;
+      for (std::size_t k = 0; k < 4; ++k) {
+        x += weights[k] * points[i + k].x;
+        y += weights[k] * points[i + k].y;
+      }
+      EXPECT_NEAR(std::hypot(x, y), 10, 0.01);
+    }
+  }
 }
 
 TEST(MetafilePath, Thin_level_lines_move_to_the_middle_of_a_pixel) {
@@ -63,6 +78,38 @@ TEST(MetafilePath, Coordinates_far_away_are_brought_within_reach) {
   EXPECT_EQ(near.Points()[0].x, 1e6);
   EXPECT_EQ(near.Points()[0].y, -1e6);
   EXPECT_EQ(near.Points()[1].x, 0);
+}
+
+TEST(MetafileFaces, A_family_is_looked_up_once) {
+  TextFaces faces;
+  const TextFace& first = faces.Get("Family", false, false);
+  EXPECT_EQ(&faces.Get("Family", false, false), &first);
+  EXPECT_NE(&faces.Get("Family", true, false), &first);
+}
+
+TEST(MetafileFaces, After_many_families_one_stands_for_the_others) {
+  TextFaces faces;
+  const TextFace& known = faces.Get("Family 0", false, false);
+  for (int i = 1; i < 64; ++i) faces.Get("Family " + std::to_string(i), false, false);
+  const TextFace& other = faces.Get("Family 64", false, false);
+  EXPECT_EQ(&faces.Get("Family 65", false, false), &other);
+  EXPECT_EQ(&faces.Get("Family 0", false, false), &known);
+}
+
+TEST(MetafileBudget, What_is_not_there_is_not_taken) {
+  WorkBudget budget(100);
+  EXPECT_FALSE(budget.Spend(101));
+  EXPECT_TRUE(budget.Spend(100));
+  EXPECT_FALSE(budget.Spend(1));
+  EXPECT_FALSE(budget.Keep(1e12));
+  EXPECT_TRUE(budget.Keep(1 << 20));
+}
+
+TEST(MetafileBox, Boxes_without_a_common_part_have_no_extent_in_common) {
+  const Box common = Box{0, 0, 10, 10}.Intersected({20, 30, 40, 50});
+  EXPECT_TRUE(common.IsEmpty());
+  EXPECT_EQ(common.Width(), 0);
+  EXPECT_EQ(common.Height(), 0);
 }
 
 TEST(MetafileLetters, The_character_set_chooses_the_code_page) {

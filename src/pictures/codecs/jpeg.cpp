@@ -44,6 +44,30 @@ std::int64_t MostBlockVisits(std::uint64_t fileBytes) {
   return (std::int64_t{16} << 20) + static_cast<std::int64_t>(fileBytes) * 48;
 }
 
+// What libjpeg takes over from a second frame header before it refuses it. The scans read until then belong
+// to the first one.
+struct FrameNumbers {
+  explicit FrameNumbers(const jpeg_decompress_struct& info)
+      : width(info.image_width),
+        height(info.image_height),
+        components(info.num_components),
+        precision(info.data_precision),
+        progressive(info.progressive_mode),
+        arithmetic(info.arith_code) {}
+  void PutBack(jpeg_decompress_struct& info) const {
+    info.image_width = width;
+    info.image_height = height;
+    info.num_components = components;
+    info.data_precision = precision;
+    info.progressive_mode = progressive;
+    info.arith_code = arithmetic;
+  }
+
+  JDIMENSION width, height;
+  int components, precision;
+  boolean progressive, arithmetic;
+};
+
 class JpegDecoder final : public Decoder {
  public:
   JpegDecoder(const PictureData& data, const OpenOptions& options)
@@ -126,8 +150,12 @@ class JpegDecoder final : public Decoder {
     const bool several = jpeg_has_multiple_scans(&info) != 0;
     bool ready = true;
     if (several) {
-      // Smoothing between blocks would ask for more of a file that has no more to give.
-      if (!reader.Try([&] { ReadScans(info); })) info.do_block_smoothing = FALSE;
+      const FrameNumbers frame(info);
+      if (!reader.Try([&] { ReadScans(info); })) {
+        frame.PutBack(info);
+        // Smoothing between blocks would ask for more of a file that has no more to give.
+        info.do_block_smoothing = FALSE;
+      }
       // Whatever ended the scans, what they gave so far can be shown.
       ready = reader.Try([&] { jpeg_start_output(&info, info.input_scan_number); });
     } else {

@@ -1,67 +1,40 @@
 #include "pictures/metafile/canvas.h"
 
+#include <utility>
+
+#include "pictures/metafile/outlining.h"
 #include "pictures/metafile/surfaces.h"
 
 namespace lumidex::metafile {
 namespace {
 
-// What the steps of painting cost, in units of the budget: estimates, not measurements.
-constexpr double perShape = 1500;
-constexpr double perPoint = 60;
-constexpr double perEdgeRow = 90;
-constexpr double perPixel = 1;
-constexpr double perGroupPixel = 4;
-constexpr double perStrokePoint = 700;
-constexpr double perLetter = 2500;
+// A quarter of a pixel more or less can not be seen, and curves become far fewer lines.
+constexpr double tolerance = 0.2;
 
-// All clip masks of one picture together; beyond that, clips stay as they are.
-constexpr double mostMaskBytes = 160e6;
+constexpr double perStrokePoint = 700;
+constexpr double perLetter = 1500;
+// Drawing a letter of a size or slant that the renderer has not kept.
+constexpr double perNewLetter = 30000;
+constexpr double perHatchedPixel = 3;
+constexpr double perTiledPixel = 12;
+constexpr double perCopiedPixel = 6;
+
+// What is painted through surfaces in between is painted in bands of so many pixels, which bounds their
+// memory.
+constexpr double mostGroupPixels = 1 << 22;
+constexpr double mostTransferPixels = 1 << 20;
+
 // More dashes than this in one stroke are not told apart any more.
 constexpr double mostDashes = 20000;
 // Letters larger than this, in pixels, are filled as outlines: the renderer would keep each as a picture.
-constexpr double largestDrawnLetter = 200;
+constexpr double largestDrawnLetter = 64;
 
-void Trace(cairo_t* context, const Path& path) {
-  cairo_new_path(context);
-  const auto points = path.Points();
-  std::size_t next = 0;
-  for (const Path::Verb verb : path.Verbs()) {
-    const Point* p = points.data() + next;
-    switch (verb) {
-      case Path::Verb::Move:
-        cairo_move_to(context, p->x, p->y);
-        next += 1;
-        break;
-      case Path::Verb::Line:
-        cairo_line_to(context, p->x, p->y);
-        next += 1;
-        break;
-      case Path::Verb::Curve:
-        cairo_curve_to(context, p[0].x, p[0].y, p[1].x, p[1].y, p[2].x, p[2].y);
-        next += 3;
-        break;
-      case Path::Verb::Close:
-        cairo_close_path(context);
-        break;
-    }
-  }
-}
-
-void SetFillRule(cairo_t* context, FillRule rule) {
-  cairo_set_fill_rule(context,
-                      rule == FillRule::Winding ? CAIRO_FILL_RULE_WINDING : CAIRO_FILL_RULE_EVEN_ODD);
-}
-
-void ClipToBox(cairo_t* context, const Box& box) {
-  cairo_reset_clip(context);
-  cairo_new_path(context);
-  cairo_rectangle(context, box.left, box.top, box.Width(), box.Height());
-  cairo_clip(context);
-}
-
-double FillCost(const Path& path, const Box& visible) {
-  return perShape + perPoint * static_cast<double>(path.PointCount()) + perPixel * visible.Area() +
-         perEdgeRow * path.EdgeRows(visible.top, visible.bottom);
+// Cuts a box of whole pixels into bands of at most about `pixels`, from its top.
+template <class Visit>
+void ForEachBand(const Box& box, double pixels, Visit visit) {
+  const double rows = std::max(1.0, std::floor(pixels / box.Width()));
+  for (double top = box.top; top < box.bottom; top += rows)
+    visit(Box{box.left, top, box.right, std::min(box.bottom, top + rows)});
 }
 
 }  // namespace
@@ -73,8 +46,7 @@ Canvas::Canvas(Pixels& pixels, WorkBudget& budget)
       surface_(SharedSurface(pixels, CAIRO_FORMAT_RGB24)),
       context_(cairo_create(surface_.get())),
       maskBytes_(std::make_shared<double>(0)) {
-  // A quarter of a pixel more or less can not be seen, and curves become far fewer lines.
-  cairo_set_tolerance(context_.get(), 0.2);
+  cairo_set_tolerance(context_.get(), tolerance);
 }
 
 Canvas::~Canvas() = default;
@@ -101,19 +73,41 @@ Box Canvas::Visible(const Clip& clip, const Box& bounds) {
 template <class Draw>
 void Canvas::Paint(const Clip& clip, const Box& bounds, cairo_operator_t blend, Draw draw) {
   cairo_t* context = context_.get();
-  ClipToBox(context, bounds);
   cairo_set_operator(context, blend);
   if (!clip.mask) {
+    ClipToBox(context, bounds);
     draw(context);
     return;
   }
   if (!budget_.Spend(perGroupPixel * bounds.Area())) return;
-  const CairoSurface group = BlankSurface(bounds, CAIRO_FORMAT_ARGB32);
-  const CairoContext inner(cairo_create(group.get()));
-  cairo_set_tolerance(inner.get(), 0.2);
-  draw(inner.get());
-  cairo_set_source_surface(context, group.get(), 0, 0);
-  cairo_mask_surface(context, clip.mask.get(), 0, 0);
+  ForEachBand(bounds, mostGroupPixels, [&](const Box& band) {
+    const CairoSurface group = BlankSurface(band, CAIRO_FORMAT_ARGB32);
+    const CairoContext inner(cairo_create(group.get()));
+    cairo_set_tolerance(inner.get(), tolerance);
+    draw(inner.get());
+    ClipToBox(context, band);
+    cairo_set_source_surface(context, group.get(), 0, 0);
+    cairo_mask_surface(context, clip.mask.get(), 0, 0);
+  });
+}
+
+double Canvas::InkCost(const Ink& ink, const Box& visible) const {
+  if (ink.kind == Ink::Kind::Hatched) return perHatchedPixel * visible.Area();
+  if (ink.kind != Ink::Kind::Tiled) return 0;
+  const double tile = static_cast<double>(ink.tile.Width()) * ink.tile.Height();
+  return perTiledPixel * visible.Area() + (HoldsTile(ink.tile) ? 0 : perCopiedPixel * tile);
+}
+
+bool Canvas::HoldsTile(const Pixels& tile) const {
+  return tileSurface_ && tile_.Data() == tile.Data();
+}
+
+cairo_surface_t* Canvas::TileSurface(const Pixels& tile) {
+  if (!HoldsTile(tile)) {
+    tile_ = tile;
+    tileSurface_ = CopiedSurface(tile);
+  }
+  return tileSurface_.get();
 }
 
 void Canvas::SetInk(cairo_t* context, const Ink& ink, const Mix* mix) {
@@ -124,7 +118,7 @@ void Canvas::SetInk(cairo_t* context, const Ink& ink, const Mix* mix) {
   if (!fixed && ink.kind == Ink::Kind::Hatched) {
     pattern = HatchPattern(ink.hatch, color, ink.background, ink.origin);
   } else if (!fixed && ink.kind == Ink::Kind::Tiled && !ink.tile.IsEmpty()) {
-    pattern = TilePattern(ink.tile, ink.origin, ink.tileScale);
+    pattern = TilePattern(TileSurface(ink.tile), ink.origin, ink.tileScale);
   } else {
     pattern = SolidPattern(inverted ? ~color : color);
   }
@@ -135,7 +129,7 @@ void Canvas::Fill(const Clip& clip, const Path& path, FillRule rule, const Ink& 
   const Mix mix = MixOf(rasterOperation);
   if (ink.kind == Ink::Kind::None || mix.nothing || path.IsEmpty()) return;
   const Box visible = Visible(clip, path.Bounds());
-  if (visible.IsEmpty() || !budget_.Spend(FillCost(path, visible))) return;
+  if (visible.IsEmpty() || !budget_.Spend(FillCost(path, visible) + InkCost(ink, visible))) return;
   Paint(clip, visible, mix.blend, [&](cairo_t* context) {
     SetInk(context, ink, &mix);
     SetFillRule(context, rule);
@@ -162,8 +156,11 @@ void Canvas::Stroke(const Clip& clip, const Path& path, const StrokeStyle& style
   // Each piece has two sides, and ends as high as the line is wide.
   const double rows = 2 * lines.EdgeRows(visible.top - reach, visible.bottom + reach) +
                       pieces * 2 * std::min(width, visible.Height());
+  const double columns = 2 * lines.EdgeColumns(visible.left - reach, visible.right + reach);
   const double touched = std::min(visible.Area(), lines.Length() * (width + 2) + pieces * width * width);
-  if (!budget_.Spend(perShape + perStrokePoint * pieces + perEdgeRow * rows + perPixel * touched)) return;
+  if (!budget_.Spend(perShape + perStrokePoint * pieces + perEdgeRow * rows + perEdgeColumn * columns +
+                     perPixel * touched + InkCost(ink, visible)))
+    return;
   Paint(clip, visible, mix.blend, [&](cairo_t* context) {
     SetInk(context, ink, &mix);
     Trace(context, lines);
@@ -229,35 +226,39 @@ void Canvas::Transfer(const Clip& clip, const Path& area, int rasterOperation, c
   const Box visible = Visible(clip, outline.Bounds());
   if (visible.IsEmpty()) return;
   const double cost = 3 * perGroupPixel + (placed ? placed->CostPerPixel() : 0);
-  if (!budget_.Spend(perShape + cost * visible.Area())) return;
+  const bool needsPattern = UsesPattern(rasterOperation) && pattern.kind != Ink::Kind::None;
+  const double inkCost = needsPattern ? InkCost(pattern, visible) : 0;
+  if (!budget_.Spend(perShape + cost * visible.Area() + inkCost)) return;
 
-  const CairoSurface sources = BlankSurface(visible, CAIRO_FORMAT_RGB24);
-  const CairoSurface patterns = BlankSurface(visible, CAIRO_FORMAT_RGB24);
-  if (placed) {
-    const CairoContext painter(cairo_create(sources.get()));
-    cairo_set_source(painter.get(), placed->pattern.get());
-    cairo_paint(painter.get());
-  }
-  if (UsesPattern(rasterOperation) && pattern.kind != Ink::Kind::None) {
-    const CairoContext painter(cairo_create(patterns.get()));
-    SetInk(painter.get(), pattern, nullptr);
-    cairo_paint(painter.get());
-  }
-  cairo_surface_flush(surface_.get());
-  const int left = static_cast<int>(visible.left), top = static_cast<int>(visible.top);
-  const int width = static_cast<int>(visible.Width()), height = static_cast<int>(visible.Height());
-  for (int y = 0; y < height; ++y) {
-    std::uint32_t* const from = SurfaceRow(sources.get(), y);
-    const std::uint32_t* const brush = SurfaceRow(patterns.get(), y);
-    const std::uint32_t* const below = pixels_.Row(top + y).data() + left;
-    if (!from || !brush) return;
-    for (int x = 0; x < width; ++x) from[x] = Combine(rasterOperation, brush[x], from[x], below[x]);
-  }
-  cairo_surface_mark_dirty(sources.get());
-  Paint(clip, visible, CAIRO_OPERATOR_OVER, [&](cairo_t* context) {
-    cairo_set_source_surface(context, sources.get(), 0, 0);
-    Trace(context, outline);
-    cairo_fill(context);
+  ForEachBand(visible, mostTransferPixels, [&](const Box& band) {
+    const CairoSurface sources = BlankSurface(band, CAIRO_FORMAT_RGB24);
+    const CairoSurface patterns = BlankSurface(band, CAIRO_FORMAT_RGB24);
+    if (placed) {
+      const CairoContext painter(cairo_create(sources.get()));
+      cairo_set_source(painter.get(), placed->pattern.get());
+      cairo_paint(painter.get());
+    }
+    if (needsPattern) {
+      const CairoContext painter(cairo_create(patterns.get()));
+      SetInk(painter.get(), pattern, nullptr);
+      cairo_paint(painter.get());
+    }
+    cairo_surface_flush(surface_.get());
+    const int left = static_cast<int>(band.left), top = static_cast<int>(band.top);
+    const int width = static_cast<int>(band.Width()), height = static_cast<int>(band.Height());
+    for (int y = 0; y < height; ++y) {
+      std::uint32_t* const from = SurfaceRow(sources.get(), y);
+      const std::uint32_t* const brush = SurfaceRow(patterns.get(), y);
+      const std::uint32_t* const below = pixels_.Row(top + y).data() + left;
+      if (!from || !brush) return;
+      for (int x = 0; x < width; ++x) from[x] = Combine(rasterOperation, brush[x], from[x], below[x]);
+    }
+    cairo_surface_mark_dirty(sources.get());
+    Paint(clip, band, CAIRO_OPERATOR_OVER, [&](cairo_t* context) {
+      cairo_set_source_surface(context, sources.get(), 0, 0);
+      Trace(context, outline);
+      cairo_fill(context);
+    });
   });
 }
 
@@ -266,7 +267,9 @@ void Canvas::DrawText(const Clip& clip, const TextFace& face, const std::string&
   const double size = toSheet.MeanScale();
   if (!toSheet.IsUsable() || !(size > 0.2) || text.empty()) return;
   const double letters = static_cast<double>(text.size());
-  if (!budget_.Spend(perLetter * letters)) return;
+  const LetterShape shape{face.Handle(), toSheet.xx, toSheet.yx, toSheet.xy, toSheet.yy};
+  const bool kept = std::exchange(lastLetters_, shape) == shape && size <= largestDrawnLetter;
+  if (!budget_.Spend((kept ? perLetter : perNewLetter) * letters)) return;
   if (size > largestDrawnLetter) {
     const Ink ink{.kind = Ink::Kind::Solid, .color = color};
     return Fill(clip, face.Outline(text).Transformed(toSheet), FillRule::Winding, ink, copyPen);
@@ -286,83 +289,6 @@ void Canvas::DrawText(const Clip& clip, const TextFace& face, const std::string&
     cairo_show_text(context, text.c_str());
     cairo_new_path(context);
   });
-}
-
-std::shared_ptr<cairo_surface_t> Canvas::MakeMask() {
-  const double bytes = area_.Area();
-  if (*maskBytes_ + bytes > mostMaskBytes || !budget_.Spend(bytes)) return nullptr;
-  *maskBytes_ += bytes;
-  return {BlankSurface(area_, CAIRO_FORMAT_A8).release(),
-          [counter = maskBytes_, bytes](cairo_surface_t* surface) {
-            *counter -= bytes;
-            cairo_surface_destroy(surface);
-          }};
-}
-
-void Canvas::CombineClip(Clip& clip, const Path& path, FillRule rule, ClipMode mode) {
-  const Box bounds = path.Bounds().GrownToWhole().Intersected(area_);
-  if (mode == ClipMode::And || mode == ClipMode::Copy) {
-    const bool all = mode == ClipMode::Copy;
-    if (const auto box = path.IsEmpty() ? Box{} : path.AsBox()) {
-      clip.box = box->Rounded().Intersected(all ? area_ : clip.box);
-      if (all) clip.mask.reset();
-      return;
-    }
-  }
-  if (path.IsEmpty()) return;
-  if (!budget_.Spend(FillCost(path, bounds) + area_.Area())) return;
-  std::shared_ptr<cairo_surface_t> mask = MakeMask();
-  if (!mask) return;
-  const CairoContext painter(cairo_create(mask.get()));
-  SetFillRule(painter.get(), rule);
-  const auto paintOld = [&] {
-    ClipToBox(painter.get(), clip.box);
-    if (clip.mask) {
-      cairo_set_source_surface(painter.get(), clip.mask.get(), 0, 0);
-    } else {
-      cairo_set_source_rgba(painter.get(), 0, 0, 0, 1);
-    }
-    cairo_paint(painter.get());
-    cairo_reset_clip(painter.get());
-  };
-  const auto paintNew = [&](cairo_operator_t blend) {
-    cairo_set_operator(painter.get(), blend);
-    cairo_set_source_rgba(painter.get(), 0, 0, 0, 1);
-    Trace(painter.get(), path);
-    cairo_fill(painter.get());
-  };
-  const Box joined{std::min(clip.box.left, bounds.left), std::min(clip.box.top, bounds.top),
-                   std::max(clip.box.right, bounds.right), std::max(clip.box.bottom, bounds.bottom)};
-  switch (mode) {
-    case ClipMode::Copy:
-      paintNew(CAIRO_OPERATOR_OVER);
-      clip.box = bounds;
-      break;
-    case ClipMode::And:
-      paintNew(CAIRO_OPERATOR_OVER);
-      cairo_set_operator(painter.get(), CAIRO_OPERATOR_IN);
-      if (clip.mask) {
-        cairo_set_source_surface(painter.get(), clip.mask.get(), 0, 0);
-        cairo_paint(painter.get());
-      }
-      clip.box = clip.box.Intersected(bounds);
-      break;
-    case ClipMode::Or:
-      paintOld();
-      paintNew(CAIRO_OPERATOR_OVER);
-      clip.box = joined;
-      break;
-    case ClipMode::Xor:
-      paintOld();
-      paintNew(CAIRO_OPERATOR_XOR);
-      clip.box = joined;
-      break;
-    case ClipMode::Difference:
-      paintOld();
-      paintNew(CAIRO_OPERATOR_DEST_OUT);
-      break;
-  }
-  clip.mask = std::move(mask);
 }
 
 }  // namespace lumidex::metafile

@@ -89,6 +89,10 @@ class Canvas {
   template <class Draw>
   void Paint(const Clip& clip, const Box& bounds, cairo_operator_t blend, Draw draw);
   void SetInk(cairo_t* context, const Ink& ink, const Mix* mix);
+  // What `ink` costs beyond a plain colour.
+  double InkCost(const Ink& ink, const Box& visible) const;
+  bool HoldsTile(const Pixels& tile) const;
+  cairo_surface_t* TileSurface(const Pixels& tile);
   std::shared_ptr<cairo_surface_t> MakeMask();
   // The part of `bounds` that shows; empty when nothing does. Remembers the bounds for DrawnBox.
   Box Visible(const Clip& clip, const Box& bounds);
@@ -100,6 +104,16 @@ class Canvas {
   CairoContext context_;
   std::optional<Box> drawnBox_;
   std::shared_ptr<double> maskBytes_;  // shared with the masks, which may live longer than this
+  Pixels tile_;                        // of the tiled ink used last, and its copy
+  CairoSurface tileSurface_;
+
+  // The renderer keeps letters it has drawn, each for one face, size and slant.
+  struct LetterShape {
+    const void* face = nullptr;
+    double xx = 0, yx = 0, xy = 0, yy = 0;
+    bool operator==(const LetterShape&) const = default;
+  };
+  LetterShape lastLetters_;
 };
 
 }  // namespace lumidex::metafile

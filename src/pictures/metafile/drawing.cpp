@@ -8,6 +8,11 @@ namespace {
 // Deeper nesting than any program makes; keeps a file of saves from filling memory.
 constexpr std::size_t mostSaved = 1024;
 
+// Mapping a point and copying it from one path to the next.
+constexpr double perPoint = 60;
+// One path of a bracket; no drawing needs more, and letters could make it any length.
+constexpr std::size_t mostPathPoints = std::size_t{1} << 20;
+
 }  // namespace
 
 Drawing::Drawing(Canvas& canvas, const Device& device) : canvas_(canvas), device_(device) {
@@ -115,15 +120,27 @@ void Drawing::FillSheet(const Path& path) {
   canvas_.Fill(state_.clip, path, state_.fillRule, Completed(state_.brush), state_.rasterOperation);
 }
 
+bool Drawing::AffordPoints(std::size_t count) {
+  return canvas_.Budget().Spend(perPoint * static_cast<double>(count));
+}
+
+void Drawing::Extend(const Path& onSheet, bool continues) {
+  if (path_.PointCount() + onSheet.PointCount() <= mostPathPoints) path_.Append(onSheet, continues);
+}
+
 void Drawing::Shape(const Path& logical, bool filled, bool continues) {
+  if (!AffordPoints(logical.PointCount())) return;
   const Path path = logical.Transformed(LogicalToSheet());
-  if (pathOpen_) return path_.Append(path, continues);
+  if (pathOpen_) return Extend(path, continues);
   if (filled) FillSheet(path);
   StrokeSheet(path);
 }
 
-void Drawing::FillShape(const Path& logical, const Brush& brush, FillRule rule) {
-  canvas_.Fill(state_.clip, logical.Transformed(LogicalToSheet()), rule, Completed(brush),
+void Drawing::FillRegion(std::span<const Box> boxes, const Brush& brush) {
+  if (!AffordPoints(4 * boxes.size())) return;
+  Path path;
+  for (const Box& box : boxes) path.AddBox(box);
+  canvas_.Fill(state_.clip, path.Transformed(LogicalToSheet()), FillRule::Winding, Completed(brush),
                state_.rasterOperation);
 }
 
@@ -134,7 +151,7 @@ void Drawing::BoxShape(const Box& box, bool filled, const AddToPath& add, bool c
     // The shape is made where boxes are upright, in logical units.
     add(path, box.Normalised(), {});
     path = path.Transformed(map);
-    if (pathOpen_) return path_.Append(path, continues);
+    if (pathOpen_) return Extend(path, continues);
     if (filled) FillSheet(path);
     return StrokeSheet(path);
   }
@@ -157,7 +174,7 @@ void Drawing::BoxShape(const Box& box, bool filled, const AddToPath& add, bool c
   }
   add(path, frame, map);
   path = path.Transformed({});
-  if (pathOpen_) return path_.Append(path, continues);
+  if (pathOpen_) return Extend(path, continues);
   if (filled) {
     Path area;
     add(area, whole, map);
@@ -309,10 +326,6 @@ void Drawing::CloseFigure() {
   if (pathOpen_) path_.Close();
 }
 
-void Drawing::FlattenPath() {
-  path_ = path_.Flattened();
-}
-
 void Drawing::DrawPath(bool filled, bool stroked) {
   pathOpen_ = false;
   const Path path = std::exchange(path_, {}).Transformed({});
@@ -337,6 +350,7 @@ void Drawing::ClipBox(const Box& box, ClipMode mode) {
 }
 
 void Drawing::ClipRegion(std::span<const Box> boxes, ClipMode mode, bool inDeviceUnits) {
+  if (!AffordPoints(4 * boxes.size())) return;
   Path path;
   for (const Box& box : boxes)
     if (!box.Normalised().IsEmpty()) path.AddBox(box.Normalised());

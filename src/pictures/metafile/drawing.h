@@ -74,7 +74,8 @@ class Drawing {
   // An arc of a circle from a line to its start; degrees, counterclockwise.
   void AngleArc(Point centre, double radius, double startAngle, double sweepAngle);
   void SetPixel(Point at, std::uint32_t color);
-  void FillShape(const Path& logical, const Brush& brush, FillRule rule);
+  // The boxes are in logical units.
+  void FillRegion(std::span<const Box> boxes, const Brush& brush);
   // Draws a path given in logical units with the selected pen and, when `filled`, brush. In a path bracket a
   // shape that `continues` starts from where the bracket's path ends.
   void Shape(const Path& logical, bool filled, bool continues = false);
@@ -83,7 +84,6 @@ class Drawing {
   void EndPath();
   void AbortPath();
   void CloseFigure();
-  void FlattenPath();
   void DrawPath(bool filled, bool stroked);
   void ClipToPath(ClipMode mode);
 
@@ -117,6 +117,10 @@ class Drawing {
   // The selected brush or a pen's ink with what the state adds to it.
   Ink Completed(const Ink& ink) const;
   StrokeStyle PenStyle() const;
+  // Pays for handling so many points; false when they are too many.
+  bool AffordPoints(std::size_t count);
+  // Adds to the path of an open bracket, up to a bound on its length.
+  void Extend(const Path& onSheet, bool continues);
   void StrokeSheet(const Path& path);
   void FillSheet(const Path& path);
   // A shape in a box: `add` appends it to the path, within the box it is given.
@@ -135,6 +139,7 @@ class Drawing {
   std::vector<DeviceState> saved_;
   bool pathOpen_ = false;
   Path path_;  // on the sheet
+  TextFaces faces_;
 };
 
 }  // namespace lumidex::metafile

@@ -33,6 +33,12 @@ std::string FamilyOf(const Font& font) {
 // below this.
 constexpr double narrowest = 0.6;
 
+constexpr double perText = 20000;
+// Measuring a letter.
+constexpr double perUnit = 2000;
+// Following a letter's outline.
+constexpr double perOutlinedLetter = 10000;
+
 }  // namespace
 
 // From ems to the sheet, with the pen at `at`. Text stays upright where only the page is mirrored: its y axis
@@ -59,12 +65,14 @@ void Drawing::Text(const TextLine& line) {
   const Font& font = state_.font;
   const Ink background{.kind = Ink::Kind::Solid, .color = state_.backgroundColor};
   if (line.fillBox) canvas_.Fill(state_.clip, SheetBox(line.box), FillRule::Winding, background, copyPen);
-  if (line.units.empty() || !canvas_.Budget().Spend(20000)) return;
+  if (line.units.empty() ||
+      !canvas_.Budget().Spend(perText + perUnit * static_cast<double>(line.units.size())))
+    return;
 
   Clip clip = state_.clip;
   if (line.clipToBox) canvas_.CombineClip(clip, SheetBox(line.box), FillRule::Winding, ClipMode::And);
 
-  const TextFace face(FamilyOf(font), font.weight > 550, font.italic);
+  const TextFace& face = faces_.Get(FamilyOf(font), font.weight > 550, font.italic);
   double height = std::abs(font.height);
   if (font.height > 0) height /= face.Ascent() + face.Descent();
   if (font.height == 0) height = 12 / std::max(1e-6, std::abs(PageToDevice().yy));
@@ -106,7 +114,8 @@ void Drawing::Text(const TextLine& line) {
   const auto letters = [&](const std::string& text, double from, double narrowing) {
     const Matrix place = Matrix{.xx = narrowing, .x0 = from}.Then(matrix);
     if (pathOpen_) {
-      path_.Append(face.Outline(text).Transformed(place));
+      if (canvas_.Budget().Spend(perOutlinedLetter * static_cast<double>(text.size())))
+        Extend(face.Outline(text).Transformed(place), false);
     } else {
       canvas_.DrawText(clip, face, text, place, state_.textColor);
     }

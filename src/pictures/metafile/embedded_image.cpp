@@ -1,5 +1,7 @@
 #include "pictures/metafile/embedded_image.h"
 
+#include <utility>
+
 #include "base/run_time_error.h"
 #include "pictures/byte_reader.h"
 #include "pictures/codec.h"
@@ -9,7 +11,7 @@ namespace lumidex::metafile {
 namespace {
 
 // One image inside a drawing: more would be lost on any screen.
-constexpr PictureLimits imageLimits{.side = 32767, .bytes = std::int64_t{96} << 20};
+constexpr PictureLimits imageLimits{.side = 32767, .bytes = std::int64_t{64} << 20};
 
 constexpr double perImage = 20000;
 constexpr double perImagePixel = 12;
@@ -41,6 +43,11 @@ std::optional<Pixels> DecodeFile(Bytes bytes, WorkBudget& budget) {
   } catch (const RunTimeError&) {
     return std::nullopt;
   }
+}
+
+std::optional<Pixels> KeptTile(std::optional<EmbeddedImage> image, WorkBudget& budget) {
+  if (!image || !budget.Keep(static_cast<double>(image->pixels.ByteCount()))) return std::nullopt;
+  return std::move(image->pixels);
 }
 
 std::optional<EmbeddedImage> DecodeBitmap(const BitmapSource& source, WorkBudget& budget) {

@@ -29,6 +29,8 @@ std::optional<EmbeddedImage> DecodeBitmap(const BitmapSource& source, WorkBudget
 // Its pixels begin at `pixelOffset`.
 std::optional<Pixels> DecodeDeviceBitmap(Bytes bytes, std::size_t pixelOffset, std::uint32_t zeros,
                                          std::uint32_t ones, WorkBudget& budget);
+// The pixels of an image that an object keeps for the rest of the drawing; nothing when they are too many.
+std::optional<Pixels> KeptTile(std::optional<EmbeddedImage> image, WorkBudget& budget);
 // A whole picture file, of any kind but metafiles.
 std::optional<Pixels> DecodeFile(Bytes bytes, WorkBudget& budget);
 

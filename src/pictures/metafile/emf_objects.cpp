@@ -101,9 +101,9 @@ Object EmfPlayer::ReadExtendedPen(Record& record) {
   pen.ink = PlainBrush(brushStyle, color, reader.U32Le());
   if (brushStyle == 1) pen.style = pen_style::null;
   if (brushStyle >= 3 && place.IsGiven()) {
-    if (const auto image = DecodeAt(record, place, 0)) {
+    if (auto tile = KeptTile(DecodeAt(record, place, 0), drawing_.Sheet().Budget())) {
       pen.ink.kind = Ink::Kind::Tiled;
-      pen.ink.tile = image->pixels;
+      pen.ink.tile = *std::move(tile);
     }
   }
   const std::uint32_t dashes = std::min<std::uint32_t>(reader.U32Le(), 64);
@@ -113,10 +113,10 @@ Object EmfPlayer::ReadExtendedPen(Record& record) {
 
 Object EmfPlayer::ReadTiledBrush(Record& record) {
   const std::uint32_t usage = record.reader.U32Le();
-  const auto image = DecodeAt(record, ReadPlace(record.reader), usage);
-  if (!image) return Brush{};
+  auto tile = KeptTile(DecodeAt(record, ReadPlace(record.reader), usage), drawing_.Sheet().Budget());
+  if (!tile) return Brush{};
   Brush brush{.kind = Ink::Kind::Tiled};
-  brush.tile = image->pixels;
+  brush.tile = *std::move(tile);
   return brush;
 }
 

@@ -28,6 +28,7 @@ std::optional<EmfHeader> ReadEmfHeader(Bytes head) {
 }
 
 void EmfPlayer::Play(Bytes records) {
+  WorkBudget& budget = drawing_.Sheet().Budget();
   ByteReader reader(records);
   while (reader.Remaining() >= recordHeaderBytes) {
     const std::size_t start = reader.Position();
@@ -39,6 +40,7 @@ void EmfPlayer::Play(Bytes records) {
     // else.
     const bool holdsBitmap = (type >= 76 && type <= 81) || type == 114;
     if (size > reader.Remaining() && !holdsBitmap) return;
+    if (!budget.Spend(CostOfRecord(std::min<std::size_t>(size, reader.Remaining())))) return;
     const Bytes bytes = reader.Take(size);
     Record record{bytes, ByteReader(bytes)};
     record.reader.Skip(recordHeaderBytes);
@@ -163,8 +165,7 @@ bool EmfPlayer::PlayPath(unsigned type, ByteReader& reader) {
     case 64:
       drawing_.DrawPath(false, true);
       return true;
-    case 65:
-      drawing_.FlattenPath();
+    case 65:  // curves become lines, which looks the same
       return true;
     case 67:
       drawing_.ClipToPath(static_cast<ClipMode>(std::clamp<std::uint32_t>(reader.U32Le(), 1, 5)));
@@ -229,9 +230,7 @@ bool EmfPlayer::PlayClip(unsigned type, ByteReader& reader) {
 }
 
 void EmfPlayer::FillRegion(ByteReader& reader, const Brush& brush) {
-  Path path;
-  for (const Box& box : ReadRegion(reader)) path.AddBox(box);
-  drawing_.FillShape(path, brush, FillRule::Winding);
+  drawing_.FillRegion(ReadRegion(reader), brush);
 }
 
 }  // namespace lumidex::metafile

@@ -25,9 +25,11 @@ struct Box {
   Box Normalised() const {
     return {std::min(left, right), std::min(top, bottom), std::max(left, right), std::max(top, bottom)};
   }
+  // What lies in both; where nothing does, a box without extent, never one turned inside out.
   Box Intersected(const Box& other) const {
-    return {std::max(left, other.left), std::max(top, other.top), std::min(right, other.right),
-            std::min(bottom, other.bottom)};
+    const double fromX = std::max(left, other.left), fromY = std::max(top, other.top);
+    return {fromX, fromY, std::max(fromX, std::min(right, other.right)),
+            std::max(fromY, std::min(bottom, other.bottom))};
   }
   Box Grown(double by) const { return {left - by, top - by, right + by, bottom + by}; }
   Box GrownToWhole() const {

@@ -9,10 +9,10 @@ namespace lumidex::metafile {
 namespace {
 
 constexpr double pixelsPerInch = 96;
-// 128 MiB of pixels; the largest drawing that is made without being asked for.
-constexpr double mostNaturalPixels = 1 << 25;
+// 64 MiB of pixels; the largest drawing that is made without being asked for.
+constexpr double mostNaturalPixels = 1 << 24;
 // Twice that when a size is asked for.
-constexpr double mostWantedPixels = 1 << 26;
+constexpr double mostWantedPixels = 1 << 25;
 
 // Units of work for a file of up to one mebibyte; longer files may ask for more in proportion.
 constexpr double workPerMebibyte = 1.0e9;

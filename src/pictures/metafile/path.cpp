@@ -15,6 +15,16 @@ Point Clamped(Point point) {
   return {clamp(point.x), clamp(point.y)};
 }
 
+// How far all edges together reach between two bounds in one direction.
+double Extent(std::span<const Point> points, double Point::*coordinate, double least, double most) {
+  double sum = 0;
+  if (!(least < most)) return sum;
+  for (std::size_t i = 1; i < points.size(); ++i)
+    sum += std::abs(std::clamp(points[i].*coordinate, least, most) -
+                    std::clamp(points[i - 1].*coordinate, least, most));
+  return sum;
+}
+
 }  // namespace
 
 void Path::MoveTo(Point point) {
@@ -112,38 +122,6 @@ Path Path::Transformed(const Matrix& matrix) const {
   return result;
 }
 
-Path Path::Flattened() const {
-  Path result;
-  std::size_t next = 0;
-  Point current;
-  for (const Verb verb : verbs_) {
-    if (verb == Verb::Close) {
-      result.Close();
-    } else if (verb == Verb::Curve) {
-      const Point a = points_[next], b = points_[next + 1], c = points_[next + 2];
-      next += 3;
-      const double length = std::hypot(a.x - current.x, a.y - current.y) + std::hypot(b.x - a.x, b.y - a.y) +
-                            std::hypot(c.x - b.x, c.y - b.y);
-      const int steps = static_cast<int>(std::clamp(std::sqrt(length) * 1.5, 4.0, 64.0));
-      for (int i = 1; i <= steps; ++i) {
-        const double t = static_cast<double>(i) / steps, u = 1 - t;
-        const double w0 = u * u * u, w1 = 3 * u * u * t, w2 = 3 * u * t * t, w3 = t * t * t;
-        result.LineTo({w0 * current.x + w1 * a.x + w2 * b.x + w3 * c.x,
-                       w0 * current.y + w1 * a.y + w2 * b.y + w3 * c.y});
-      }
-      current = c;
-    } else {
-      current = points_[next++];
-      if (verb == Verb::Move) {
-        result.MoveTo(current);
-      } else {
-        result.LineTo(current);
-      }
-    }
-  }
-  return result;
-}
-
 Path Path::WithCrispLines() const {
   Path result = *this;
   // A hair more, so that a coordinate that lost its last digit does not fall into the pixel before.
@@ -176,12 +154,11 @@ Box Path::Bounds() const {
 }
 
 double Path::EdgeRows(double top, double bottom) const {
-  double rows = 0;
-  for (std::size_t i = 1; i < points_.size(); ++i) {
-    const double from = std::clamp(points_[i - 1].y, top, bottom), to = std::clamp(points_[i].y, top, bottom);
-    rows += std::abs(to - from);
-  }
-  return rows;
+  return Extent(points_, &Point::y, top, bottom);
+}
+
+double Path::EdgeColumns(double left, double right) const {
+  return Extent(points_, &Point::x, left, right);
 }
 
 double Path::Length() const {

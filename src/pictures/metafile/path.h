@@ -38,14 +38,13 @@ class Path {
   std::optional<Point> LastPoint() const;
 
   Path Transformed(const Matrix& matrix) const;
-  // The curves replaced by enough lines to stay within a quarter of a pixel for pictures of usual size.
-  Path Flattened() const;
   // Level and upright lines moved to the middle of a pixel, where a thin one shows sharp.
   Path WithCrispLines() const;
   // The box of all points, those that guide curves included.
   Box Bounds() const;
   // The rows that all edges together cross between `top` and `bottom`, which is what filling costs.
   double EdgeRows(double top, double bottom) const;
+  double EdgeColumns(double left, double right) const;
   // The length of all edges.
   double Length() const;
   // The box when this is just one upright rectangle.

@@ -11,8 +11,12 @@ std::uint32_t Premultiplied(std::uint32_t word) {
   return alpha << 24 | scaled(16) | scaled(8) | scaled(0);
 }
 
+Box WholeOf(const Pixels& pixels) {
+  return {0, 0, static_cast<double>(pixels.Width()), static_cast<double>(pixels.Height())};
+}
+
 // A copy of part of an image in the renderer's own form; `part` lies within the image.
-CairoSurface CopiedSurface(const Pixels& pixels, const Box& part) {
+CairoSurface CopiedPart(const Pixels& pixels, const Box& part) {
   CairoSurface surface(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, static_cast<int>(part.Width()),
                                                   static_cast<int>(part.Height())));
   for (int y = 0; y < static_cast<int>(part.Height()); ++y) {
@@ -104,19 +108,21 @@ CairoPattern HatchPattern(int hatch, std::uint32_t color, std::optional<std::uin
   return pattern;
 }
 
-CairoPattern TilePattern(const Pixels& tile, Point origin, double scale) {
-  const Box all{0, 0, static_cast<double>(tile.Width()), static_cast<double>(tile.Height())};
-  const CairoSurface surface = CopiedSurface(tile, all);
+CairoSurface CopiedSurface(const Pixels& pixels) {
+  return CopiedPart(pixels, WholeOf(pixels));
+}
+
+CairoPattern TilePattern(cairo_surface_t* tile, Point origin, double scale) {
   const double size = std::clamp(scale, 1 / 16.0, 64.0);
-  CairoPattern pattern = SurfacePattern(
-      surface.get(), {.xx = size, .yy = size, .x0 = std::floor(origin.x), .y0 = std::floor(origin.y)});
+  CairoPattern pattern =
+      SurfacePattern(tile, {.xx = size, .yy = size, .x0 = std::floor(origin.x), .y0 = std::floor(origin.y)});
   cairo_pattern_set_extend(pattern.get(), CAIRO_EXTEND_REPEAT);
   cairo_pattern_set_filter(pattern.get(), size < 1 ? CAIRO_FILTER_BILINEAR : CAIRO_FILTER_NEAREST);
   return pattern;
 }
 
 std::optional<PlacedImage> PlaceImage(const ImagePart& part) {
-  const Box whole{0, 0, static_cast<double>(part.image.Width()), static_cast<double>(part.image.Height())};
+  const Box whole = WholeOf(part.image);
   const Box source = part.source.GrownToWhole().Intersected(whole);
   if (source.IsEmpty() || !part.toSheet.IsUsable()) return std::nullopt;
   Matrix toSheet = Matrix{.x0 = source.left, .y0 = source.top}.Then(part.toSheet);
@@ -137,7 +143,12 @@ std::optional<PlacedImage> PlaceImage(const ImagePart& part) {
   Path outline;
   outline.AddBox({0, 0, width, height});
   placed.outline = outline.Transformed(toSheet);
-  placed.pattern = SurfacePattern(CopiedSurface(part.image, source).get(), toSheet);
+  // Opaque pixels are in the renderer's form already.
+  const bool asItIs = part.image.Format() == PixelFormat::Rgb && source.Area() == whole.Area();
+  if (asItIs) placed.image = part.image;
+  const CairoSurface surface =
+      asItIs ? SharedSurface(placed.image, CAIRO_FORMAT_RGB24) : CopiedPart(part.image, source);
+  placed.pattern = SurfacePattern(surface.get(), toSheet);
   cairo_pattern_set_extend(placed.pattern.get(), CAIRO_EXTEND_PAD);
   const double across = toSheet.HorizontalScale(), down = toSheet.VerticalScale();
   const bool same = std::abs(across - 1) < 1e-6 && std::abs(down - 1) < 1e-6 && toSheet.KeepsAxes();

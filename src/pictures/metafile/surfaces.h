@@ -19,9 +19,12 @@ std::uint32_t* SurfaceRow(cairo_surface_t* surface, int y);
 CairoPattern SolidPattern(std::uint32_t color);
 CairoPattern HatchPattern(int hatch, std::uint32_t color, std::optional<std::uint32_t> background,
                           Point origin);
-CairoPattern TilePattern(const Pixels& tile, Point origin, double scale);
+CairoPattern TilePattern(cairo_surface_t* tile, Point origin, double scale);
+// A copy in the renderer's own form.
+CairoSurface CopiedSurface(const Pixels& pixels);
 
 struct PlacedImage {
+  Pixels image;  // what the pattern may read
   CairoPattern pattern;
   Path outline;          // on the sheet
   double shrinking = 1;  // pixels of the image per pixel of the sheet, at least 1

@@ -8,6 +8,8 @@ namespace {
 // Large enough that rounding to the font's own grid does not show.
 constexpr double measuringSize = 256;
 
+constexpr std::size_t mostFaces = 64;
+
 }  // namespace
 
 CairoFontOptions TextFace::Options() {
@@ -32,17 +34,14 @@ TextFace::TextFace(const std::string& family, bool bold, bool italic)
     ascent_ = extents.ascent / measuringSize;
     descent_ = extents.descent / measuringSize;
   }
+  const double mean = Advance("abcdefghijklmnopqrstuvwxyz") / 26;
+  if (mean > 0.05) meanAdvance_ = mean;
 }
 
 double TextFace::Advance(const std::string& text) const {
   cairo_text_extents_t extents{};
   cairo_scaled_font_text_extents(measuring_.get(), text.c_str(), &extents);
   return std::isfinite(extents.x_advance) ? extents.x_advance / measuringSize : 0;
-}
-
-double TextFace::MeanAdvance() const {
-  const double mean = Advance("abcdefghijklmnopqrstuvwxyz") / 26;
-  return mean > 0.05 ? mean : 0.5;
 }
 
 Path TextFace::Outline(const std::string& text) const {
@@ -76,6 +75,14 @@ Path TextFace::Outline(const std::string& text) const {
     }
   }
   return outline;
+}
+
+const TextFace& TextFaces::Get(const std::string& family, bool bold, bool italic) {
+  const std::tuple wanted(family, bold, italic);
+  if (const auto found = faces_.find(wanted); found != faces_.end()) return found->second;
+  const std::tuple key =
+      faces_.size() < mostFaces ? wanted : std::tuple(std::string("sans-serif"), bold, italic);
+  return faces_.try_emplace(key, std::get<0>(key), bold, italic).first->second;
 }
 
 }  // namespace lumidex::metafile

@@ -2,7 +2,9 @@
 // A font as the renderer offers it: its metrics in ems and its outlines. A family that is not installed
 // becomes the sans serif one.
 
+#include <map>
 #include <string>
+#include <tuple>
 
 #include "pictures/metafile/cairo_handles.h"
 #include "pictures/metafile/path.h"
@@ -19,7 +21,7 @@ class TextFace {
   // How far `text` (UTF-8) moves the pen, in ems.
   double Advance(const std::string& text) const;
   // The mean advance of the small letters, in ems.
-  double MeanAdvance() const;
+  double MeanAdvance() const { return meanAdvance_; }
 
   // The letters' outlines in ems, the pen starting at the origin.
   Path Outline(const std::string& text) const;
@@ -33,6 +35,17 @@ class TextFace {
   CairoScaledFont measuring_;
   double ascent_ = 0.9;
   double descent_ = 0.2;
+  double meanAdvance_ = 0.5;
+};
+
+// The faces one drawing uses, each looked up once. Looking a family up is slow, so that after a number that
+// no drawing needs the sans serif one stands for all others.
+class TextFaces {
+ public:
+  const TextFace& Get(const std::string& family, bool bold, bool italic);
+
+ private:
+  std::map<std::tuple<std::string, bool, bool>, TextFace> faces_;
 };
 
 }  // namespace lumidex::metafile

@@ -23,21 +23,22 @@ Point Reversed(ByteReader& record) {
 Brush WmfPlayer::TiledBrush(ByteReader& record, bool deviceBitmap) {
   DeviceState& state = drawing_.State();
   Brush brush{.kind = Ink::Kind::Tiled};
-  std::optional<Pixels> tile;
+  std::optional<EmbeddedImage> image;
   WorkBudget& budget = drawing_.Sheet().Budget();
   if (deviceBitmap) {
-    tile = DecodeDeviceBitmap(record.Take(record.Remaining()), brushBitmapHeader, state.textColor,
-                              state.backgroundColor, budget);
+    if (auto pixels = DecodeDeviceBitmap(record.Take(record.Remaining()), brushBitmapHeader, state.textColor,
+                                         state.backgroundColor, budget))
+      image = EmbeddedImage{*std::move(pixels), true};
   } else {
     record.Skip(2);
     const bool usesPalette = record.U16Le() == 1;
-    const auto image = DecodeBitmap({.header = record.Take(record.Remaining()),
-                                     .bits = {},
-                                     .usesPalette = usesPalette,
-                                     .palette = state.palette},
-                                    budget);
-    if (image) tile = image->pixels;
+    image = DecodeBitmap({.header = record.Take(record.Remaining()),
+                          .bits = {},
+                          .usesPalette = usesPalette,
+                          .palette = state.palette},
+                         budget);
   }
+  auto tile = KeptTile(std::move(image), budget);
   if (!tile) return Brush{};
   brush.tile = *std::move(tile);
   return brush;

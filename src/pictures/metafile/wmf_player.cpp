@@ -87,7 +87,9 @@ WmfFrame ScanWmfFrame(Bytes records) {
 }
 
 void WmfPlayer::Play(Bytes records) {
+  WorkBudget& budget = drawing_.Sheet().Budget();
   ForEachRecord(records, [&](unsigned function, ByteReader record) {
+    if (!budget.Spend(CostOfRecord(record.Size()))) return false;
     PlayRecord(function, record);
     return true;
   });
@@ -280,11 +282,8 @@ bool WmfPlayer::PlayClip(unsigned function, ByteReader& record) {
 }
 
 void WmfPlayer::FillRegion(std::size_t number, const Brush& brush) {
-  const auto* region = std::get_if<Region>(&objects_.Get(number));
-  if (!region) return;
-  Path path;
-  for (const Box& box : region->boxes) path.AddBox(box);
-  drawing_.FillShape(path, brush, FillRule::Winding);
+  if (const auto* region = std::get_if<Region>(&objects_.Get(number)))
+    drawing_.FillRegion(region->boxes, brush);
 }
 
 }  // namespace lumidex::metafile

@@ -47,6 +47,8 @@ class EmfWriter {
                         std::uint32_t operation = 0x00CC0020);
 
   std::vector<std::uint8_t> File() const;
+  // The bytes of the records so far.
+  std::size_t Size() const { return records_.size(); }
 
  private:
   int width_;

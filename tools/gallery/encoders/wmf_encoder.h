@@ -48,6 +48,8 @@ class WmfWriter {
     int unitsPerInch = 96;
   };
   std::vector<std::uint8_t> File(std::optional<Placing> placing = std::nullopt) const;
+  // The bytes of the records so far.
+  std::size_t Size() const { return records_.size(); }
 
  private:
   std::vector<std::uint8_t> records_;

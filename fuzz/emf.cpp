@@ -1,0 +1,5 @@
+#include "decoder_target.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  return lumidex::FuzzDecoder("EMF", data, size);
+}

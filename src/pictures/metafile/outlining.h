@@ -1,0 +1,22 @@
+#pragma once
+// Handing outlines to the renderer, and what filling them costs.
+
+#include "pictures/metafile/canvas.h"
+
+namespace lumidex::metafile {
+
+// Units of the budget; bench_hostile measures how far what they allow stays below its limit.
+inline constexpr double perShape = 1500;
+inline constexpr double perPixel = 1;
+inline constexpr double perGroupPixel = 4;
+inline constexpr double perEdgeRow = 100;
+inline constexpr double perEdgeColumn = 6;
+
+// Makes `path` the context's current path.
+void Trace(cairo_t* context, const Path& path);
+void SetFillRule(cairo_t* context, FillRule rule);
+void ClipToBox(cairo_t* context, const Box& box);
+// Of filling with one colour the part of `path` that lies in `visible`.
+double FillCost(const Path& path, const Box& visible);
+
+}  // namespace lumidex::metafile
