@@ -116,8 +116,9 @@ TEST(Png, A_wrong_check_sum_does_not_lose_the_picture) {
 }
 
 // Replaces width and height in the header chunk; its check sum is not looked at.
-std::vector<std::uint8_t> Sized(std::uint32_t width, std::uint32_t height) {
-  const auto file = WritePng({1, 1}, {1, 2, 3}, {});
+std::vector<std::uint8_t> Sized(std::uint32_t width, std::uint32_t height,
+                                const PngKindOptions& options = {}) {
+  const auto file = WritePng({1, 1}, {1, 2, 3}, options);
   ByteWriter sized;
   sized.Append(std::span(file).first(16)).U32Be(width).U32Be(height).Append(std::span(file).subspan(24));
   return sized.Take();
@@ -130,6 +131,11 @@ TEST(Png, Sizes_beyond_the_limits_are_refused) {
   EXPECT_THROW(OpenBytes(Sized(32767, 32767)), RunTimeError);
   EXPECT_THROW(OpenBytes(Sized(0, 1)), RunTimeError);
   EXPECT_THROW(OpenBytes(Sized(0x7FFFFFFF, 0x7FFFFFFF)), RunTimeError);
+}
+
+TEST(Png, A_small_file_buys_less_of_what_takes_longer_to_unpack) {
+  EXPECT_NO_THROW(OpenBytes(Sized(8000, 8000)));
+  EXPECT_THROW(OpenBytes(Sized(8000, 8000, {.interlaced = true})), RunTimeError);
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include "pictures/codecs/jpeg_reader.h"
 #include "pictures/colour_profile.h"
 #include "pictures/exif.h"
+#include "pictures/small_file.h"
 
 namespace lumidex {
 namespace {
@@ -42,6 +43,12 @@ ExifMark FindExif(const jpeg_decompress_struct& info) {
 // Real files have about ten.
 std::int64_t MostBlockVisits(std::uint64_t fileBytes) {
   return (std::int64_t{16} << 20) + static_cast<std::int64_t>(fileBytes) * 48;
+}
+
+// In units of a visit by a Huffman coded scan. An arithmetic coded one works on every coefficient, also where
+// the file has nothing left for it.
+std::int64_t VisitCost(const jpeg_decompress_struct& info) {
+  return info.arith_code ? 4 + (info.Se - info.Ss) / 2 : 1;
 }
 
 // What libjpeg takes over from a second frame header before it refuses it. The scans read until then belong
@@ -114,23 +121,23 @@ class JpegDecoder final : public Decoder {
       throw RunTimeError(ErrorNumber::InvalidPicture, "JPEG: this number of components is not known");
     }
     stored_ = CheckedSize(info.image_width, info.image_height, options_.limits, fileBytes_);
-    CheckCoefficients(info);
     const ExifMark mark = FindExif(info);
     orientation_ = mark.orientation;
+    CheckMemory(info);
     facts_.size = TurnedSize(stored_, orientation_);
     facts_.bitsPerPixel = 8 * info.num_components;
     return mark;
   }
 
-  // Several scans need all coefficients in memory beside the pixels, two bytes each.
-  void CheckCoefficients(jpeg_decompress_struct& info) const {
-    if (!jpeg_has_multiple_scans(&info)) return;
-    const std::int64_t area = std::int64_t{stored_.width} * stored_.height;
-    const std::int64_t bytes = area * (4 + 2 * info.num_components);
-    if (bytes > std::max(options_.limits.bytes, std::int64_t{1} << 31) ||
-        (fileBytes_ <= std::uint64_t{1} << 20 && bytes > smallFilePixelBytes)) {
+  // Several scans need all coefficients in memory beside the pixels, two bytes each; turning needs the pixels
+  // twice.
+  void CheckMemory(jpeg_decompress_struct& info) const {
+    const int coefficients = jpeg_has_multiple_scans(&info) != 0 ? info.num_components : 0;
+    const int copies = orientation_ == Orientation::Upright ? 1 : 2;
+    const std::int64_t bytes = std::int64_t{stored_.width} * stored_.height * (4 * copies + 2 * coefficients);
+    if (coefficients > 0 && bytes > std::max(options_.limits.bytes, std::int64_t{1} << 31))
       throw RunTimeError(ErrorNumber::InvalidPicture, "JPEG: the picture is too large");
-    }
+    CheckSmallFile(bytes, fileBytes_);
   }
 
   // The smallest N/8 that still covers the wanted size.
@@ -184,7 +191,8 @@ class JpegDecoder final : public Decoder {
     while (visits > 0) {
       const int state = jpeg_consume_input(&info);
       if (state == JPEG_REACHED_EOI || state == JPEG_SUSPENDED) break;
-      if (state == JPEG_ROW_COMPLETED) visits -= blocksInRow;
+      if (state == JPEG_ROW_COMPLETED || state == JPEG_SCAN_COMPLETED)
+        visits -= blocksInRow * VisitCost(info);
     }
   }
 

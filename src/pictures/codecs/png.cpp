@@ -9,6 +9,7 @@
 #include "base/run_time_error.h"
 #include "pictures/alpha.h"
 #include "pictures/colour_profile.h"
+#include "pictures/small_file.h"
 
 namespace lumidex {
 namespace {
@@ -118,6 +119,11 @@ class PngDecoder final : public Decoder {
     }
     facts_.size = CheckedSize(png_get_image_width(reader.Png(), reader.Info()),
                               png_get_image_height(reader.Png(), reader.Info()), options.limits, data.Size());
+    const bool interlaced = png_get_interlace_type(reader.Png(), reader.Info()) != PNG_INTERLACE_NONE;
+    const auto storedRow = static_cast<std::int64_t>(png_get_rowbytes(reader.Png(), reader.Info()));
+    CheckSmallFile(
+        std::max(storedRow, std::int64_t{4} * facts_.size.width) * facts_.size.height * (interlaced ? 2 : 1),
+        data.Size());
     facts_.bitsPerPixel = DepthOf(png_get_channels(reader.Png(), reader.Info()),
                                   png_get_bit_depth(reader.Png(), reader.Info()));
     facts_.format = "PNG";

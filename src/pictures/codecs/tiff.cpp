@@ -9,6 +9,7 @@
 #include "pictures/alpha.h"
 #include "pictures/codecs/tiff_file.h"
 #include "pictures/codecs/tiff_rows.h"
+#include "pictures/small_file.h"
 
 namespace lumidex {
 namespace {
@@ -58,6 +59,7 @@ class TiffDecoder final : public Decoder {
     if (!NeedsLibraryColours(layout_) && !TiffRowReader::CanRead(layout_))
       Refuse("this kind of samples is not known");
     if (TIFFIsTiled(file.Handle()) != 0) CheckTiles(file);
+    CheckWork();
     facts_.size = TurnedSize(stored_, layout_.orientation);
     facts_.bitsPerPixel = DepthOf(layout_);
     facts_.format = "TIFF";
@@ -89,6 +91,18 @@ class TiffDecoder final : public Decoder {
     if (bytes == 0 || bytes * planes > static_cast<std::uint64_t>(MostAllocation(fileBytes_))) {
       Refuse("the tiles are too large");
     }
+  }
+
+  // Numbers with a point are read twice, first for their range; Lab colours take as long. Turning needs the
+  // pixels twice.
+  void CheckWork() const {
+    const bool slow = layout_.sampleFormat == SAMPLEFORMAT_IEEEFP ||
+                      layout_.photometric == PHOTOMETRIC_CIELAB || layout_.photometric == PHOTOMETRIC_ICCLAB;
+    const std::int64_t unpacked = static_cast<std::int64_t>(PackedBytes(stored_.width)) *
+                                  (layout_.separate ? layout_.samples : 1) * (slow ? 2 : 1);
+    const std::int64_t shown =
+        std::int64_t{4} * stored_.width * (layout_.orientation == Orientation::Upright ? 1 : 2);
+    CheckSmallFile(std::max(unpacked, shown) * stored_.height, fileBytes_);
   }
 
   static void FillFrom(int first, Pixels& pixels) {

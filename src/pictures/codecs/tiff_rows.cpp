@@ -3,6 +3,7 @@
 #include <lcms2.h>
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
 #include <cstring>
 
@@ -18,22 +19,27 @@ Number Load(const std::uint8_t* bytes, std::size_t index) {
   return number;
 }
 
-// Half-precision numbers: 1 sign, 5 exponent, 10 fraction bits.
+// Half-precision numbers: 1 sign, 5 exponent, 10 fraction bits. The same bits in a float's places count from
+// another exponent, which one multiplication makes up for.
 double FromHalf(std::uint16_t half) {
-  const int exponent = half >> 10 & 31;
-  const int fraction = half & 1023;
-  const double size = exponent == 0 ? std::ldexp(fraction, -24) : std::ldexp(1024 + fraction, exponent - 25);
-  return (half & 0x8000) != 0 ? -size : size;
+  const std::uint32_t sign = static_cast<std::uint32_t>(half & 0x8000) << 16;
+  const std::uint32_t rest = static_cast<std::uint32_t>(half & 0x7FFF) << 13;
+  return static_cast<double>(std::bit_cast<float>(sign | rest) * 0x1p112F);
 }
 
-double NumberAt(int bits, const std::uint8_t* bytes, std::size_t index) {
+// Runs `visit(index, value)` over numbers of so many bits.
+template <class Visit>
+void ForEachNumber(int bits, const std::uint8_t* bytes, std::size_t count, Visit visit) {
   switch (bits) {
     case 16:
-      return FromHalf(Load<std::uint16_t>(bytes, index));
+      for (std::size_t i = 0; i < count; ++i) visit(i, FromHalf(Load<std::uint16_t>(bytes, i)));
+      break;
     case 32:
-      return static_cast<double>(Load<float>(bytes, index));
+      for (std::size_t i = 0; i < count; ++i) visit(i, static_cast<double>(Load<float>(bytes, i)));
+      break;
     default:
-      return Load<double>(bytes, index);
+      for (std::size_t i = 0; i < count; ++i) visit(i, Load<double>(bytes, i));
+      break;
   }
 }
 
@@ -102,7 +108,7 @@ struct TiffRowReader::Conversion {
     const cmsHPROFILE from = cmsCreateLab4Profile(nullptr);
     const cmsHPROFILE to = cmsCreate_sRGBProfile();
     if (from != nullptr && to != nullptr) {
-      lab = cmsCreateTransform(from, TYPE_Lab_8, to, TYPE_BGRA_8, INTENT_PERCEPTUAL, cmsFLAGS_NOCACHE);
+      lab = cmsCreateTransform(from, TYPE_Lab_8, to, TYPE_BGRA_8, INTENT_PERCEPTUAL, 0);
     }
     if (from != nullptr) cmsCloseProfile(from);
     if (to != nullptr) cmsCloseProfile(to);
@@ -190,15 +196,13 @@ void TiffRowReader::ReadWhole(const std::uint8_t* bytes, std::span<std::uint32_t
   }
 }
 
-std::uint16_t TiffRowReader::FromNumber(double value) const {
-  const double share = (value - low_) / (high_ - low_);
-  if (!(share > 0)) return 0;
-  return static_cast<std::uint16_t>(std::lround(std::min(share, 1.0) * 255));
-}
-
 void TiffRowReader::Unpack(const std::uint8_t* bytes, std::size_t count, std::uint16_t* into) const {
   if (layout_.sampleFormat == SAMPLEFORMAT_IEEEFP) {
-    for (std::size_t i = 0; i < count; ++i) into[i] = FromNumber(NumberAt(layout_.bits, bytes, i));
+    const double low = low_, range = high_ - low_;
+    ForEachNumber(layout_.bits, bytes, count, [&](std::size_t i, double value) {
+      const double share = std::min(std::max(0.0, (value - low) / range), 1.0);  // no number gives 0
+      into[i] = static_cast<std::uint16_t>(static_cast<int>(share * 255 + 0.5));
+    });
     return;
   }
   switch (layout_.bits) {
@@ -324,12 +328,14 @@ void TiffRowReader::ApplyAlpha(std::size_t step, std::span<std::uint32_t> row) c
 
 void JoinRange(const TiffLayout& layout, const std::uint8_t* bytes, std::size_t count, double& low,
                double& high) {
-  for (std::size_t i = 0; i < count; ++i) {
-    const double value = NumberAt(layout.bits, bytes, i);
-    if (!std::isfinite(value)) continue;
-    low = std::min(low, value);
-    high = std::max(high, value);
-  }
+  double least = low, most = high;
+  ForEachNumber(layout.bits, bytes, count, [&](std::size_t, double value) {
+    if (!std::isfinite(value)) return;
+    least = std::min(least, value);
+    most = std::max(most, value);
+  });
+  low = least;
+  high = most;
 }
 
 }  // namespace lumidex

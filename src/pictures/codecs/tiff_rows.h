@@ -29,7 +29,6 @@ class TiffRowReader {
   struct Conversion;
   void ReadWhole(const std::uint8_t* bytes, std::span<std::uint32_t> row) const;
   void Unpack(const std::uint8_t* bytes, std::size_t count, std::uint16_t* into) const;
-  std::uint16_t FromNumber(double value) const;
   std::uint32_t Light(const std::uint16_t* samples) const;
   std::uint8_t Level(std::uint16_t value) const { return levels_[value]; }
   void ApplyAlpha(std::size_t step, std::span<std::uint32_t> row) const;
