@@ -84,6 +84,15 @@ TEST(Icon, The_largest_then_deepest_picture_is_shown_whatever_the_directory_says
   EXPECT_EQ(OpenBytes(File(1, {TwoOf24Bits(0), TwoOf32Bits(1, 1, 0)}))->Facts().bitsPerPixel, 32);
 }
 
+TEST(Icon, Of_two_as_large_one_that_is_cut_off_comes_last) {
+  auto file = File(1, {TwoOf24Bits(0), TwoOf32Bits(255, 255, 0)});
+  EXPECT_EQ(OpenBytes(file)->Facts().bitsPerPixel, 32);
+  file.resize(file.size() - 4);  // its mask
+  EXPECT_EQ(OpenBytes(file)->Facts().bitsPerPixel, 32);
+  file.resize(file.size() - 1);
+  EXPECT_EQ(OpenBytes(file)->Facts().bitsPerPixel, 24);
+}
+
 TEST(Icon, A_picture_that_cannot_be_read_leaves_the_others) {
   Image broken = TwoOf24Bits(0);
   broken.bytes[0] = 9;

@@ -30,6 +30,9 @@ class DibIconDecoder final : public Decoder {
     facts_.bitsPerPixel = std::min(header_.bitsPerPixel, 32);
   }
 
+  // Whether its colours fit into so many bytes; the mask may be missing.
+  bool IsWhole(std::uint64_t bytes) const { return header_.pixelOffset + ColourBytes() <= bytes; }
+
   Pixels Decode(const DecodeRequest&) const override {
     const PictureData data(source_, {});
     const auto bytes = data.Stretch(header_.pixelOffset, ColourBytes() + MaskRowBytes() * Height());
@@ -88,20 +91,30 @@ class IconDecoder final : public Decoder {
   std::unique_ptr<Decoder> chosen_;
 };
 
-std::unique_ptr<Decoder> OpenEntry(const PictureData& data, std::uint32_t offset,
-                                   const OpenOptions& options) {
+struct Candidate {
+  std::unique_ptr<Decoder> decoder;
+  bool whole = false;  // in the file up to its end
+
+  const PictureFacts& Facts() const { return decoder->Facts(); }
+};
+
+Candidate OpenEntry(const PictureData& data, std::uint32_t bytes, std::uint32_t offset,
+                    const OpenOptions& options) {
   // The stated length is often wrong; each picture knows where it ends.
   auto source = StretchOf(data.SharedSource(), offset, data.Size());
   const PictureData picture(source, {});
-  if (MatchPng(picture) == Match::Sure) return OpenPng(picture, options);
-  return std::make_unique<DibIconDecoder>(std::move(source), options);
+  if (MatchPng(picture) == Match::Sure) return {OpenPng(picture, options), bytes <= picture.Size()};
+  auto decoder = std::make_unique<DibIconDecoder>(std::move(source), options);
+  const bool whole = decoder->IsWhole(picture.Size());
+  return {std::move(decoder), whole};
 }
 
 // True when `a` is to be shown rather than `b`.
-bool IsBetter(const PictureFacts& a, const PictureFacts& b) {
+bool IsBetter(const Candidate& a, const Candidate& b) {
   const auto area = [](Size size) { return std::int64_t{size.width} * size.height; };
-  if (area(a.size) != area(b.size)) return area(a.size) > area(b.size);
-  return a.bitsPerPixel > b.bitsPerPixel;
+  if (area(a.Facts().size) != area(b.Facts().size)) return area(a.Facts().size) > area(b.Facts().size);
+  if (a.whole != b.whole) return a.whole;
+  return a.Facts().bitsPerPixel > b.Facts().bitsPerPixel;
 }
 
 std::unique_ptr<Decoder> OpenBest(const PictureData& data, const OpenOptions& options,
@@ -110,22 +123,23 @@ std::unique_ptr<Decoder> OpenBest(const PictureData& data, const OpenOptions& op
   ByteReader reader(head);
   reader.Skip(4);
   const std::size_t count = reader.U16Le();
-  std::unique_ptr<Decoder> best;
+  Candidate best;
   std::string reason = "no picture in it";
   // The directory is read as far as the head goes: 255 entries, of which real files have about ten.
   for (std::size_t i = 0; i < count && reader.Remaining() >= EntryBytes; ++i) {
-    reader.Skip(12);
+    reader.Skip(8);
+    const std::uint32_t bytes = reader.U32Le();
     const std::uint32_t offset = reader.U32Le();
     if (offset < DirectoryBytes || offset >= data.Size()) continue;
     try {
-      auto decoder = OpenEntry(data, offset, options);
-      if (!best || IsBetter(decoder->Facts(), best->Facts())) best = std::move(decoder);
+      Candidate candidate = OpenEntry(data, bytes, offset, options);
+      if (!best.decoder || IsBetter(candidate, best)) best = std::move(candidate);
     } catch (const RunTimeError& error) {
       reason = error.what();
     }
   }
-  if (!best) throw RunTimeError(ErrorNumber::InvalidPicture, std::string(format) + ": " + reason);
-  return std::make_unique<IconDecoder>(std::move(best), format);
+  if (!best.decoder) throw RunTimeError(ErrorNumber::InvalidPicture, std::string(format) + ": " + reason);
+  return std::make_unique<IconDecoder>(std::move(best.decoder), format);
 }
 
 Match MatchKind(const PictureData& data, unsigned kind) {
