@@ -33,7 +33,9 @@ std::string PathOfEntry(const std::string& item) {
 
 void ReadEntries(App& app, DelimitedReader& reader) {
   Label& count = app.WPaper2.lblCount;
-  for (std::int32_t i = 0; i < app.ListFilePictureCount; ++i) {
+  // Another list may be loaded inside a yield; this one still ends where its own header says.
+  const std::int32_t entries = app.ListFilePictureCount;
+  for (std::int32_t i = 0; i < entries; ++i) {
     const std::string item = reader.Next();
     if (Holds(item, endLine)) count.Caption = Number(i);
     app.WPaper2.LstRight.AddItem(PathOfEntry(item));

@@ -2,6 +2,7 @@
 
 #include "base/run_time_error.h"
 #include "base/text.h"
+#include "core/image_lists.h"
 #include "core/test_program.h"
 
 namespace lumidex {
@@ -14,6 +15,11 @@ class ListFiles : public TestProgram {
     app.AppPath = "C:\\Lumidex\\";
   }
   void PutStandardList(const std::string& text) { platform.files.AddFile("C:\\Lumidex\\Lumidex.Lst", text); }
+  static std::string ListOf(int entries) {
+    std::string text = "[File List]\r\nNo. Of Pictures=" + Number(entries) + "\r\nCurrent Index=1\r\n";
+    for (int i = 0; i < entries; ++i) text += "\"" + Number(i) + " =| C:\\p" + Number(i) + ".bmp\"\r\n";
+    return text + "*** End of List ***\r\n";
+  }
 };
 
 TEST_F(ListFiles, The_format_is_title_count_index_quoted_entries_and_end) {
@@ -66,10 +72,53 @@ TEST_F(ListFiles, Without_its_key_the_second_item_counts_nothing_and_the_third_i
   EXPECT_EQ(app.WPaper2.LstRight.ListCount(), 1);
 }
 
+TEST_F(ListFiles, A_load_yields_after_every_50th_entry_and_at_its_end) {
+  for (const auto& [entries, yields] : {std::pair{1, 1}, {49, 1}, {50, 2}, {99, 2}, {100, 3}}) {
+    PutStandardList(ListOf(entries));
+    const int before = platform.events.Yields();
+    LoadStandardList(app);
+    EXPECT_EQ(platform.events.Yields() - before, yields) << entries;
+  }
+}
+
+TEST_F(ListFiles, What_is_emptied_during_a_yield_fills_on_with_the_rest) {
+  PutStandardList(ListOf(60));
+  platform.events.OnYield = [&] {
+    platform.events.OnYield = {};
+    ZapDisplayList(app);
+  };
+  LoadStandardList(app);
+  EXPECT_EQ(app.WPaper2.LstRight.ListCount(), 10);
+  EXPECT_EQ(DisplayText(0), "C:\\p50.bmp");
+  EXPECT_EQ(app.WPaper2.lblCount.Caption.Get(), "10");
+  EXPECT_EQ(app.CurrentIndex, 1);
+}
+
+TEST_F(ListFiles, A_list_loaded_during_a_yield_does_not_cut_the_first_one_short) {
+  PutStandardList(ListOf(60));
+  platform.files.AddFile("C:\\two.lst", ListOf(2));
+  platform.events.OnYield = [&] {
+    platform.events.OnYield = {};
+    LoadUserList(app, "C:\\two.lst");
+  };
+  LoadStandardList(app);
+  EXPECT_EQ(app.WPaper2.LstRight.ListCount(), 12);
+  EXPECT_EQ(DisplayText(11), "C:\\p59.bmp");
+}
+
+TEST_F(ListFiles, A_list_saved_during_a_yield_holds_what_has_come_and_the_load_goes_on) {
+  PutStandardList(ListOf(60));
+  platform.events.OnYield = [&] {
+    platform.events.OnYield = {};
+    platform.files.WriteAll("C:\\part.lst", ListFileText(app));
+  };
+  LoadStandardList(app);
+  EXPECT_NE(platform.files.ReadAll("C:\\part.lst").find("No. Of Pictures=50"), std::string::npos);
+  EXPECT_EQ(app.WPaper2.LstRight.ListCount(), 60);
+}
+
 TEST_F(ListFiles, The_32768th_entry_is_out_of_memory) {
-  std::string text = "[File List]\r\nNo. Of Pictures=32768\r\nCurrent Index=1\r\n";
-  for (int i = 0; i < 32768; ++i) text += "\"" + Number(i) + " =| C:\\p" + Number(i) + ".bmp\"\r\n";
-  PutStandardList(text);
+  PutStandardList(ListOf(32768));
   try {
     LoadStandardList(app);
     FAIL() << "nothing was raised";
