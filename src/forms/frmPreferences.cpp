@@ -23,6 +23,8 @@ frmPreferencesWindow::frmPreferencesWindow(Platform& platform)
   DesignJpegOptions();
   DesignToolbarList();
   sldThumbNailSize.TickFrequency = 10;
+  // From tick to tick with the page keys and beside the thumb.
+  sldThumbNailSize.LargeChange = 10;
   Image1.Width = static_cast<float>(sldThumbNailSize.Value);
   Image1.Height = static_cast<float>(sldThumbNailSize.Value);
   KeepDesign();

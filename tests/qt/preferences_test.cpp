@@ -188,6 +188,18 @@ TEST_F(PreferencesViewTest, The_associations_stand_on_a_ground_of_their_own_and_
   }
 }
 
+TEST_F(PreferencesViewTest, The_page_keys_move_the_slider_from_tick_to_tick) {
+  Tab(3).click();
+  Settle();
+  auto& slider = Shown<QSlider>(app.frmPreferences.sldThumbNailSize);
+  QTest::keyClick(&slider, Qt::Key_PageUp);
+  Settle();
+  EXPECT_EQ(app.frmPreferences.sldThumbNailSize.Value, 110);
+  QTest::keyClick(&slider, Qt::Key_Left);
+  Settle();
+  EXPECT_EQ(app.frmPreferences.sldThumbNailSize.Value, 109);
+}
+
 TEST_F(PreferencesViewTest, The_arrow_keys_step_the_number_in_its_box) {
   Tab(2).click();
   Settle();

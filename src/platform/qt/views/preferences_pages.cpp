@@ -268,6 +268,7 @@ QWidget* ToolbarPage(FormView& view) {
   RowList* buttons = MakeListBox(view, view.Get<ListBox>("List1"), page);
   buttons->setAccessibleName(QStringLiteral("Toolbar buttons"));
   columns->addWidget(buttons, 1);
+  columns->addSpacing(8);
   auto* thumbnails = new QVBoxLayout;
   thumbnails->addWidget(MakeCheckBox(view, view.Get<CheckBox>("chkThumbNailStyle"), page));
   QWidget* slider = MakeSlider(view, view.Get<Slider>("sldThumbNailSize"), page);
@@ -275,8 +276,10 @@ QWidget* ToolbarPage(FormView& view) {
   size->addWidget(MakeLabel(view, view.Get<Label>("lblThumbNailSize"), page, slider));
   size->addWidget(MakeLabel(view, view.Get<Label>("lblThumbNailSizeValue"), page));
   size->addStretch();
+  thumbnails->addSpacing(8);
   thumbnails->addLayout(size);
   thumbnails->addWidget(slider);
+  thumbnails->addSpacing(8);
   auto* frame = new QFrame(page);
   frame->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
   auto* inside = new QVBoxLayout(frame);
