@@ -9,7 +9,6 @@
 
 #include <algorithm>
 #include <array>
-#include <chrono>
 #include <cstdio>
 #include <cstring>
 
@@ -17,22 +16,12 @@
 #include "core/directory_search.h"
 #include "platform/headless/headless_platform.h"
 #include "platform/posix/posix_file_system.h"
+#include "timing.h"
 #include "windows/windows.h"
 
 namespace {
 
 using namespace lumidex;
-
-double Milliseconds(const std::function<void()>& work) {
-  const auto start = std::chrono::steady_clock::now();
-  work();
-  return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
-}
-
-double Median(std::vector<double> times) {
-  std::ranges::sort(times);
-  return times[times.size() / 2];
-}
 
 struct BareEntry {
   std::uint64_t inode;

@@ -2,11 +2,16 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "base/run_time_error.h"
 #include "base/text.h"
 #include "base/widths.h"
 #include "controls/form.h"
+#include "pictures/alpha.h"
+#include "pictures/filters.h"
+#include "pictures/orientation.h"
+#include "pictures/painting.h"
 #include "pictures/reduced_picture.h"
 #include "ports/open_picture.h"
 
@@ -45,6 +50,8 @@ std::optional<std::string> Gvbox::ReadProperty(std::string_view name) {
   if (name == "PictureWidth") return Number(PictureWidth());
   if (name == "PictureHeight") return Number(PictureHeight());
   if (name == "BitsPerPixel") return Number(BitsPerPixel());
+  if (name == "ScaleWidth") return Number(ScaleWidth());
+  if (name == "ScaleHeight") return Number(ScaleHeight());
   if (name == "ScrollX") return Number(ScrollX());
   if (name == "ScrollY") return Number(ScrollY());
   if (name == "ScrollMaxX") return Number(ScrollMaxX());
@@ -75,14 +82,33 @@ lumidex::Picture Gvbox::Open(const std::string& path) {
   const FileSystem& files = Owner().GetPlatform().files;
   const auto facts = files.Look(path);
   const std::uint64_t stamp = facts ? facts->stamp : 0;
-  const bool same = stamp != 0 && opened_.stamp == stamp && opened_.path == path;
-  if (!same) opened_ = {path, stamp, OpenPicture(files, path)};
+  const DecoderOptions decoder = ChosenDecoding();
+  const bool same =
+      stamp != 0 && opened_.stamp == stamp && opened_.path == path && opened_.decoder == decoder;
+  if (!same) {
+    OpenOptions options;
+    options.decoder = decoder;
+    opened_ = {path, stamp, decoder, OpenPicture(files, path, options)};
+  }
   return opened_.picture;
+}
+
+DecoderOptions Gvbox::ChosenDecoding() const {
+  DecoderOptions options;
+  options.fancyUpsampling = FancyUpsizing;
+  options.dct = static_cast<DctMethod>(DCTMethod.Get());
+  options.reduceColours = DitherMethod == 1;
+  // What has no say is left at its default, so that changing it opens no file anew.
+  if (options.reduceColours) {
+    options.twoPassQuantize = TwoPassQuantize;
+    options.dithering = static_cast<DitherMode>(JPGDitherMethod.Get());
+  }
+  return options;
 }
 
 void Gvbox::OfferOpened(const std::string& path, const lumidex::Picture& picture) {
   const auto facts = Owner().GetPlatform().files.Look(path);
-  if (facts) opened_ = {path, facts->stamp, picture};
+  if (facts) opened_ = {path, facts->stamp, {}, picture};
 }
 
 lumidex::Picture Gvbox::Usable() const {
@@ -91,7 +117,7 @@ lumidex::Picture Gvbox::Usable() const {
 }
 
 lumidex::Picture Gvbox::Picture() const {
-  const lumidex::Picture picture = Usable();
+  lumidex::Picture picture = Usable();
   if (ThumbnailSize == 0 || picture.IsEmpty()) return picture;
   return ReducedPicture(picture, ThumbnailSize, Appearance == 1 ? ReducedStyle::Raised : ReducedStyle::Flat);
 }
@@ -116,12 +142,26 @@ std::int16_t Gvbox::BitsPerPixel() const {
   return ToInt16(fileBits_);
 }
 
-void Gvbox::RefuseNegative(Element&, const int& value) {
-  if (value < 0) throw RunTimeError(ErrorNumber::InvalidPropertyValue);
+void Gvbox::RaiseInvalidValue() {
+  throw RunTimeError(ErrorNumber::InvalidPropertyValue);
 }
 
-void Gvbox::RefuseNoZoom(Element&, const float& value) {
-  if (!(value >= 0.0F)) throw RunTimeError(ErrorNumber::InvalidPropertyValue);
+void Gvbox::RefuseNegative(Element&, const int& value) {
+  if (value < 0) RaiseInvalidValue();
+}
+
+void Gvbox::RefuseZoom(Element& owner, const float& value) {
+  const Size size = static_cast<Gvbox&>(owner).working_.GetSize();
+  const bool possible =
+      value >= 0.0F && value * static_cast<float>(std::max({size.width, size.height, 1})) <= MostZoomedPixels;
+  if (!possible) RaiseInvalidValue();
+}
+
+void Gvbox::ZoomChanged(Element& owner) {
+  auto& control = static_cast<Gvbox&>(owner);
+  control.scrollX_ = control.ScrollX();
+  control.scrollY_ = control.ScrollY();
+  control.OnImageChanged();
 }
 
 float Gvbox::ScaleWidth() const {
@@ -149,6 +189,85 @@ void Gvbox::SetScrollX(std::int32_t x) {
 void Gvbox::SetScrollY(std::int32_t y) {
   scrollY_ = std::clamp(y, 0, ScrollMaxY());
   Changed.Emit();
+}
+
+std::int32_t Gvbox::PixelColor(float x, float y) const {
+  const Pixels pixels = Usable().FullPixels();
+  const auto place = [&](float twips, std::int32_t scroll) {
+    return std::floor(static_cast<double>(twips) / twipsPerPixel / static_cast<double>(ZoomLevel.Get())) +
+           scroll;
+  };
+  const double column = place(x, ScrollX()), row = place(y, ScrollY());
+  if (!(column >= 0 && row >= 0 && column < pixels.Width() && row < pixels.Height())) return -1;
+  std::uint32_t word = pixels.Row(static_cast<int>(row))[static_cast<std::size_t>(column)];
+  BlendOverWhite({&word, 1}, pixels.Format(), {&word, 1});
+  return static_cast<std::int32_t>((word & 0xFF) << 16 | (word & 0xFF00) | (word >> 16 & 0xFF));
+}
+
+template <class Operation>
+void Gvbox::Change(Operation operation) {
+  if (Usable().IsEmpty()) return;
+  const int bits = working_.BitsPerPixel();
+  static_cast<void>(working_.FullPixels());  // whatever may fail fails while the image still stands
+  Pixels pixels = Picture::Release(std::exchange(working_, {}));
+  try {
+    operation(pixels);
+  } catch (...) {
+    working_ = Picture::FromPixels(std::move(pixels), bits);
+    throw;
+  }
+  working_ = Picture::FromPixels(std::move(pixels), bits);
+  Changed.Emit();
+  OnImageChanged();
+}
+
+void Gvbox::PaintPicture(const lumidex::Picture& picture, float x1, float y1, float w1, float h1, float x2,
+                         float y2, float w2, float h2) {
+  const auto run = [](float first, float length) {
+    return PixelRun{ToInt32(static_cast<double>(first)), ToInt32(static_cast<double>(length))};
+  };
+  const PixelBox onto{run(x1, w1), run(y1, h1)}, from{run(x2, w2), run(y2, h2)};
+  Usable();
+  if (AutoRedraw == 0) return;
+  const Pixels source = picture.FullPixels();
+  Change([&](Pixels& pixels) { Paint(pixels, onto, source, from); });
+}
+
+void Gvbox::Rotate(std::int16_t direction) {
+  if (direction != 0 && direction != 1) throw RunTimeError(ErrorNumber::InvalidCall);
+  if (Usable().IsEmpty()) throw RunTimeError(ErrorNumber::InvalidPicture);
+  const Orientation turn = direction == 1 ? Orientation::QuarterRight : Orientation::QuarterLeft;
+  Change([turn](Pixels& pixels) { pixels = Turned(pixels, turn); });
+}
+
+void Gvbox::Brightness(std::int16_t value) {
+  Change([value](Pixels& pixels) { Brighten(pixels, value); });
+}
+
+void Gvbox::Contrast(std::int16_t value) {
+  Change([value](Pixels& pixels) { ChangeContrast(pixels, value); });
+}
+
+void Gvbox::ColorBalance(std::int16_t red, std::int16_t green, std::int16_t blue) {
+  Change([=](Pixels& pixels) { BalanceColours(pixels, red, green, blue); });
+}
+
+JpegWriterOptions Gvbox::ChosenWriting() const {
+  const auto number = [](const std::string& text, double without) {
+    const bool isNumber = text.find_first_of("0123456789") != std::string::npos;
+    return static_cast<int>(std::lround(std::clamp(isNumber ? Val(text) : without, 0.0, 100.0)));
+  };
+  JpegWriterOptions options;
+  options.quality = number(JPGQuality, options.quality);
+  options.smoothing = number(JPGSmoothing, options.smoothing);
+  options.optimize = JPGOptimize != 0;
+  return options;
+}
+
+void Gvbox::SaveJPEG(const std::string& path) {
+  const Pixels pixels = Usable().FullPixels();
+  if (pixels.IsEmpty()) throw RunTimeError(ErrorNumber::InvalidPicture);
+  Owner().GetPlatform().files.Write(path, [&](ByteSink& sink) { WriteJpeg(pixels, ChosenWriting(), sink); });
 }
 
 }  // namespace lumidex

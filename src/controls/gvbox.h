@@ -1,8 +1,16 @@
 #pragma once
-// The image control: holds the decoded image of a file and a working image on which turns and filters act,
-// and gives both out as picture objects.
+// The image control: opens a file and holds a working image of it, on which turns, filters and painting act
+// one after the other, and which it gives out as picture object, thumbnail or JPEG file. A working image that
+// nobody touched is the file's own, decoded when its pixels are needed.
+//
+// After a load that failed, everything that needs the image raises InvalidPicture. Painting, turning and
+// filtering a drawing makes a bitmap of it.
+
+#include <algorithm>
 
 #include "controls/control.h"
+#include "pictures/decoder_options.h"
+#include "pictures/jpeg_writer.h"
 
 namespace lumidex {
 
@@ -30,51 +38,98 @@ class Gvbox final : public Control {
   lumidex::Picture Picture() const;
   void SetPicture(const lumidex::Picture& picture);
   Property<int> ThumbnailSize{*this, 0, &RefuseNegative};
-  Property<int> Appearance{*this, 1};
+  // The style of thumbnails: 0 flat, 1 with a raised edge.
+  Property<int> Appearance{*this, 1, &RefuseOutside<0, 1>};
 
-  // Size of the working image in pixels and depth of the file. Raise InvalidPicture when a load has failed.
+  // Size of the working image in pixels and depth of the file; 0 without an image. A side beyond 16 bits
+  // raises Overflow.
   std::int16_t PictureWidth() const;
   std::int16_t PictureHeight() const;
   std::int16_t BitsPerPixel() const;
 
-  // Decoder and writer options.
-  Property<bool> FancyUpsizing{*this, false}, TwoPassQuantize{*this, true};
-  Property<int> DitherMethod{*this, 0}, DCTMethod{*this, 0}, JPGDitherMethod{*this, 0};
+  // Decoder options; they take effect at the next SetFileName. DCTMethod is 0 slow integer, 1 fast integer,
+  // 2 floating point; JPGDitherMethod 0 none, 1 ordered, 2 Floyd-Steinberg. DitherMethod 1 brings JPEG files
+  // down to 256 colours; 0 does not, nor does 2, which is for colours that the screen can not show: there are
+  // none. Values outside raise InvalidPropertyValue.
+  Property<bool> FancyUpsizing{*this, true}, TwoPassQuantize{*this, true};
+  Property<int> DitherMethod{*this, 0, &RefuseOutside<0, 2>};
+  Property<int> DCTMethod{*this, 0, &RefuseOutside<0, 2>};
+  Property<int> JPGDitherMethod{*this, 0, &RefuseOutside<0, 2>};
+
+  // JPEG writer options. The texts are taken as typed: the number at their start, brought into 1 to 100 for
+  // the quality and 0 to 100 for the smoothing; text without a number counts as 75 and 0.
   Property<int> JPGOptimize{*this, 0};
   Property<std::string> JPGQuality{*this, "75"}, JPGSmoothing{*this, "0"};
 
-  // 1.0 is one image pixel on one screen pixel. A new level fires ImageChanged.
-  Property<float> ZoomLevel{*this, 1.0F, &RefuseNoZoom, &FireImageChanged};
+  // 1.0 is one image pixel on one screen pixel. A new level fires ImageChanged. A level below 0, and one at
+  // which a side of the image would be longer than MostZoomedPixels, raise InvalidPropertyValue.
+  Property<float> ZoomLevel{*this, 1.0F, &RefuseZoom, &ZoomChanged};
+  // Up to here a 32-bit float still tells places in the zoomed image that are a 64th of a pixel apart.
+  static constexpr float MostZoomedPixels = 262144.0F;
+
   // Unit of ScaleWidth, ScaleHeight and painting; every value is one image pixel a step.
   Property<std::int32_t> ScaleMode{*this, 1};
   float ScaleWidth() const;
   float ScaleHeight() const;
-  Property<int> AutoRedraw{*this, 0}, RetainBitmap{*this, 0};
+  // 1 lets painting land in the working image; what is painted with 0 is gone at the next redraw.
+  Property<int> AutoRedraw{*this, 0, &RefuseOutside<0, 1>};
+  // 1 when what is painted over is a bitmap. The working image becomes one in any case.
+  Property<int> RetainBitmap{*this, 0, &RefuseOutside<0, 1>};
 
-  // Top left image pixel of the view, brought between 0 and the greatest legal value.
-  std::int32_t ScrollX() const { return scrollX_; }
-  std::int32_t ScrollY() const { return scrollY_; }
+  // The colour of the working image under a place in the control, given in twips; red in the low byte,
+  // transparency over white; -1 beside the image.
+  std::int32_t PixelColor(float x, float y) const;
+  // Copies the box x2, y2, w2, h2 of a picture onto the box x1, y1, w1, h1 of the working image, stretched.
+  // A negative width or height mirrors: x1 or y1 is then the last pixel of the box, as in W - 1, -W for a
+  // whole one. Numbers round to whole pixels, those beyond 32 bits raise Overflow.
+  void PaintPicture(const lumidex::Picture& picture, float x1, float y1, float w1, float h1, float x2,
+                    float y2, float w2, float h2);
+  // A quarter turn: 1 to the right, 0 to the left; others raise InvalidCall. Every image can be turned, but
+  // raises InvalidPicture when there is none.
+  void Rotate(std::int16_t direction);
+  // Amounts from -100 to 100, others raise InvalidCall; 0 changes nothing. pictures/filters.h has the
+  // arithmetic. Without an image they do nothing.
+  void Brightness(std::int16_t value);
+  void Contrast(std::int16_t value);
+  void ColorBalance(std::int16_t red, std::int16_t green, std::int16_t blue);
+  // Writes the working image with the writer options. JPGDitherMethod has no say: a JPEG file holds no
+  // reduced colours. Raises InvalidPicture without an image, and what writing raises.
+  void SaveJPEG(const std::string& path);
+
+  // Top left image pixel of the view, brought between 0 and the greatest legal value, also when that changes.
+  std::int32_t ScrollX() const { return std::min(scrollX_, ScrollMaxX()); }
+  std::int32_t ScrollY() const { return std::min(scrollY_, ScrollMaxY()); }
   void SetScrollX(std::int32_t x);
   void SetScrollY(std::int32_t y);
   std::int32_t ScrollMaxX() const;
   std::int32_t ScrollMaxY() const;
 
   Event<> OnImageChanged, OnClick;
-  // Button (1 left, 2 right, 4 middle), shift keys (1 shift, 2 control, 4 alt), position in pixels of the
-  // control.
+  // Button (1 left, 2 right, 4 middle), shift keys (1 shift, 2 control, 4 alt), position in twips.
   Event<int, int, float, float> OnMouseUp;
 
  private:
   static void RefuseNegative(Element& owner, const int& value);
-  static void RefuseNoZoom(Element& owner, const float& value);
-  static void FireImageChanged(Element& owner) { static_cast<Gvbox&>(owner).OnImageChanged(); }
+  template <int First, int Last>
+  static void RefuseOutside(Element&, const int& value) {
+    if (value < First || value > Last) RaiseInvalidValue();
+  }
+  [[noreturn]] static void RaiseInvalidValue();
+  static void RefuseZoom(Element& owner, const float& value);
+  static void ZoomChanged(Element& owner);
   lumidex::Picture Usable() const;
   lumidex::Picture Open(const std::string& path);
+  DecoderOptions ChosenDecoding() const;
+  JpegWriterOptions ChosenWriting() const;
+  // Runs an operation on the pixels of the working image, which it takes as Pixels& and may change in place.
+  template <class Operation>
+  void Change(Operation operation);
 
   // The file opened last, kept with its decoded pixels: most files are asked for again, at another size.
   struct OpenedFile {
     std::string path;
     std::uint64_t stamp = 0;
+    DecoderOptions decoder;
     lumidex::Picture picture;
   };
 

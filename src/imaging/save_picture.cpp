@@ -7,7 +7,8 @@ namespace lumidex {
 
 void SavePicture(App& app, const Picture& picture, const std::string& path) {
   if (picture.IsEmpty()) throw RunTimeError(ErrorNumber::InvalidPropertyValue);
-  app.platform.files.WriteAll(path, BmpFile(picture.FullPixels()));
+  const Pixels pixels = picture.FullPixels();
+  app.platform.files.Write(path, [&](ByteSink& sink) { WriteBmp(pixels, sink); });
 }
 
 }  // namespace lumidex

@@ -30,14 +30,6 @@ std::uint32_t OverWhiteWord(std::uint32_t word) {
   return AlphaMask | channel(16) | channel(8) | channel(0);
 }
 
-template <class Change>
-Pixels Changed(const Pixels& pixels, PixelFormat format, Change change) {
-  Pixels changed = Pixels::MakeUnfilled(pixels.GetSize(), format);
-  for (int y = 0; y < pixels.Height(); ++y)
-    std::ranges::transform(pixels.Row(y), changed.Row(y).begin(), change);
-  return changed;
-}
-
 }  // namespace
 
 void DeclareOpaqueIfSo(Pixels& pixels) {
@@ -74,15 +66,25 @@ void SettleAlpha(Pixels& pixels, int rows) {
 
 Pixels Premultiplied(const Pixels& pixels) {
   if (pixels.IsEmpty() || pixels.Format() != PixelFormat::Argb) return pixels;
-  return Changed(pixels, PixelFormat::ArgbPremultiplied, PremultipliedWord);
+  Pixels changed = Pixels::MakeUnfilled(pixels.GetSize(), PixelFormat::ArgbPremultiplied);
+  for (int y = 0; y < pixels.Height(); ++y)
+    std::ranges::transform(pixels.Row(y), changed.Row(y).begin(), PremultipliedWord);
+  return changed;
 }
 
-Pixels BlendedOverWhite(const Pixels& pixels) {
-  if (pixels.IsEmpty() || pixels.Format() == PixelFormat::Rgb) return pixels;
-  const bool premultiplied = pixels.Format() == PixelFormat::ArgbPremultiplied;
-  return Changed(pixels, PixelFormat::Rgb, [=](std::uint32_t word) {
-    return OverWhiteWord(premultiplied ? word : PremultipliedWord(word));
-  });
+void BlendOverWhite(std::span<const std::uint32_t> pixels, PixelFormat format, std::span<std::uint32_t> out) {
+  switch (format) {
+    case PixelFormat::Rgb:
+      std::ranges::copy(pixels, out.begin());
+      break;
+    case PixelFormat::Argb:
+      std::ranges::transform(pixels, out.begin(),
+                             [](std::uint32_t word) { return OverWhiteWord(PremultipliedWord(word)); });
+      break;
+    case PixelFormat::ArgbPremultiplied:
+      std::ranges::transform(pixels, out.begin(), OverWhiteWord);
+      break;
+  }
 }
 
 }  // namespace lumidex

@@ -17,7 +17,8 @@ void DeclareOpaqueIfSo(Pixels& pixels);
 // The same picture with premultiplied alpha; Rgb pixels are shared, not copied.
 Pixels Premultiplied(const Pixels& pixels);
 
-// The same picture without transparency, blended over white; Rgb pixels are shared, not copied.
-Pixels BlendedOverWhite(const Pixels& pixels);
+// A stretch of pixels of that format without transparency, blended over white. `out` has the same length and
+// may be the same place.
+void BlendOverWhite(std::span<const std::uint32_t> pixels, PixelFormat format, std::span<std::uint32_t> out);
 
 }  // namespace lumidex

@@ -8,6 +8,7 @@
 #include <span>
 #include <string_view>
 
+#include "pictures/decoder_options.h"
 #include "pictures/picture_data.h"
 #include "pictures/pixels.h"
 
@@ -24,6 +25,7 @@ struct OpenOptions {
   PictureLimits limits;
   // Leaves out turning by the orientation mark and colour conversion, to compare with other decoders.
   bool asStored = false;
+  DecoderOptions decoder = {};
 };
 
 struct DecodeRequest {

@@ -64,6 +64,12 @@ Pixels Picture::FullPixels() const {
   return PixelsFor({});
 }
 
+Pixels Picture::Release(Picture picture) {
+  const std::shared_ptr<State> state = std::move(picture.state_);
+  if (state && !state->decoder && state.use_count() == 1) return std::move(state->pixels);
+  return Picture(state).FullPixels();
+}
+
 Pixels Picture::PixelsFor(Size wanted) const {
   if (!state_) return {};
   const std::scoped_lock lock(state_->mutex);

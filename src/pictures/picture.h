@@ -29,6 +29,9 @@ class Picture {
 
   // All pixels; decoded once and kept as long as the picture lives. Empty for the empty picture.
   Pixels FullPixels() const;
+  // All pixels of a picture that is given up: not shared, when nobody else holds it and it has no file behind
+  // it, so that they can be changed in place.
+  static Pixels Release(Picture picture);
   // Pixels at no less than `wanted` on both sides (or full size when that is smaller), for showing at that
   // size. The last answer is kept.
   Pixels PixelsFor(Size wanted) const;

@@ -1,12 +1,37 @@
 #include "pictures/pixels.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <limits>
-#include <new>
+
+#if defined(__linux__)
+#include <sys/mman.h>
+#endif
 
 #include "base/run_time_error.h"
 
 namespace lumidex {
+namespace {
+
+struct GiveBack {
+  void operator()(std::uint32_t* words) const { std::free(words); }
+};
+
+// Large blocks lie on large pages where the system has them: it hands out 96 MiB in 48 steps instead of
+// 24,000, which is most of what using a fresh block costs. Their ends stay on small pages, so that no memory
+// is taken that is not asked for.
+std::shared_ptr<std::uint32_t[]> AllocateWords(std::size_t bytes) {
+  constexpr std::size_t largePage = std::size_t{2} << 20, line = 64;
+  const std::size_t alignment = bytes >= 2 * largePage ? largePage : line;
+  void* block = std::aligned_alloc(alignment, (bytes + alignment - 1) / alignment * alignment);
+  if (!block) throw RunTimeError(ErrorNumber::OutOfMemory);
+#if defined(__linux__)
+  if (alignment == largePage) madvise(block, bytes / largePage * largePage, MADV_HUGEPAGE);
+#endif
+  return {static_cast<std::uint32_t*>(block), GiveBack{}};
+}
+
+}  // namespace
 
 void CheckSize(Size size, const PictureLimits& limits, std::uint64_t fileSize) {
   if (size.width < 1 || size.height < 1) {
@@ -36,12 +61,8 @@ Pixels Pixels::MakeUnfilled(Size size, PixelFormat format, const PictureLimits& 
   CheckSize(size, limits, std::numeric_limits<std::uint64_t>::max());
   const std::int64_t bytes = std::int64_t{size.width} * size.height * 4;
   Pixels pixels;
-  try {
-    // Unfilled on purpose: filling costs as much as a copy, and most callers write every pixel.
-    pixels.words_ = std::make_shared_for_overwrite<std::uint32_t[]>(static_cast<std::size_t>(bytes / 4));
-  } catch (const std::bad_alloc&) {
-    throw RunTimeError(ErrorNumber::OutOfMemory);
-  }
+  // Unfilled on purpose: filling costs as much as a copy, and most callers write every pixel.
+  pixels.words_ = AllocateWords(static_cast<std::size_t>(bytes));
   pixels.size_ = size;
   pixels.format_ = format;
   return pixels;

@@ -53,6 +53,8 @@ class Pixels {
   static Pixels MakeUnfilled(Size size, PixelFormat format, const PictureLimits& limits = {});
 
   bool IsEmpty() const { return size_.width == 0; }
+  // True when another handle holds the same buffer. Only this one's own words may be written over.
+  bool IsShared() const { return words_.use_count() > 1; }
   Size GetSize() const { return size_; }
   int Width() const { return size_.width; }
   int Height() const { return size_.height; }

@@ -14,4 +14,8 @@ std::string FileSystem::ReadAll(const std::string& path) const {
   return content;
 }
 
+void FileSystem::WriteAll(const std::string& path, std::string_view content) {
+  Write(path, [content](ByteSink& sink) { sink.WriteText(content); });
+}
+
 }  // namespace lumidex

@@ -3,12 +3,14 @@
 // program's own traps know (53, 57, 58, 61, 68, 70, 75, 76).
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "pictures/byte_sink.h"
 #include "pictures/picture_data.h"
 
 namespace lumidex {
@@ -58,8 +60,13 @@ class FileSystem {
   // Raises FileNotFound, PermissionDenied or PathFileAccess; only regular files open.
   virtual std::shared_ptr<const ByteSource> Open(const std::string& path) const = 0;
   std::string ReadAll(const std::string& path) const;
-  // Replaces the file's content. Raises PathNotFound, PathFileAccess, PermissionDenied or DiskFull.
-  virtual void WriteAll(const std::string& path, std::string_view content) = 0;
+  // Replaces the file's content, or makes the file. Raises PathNotFound, PathFileAccess, PermissionDenied or
+  // DiskFull; the old content stands then.
+  void WriteAll(const std::string& path, std::string_view content);
+  // The same with the content as `produce` gives it to the sink, so that it need not be held whole; what
+  // `produce` raises keeps the old content too.
+  using Produce = std::function<void(ByteSink& sink)>;
+  virtual void Write(const std::string& path, const Produce& produce) = 0;
   virtual void Remove(const std::string& path) = 0;
   virtual void MakeDirectory(const std::string& path) = 0;
 };

@@ -130,6 +130,18 @@ TEST_F(Files, A_full_disk_refuses_and_keeps_the_old_content) {
   drives.WriteAll("C:\\b", "1234567");
 }
 
+TEST_F(Files, A_writer_that_fails_half_way_keeps_the_old_content) {
+  drives.WriteAll("C:\\a", "old");
+  EXPECT_EQ(NumberRaisedBy([&] {
+              drives.Write("C:\\a", [](ByteSink& sink) {
+                sink.WriteText("half");
+                throw RunTimeError(ErrorNumber::OutOfMemory);
+              });
+            }),
+            7);
+  EXPECT_EQ(drives.ReadAll("C:\\a"), "old");
+}
+
 TEST_F(Files, What_is_read_only_can_not_be_changed) {
   drives.AddFile("C:\\ro\\a", "x");
   drives.SetReadOnly("C:\\ro", true);

@@ -59,6 +59,38 @@ TEST(Orientation, Four_quarter_turns_of_an_odd_size_give_the_picture_back) {
             WordsOf(pixels));
 }
 
+std::uint32_t Numbered(int x, int y) {
+  return static_cast<std::uint32_t>(y) << 16 | static_cast<std::uint32_t>(x);
+}
+
+// Lines of sixteen, blocks of four and what is left of both, with rows that are aligned and rows that are
+// not.
+TEST(Orientation, Turning_and_mirroring_are_exact_at_every_size) {
+  for (const Size size : {Size{16, 16}, {48, 32}, {50, 36}, {53, 37}, {7, 64}, {64, 5}, {33, 18}, {1, 40}}) {
+    Pixels pixels = Pixels::Make(size, PixelFormat::Argb, 0);
+    for (int y = 0; y < size.height; ++y) {
+      for (int x = 0; x < size.width; ++x) pixels.Row(y)[static_cast<std::size_t>(x)] = Numbered(x, y);
+    }
+    const auto expectEach = [&](Orientation orientation, const auto& sourceOf) {
+      const Pixels turned = Turned(pixels, orientation);
+      for (int y = 0; y < turned.Height(); ++y) {
+        for (int x = 0; x < turned.Width(); ++x) {
+          ASSERT_EQ(turned.Row(y)[static_cast<std::size_t>(x)], sourceOf(x, y))
+              << size.width << " x " << size.height << " at " << x << ", " << y;
+        }
+      }
+    };
+    const int lastX = size.width - 1, lastY = size.height - 1;
+    expectEach(Orientation::MirrorLeftRight, [&](int x, int y) { return Numbered(lastX - x, y); });
+    expectEach(Orientation::HalfTurn, [&](int x, int y) { return Numbered(lastX - x, lastY - y); });
+    expectEach(Orientation::MirrorTopBottom, [&](int x, int y) { return Numbered(x, lastY - y); });
+    expectEach(Orientation::Transpose, [&](int x, int y) { return Numbered(y, x); });
+    expectEach(Orientation::QuarterRight, [&](int x, int y) { return Numbered(y, lastY - x); });
+    expectEach(Orientation::Transverse, [&](int x, int y) { return Numbered(lastX - y, lastY - x); });
+    expectEach(Orientation::QuarterLeft, [&](int x, int y) { return Numbered(lastX - y, x); });
+  }
+}
+
 TEST(Orientation, Numbers_outside_one_to_eight_are_upright) {
   EXPECT_EQ(OrientationOf(0), Orientation::Upright);
   EXPECT_EQ(OrientationOf(9), Orientation::Upright);

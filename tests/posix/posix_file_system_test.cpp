@@ -186,6 +186,18 @@ TEST_F(PosixFiles, A_full_disk_is_told_and_keeps_the_old_content) {
   EXPECT_EQ(files.ReadDirectory(folder.Path()).size(), 1U);
 }
 
+TEST_F(PosixFiles, A_writer_that_fails_half_way_keeps_the_old_content_and_leaves_nothing_behind) {
+  files.WriteAll(folder / "a", "old");
+  const auto fail = [](ByteSink& sink) {
+    sink.WriteText("half");
+    throw RunTimeError(ErrorNumber::OutOfMemory);
+  };
+  EXPECT_EQ(NumberRaisedBy([&] { files.Write(folder / "a", fail); }), 7);
+  EXPECT_EQ(NumberRaisedBy([&] { files.Write(folder / "b", fail); }), 7);
+  EXPECT_EQ(files.ReadAll(folder / "a"), "old");
+  EXPECT_EQ(files.ReadDirectory(folder.Path()).size(), 1U);
+}
+
 TEST_F(PosixFiles, Removing_and_making_raise_their_numbers) {
   EXPECT_EQ(NumberRaisedBy([&] { files.Remove(folder / "gone"); }), 53);
   files.MakeDirectory(folder / "dir");

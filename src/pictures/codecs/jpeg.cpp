@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "base/run_time_error.h"
+#include "pictures/codecs/jpeg_colours.h"
 #include "pictures/codecs/jpeg_reader.h"
 #include "pictures/colour_profile.h"
 #include "pictures/exif.h"
@@ -94,7 +95,7 @@ class JpegDecoder final : public Decoder {
       jpeg_decompress_struct& info = reader.Info();
       if (!options_.asStored) jpeg_save_markers(&info, ProfileMarker, 0xFFFF);
       jpeg_read_header(&info, TRUE);
-      info.out_color_space = info.num_components == 4 ? JCS_CMYK : JCS_EXT_BGRA;
+      ChooseDecoding(info, options_.decoder);
       Reduce(info, wanted);
     });
     if (!ready)
@@ -171,7 +172,9 @@ class JpegDecoder final : public Decoder {
     if (!ready) return 0;
     std::unique_ptr<ColourProfile> profile;
     if (!options_.asStored) profile = Profile(reader);
-    if (info.num_components == 4) {
+    if (info.quantize_colors) {
+      ReadReducedRows(reader, pixels, profile.get());
+    } else if (info.num_components == 4) {
       ReadInkRows(reader, pixels, profile.get());
     } else {
       ReadWordRows(reader, pixels, profile.get());
@@ -228,6 +231,19 @@ class JpegDecoder final : public Decoder {
         for (int i = 0; i < count; ++i) rows[i] = reinterpret_cast<JSAMPROW>(pixels.Row(first + i).data());
         const int done = static_cast<int>(jpeg_read_scanlines(&info, rows, static_cast<JDIMENSION>(count)));
         for (int i = 0; i < done && profile != nullptr; ++i) profile->Convert(pixels.Row(first + i));
+      }
+    });
+  }
+
+  static void ReadReducedRows(JpegReader& reader, Pixels& pixels, const ColourProfile* profile) {
+    jpeg_decompress_struct& info = reader.Info();
+    Palette colours = ReducedColours(info);
+    if (profile != nullptr) profile->Convert(colours);
+    std::vector<std::uint8_t> indexes(static_cast<std::size_t>(pixels.Width()));
+    reader.Try([&] {
+      while (MoreRows(reader)) {
+        const int y = static_cast<int>(info.output_scanline);
+        if (!ReadReducedRow(info, colours, indexes, pixels.Row(y))) return;
       }
     });
   }

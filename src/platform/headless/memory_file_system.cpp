@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <limits>
 
 #include "base/run_time_error.h"
 #include "base/text.h"
@@ -40,6 +41,20 @@ class SharedText final : public ByteSource {
 
  private:
   std::shared_ptr<const std::string> text_;
+};
+
+// Takes what is written until the disk is full.
+class GrowingText final : public ByteSink {
+ public:
+  explicit GrowingText(std::uint64_t most) : most_(most) {}
+  void Write(std::span<const std::uint8_t> bytes) override {
+    if (bytes.size() > most_ - text.size()) throw RunTimeError(ErrorNumber::DiskFull);
+    text.append(bytes.begin(), bytes.end());
+  }
+  std::string text;
+
+ private:
+  std::uint64_t most_;
 };
 
 PathParts Above(PathParts parts) {
@@ -193,7 +208,7 @@ MemoryFileSystem::NodePointer MemoryFileSystem::ParentForChange(const PathParts&
   return directory;
 }
 
-void MemoryFileSystem::WriteAll(const std::string& path, std::string_view content) {
+void MemoryFileSystem::Write(const std::string& path, const Produce& produce) {
   log_.Add("WriteAll " + path);
   const PathParts parts = Parts(path);
   const NodePointer directory = ParentForChange(parts);
@@ -202,12 +217,11 @@ void MemoryFileSystem::WriteAll(const std::string& path, std::string_view conten
   if (file && (file->readOnly || file->locked)) throw RunTimeError(ErrorNumber::PermissionDenied);
   if (!file && directory->readOnly) throw RunTimeError(ErrorNumber::PathFileAccess);
   const std::uint64_t before = file ? file->content->size() : 0;
-  if (freeBytes_) {
-    if (content.size() > before + *freeBytes_) throw RunTimeError(ErrorNumber::DiskFull);
-    *freeBytes_ = *freeBytes_ + before - content.size();
-  }
+  GrowingText content(freeBytes_ ? before + *freeBytes_ : std::numeric_limits<std::uint64_t>::max());
+  produce(content);
+  if (freeBytes_) *freeBytes_ = *freeBytes_ + before - content.text.size();
   if (!file) file = Put(path, EntryKind::File);
-  file->content = std::make_shared<const std::string>(content);
+  file->content = std::make_shared<const std::string>(std::move(content.text));
   file->modified = now_();
   Touch(*file);
 }

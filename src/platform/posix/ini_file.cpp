@@ -87,7 +87,7 @@ bool IniFile::SetValue(const std::string& section, const std::string& key, const
   }
   MakeFolders(path_.substr(0, path_.rfind('/')));
   try {
-    WriteFile(path_, Text());
+    WriteFile(path_, [this](ByteSink& sink) { sink.WriteText(Text()); });
     return true;
   } catch (const RunTimeError&) {
     return false;

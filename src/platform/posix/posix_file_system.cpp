@@ -99,6 +99,7 @@ std::uint64_t StampOf(const struct stat& status) {
   std::uint64_t hash = 14695981039346656037U;
   Mix(hash, status.st_dev);
   Mix(hash, status.st_ino);
+  Mix(hash, static_cast<std::uint64_t>(status.st_size));
   MixTime(hash, status.st_mtim);
   MixTime(hash, status.st_ctim);
   if (IsJustNow(status.st_mtim)) Mix(hash, DifferentEachTime());
@@ -192,9 +193,9 @@ std::shared_ptr<const ByteSource> PosixFileSystem::Open(const std::string& path)
   return OpenFileSource(path);
 }
 
-void PosixFileSystem::WriteAll(const std::string& path, std::string_view content) {
+void PosixFileSystem::Write(const std::string& path, const Produce& produce) {
   if (HoldsZeroByte(path)) throw RunTimeError(ErrorNumber::PathNotFound);
-  WriteFile(path, content);
+  WriteFile(path, produce);
 }
 
 void PosixFileSystem::Remove(const std::string& path) {

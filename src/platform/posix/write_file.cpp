@@ -35,18 +35,24 @@ class Descriptor {
   int number_;
 };
 
-// 0, or the error.
-int WriteAllBytes(int descriptor, std::string_view content) {
-  while (!content.empty()) {
-    const ssize_t count = write(descriptor, content.data(), content.size());
-    if (count < 0) {
-      if (errno == EINTR) continue;
-      return errno;
+class FileSink final : public ByteSink {
+ public:
+  FileSink(const Descriptor& file, const std::string& path) : file_(file), path_(path) {}
+  void Write(std::span<const std::uint8_t> bytes) override {
+    while (!bytes.empty()) {
+      const ssize_t count = write(file_.Number(), bytes.data(), bytes.size());
+      if (count < 0) {
+        if (errno == EINTR) continue;
+        RaiseSystemError(errno, path_);
+      }
+      bytes = bytes.subspan(static_cast<std::size_t>(count));
     }
-    content.remove_prefix(static_cast<std::size_t>(count));
   }
-  return 0;
-}
+
+ private:
+  const Descriptor& file_;
+  const std::string& path_;
+};
 
 // The file that a link leads to, so that the link is not replaced by a file.
 std::string BehindLinks(const std::string& path) {
@@ -54,12 +60,14 @@ std::string BehindLinks(const std::string& path) {
   return realpath(path.c_str(), resolved) ? resolved : path;
 }
 
-void WriteInPlace(const std::string& path, std::string_view content) {
+using Produce = std::function<void(ByteSink&)>;
+
+void WriteInPlace(const std::string& path, const Produce& produce) {
   Descriptor file(open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NONBLOCK, 0666));
   if (!file.IsOpen()) RaiseSystemError(errno, path);
-  int error = WriteAllBytes(file.Number(), content);
-  if (file.Close() != 0 && error == 0) error = errno;
-  if (error != 0) RaiseSystemError(error, path);
+  FileSink sink(file, path);
+  produce(sink);
+  if (file.Close() != 0) RaiseSystemError(errno, path);
 }
 
 mode_t NewFileMode() {
@@ -68,34 +76,58 @@ mode_t NewFileMode() {
   return 0666 & ~mask;
 }
 
+// A file that is removed again unless it is given its name.
+class TemporaryFile {
+ public:
+  // Beside `target`. Not open when none can be made; errno says why.
+  explicit TemporaryFile(const std::string& target)
+      : path_(target + ".XXXXXX"), file_(mkostemp(path_.data(), O_CLOEXEC)) {}
+  ~TemporaryFile() {
+    if (made_ && !named_) unlink(path_.c_str());
+  }
+  TemporaryFile(const TemporaryFile&) = delete;
+  TemporaryFile& operator=(const TemporaryFile&) = delete;
+
+  const Descriptor& File() const { return file_; }
+  // Makes sure that the content is on the disk, and gives the file its mode and its name. 0, or the error.
+  int Finish(const std::string& target, mode_t mode) {
+    if (fchmod(file_.Number(), mode) != 0) return errno;
+    if (fsync(file_.Number()) != 0 && errno != EINVAL) return errno;
+    if (file_.Close() != 0) return errno;
+    if (rename(path_.c_str(), target.c_str()) != 0) return errno;
+    named_ = true;
+    return 0;
+  }
+
+ private:
+  std::string path_;
+  Descriptor file_;
+  const bool made_ = file_.IsOpen();
+  bool named_ = false;
+};
+
 }  // namespace
 
-void WriteFile(const std::string& path, std::string_view content) {
+void WriteFile(const std::string& path, const Produce& produce) {
   const std::string target = BehindLinks(path);
   struct stat before {};
   const bool exists = stat(target.c_str(), &before) == 0;
   if (exists && S_ISDIR(before.st_mode)) RaiseSystemError(EACCES, path);
-  if (exists && !S_ISREG(before.st_mode)) return WriteInPlace(target, content);
+  if (exists && !S_ISREG(before.st_mode)) return WriteInPlace(target, produce);
   // A read-only file is not to be replaced, though the directory would let it.
   if (exists && access(target.c_str(), W_OK) != 0) throw RunTimeError(ErrorNumber::PermissionDenied);
 
-  std::string temporary = target + ".XXXXXX";
-  Descriptor file(mkostemp(temporary.data(), O_CLOEXEC));
-  if (!file.IsOpen()) {
+  TemporaryFile file(target);
+  if (!file.File().IsOpen()) {
     if (exists && (errno == EACCES || errno == EPERM || errno == ENAMETOOLONG)) {
-      return WriteInPlace(target, content);
+      return WriteInPlace(target, produce);
     }
     RaiseSystemError(errno, path);
   }
-  int error = WriteAllBytes(file.Number(), content);
-  if (error == 0 && fchmod(file.Number(), exists ? before.st_mode & 07777 : NewFileMode()) != 0)
-    error = errno;
-  if (error == 0 && fsync(file.Number()) != 0 && errno != EINVAL) error = errno;
-  if (file.Close() != 0 && error == 0) error = errno;
-  if (error == 0 && rename(temporary.c_str(), target.c_str()) != 0) error = errno;
-  if (error == 0) return;
-  unlink(temporary.c_str());
-  RaiseSystemError(error, path);
+  FileSink sink(file.File(), path);
+  produce(sink);
+  const int error = file.Finish(target, exists ? before.st_mode & 07777 : NewFileMode());
+  if (error != 0) RaiseSystemError(error, path);
 }
 
 }  // namespace lumidex

@@ -1,0 +1,524 @@
+#include "controls/gvbox.h"
+
+#include <set>
+
+#include "base/text.h"
+#include "controls/sample_form.h"
+#include "gallery/encoders/bmp_encoder.h"
+#include "gallery/encoders/emf_encoder.h"
+#include "gallery/encoders/jpeg_encoder.h"
+
+namespace lumidex {
+namespace {
+
+using testing::ElementsAre;
+
+std::uint32_t Marked(int x, int y) {
+  return 0xFF000000U | static_cast<std::uint32_t>(x * 40) << 16 | static_cast<std::uint32_t>(y * 40) << 8 | 7;
+}
+
+// Red tells the column, green the row.
+Pixels Marks(Size size = {4, 3}) {
+  Pixels pixels = Pixels::Make(size, PixelFormat::Rgb, 0);
+  for (int y = 0; y < size.height; ++y) {
+    for (int x = 0; x < size.width; ++x) pixels.Row(y)[static_cast<std::size_t>(x)] = Marked(x, y);
+  }
+  return pixels;
+}
+
+std::string AsText(const std::vector<std::uint8_t>& bytes) {
+  return {bytes.begin(), bytes.end()};
+}
+
+class GvboxTest : public Controls {
+ protected:
+  Gvbox box{form, "box"};
+  std::string path = "/marks.bmp";
+
+  void SetUp() override {
+    box.OnImageChanged = Tell("changed");
+    platform.files.AddFile(path, AsText(EncodeBmp(Marks())));
+    platform.files.AddFile("/bad.bmp", "not a picture");
+  }
+  void LoadMarks() {
+    box.SetFileName(path);
+    told.clear();
+  }
+  void LoadFails() {
+    NumberRaisedBy([&] { box.SetFileName("/bad.bmp"); });
+  }
+  std::uint32_t At(int x, int y) { return box.Picture().FullPixels().Row(y)[static_cast<std::size_t>(x)]; }
+  // As the flip commands call it.
+  void FlipAcross() {
+    const float w = box.ScaleWidth(), h = box.ScaleHeight();
+    box.PaintPicture(box.Picture(), w - 1, 0, -w, h, 0, 0, w, h);
+  }
+  void FlipDown() {
+    const float w = box.ScaleWidth(), h = box.ScaleHeight();
+    box.PaintPicture(box.Picture(), 0, h - 1, w, -h, 0, 0, w, h);
+  }
+  std::vector<std::uint8_t> Saved(const std::string& to = "/out.jpg") {
+    box.SaveJPEG(to);
+    const std::string text = platform.files.ReadAll(to);
+    return {text.begin(), text.end()};
+  }
+};
+
+TEST_F(GvboxTest, A_load_gives_the_files_size_and_depth_and_fires_image_changed) {
+  box.SetFileName(path);
+  EXPECT_EQ(box.FileName(), path);
+  EXPECT_EQ(box.PictureWidth(), 4);
+  EXPECT_EQ(box.PictureHeight(), 3);
+  EXPECT_EQ(box.BitsPerPixel(), 24);
+  EXPECT_EQ(box.Picture().Type(), PictureType::Bitmap);
+  EXPECT_THAT(told, ElementsAre("changed"));
+}
+
+TEST_F(GvboxTest, An_empty_control_reports_zeros) {
+  EXPECT_EQ(box.PictureWidth(), 0);
+  EXPECT_EQ(box.BitsPerPixel(), 0);
+  EXPECT_TRUE(box.Picture().IsEmpty());
+  EXPECT_EQ(box.ScaleWidth(), 0.0F);
+}
+
+TEST_F(GvboxTest, The_empty_path_releases_the_image) {
+  LoadMarks();
+  box.SetFileName("");
+  EXPECT_TRUE(box.Picture().IsEmpty());
+  EXPECT_EQ(box.FileName(), "");
+  EXPECT_EQ(box.PictureWidth(), 0);
+}
+
+TEST_F(GvboxTest, A_load_that_fails_leaves_nothing_usable_but_the_path) {
+  LoadMarks();
+  EXPECT_EQ(NumberRaisedBy([&] { box.SetFileName("/bad.bmp"); }), 481);
+  EXPECT_EQ(box.FileName(), "/bad.bmp");
+  EXPECT_EQ(NumberRaisedBy([&] { box.SetFileName("/none.bmp"); }), 53);
+  EXPECT_EQ(NumberRaisedBy([&] { box.Picture(); }), 481);
+  EXPECT_EQ(NumberRaisedBy([&] { box.PictureWidth(); }), 481);
+  EXPECT_EQ(NumberRaisedBy([&] { box.BitsPerPixel(); }), 481);
+  EXPECT_EQ(NumberRaisedBy([&] { box.ScaleHeight(); }), 481);
+  EXPECT_EQ(NumberRaisedBy([&] { box.Rotate(1); }), 481);
+  EXPECT_EQ(NumberRaisedBy([&] { box.Brightness(1); }), 481);
+  EXPECT_EQ(NumberRaisedBy([&] { box.PixelColor(0, 0); }), 481);
+  EXPECT_EQ(NumberRaisedBy([&] { box.SaveJPEG("/out.jpg"); }), 481);
+  EXPECT_EQ(NumberRaisedBy([&] { box.PaintPicture({}, 0, 0, 1, 1, 0, 0, 1, 1); }), 481);
+}
+
+TEST_F(GvboxTest, The_next_load_makes_it_usable_again) {
+  LoadFails();
+  LoadMarks();
+  EXPECT_EQ(box.PictureWidth(), 4);
+}
+
+TEST_F(GvboxTest, The_same_path_again_decodes_the_file_afresh) {
+  LoadMarks();
+  box.Rotate(1);
+  box.Brightness(100);
+  box.SetFileName(box.FileName());
+  EXPECT_EQ(box.PictureWidth(), 4);
+  EXPECT_EQ(At(1, 2), Marked(1, 2));
+}
+
+TEST_F(GvboxTest, A_file_that_changed_is_seen_at_the_next_load) {
+  LoadMarks();
+  platform.files.AddFile(path, AsText(EncodeBmp(Marks({6, 2}))));
+  box.SetFileName(path);
+  EXPECT_EQ(box.PictureWidth(), 6);
+}
+
+TEST_F(GvboxTest, A_file_that_is_gone_fails_at_the_next_load) {
+  LoadMarks();
+  platform.files.Remove(path);
+  EXPECT_EQ(NumberRaisedBy([&] { box.SetFileName(path); }), 53);
+}
+
+TEST_F(GvboxTest, Direction_1_turns_to_the_right_and_0_to_the_left) {
+  LoadMarks();
+  box.Rotate(1);
+  EXPECT_EQ(box.PictureWidth(), 3);
+  EXPECT_EQ(box.PictureHeight(), 4);
+  EXPECT_EQ(At(0, 0), Marked(0, 2));  // the lower left corner has come up
+  EXPECT_EQ(At(2, 3), Marked(3, 0));
+  EXPECT_THAT(told, ElementsAre("changed"));
+  box.Rotate(0);
+  box.Rotate(0);
+  EXPECT_EQ(At(0, 0), Marked(3, 0));
+  EXPECT_EQ(At(2, 3), Marked(0, 2));
+}
+
+TEST_F(GvboxTest, Four_turns_give_the_picture_back) {
+  LoadMarks();
+  for (int i = 0; i < 4; ++i) box.Rotate(1);
+  EXPECT_EQ(At(3, 2), Marked(3, 2));
+  EXPECT_EQ(At(0, 1), Marked(0, 1));
+}
+
+TEST_F(GvboxTest, Without_an_image_nothing_can_be_turned) {
+  EXPECT_EQ(NumberRaisedBy([&] { box.Rotate(1); }), 481);
+  LoadMarks();
+  EXPECT_EQ(NumberRaisedBy([&] { box.Rotate(2); }), 5);
+  EXPECT_EQ(box.PictureWidth(), 4);
+}
+
+TEST_F(GvboxTest, The_depth_stays_that_of_the_file) {
+  LoadMarks();
+  box.Rotate(1);
+  box.Contrast(10);
+  EXPECT_EQ(box.BitsPerPixel(), 24);
+  EXPECT_EQ(box.Picture().BitsPerPixel(), 24);
+}
+
+TEST_F(GvboxTest, Filters_act_one_after_the_other) {
+  LoadMarks();
+  box.Brightness(100);
+  EXPECT_EQ(At(0, 0), 0xFFFFFFFFU);
+  box.ColorBalance(-100, 0, -20);
+  EXPECT_EQ(At(0, 0), 0xFF00FFCCU);
+  box.Contrast(-100);
+  EXPECT_EQ(At(0, 0), 0xFF808080U);
+  EXPECT_EQ(told.size(), 3U);
+}
+
+TEST_F(GvboxTest, Filters_of_zero_keep_every_pixel) {
+  LoadMarks();
+  box.Brightness(0);
+  box.Contrast(0);
+  box.ColorBalance(0, 0, 0);
+  for (int y = 0; y < 3; ++y) {
+    for (int x = 0; x < 4; ++x) EXPECT_EQ(At(x, y), Marked(x, y));
+  }
+}
+
+TEST_F(GvboxTest, A_filter_that_refuses_its_amount_keeps_the_image) {
+  LoadMarks();
+  EXPECT_EQ(NumberRaisedBy([&] { box.Brightness(101); }), 5);
+  EXPECT_EQ(NumberRaisedBy([&] { box.ColorBalance(0, 0, -101); }), 5);
+  EXPECT_EQ(At(1, 1), Marked(1, 1));
+}
+
+TEST_F(GvboxTest, Without_an_image_filters_and_painting_do_nothing) {
+  box.AutoRedraw = 1;
+  box.Brightness(10);
+  FlipAcross();
+  EXPECT_TRUE(box.Picture().IsEmpty());
+  EXPECT_TRUE(told.empty());
+}
+
+TEST_F(GvboxTest, A_picture_given_out_is_not_changed_by_what_follows) {
+  LoadMarks();
+  box.Brightness(10);
+  const Picture shown = box.Picture();
+  const std::uint32_t before = shown.FullPixels().Row(0)[1];
+  box.Brightness(50);
+  EXPECT_EQ(shown.FullPixels().Row(0)[1], before);
+  EXPECT_FALSE(box.Picture() == shown);
+}
+
+TEST_F(GvboxTest, Painting_itself_with_a_negative_width_flips) {
+  LoadMarks();
+  box.AutoRedraw = 1;
+  FlipAcross();
+  EXPECT_EQ(At(0, 1), Marked(3, 1));
+  EXPECT_EQ(At(3, 2), Marked(0, 2));
+  FlipAcross();
+  EXPECT_EQ(At(0, 1), Marked(0, 1));
+  FlipDown();
+  EXPECT_EQ(At(2, 0), Marked(2, 2));
+  FlipDown();
+  EXPECT_EQ(At(2, 0), Marked(2, 0));
+}
+
+TEST_F(GvboxTest, A_flip_keeps_a_turn_and_a_filter) {
+  LoadMarks();
+  box.Rotate(1);
+  box.Brightness(20);
+  box.AutoRedraw = 1;
+  FlipAcross();
+  EXPECT_EQ(box.PictureWidth(), 3);
+  EXPECT_EQ(At(2, 0), Marked(0, 2) + 0x333333);
+}
+
+TEST_F(GvboxTest, What_is_painted_without_auto_redraw_does_not_last) {
+  LoadMarks();
+  FlipAcross();
+  EXPECT_EQ(At(0, 0), Marked(0, 0));
+}
+
+TEST_F(GvboxTest, A_part_of_another_picture_is_painted_to_its_place) {
+  LoadMarks();
+  box.AutoRedraw = 1;
+  const Picture white = Picture::FromPixels(Pixels::Make({2, 2}, PixelFormat::Rgb, 0xFFFFFFFF), 24);
+  box.PaintPicture(white, 1, 1, 2, 1, 0, 0, 2, 2);
+  EXPECT_EQ(At(1, 1), 0xFFFFFFFFU);
+  EXPECT_EQ(At(2, 1), 0xFFFFFFFFU);
+  EXPECT_EQ(At(3, 1), Marked(3, 1));
+  EXPECT_EQ(At(1, 2), Marked(1, 2));
+  EXPECT_EQ(NumberRaisedBy([&] { box.PaintPicture(white, 1e20F, 0, 1, 1, 0, 0, 1, 1); }), 6);
+}
+
+TEST_F(GvboxTest, A_drawing_becomes_a_bitmap_when_it_is_turned) {
+  platform.files.AddFile("/drawing.emf", AsText(EmfWriter(40, 20).MoveTo(1, 1).LineTo(30, 15).File()));
+  box.SetFileName("/drawing.emf");
+  EXPECT_NE(box.Picture().Type(), PictureType::Bitmap);
+  const int width = box.PictureWidth(), height = box.PictureHeight();
+  box.Rotate(1);
+  EXPECT_EQ(box.Picture().Type(), PictureType::Bitmap);
+  EXPECT_EQ(box.PictureWidth(), height);
+  EXPECT_EQ(box.PictureHeight(), width);
+}
+
+TEST_F(GvboxTest, A_thumbnail_fits_the_square_and_leaves_the_image_alone) {
+  platform.files.AddFile("/wide.bmp", AsText(EncodeBmp(Marks({200, 100}))));
+  box.SetFileName("/wide.bmp");
+  box.ThumbnailSize = 50;
+  EXPECT_EQ(box.Picture().GetSize(), (Size{50, 25}));
+  EXPECT_EQ(box.PictureWidth(), 200);
+  box.Rotate(1);
+  EXPECT_EQ(box.Picture().GetSize(), (Size{25, 50}));
+  box.ThumbnailSize = 0;
+  EXPECT_EQ(box.Picture().GetSize(), (Size{100, 200}));
+  EXPECT_EQ(NumberRaisedBy([&] { box.ThumbnailSize = -1; }), 380);
+}
+
+TEST_F(GvboxTest, A_thumbnail_never_enlarges) {
+  LoadMarks();
+  box.ThumbnailSize = 80;
+  box.Appearance = 0;
+  EXPECT_EQ(box.Picture().GetSize(), (Size{4, 3}));
+  EXPECT_EQ(At(2, 1), Marked(2, 1));
+}
+
+TEST_F(GvboxTest, Appearance_1_gives_thumbnails_a_raised_edge) {
+  platform.files.AddFile("/grey.bmp",
+                         AsText(EncodeBmp(Pixels::Make({60, 60}, PixelFormat::Rgb, 0xFF808080))));
+  box.SetFileName("/grey.bmp");
+  box.ThumbnailSize = 30;
+  box.Appearance = 1;
+  EXPECT_GT(At(10, 0), 0xFF808080U);
+  EXPECT_LT(At(10, 29), 0xFF808080U);
+  EXPECT_EQ(At(10, 10), 0xFF808080U);
+  box.Appearance = 0;
+  EXPECT_EQ(At(10, 0), 0xFF808080U);
+  box.ThumbnailSize = 0;
+  box.Appearance = 1;
+  EXPECT_EQ(At(10, 0), 0xFF808080U);  // the whole picture has none
+  EXPECT_EQ(NumberRaisedBy([&] { box.Appearance = 2; }), 380);
+}
+
+TEST_F(GvboxTest, Pixel_colours_have_red_in_the_low_byte) {
+  LoadMarks();
+  EXPECT_EQ(box.PixelColor(0, 0), 0x070000);
+  EXPECT_EQ(box.PixelColor(3 * 15, 2 * 15), 0x070000 | 80 << 8 | 120);
+}
+
+TEST_F(GvboxTest, Pixel_places_follow_zoom_and_scroll) {
+  platform.files.AddFile("/large.bmp", AsText(EncodeBmp(Marks({6, 5}))));
+  box.SetFileName("/large.bmp");
+  box.Width = 4 * 15;
+  box.Height = 4 * 15;
+  box.ZoomLevel = 2.0F;  // two by two pixels of the image are seen
+  EXPECT_EQ(box.PixelColor(3 * 15, 15), 0x070000 | 40);
+  box.SetScrollX(2);
+  box.SetScrollY(1);
+  EXPECT_EQ(box.PixelColor(0, 0), 0x070000 | 40 << 8 | 80);
+  EXPECT_EQ(box.PixelColor(3.9F * 15, 0), 0x070000 | 40 << 8 | 120);
+}
+
+TEST_F(GvboxTest, Beside_the_image_there_is_no_colour) {
+  LoadMarks();
+  EXPECT_EQ(box.PixelColor(4 * 15, 0), -1);
+  EXPECT_EQ(box.PixelColor(0, 3 * 15), -1);
+  EXPECT_EQ(box.PixelColor(-1, 0), -1);
+  box.ZoomLevel = 0.0F;
+  EXPECT_EQ(box.PixelColor(0, 0), -1);
+}
+
+TEST_F(GvboxTest, Transparent_pixels_read_as_they_look_over_white) {
+  box.SetPicture(Picture::FromPixels(Pixels::Make({1, 1}, PixelFormat::Argb, 0x00000000), 32));
+  EXPECT_EQ(box.PixelColor(0, 0), 0xFFFFFF);
+}
+
+TEST_F(GvboxTest, The_greatest_scroll_is_what_lies_outside_the_view) {
+  box.SetPicture(Picture::FromPixels(Pixels::Make({100, 60}, PixelFormat::Rgb, 0), 24));
+  box.Width = 40 * 15;
+  box.Height = 80 * 15;
+  EXPECT_EQ(box.ScrollMaxX(), 60);
+  EXPECT_EQ(box.ScrollMaxY(), 0);
+  box.SetScrollX(99);
+  box.SetScrollY(5);
+  EXPECT_EQ(box.ScrollX(), 60);
+  EXPECT_EQ(box.ScrollY(), 0);
+  box.SetScrollX(-3);
+  EXPECT_EQ(box.ScrollX(), 0);
+  box.ZoomLevel = 4.0F;
+  EXPECT_EQ(box.ScrollMaxX(), 90);
+  EXPECT_EQ(box.ScrollMaxY(), 40);
+}
+
+TEST_F(GvboxTest, A_lower_zoom_and_a_larger_view_bring_the_scroll_back_in) {
+  box.SetPicture(Picture::FromPixels(Pixels::Make({100, 60}, PixelFormat::Rgb, 0), 24));
+  box.Width = 40 * 15;
+  box.ZoomLevel = 4.0F;
+  box.SetScrollX(90);
+  box.ZoomLevel = 1.0F;
+  EXPECT_EQ(box.ScrollX(), 60);
+  box.Width = 90 * 15;
+  EXPECT_EQ(box.ScrollX(), 10);
+}
+
+TEST_F(GvboxTest, A_new_zoom_fires_image_changed_and_the_same_does_not) {
+  LoadMarks();
+  box.ZoomLevel = 2.5F;
+  box.ZoomLevel = 2.5F;
+  EXPECT_THAT(told, ElementsAre("changed"));
+}
+
+TEST_F(GvboxTest, A_zoom_beyond_what_places_can_be_told_at_is_refused) {
+  box.SetPicture(Picture::FromPixels(Pixels::Make({30000, 1}, PixelFormat::Rgb, 0), 24));
+  box.ZoomLevel = 8.0F;
+  EXPECT_EQ(NumberRaisedBy([&] { box.ZoomLevel = 9.0F; }), 380);
+  EXPECT_EQ(NumberRaisedBy([&] { box.ZoomLevel = -0.5F; }), 380);
+  EXPECT_EQ(box.ZoomLevel, 8.0F);
+  box.SetPicture(Picture::FromPixels(Pixels::Make({6000, 4}, PixelFormat::Rgb, 0), 24));
+  box.ZoomLevel = 10.0F;
+}
+
+TEST_F(GvboxTest, Options_outside_their_values_are_refused) {
+  for (Property<int> Gvbox::*option : {&Gvbox::DitherMethod, &Gvbox::DCTMethod, &Gvbox::JPGDitherMethod}) {
+    (box.*option) = 2;
+    EXPECT_EQ(NumberRaisedBy([&] { (box.*option) = 3; }), 380);
+    EXPECT_EQ(NumberRaisedBy([&] { (box.*option) = -1; }), 380);
+    EXPECT_EQ((box.*option).Get(), 2);
+  }
+  EXPECT_EQ(NumberRaisedBy([&] { box.AutoRedraw = 2; }), 380);
+  EXPECT_EQ(NumberRaisedBy([&] { box.RetainBitmap = -1; }), 380);
+}
+
+class GvboxJpegTest : public GvboxTest {
+ protected:
+  void SetUp() override {
+    GvboxTest::SetUp();
+    Pixels slopes = Pixels::Make({64, 64}, PixelFormat::Rgb, 0);
+    for (int y = 0; y < 64; ++y) {
+      for (int x = 0; x < 64; ++x) {
+        slopes.Row(y)[static_cast<std::size_t>(x)] = 0xFF000000U | static_cast<std::uint32_t>(x * 4) << 16 |
+                                                     static_cast<std::uint32_t>(y * 4) << 8 |
+                                                     static_cast<std::uint32_t>((x * y) % 256);
+      }
+    }
+    platform.files.AddFile("/slopes.jpg", AsText(EncodeJpeg(slopes, 80)));
+    box.SetFileName("/slopes.jpg");
+  }
+  // Loads the file again and gives its pixels.
+  std::vector<std::uint32_t> Reloaded() {
+    box.SetFileName("/slopes.jpg");
+    const Pixels pixels = box.Picture().FullPixels();
+    return {pixels.Data(), pixels.Data() + pixels.ByteCount() / 4};
+  }
+};
+
+TEST_F(GvboxJpegTest, Decoder_options_take_effect_at_the_next_load) {
+  const auto plain = Reloaded();
+  box.FancyUpsizing = false;
+  EXPECT_NE(Reloaded(), plain);
+  box.FancyUpsizing = true;
+  EXPECT_EQ(Reloaded(), plain);
+  box.DCTMethod = 1;
+  EXPECT_NE(Reloaded(), plain);
+  box.DCTMethod = 0;
+  box.JPGDitherMethod = 2;
+  EXPECT_EQ(Reloaded(), plain);
+}
+
+TEST_F(GvboxJpegTest, Dithering_always_reduces_the_colours_as_the_other_options_say) {
+  const auto plain = Reloaded();
+  box.DitherMethod = 2;
+  EXPECT_EQ(Reloaded(), plain);
+  box.DitherMethod = 1;
+  const auto reduced = Reloaded();
+  EXPECT_LE(std::set<std::uint32_t>(reduced.begin(), reduced.end()).size(), 256U);
+  box.JPGDitherMethod = 2;
+  const auto spread = Reloaded();
+  EXPECT_NE(spread, reduced);
+  box.TwoPassQuantize = false;
+  EXPECT_NE(Reloaded(), spread);
+}
+
+TEST_F(GvboxJpegTest, Saving_writes_the_working_image) {
+  box.Rotate(1);
+  box.Brightness(100);
+  Saved();
+  box.SetFileName("/out.jpg");
+  EXPECT_EQ(box.PictureWidth(), 64);
+  EXPECT_EQ(At(5, 5), 0xFFFFFFFFU);
+}
+
+TEST_F(GvboxJpegTest, The_writer_options_are_taken_as_typed) {
+  const auto with = [&](const char* quality, const char* smoothing, int optimize) {
+    box.JPGQuality = quality;
+    box.JPGSmoothing = smoothing;
+    box.JPGOptimize = optimize;
+    return Saved();
+  };
+  const auto at75 = with("75", "0", 0);
+  EXPECT_LT(with("10", "0", 0).size(), at75.size());
+  EXPECT_EQ(with(" 75 percent", "0", 0), at75);
+  EXPECT_EQ(with("", "none", 0), at75);
+  EXPECT_EQ(with("500", "0", 0), with("100", "0", 0));
+  EXPECT_EQ(with("-3", "0", 0), with("1", "0", 0));
+  EXPECT_NE(with("75", "50", 0), at75);
+  EXPECT_EQ(with("75", "101", 0), with("75", "100", 0));
+  EXPECT_LT(with("75", "0", 1).size(), at75.size());
+}
+
+TEST_F(GvboxJpegTest, The_dithering_has_no_say_in_saving) {
+  const auto before = Saved();
+  box.JPGDitherMethod = 2;
+  EXPECT_EQ(Saved(), before);
+}
+
+TEST_F(GvboxJpegTest, A_file_can_be_saved_over_itself) {
+  box.Rotate(1);
+  Saved("/slopes.jpg");
+  box.SetFileName("/slopes.jpg");
+  EXPECT_EQ(box.PictureWidth(), 64);
+}
+
+TEST_F(GvboxJpegTest, Errors_of_the_disk_come_out_and_the_old_file_stays) {
+  platform.files.AddDirectory("/ro");
+  platform.files.SetReadOnly("/ro", true);
+  platform.files.AddFile("/keep.jpg", "old");
+  EXPECT_EQ(NumberRaisedBy([&] { box.SaveJPEG("/ro/out.jpg"); }), 75);
+  EXPECT_EQ(NumberRaisedBy([&] { box.SaveJPEG("/none/out.jpg"); }), 76);
+  platform.files.SetReadOnly("/keep.jpg", true);
+  EXPECT_EQ(NumberRaisedBy([&] { box.SaveJPEG("/keep.jpg"); }), 70);
+  platform.files.SetReadOnly("/keep.jpg", false);
+  platform.files.SetFreeBytes(100);
+  EXPECT_EQ(NumberRaisedBy([&] { box.SaveJPEG("/keep.jpg"); }), 61);
+  EXPECT_EQ(platform.files.ReadAll("/keep.jpg"), "old");
+}
+
+TEST_F(GvboxTest, There_is_nothing_to_save_without_an_image) {
+  EXPECT_EQ(NumberRaisedBy([&] { box.SaveJPEG("/out.jpg"); }), 481);
+  EXPECT_FALSE(platform.files.Look("/out.jpg"));
+}
+
+TEST_F(GvboxTest, Every_property_can_be_read_by_name) {
+  LoadMarks();
+  EXPECT_EQ(box.ReadProperty("FileName"), path);
+  EXPECT_EQ(box.ReadProperty("Picture"), "4 x 3");
+  EXPECT_EQ(box.ReadProperty("PictureHeight"), "3");
+  EXPECT_EQ(box.ReadProperty("ScaleWidth"), "4");
+  EXPECT_EQ(box.ReadProperty("ScaleHeight"), "3");
+  for (const char* name :
+       {"FancyUpsizing", "TwoPassQuantize", "ScaleMode",    "DitherMethod", "ThumbnailSize",
+        "DCTMethod",     "JPGDitherMethod", "PictureWidth", "JPGOptimize",  "JPGQuality",
+        "JPGSmoothing",  "BitsPerPixel",    "ScrollX",      "ScrollY",      "ScrollMaxX",
+        "ScrollMaxY",    "AutoRedraw",      "RetainBitmap", "ZoomLevel",    "Appearance"}) {
+    EXPECT_TRUE(box.ReadProperty(name)) << name;
+  }
+}
+
+}  // namespace
+}  // namespace lumidex

@@ -1,0 +1,38 @@
+#include "pictures/picture.h"
+
+#include <gmock/gmock.h>
+
+#include "gallery/encoders/jpeg_encoder.h"
+#include "pictures/support/byte_writer.h"
+
+namespace lumidex {
+namespace {
+
+Pixels Block() {
+  return Pixels::Make({4, 4}, PixelFormat::Rgb, 0xFF123456);
+}
+
+TEST(Picture, Pixels_of_a_picture_that_nobody_else_holds_are_given_up_unshared) {
+  EXPECT_FALSE(Picture::Release(Picture::FromPixels(Block(), 24)).IsShared());
+}
+
+TEST(Picture, Pixels_of_a_picture_that_somebody_holds_stay_with_it) {
+  const Picture kept = Picture::FromPixels(Block(), 24);
+  const Pixels released = Picture::Release(kept);
+  EXPECT_TRUE(released.IsShared());
+  EXPECT_EQ(kept.FullPixels().Data(), released.Data());
+}
+
+TEST(Picture, Released_pixels_of_a_file_are_whole_whatever_was_decoded_before) {
+  Picture picture =
+      Picture::Open(DataOf(EncodeJpeg(Pixels::Make({160, 80}, PixelFormat::Rgb, 0xFF336699), 90)));
+  EXPECT_EQ(picture.PixelsFor({20, 10}).GetSize(), (Size{20, 10}));
+  EXPECT_EQ(Picture::Release(std::move(picture)).GetSize(), (Size{160, 80}));
+}
+
+TEST(Picture, The_empty_picture_gives_up_nothing) {
+  EXPECT_TRUE(Picture::Release({}).IsEmpty());
+}
+
+}  // namespace
+}  // namespace lumidex
