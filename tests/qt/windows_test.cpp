@@ -197,6 +197,30 @@ TEST_F(MainWindowTest, Dragging_the_frame_resizes_the_form) {
   EXPECT_EQ(window.Height.Get(), 11100.0F);
 }
 
+TEST(FirstPaint, waits_for_the_picture_of_the_start) {
+  QtWorld world;
+  world.views.AwaitPicture();
+  App app(world.platform);
+  world.views.Attach(app.WPaper2);
+  app.WPaper2.Show();
+  Settle();
+  const FormView& view = *world.views.ViewOf(app.WPaper2);
+  EXPECT_FALSE(view.updatesEnabled());
+  app.WPaper2.Image1.Picture = Picture::FromPixels(Pixels::Make({8, 8}, PixelFormat::Rgb, 0), 24);
+  Settle();
+  EXPECT_TRUE(view.updatesEnabled());
+  world.views.Close();
+}
+
+TEST_F(MainWindowTest, A_change_of_the_form_does_not_undo_what_the_window_manager_did) {
+  View().showMaximized();
+  window.Caption = "Another title";
+  View().Pushes().Flush();
+  EXPECT_TRUE(View().isMaximized());
+  Settle();
+  EXPECT_EQ(window.State.Get(), WindowState::Maximized);
+}
+
 TEST_F(MainWindowTest, A_form_that_refuses_to_get_small_snaps_the_frame_back) {
   window.OnResize = [&] {
     if (window.Width < 9500) window.Width = 9500;

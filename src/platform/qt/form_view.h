@@ -89,6 +89,7 @@ class FormView : public QWidget {
   Connection requests_;
   QPointer<QWidget> wantsFocus_;
   std::int32_t shownBackColor_ = -1;
+  WindowState shownState_ = WindowState::Normal;
   Picture shownIcon_;
   Picture shownPicture_;
   std::vector<DrawnBand> shownDrawing_;

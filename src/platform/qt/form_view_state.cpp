@@ -66,7 +66,8 @@ void FormView::PushSize() {
   pushing_ = true;
   const bool minimized = form_.State == WindowState::Minimized;
   const bool maximized = form_.State == WindowState::Maximized;
-  if (isVisible() && (isMinimized() != minimized || (!minimized && isMaximized() != maximized))) {
+  // Only what the program changed: a state that the window manager has just set is on its way to the form.
+  if (isVisible() && form_.State != shownState_) {
     if (minimized) {
       showMinimized();
     } else if (maximized) {
@@ -75,6 +76,7 @@ void FormView::PushSize() {
       showNormal();
     }
   }
+  shownState_ = form_.State;
   if (SizeComesFromForm() && !minimized && !maximized) {
     const QSize wanted = WantedSize();
     if (wanted.isValid() && wanted != size()) resize(wanted);
@@ -101,6 +103,7 @@ void FormView::TellSize(const QSize& size) {
     width = form_.Width;
     height = form_.Height;
   }
+  shownState_ = state;
   Serve([&] { form_.UserResize(width, height, state); });
 }
 

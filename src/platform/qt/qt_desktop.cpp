@@ -77,6 +77,10 @@ void QtDesktop::Attach(const std::vector<Form*>& forms) {
   }
 }
 
+void QtDesktop::AwaitPicture() {
+  parts_->views.AwaitPicture();
+}
+
 void QtDesktop::Run() {
   while (true) QApplication::exec();
 }

@@ -35,6 +35,8 @@ class QtDesktop final {
   FormViews& Views();
   // From now on the forms have windows whenever they are shown.
   void Attach(const std::vector<Form*>& forms);
+  // To be called when a picture is shown as soon as the program stands.
+  void AwaitPicture();
   // Serves events until the program ends the process.
   [[noreturn]] void Run();
 

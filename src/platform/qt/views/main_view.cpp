@@ -3,14 +3,18 @@
 #include <QEvent>
 #include <QLabel>
 #include <QMenuBar>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include "platform/qt/conversions.h"
+#include "platform/qt/form_views.h"
 #include "platform/qt/mirrors/mirrors.h"
 #include "platform/qt/mirrors/row_list.h"
 
 namespace lumidex {
 namespace {
+
+constexpr int longestHoldMilliseconds = 200;
 
 // Labels begin where they are designed and may be wider than designed, since there is nothing beside them
 // that a longer translation or another font would cover.
@@ -40,6 +44,12 @@ MainView::MainView(FormViews& views, Form& form)
   AddControls();
   AddPicture();
   PlaceBars();
+  if (views.AwaitsPicture()) HoldPainting();
+}
+
+void MainView::HoldPainting() {
+  setUpdatesEnabled(false);
+  QTimer::singleShot(longestHoldMilliseconds, this, [this] { setUpdatesEnabled(true); });
 }
 
 void MainView::AddControls() {
@@ -80,6 +90,7 @@ void MainView::AddPicture() {
     const QRect place(units.Pixels(image.Left * twipsPerPixel), units.Pixels(image.Top * twipsPerPixel),
                       units.Pixels(image.Width * twipsPerPixel), units.Pixels(image.Height * twipsPerPixel));
     if (shown->geometry() != place) shown->setGeometry(place);
+    if (!image.Picture.Get().IsEmpty()) setUpdatesEnabled(true);
   });
   statusBar_->raise();
 }

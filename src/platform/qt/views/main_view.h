@@ -18,6 +18,8 @@ class MainView final : public FormView {
   void AddControls();
   void AddPicture();
   void PlaceBars();
+  // Leaves the window unpainted until its picture is there, and not for long if none comes.
+  void HoldPainting();
 
   QWidget* client_;  // below the menu bar: positions count from its corner
   QWidget* toolbar_ = nullptr;
