@@ -120,7 +120,7 @@ void Canvas::SetInk(cairo_t* context, const Ink& ink, const Mix* mix) {
   } else if (!fixed && ink.kind == Ink::Kind::Tiled && !ink.tile.IsEmpty()) {
     pattern = TilePattern(TileSurface(ink.tile), ink.origin, ink.tileScale);
   } else {
-    pattern = SolidPattern(inverted ? ~color : color);
+    pattern = SolidPattern(inverted ? ~color : color, ink.opacity);
   }
   cairo_set_source(context, pattern.get());
 }

@@ -30,6 +30,7 @@ struct Ink {
   Pixels tile{};
   Point origin{};
   double tileScale = 1;  // pixels of the result per pixel of the tile
+  double opacity = 1;    // of a solid colour
 };
 
 struct StrokeStyle {

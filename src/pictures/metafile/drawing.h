@@ -47,6 +47,9 @@ class Drawing {
  public:
   Drawing(Canvas& canvas, const Device& device);
 
+  // A drawing on the same sheet in the state that all drawings begin in.
+  Drawing Fresh() const { return Drawing(canvas_, device_); }
+
   DeviceState& State() { return state_; }
   Canvas& Sheet() { return canvas_; }
   void Save();

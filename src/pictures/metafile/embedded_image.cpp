@@ -16,10 +16,6 @@ constexpr PictureLimits imageLimits{.side = 32767, .bytes = std::int64_t{64} << 
 constexpr double perImage = 20000;
 constexpr double perImagePixel = 12;
 
-bool Afford(Size size, WorkBudget& budget) {
-  return budget.Spend(perImage + perImagePixel * size.width * size.height);
-}
-
 // The kinds of file that bitmap headers and pictures in records may hold. Metafiles are not among them, so
 // drawings can not nest.
 bool IsPlainPictureFile(Bytes bytes) {
@@ -33,12 +29,18 @@ bool IsPlainPictureFile(Bytes bytes) {
 
 }  // namespace
 
+bool AffordImage(Size size, WorkBudget& budget) {
+  const double pixels = static_cast<double>(size.width) * size.height;
+  return size.width > 0 && size.height > 0 && pixels * 4 <= static_cast<double>(imageLimits.bytes) &&
+         budget.Spend(perImage + perImagePixel * pixels);
+}
+
 std::optional<Pixels> DecodeFile(Bytes bytes, WorkBudget& budget) {
   if (!IsPlainPictureFile(bytes)) return std::nullopt;
   try {
     const PictureData data(std::make_shared<MemorySource>(std::vector(bytes.begin(), bytes.end())), "");
     const auto decoder = OpenDecoder(data, {.limits = imageLimits});
-    if (decoder->Facts().scalable || !Afford(decoder->Facts().size, budget)) return std::nullopt;
+    if (decoder->Facts().scalable || !AffordImage(decoder->Facts().size, budget)) return std::nullopt;
     return decoder->Decode({});
   } catch (const RunTimeError&) {
     return std::nullopt;
@@ -71,7 +73,7 @@ std::optional<EmbeddedImage> DecodeBitmap(const BitmapSource& source, WorkBudget
       options.outsideColours =
           source.palette ? std::span<const std::uint32_t>(*source.palette) : std::span<const std::uint32_t>();
     const DibHeader header = ReadDibHeader(source.header, options);
-    if (!Afford(header.size, budget)) return std::nullopt;
+    if (!AffordImage(header.size, budget)) return std::nullopt;
     const Bytes bits = source.bits
                            ? *source.bits
                            : source.header.subspan(std::min(header.pixelOffset, source.header.size()));
@@ -90,7 +92,7 @@ std::optional<Pixels> DecodeDeviceBitmap(Bytes bytes, std::size_t pixelOffset, s
   reader.Skip(1);
   const int bits = reader.U8();
   const bool known = bits == 1 || bits == 16 || bits == 24 || bits == 32;
-  if (!known || size.width < 1 || size.height < 1 || rowBytes < 1 || !Afford(size, budget))
+  if (!known || size.width < 1 || size.height < 1 || rowBytes < 1 || !AffordImage(size, budget))
     return std::nullopt;
   Pixels pixels = Pixels::Make(size, PixelFormat::Rgb, 0xFFFFFFFF, imageLimits);
   reader.Seek(pixelOffset);

@@ -23,6 +23,8 @@ struct EmbeddedImage {
   bool topDown = false;
 };
 
+// Pays for decoding a picture of this size; false when it is none or costs more than is left.
+bool AffordImage(Size size, WorkBudget& budget);
 // Nothing when the bitmap makes no sense or costs more than is left.
 std::optional<EmbeddedImage> DecodeBitmap(const BitmapSource& source, WorkBudget& budget);
 // A device bitmap of 1, 16, 24 or 32 bits. Those of one bit take the two colours, the first for bits of 0.

@@ -8,7 +8,8 @@ namespace {
 constexpr std::uint32_t signature = 0x464D4520;  // " EMF"
 constexpr std::uint32_t smallestHeader = 88;
 constexpr std::uint32_t recordHeaderBytes = 8;
-constexpr unsigned endOfFile = 14;
+constexpr unsigned endOfFile = 14, commentType = 70;
+constexpr std::uint32_t plusMark = 0x2B464D45;  // "EMF+"
 
 }  // namespace
 
@@ -50,9 +51,15 @@ void EmfPlayer::Play(Bytes records) {
 
 void EmfPlayer::PlayRecord(unsigned type, Record record) {
   ByteReader& reader = record.reader;
+  if (type == commentType) return PlayComment(reader);
   PlaySetting(type, reader) || PlayMapping(type, reader) || PlayShape(type, reader) ||
       PlayPoints(type, reader) || PlayPath(type, reader) || PlayClip(type, reader) ||
       PlayObject(type, record) || PlayText(type, record) || PlayBitmap(type, record);
+}
+
+void EmfPlayer::PlayComment(ByteReader& reader) {
+  ByteReader comment = reader.Sub(reader.U32Le());
+  if (comment.U32Le() == plusMark) plus_.Play(comment.Take(comment.Remaining()));
 }
 
 bool EmfPlayer::PlaySetting(unsigned type, ByteReader& reader) {

@@ -1,7 +1,7 @@
 #pragma once
 // Plays the records of an enhanced metafile (the 32-bit kind) into a drawing; what the drawing does not know
 // is skipped. Files that hold their drawing twice, the second time as the later "plus" records, are played
-// from the plain ones.
+// from the plain ones; the plus player plays those that hold nothing else.
 
 #include <optional>
 
@@ -9,6 +9,7 @@
 #include "pictures/metafile/drawing.h"
 #include "pictures/metafile/embedded_image.h"
 #include "pictures/metafile/object_table.h"
+#include "pictures/metafile/plus_player.h"
 
 namespace lumidex::metafile {
 
@@ -25,7 +26,7 @@ std::optional<EmfHeader> ReadEmfHeader(Bytes head);
 
 class EmfPlayer {
  public:
-  explicit EmfPlayer(Drawing& drawing) : drawing_(drawing) {}
+  explicit EmfPlayer(Drawing& drawing) : drawing_(drawing), plus_(drawing.Fresh()) {}
 
   // `records` begins after the header record. Stops at the end record, at a record of impossible size and at
   // the end of the bytes.
@@ -40,6 +41,7 @@ class EmfPlayer {
   };
 
   void PlayRecord(unsigned type, Record record);
+  void PlayComment(ByteReader& reader);
   bool PlaySetting(unsigned type, ByteReader& reader);
   bool PlayMapping(unsigned type, ByteReader& reader);
   bool PlayShape(unsigned type, ByteReader& reader);
@@ -77,6 +79,7 @@ class EmfPlayer {
 
   Drawing& drawing_;
   ObjectTable objects_;
+  plus::Player plus_;
 };
 
 }  // namespace lumidex::metafile

@@ -83,9 +83,9 @@ std::uint32_t* SurfaceRow(cairo_surface_t* surface, int y) {
   return reinterpret_cast<std::uint32_t*>(data + std::ptrdiff_t{cairo_image_surface_get_stride(surface)} * y);
 }
 
-CairoPattern SolidPattern(std::uint32_t color) {
-  return CairoPattern(cairo_pattern_create_rgb((color >> 16 & 0xFF) / 255.0, (color >> 8 & 0xFF) / 255.0,
-                                               (color & 0xFF) / 255.0));
+CairoPattern SolidPattern(std::uint32_t color, double opacity) {
+  return CairoPattern(cairo_pattern_create_rgba((color >> 16 & 0xFF) / 255.0, (color >> 8 & 0xFF) / 255.0,
+                                                (color & 0xFF) / 255.0, opacity));
 }
 
 CairoPattern HatchPattern(int hatch, std::uint32_t color, std::optional<std::uint32_t> background,

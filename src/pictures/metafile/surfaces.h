@@ -16,7 +16,7 @@ CairoSurface BlankSurface(const Box& box, cairo_format_t format);
 // A row of a 32-bit image surface, counted from its top; null when the surface could not be made.
 std::uint32_t* SurfaceRow(cairo_surface_t* surface, int y);
 
-CairoPattern SolidPattern(std::uint32_t color);
+CairoPattern SolidPattern(std::uint32_t color, double opacity = 1);
 CairoPattern HatchPattern(int hatch, std::uint32_t color, std::optional<std::uint32_t> background,
                           Point origin);
 CairoPattern TilePattern(cairo_surface_t* tile, Point origin, double scale);

@@ -1,0 +1,87 @@
+#include "pictures/metafile/emf_reading.h"
+#include "pictures/metafile/letters.h"
+#include "pictures/metafile/plus_player.h"
+
+namespace lumidex::metafile::plus {
+
+void Player::UseFont(const FontObject& font, const Brush& brush) {
+  DeviceState& state = drawing_.State();
+  state.font = font.font;
+  state.font.height = Length(font.font.height, font.unit);
+  state.textColor = brush.color;
+  state.opaqueBackground = false;
+}
+
+bool Player::PlayText(Record& record) {
+  switch (record.type) {
+    case 0x401C:
+      PlayString(record);
+      return true;
+    case 0x4036:
+      PlayGlyphs(record);
+      return true;
+    default:
+      return false;
+  }
+}
+
+void Player::PlayString(Record& record) {
+  ByteReader& reader = record.reader;
+  const Brush brush = ReadFillBrush(record);
+  const auto* given = Get<TextFormat>(reader.U32Le());
+  const TextFormat format = given ? *given : TextFormat{};
+  const std::uint32_t count = reader.U32Le();
+  const Box box = ReadBox(reader, false);
+  const auto* font = Get<FontObject>(record.ObjectNumber());
+  if (!font || brush.kind == Ink::Kind::None) return;
+  UseFont(*font, brush);
+
+  std::vector<TextLine> lines(1);
+  const Bytes text = reader.Take(std::size_t{count} * 2);
+  for (const Letter& letter : LettersFromUtf16(text, font->font)) {
+    if (letter.text == "\n") {
+      lines.emplace_back();
+    } else if (letter.text != "\r") {
+      lines.back().units.push_back({letter.text, 0});
+    }
+  }
+  constexpr std::array aligns = {0U, text_align::centre, text_align::right};
+  DeviceState& state = drawing_.State();
+  state.textAlign = aligns[static_cast<std::size_t>(format.across)];
+  const double lineHeight = -state.font.height * 1.2, height = lineHeight * static_cast<double>(lines.size());
+  Point at{box.left + box.Width() * format.across / 2, box.top + (box.Height() - height) * format.down / 2};
+  for (TextLine& line : lines) {
+    line.at = at;
+    drawing_.Text(line);
+    at.y += lineHeight;
+  }
+}
+
+// Letters with a place each.
+void Player::PlayGlyphs(Record& record) {
+  constexpr std::uint32_t areLetters = 1;
+  ByteReader& reader = record.reader;
+  const Brush brush = ReadFillBrush(record);
+  const std::uint32_t options = reader.U32Le();
+  reader.Skip(4);
+  const std::uint32_t count = reader.U32Le();
+  const auto* font = Get<FontObject>(record.ObjectNumber());
+  // The numbers of a font's own letters mean nothing without that font.
+  if (!font || !(options & areLetters) || brush.kind == Ink::Kind::None) return;
+  const std::size_t codes = std::min<std::size_t>(count, reader.Remaining() / 10);
+  const Bytes text = reader.Take(codes * 2);
+  const auto places = ReadPoints(reader, codes, false, false);
+  UseFont(*font, brush);
+  drawing_.State().textAlign = text_align::baseline;
+  std::size_t place = 0;
+  for (const Letter& letter : LettersFromUtf16(text, font->font)) {
+    if (place >= places.size()) return;
+    TextLine line;
+    line.at = places[place];
+    line.units = {{letter.text, 0}};
+    drawing_.Text(line);
+    place += letter.codes;
+  }
+}
+
+}  // namespace lumidex::metafile::plus
