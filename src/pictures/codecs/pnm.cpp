@@ -237,6 +237,14 @@ class PnmDecoder final : public Decoder {
     const std::size_t perPixel = perSample * static_cast<std::size_t>(header_.samples);
     bytes.resize(row.size() * perPixel);
     const std::size_t count = file.Read(bytes) / perPixel;
+    if (header_.most == 255 && header_.samples == 3) {
+      const std::uint8_t* in = bytes.data();
+      for (std::uint32_t& word : row.first(count)) {
+        word = Rgb(in[0], in[1], in[2]);
+        in += 3;
+      }
+      return count;
+    }
     for (std::size_t x = 0; x < count; ++x) {
       const std::uint8_t* in = bytes.data() + x * perPixel;
       std::array<std::uint8_t, 4> samples{};
