@@ -3,6 +3,7 @@
 #include "platform/qt/views/directory_view.h"
 #include "platform/qt/views/main_view.h"
 #include "platform/qt/views/preferences_view.h"
+#include "platform/qt/views/search_view.h"
 #include "platform/qt/views/splash_view.h"
 #include "platform/qt/views/stacked_view.h"
 #include "platform/qt/views/tip_view.h"
@@ -17,6 +18,7 @@ std::unique_ptr<FormView> MakeView(FormViews& views, Form& form) {
   if (name == "SelectPictureDirectoryForm") return std::make_unique<DirectoryView>(views, form);
   if (name == "frmPreferences") return std::make_unique<PreferencesView>(views, form);
   if (name == "frmSplash") return std::make_unique<SplashView>(views, form);
+  if (name == "frmlocatefiles") return std::make_unique<SearchView>(views, form);
   if (name == "frmTip") return std::make_unique<TipView>(views, form);
   return std::make_unique<StackedView>(views, form);
 }
