@@ -292,7 +292,7 @@ QWidget* ToolbarPage(FormView& view) {
   });
   // Room for the largest, so that nothing moves while the slider does.
   frame->setFixedSize(largestThumbnail + 10, largestThumbnail + 10);
-  inside->addWidget(picture, 0, Qt::AlignLeft | Qt::AlignTop);
+  inside->addWidget(picture, 0, Qt::AlignCenter);
   thumbnails->addWidget(frame, 0, Qt::AlignHCenter);
   thumbnails->addStretch();
   columns->addLayout(thumbnails, 1);

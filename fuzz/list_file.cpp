@@ -1,0 +1,40 @@
+// A list file, whatever it holds: however far its reading gets, the list that is then there comes back whole
+// from a file that the program writes.
+
+#include <cstdint>
+#include <cstdlib>
+
+#include "base/run_time_error.h"
+#include "core/list_files.h"
+#include "platform/headless/headless_platform.h"
+#include "windows/windows.h"
+
+namespace {
+
+using namespace lumidex;
+
+struct Program {
+  explicit Program(const std::string& list) {
+    WireWindows(app);
+    app.AppPath = "/opt/lumidex/";
+    platform.files.AddFile("/opt/lumidex/Lumidex.Lst", list);
+  }
+  HeadlessPlatform platform{'/'};
+  App app{platform.ports};
+};
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  Program first(std::string(data, data + size));
+  IgnoreError([&] { LoadStandardList(first.app); });
+  const ListBox& list = first.app.WPaper2.LstRight;
+  Program second(ListFileText(first.app));
+  LoadStandardList(second.app);
+  const ListBox& again = second.app.WPaper2.LstRight;
+  if (again.ListCount() != list.ListCount()) std::abort();
+  for (int position = 0; position < list.ListCount(); ++position) {
+    if (again.List(position) != list.List(position)) std::abort();
+  }
+  return 0;
+}
