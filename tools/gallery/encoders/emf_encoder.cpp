@@ -31,23 +31,29 @@ EmfWriter& EmfWriter::Record(unsigned type, std::initializer_list<std::int64_t> 
   return *this;
 }
 
+EmfWriter& EmfWriter::Creation(unsigned type, int number, std::initializer_list<std::int64_t> words,
+                               std::span<const std::uint8_t> tail) {
+  highestNumber_ = std::max(highestNumber_, static_cast<std::uint32_t>(number));
+  return Record(type, words, tail);
+}
+
 EmfWriter& EmfWriter::CreatePen(int number, unsigned style, int width, std::uint32_t color) {
-  return Record(38, {number, style, width, 0, Stored(color)});
+  return Creation(38, number, {number, style, width, 0, Stored(color)});
 }
 
 EmfWriter& EmfWriter::CreateGeometricPen(int number, unsigned style, int width, std::uint32_t color) {
-  return Record(95, {number, 0, 0, 0, 0, 0x10000 | style, width, 0, Stored(color), 0, 0});
+  return Creation(95, number, {number, 0, 0, 0, 0, 0x10000 | style, width, 0, Stored(color), 0, 0});
 }
 
 EmfWriter& EmfWriter::CreateBrush(int number, unsigned style, std::uint32_t color, int hatch) {
-  return Record(39, {number, style, Stored(color), hatch});
+  return Creation(39, number, {number, style, Stored(color), hatch});
 }
 
 EmfWriter& EmfWriter::CreateFont(int number, int height, int escapement, std::string_view family) {
   ByteWriter name;
   for (const char letter : family) name.U16Le(static_cast<unsigned char>(letter));
   name.Zeros(64 - std::min<std::size_t>(name.Size(), 64));
-  return Record(82, {number, height, 0, escapement, escapement, 400, 0, 0}, name.Take());
+  return Creation(82, number, {number, height, 0, escapement, escapement, 400, 0, 0}, name.Take());
 }
 
 EmfWriter& EmfWriter::Polygon(std::initializer_list<Corner> corners) {
@@ -105,13 +111,13 @@ std::vector<std::uint8_t> EmfWriter::File() const {
   file.U32Le(0x10000);
   file.U32Le(headerBytes + endBytes + static_cast<std::uint32_t>(records_.size()));
   file.U32Le(recordCount_ + 2);
-  file.U16Le(64);
+  file.U16Le(highestNumber_ + 1);
   file.U16Le(0);
   file.Zeros(12);
-  // A device of 960 by 960 pixels on 254 by 254 millimetres.
-  for (const std::uint32_t word : {960U, 960U, 254U, 254U}) file.U32Le(word);
+  // A device of 1440 by 960 pixels on 381 by 254 millimetres.
+  for (const std::uint32_t word : {1440U, 960U, 381U, 254U}) file.U32Le(word);
   file.Append(records_);
-  for (const std::uint32_t word : {14U, endBytes, 0U, 0U, endBytes}) file.U32Le(word);
+  for (const std::uint32_t word : {14U, endBytes, 0U, 16U, endBytes}) file.U32Le(word);
   return file.Take();
 }
 

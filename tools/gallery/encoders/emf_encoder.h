@@ -51,10 +51,15 @@ class EmfWriter {
   std::size_t Size() const { return records_.size(); }
 
  private:
+  // A record that makes object `number`.
+  EmfWriter& Creation(unsigned type, int number, std::initializer_list<std::int64_t> words,
+                      std::span<const std::uint8_t> tail = {});
+
   int width_;
   int height_;
   std::vector<std::uint8_t> records_;
   std::uint32_t recordCount_ = 0;
+  std::uint32_t highestNumber_ = 0;
 };
 
 }  // namespace lumidex

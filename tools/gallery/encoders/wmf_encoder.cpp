@@ -36,14 +36,17 @@ WmfWriter& WmfWriter::Window(int left, int top, int width, int height) {
 }
 
 WmfWriter& WmfWriter::CreatePen(unsigned style, int width, std::uint32_t color) {
+  ++objects_;
   return Record(0x02FA, {static_cast<int>(style), width, 0, LowWord(color), HighWord(color)});
 }
 
 WmfWriter& WmfWriter::CreateBrush(unsigned style, std::uint32_t color, int hatch) {
+  ++objects_;
   return Record(0x02FC, {static_cast<int>(style), LowWord(color), HighWord(color), hatch});
 }
 
 WmfWriter& WmfWriter::CreateFont(int height, int escapement, std::string_view family) {
+  ++objects_;
   ByteWriter name;
   name.Append(family);
   name.U8(0);
@@ -94,7 +97,7 @@ std::vector<std::uint8_t> WmfWriter::File(std::optional<Placing> placing) const 
   file.U16Le(headerWords);
   file.U16Le(0x0300);
   file.U32Le(headerWords + endWords + static_cast<std::uint32_t>(records_.size() / 2));
-  file.U16Le(16);
+  file.U16Le(objects_);
   file.U32Le(longestWords_);
   file.U16Le(0);
   file.Append(records_);

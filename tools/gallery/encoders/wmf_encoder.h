@@ -54,6 +54,7 @@ class WmfWriter {
  private:
   std::vector<std::uint8_t> records_;
   std::uint32_t longestWords_ = 3;
+  std::uint32_t objects_ = 0;  // made so far
 };
 
 }  // namespace lumidex
