@@ -9,6 +9,7 @@
 #include "pictures/byte_reader.h"
 #include "pictures/codecs/jpeg.h"
 #include "pictures/codecs/png.h"
+#include "pictures/dib_huffman.h"
 #include "pictures/dib_row.h"
 #include "pictures/dib_run_length.h"
 
@@ -42,6 +43,7 @@ DibCoding CodingOf(std::uint32_t compression, int bits, bool os2) {
       if (bits == 4) return DibCoding::Rle4;
       break;
     case 3:
+      if (os2 && bits == 1) return DibCoding::Huffman;
       if (!os2 && (bits == 16 || bits == 32)) return DibCoding::BitFields;
       break;
     case 4:
@@ -237,6 +239,11 @@ Pixels DecodeDib(const DibHeader& header, Bytes bytes, const PictureLimits& limi
       Pixels pixels = Pixels::Make(header.size, PixelFormat::Argb, 0, limits);
       DecodeDibRunLength(header, bytes, pixels);
       DeclareOpaqueIfSo(pixels);
+      return pixels;
+    }
+    case DibCoding::Huffman: {
+      Pixels pixels = Pixels::Make(header.size, PixelFormat::Rgb, blankPixel, limits);
+      DecodeDibHuffman(header, bytes, pixels);
       return pixels;
     }
     case DibCoding::Jpeg:

@@ -17,7 +17,7 @@
 namespace lumidex {
 
 // Jpeg and Png: the pixels are a whole file of that kind.
-enum class DibCoding { Plain, BitFields, Rle4, Rle8, Rle24, Jpeg, Png };
+enum class DibCoding { Plain, BitFields, Rle4, Rle8, Rle24, Huffman, Jpeg, Png };
 
 struct DibOptions {
   PictureLimits limits;

@@ -117,6 +117,24 @@ TEST(Bmp, Run_lengths_of_four_bits_alternate_two_colours) {
   EXPECT_THAT(WordsOf(DecodeBytes(file.Bytes())), ElementsAre(red, green, red, blue, green));
 }
 
+TEST(Bmp, Runs_of_single_bits_may_be_coded_as_a_fax_codes_them) {
+  auto file = Start({.width = 8, .height = 2, .bits = 1, .compression = 3, .colours = 2, .bytes = 64}, 8);
+  file.Fill(24).Add({0, 0, 255, 0}).Add({255, 0, 0, 0});
+  // A line's start, three white and five black; again, none white and eight black. The first line is the
+  // lower.
+  const std::string bits =
+      std::string("000000000001") + "1000" + "0011" + "000000000001" + "00110101" + "000101";
+  for (std::size_t i = 0; i < bits.size(); i += 8) {
+    unsigned byte = 0;
+    for (std::size_t k = i; k < i + 8; ++k) byte = byte << 1 | (k < bits.size() && bits[k] == '1' ? 1U : 0U);
+    file.U8(byte);
+  }
+  const auto words = WordsOf(DecodeBytes(file.Bytes()));
+  EXPECT_THAT(words,
+              ElementsAre(red, red, red, red, red, red, red, red, blue, blue, blue, red, red, red, red, red));
+  EXPECT_EQ(OpenBytes(file.Bytes())->Facts().bitsPerPixel, 1);
+}
+
 TEST(Bmp, A_run_ends_at_the_edge_of_its_row) {
   auto file = Start({.width = 2, .height = 2, .bits = 8, .compression = 1, .colours = 4}, 16);
   AddColours(file).Add({200, 1, 0, 0, 200, 2, 0, 1});
