@@ -58,9 +58,9 @@ void DecodeDibHuffman(const DibHeader& header, Bytes bytes, Pixels& pixels) {
     const int height = header.size.height;
     for (int y = 0; y < height; ++y) {
       const auto from = decoded.Row(header.topDown ? y : height - 1 - y);
-      // White runs are ones.
+      // White runs are zeros.
       std::ranges::transform(from, pixels.Row(y).begin(),
-                             [&](std::uint32_t word) { return header.colours[word == blankPixel ? 1 : 0]; });
+                             [&](std::uint32_t word) { return header.colours[word == blankPixel ? 0 : 1]; });
     }
   } catch (const RunTimeError& error) {
     if (error.Number() == ErrorNumber::OutOfMemory) throw;

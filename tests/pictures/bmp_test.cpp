@@ -130,8 +130,8 @@ TEST(Bmp, Runs_of_single_bits_may_be_coded_as_a_fax_codes_them) {
     file.U8(byte);
   }
   const auto words = WordsOf(DecodeBytes(file.Bytes()));
-  EXPECT_THAT(words,
-              ElementsAre(red, red, red, red, red, red, red, red, blue, blue, blue, red, red, red, red, red));
+  EXPECT_THAT(words, ElementsAre(blue, blue, blue, blue, blue, blue, blue, blue, red, red, red, blue, blue,
+                                 blue, blue, blue));
   EXPECT_EQ(OpenBytes(file.Bytes())->Facts().bitsPerPixel, 1);
 }
 
