@@ -39,7 +39,7 @@ class DibIconDecoder final : public Decoder {
     if (header_.bitsPerPixel == 32 && header_.coding == DibCoding::Plain) {
       DibHeader withAlpha = header_;
       withAlpha.masks[3] = 0xFF000000U;
-      const Pixels pixels = DecodeDib(withAlpha, bytes, limits_);
+      Pixels pixels = DecodeDib(withAlpha, bytes, limits_);
       if (HasVisiblePixel(pixels)) return pixels;
     }
     // Without alpha of its own the mask says what is seen.

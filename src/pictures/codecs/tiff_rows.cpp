@@ -200,8 +200,8 @@ void TiffRowReader::Unpack(const std::uint8_t* bytes, std::size_t count, std::ui
   if (layout_.sampleFormat == SAMPLEFORMAT_IEEEFP) {
     const double low = low_, range = high_ - low_;
     ForEachNumber(layout_.bits, bytes, count, [&](std::size_t i, double value) {
-      const double share = std::min(std::max(0.0, (value - low) / range), 1.0);  // no number gives 0
-      into[i] = static_cast<std::uint16_t>(static_cast<int>(share * 255 + 0.5));
+      const double share = std::min(std::max(0.0, (value - low) / range), 1.0);       // no number gives 0
+      into[i] = static_cast<std::uint16_t>((static_cast<int>(share * 510) + 1) / 2);  // rounded
     });
     return;
   }

@@ -32,9 +32,11 @@ constexpr double largestDrawnLetter = 64;
 // Cuts a box of whole pixels into bands of at most about `pixels`, from its top.
 template <class Visit>
 void ForEachBand(const Box& box, double pixels, Visit visit) {
-  const double rows = std::max(1.0, std::floor(pixels / box.Width()));
-  for (double top = box.top; top < box.bottom; top += rows)
-    visit(Box{box.left, top, box.right, std::min(box.bottom, top + rows)});
+  const int bottom = static_cast<int>(box.bottom);
+  const int rows = std::max(1, static_cast<int>(pixels / box.Width()));
+  for (int top = static_cast<int>(box.top); top < bottom; top += rows)
+    visit(Box{box.left, static_cast<double>(top), box.right,
+              static_cast<double>(std::min(bottom, top + rows))});
 }
 
 }  // namespace
@@ -264,8 +266,9 @@ void Canvas::Transfer(const Clip& clip, const Path& area, int rasterOperation, c
 
 void Canvas::DrawText(const Clip& clip, const TextFace& face, const std::string& text, const Matrix& toSheet,
                       std::uint32_t color) {
-  const double size = toSheet.MeanScale();
-  if (!toSheet.IsUsable() || !(size > 0.2) || text.empty()) return;
+  const double size = std::max(toSheet.HorizontalScale(), toSheet.VerticalScale());
+  const double least = std::min(toSheet.HorizontalScale(), toSheet.VerticalScale());
+  if (!toSheet.IsUsable() || !(least > 0.1) || !(toSheet.MeanScale() > 0.2) || text.empty()) return;
   const double letters = static_cast<double>(text.size());
   const LetterShape shape{face.Handle(), toSheet.xx, toSheet.yx, toSheet.xy, toSheet.yy};
   const bool kept = std::exchange(lastLetters_, shape) == shape && size <= largestDrawnLetter;
