@@ -66,7 +66,8 @@ struct Search {
                  headless.settings,
                  headless.loader,
                  headless.folders,
-                 headless.browser};
+                 headless.browser,
+                 headless.readAhead};
   App app{ports};
 
   int Run(const std::string& directory) {

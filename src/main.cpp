@@ -3,6 +3,7 @@
 #include "core/default_report.h"
 #include "platform/posix/early_picture.h"
 #include "platform/posix/file_picture_loader.h"
+#include "platform/posix/idle_read_ahead.h"
 #include "platform/posix/posix_desktop.h"
 #include "platform/posix/posix_file_system.h"
 #include "platform/posix/posix_process.h"
@@ -24,7 +25,8 @@ int main(int argc, char** argv) {
   PosixSettingsStore settings;
   FilePictureLoader loader(files);
   PosixSpecialFolders folders;
-  QtDesktop desktop(argc, argv, {files, process, registry, shell, settings, loader, folders});
+  IdleReadAhead ahead(files);
+  QtDesktop desktop(argc, argv, {files, process, registry, shell, settings, loader, folders, ahead});
 
   App app(desktop.GetPlatform());
   desktop.Attach(app.Forms());

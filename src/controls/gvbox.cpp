@@ -79,18 +79,23 @@ void Gvbox::SetFileName(const std::string& path) {
 }
 
 lumidex::Picture Gvbox::Open(const std::string& path) {
-  const FileSystem& files = Owner().GetPlatform().files;
-  const auto facts = files.Look(path);
+  Platform& platform = Owner().GetPlatform();
+  const auto facts = platform.files.Look(path);
   const std::uint64_t stamp = facts ? facts->stamp : 0;
   const DecoderOptions decoder = ChosenDecoding();
-  const bool same =
-      stamp != 0 && opened_.stamp == stamp && opened_.path == path && opened_.decoder == decoder;
-  if (!same) {
+  if (opened_.IsFor(path, stamp, decoder)) return opened_.picture;
+  lumidex::Picture picture = platform.readAhead.Find(path, stamp, decoder);
+  if (picture.IsEmpty()) {
     OpenOptions options;
     options.decoder = decoder;
-    opened_ = {path, stamp, decoder, OpenPicture(files, path, options)};
+    picture = OpenPicture(platform.files, path, options);
   }
-  return opened_.picture;
+  opened_ = {path, stamp, decoder, picture};
+  return picture;
+}
+
+void Gvbox::ReadFilesAhead(std::vector<std::string> paths, ReadAhead::ShownSize shown) {
+  Owner().GetPlatform().readAhead.Want(opened_, {std::move(paths), ChosenDecoding(), std::move(shown)});
 }
 
 DecoderOptions Gvbox::ChosenDecoding() const {

@@ -9,8 +9,8 @@
 #include <algorithm>
 
 #include "controls/control.h"
-#include "pictures/decoder_options.h"
 #include "pictures/jpeg_writer.h"
+#include "ports/read_ahead.h"
 
 namespace lumidex {
 
@@ -32,6 +32,10 @@ class Gvbox final : public Control {
   // A picture of that path which somebody has opened already: the next SetFileName takes it as long as the
   // file on the disk is the same.
   void OfferOpened(const std::string& path, const lumidex::Picture& picture);
+
+  // Wishes to have these files decoded while the program idles, as they will be shown; see
+  // ports/read_ahead.h. The file opened last is kept for going back to it.
+  void ReadFilesAhead(std::vector<std::string> paths, ReadAhead::ShownSize shown);
 
   // The working image as a picture object; with a ThumbnailSize a reduced copy that fits a square of so many
   // pixels, never enlarged, in the style of Appearance.
@@ -125,16 +129,9 @@ class Gvbox final : public Control {
   template <class Operation>
   void Change(Operation operation);
 
-  // The file opened last, kept with its decoded pixels: most files are asked for again, at another size.
-  struct OpenedFile {
-    std::string path;
-    std::uint64_t stamp = 0;
-    DecoderOptions decoder;
-    lumidex::Picture picture;
-  };
-
   std::string fileName_;
-  OpenedFile opened_;
+  // The file opened last, kept with its decoded pixels: most files are asked for again, at another size.
+  OpenedPicture opened_;
   lumidex::Picture working_;
   bool failed_ = false;
   int fileBits_ = 0;

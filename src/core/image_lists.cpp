@@ -95,6 +95,7 @@ void ShowDisplayEntry(App& app, const std::string& path) {
     if (FileExists(app, path)) SelectDisplayEntry(app, app.CurrentIndex - 1);
     ShowFile(app, path);
     app.platform.events.Yield();
+    ReadNeighboursAhead(app);
   });
 }
 
@@ -174,6 +175,7 @@ void ZapDisplayList(App& app) {
   window.Image1.Move(0, 0, window.Picture1.ScaleWidth(), window.Picture1.ScaleHeight());
   window.Image1.Picture = Picture();
   window.Image1.Visible = true;
+  ReadNeighboursAhead(app);
   UpdateEnableState(app);
   app.platform.events.Yield();
 }

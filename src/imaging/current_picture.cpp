@@ -96,6 +96,34 @@ void DisplayCurrentImage(App& app, const std::string& path, bool alreadyLoaded, 
   events.Yield();
 }
 
+void ReadNeighboursAhead(App& app) {
+  const WPaper2Window& window = app.WPaper2;
+  const ListBox& list = window.LstRight;
+  const int count = list.ListCount(), current = list.ListIndex();
+  std::vector<std::string> neighbours;
+  for (const int step : {1, count - 1}) {
+    if (current < 0 || count < 2) break;
+    const std::string path = list.List((current + step) % count);
+    if (path == list.Text() || (!neighbours.empty() && neighbours.front() == path)) continue;
+    // Those come through the platform's own loader.
+    if (InStr(UCase(path), ".GIF") == 0) neighbours.push_back(path);
+  }
+  const Size area{static_cast<int>(window.Picture1.ScaleWidth()),
+                  static_cast<int>(window.Picture1.ScaleHeight())};
+  const bool stretch = app.frmPreferences.chkStretch.Value == 1;
+  const float zoom = GetZoomFactor(app);
+  app.checkjpg.Picture1.ReadFilesAhead(std::move(neighbours), [=](Size full) {
+    if (stretch) return area;
+    Size shown = full;
+    IgnoreError([&] {
+      std::int16_t width = Zoomed(ToInt16(full.width), zoom), height = Zoomed(ToInt16(full.height), zoom);
+      FitToArea(width, height, ToInt16(area.width), ToInt16(area.height));
+      shown = {width, height};
+    });
+    return shown;
+  });
+}
+
 void LoadPictureFile(App& app, const std::string& path) {
   try {
     app.checkjpg.Picture1.SetFileName(path);

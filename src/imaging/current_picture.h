@@ -10,6 +10,10 @@ namespace lumidex {
 // then.
 void DisplayCurrentImage(App& app, const std::string& path, bool alreadyLoaded, float zoom);
 
+// While the program idles, has the pictures decoded that stand next to the selected entry of the Display
+// list: first the one that comes next, then the one before, round the ends as the steps go.
+void ReadNeighboursAhead(App& app);
+
 // Loads the file into the working image and gives Image1 its picture; files with ".GIF" anywhere in their
 // path come through the platform's own loader. Errors are dropped.
 void LoadPictureFile(App& app, const std::string& path);

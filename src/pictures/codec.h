@@ -19,6 +19,7 @@ struct PictureFacts {
   int bitsPerPixel = 24;    // 1, 2, 4, 8, 16, 24 or 32: the stored depth raised to what a bitmap can hold
   std::string_view format;  // "JPEG", "PCX": for people
   bool scalable = false;    // a drawing: any size asked for is drawn sharp
+  bool reducible = false;   // decoding for a smaller size costs less memory
 };
 
 struct OpenOptions {

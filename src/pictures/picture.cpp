@@ -1,5 +1,6 @@
 #include "pictures/picture.h"
 
+#include <atomic>
 #include <mutex>
 #include <utility>
 
@@ -10,7 +11,13 @@ struct Picture::State {
   std::unique_ptr<Decoder> decoder;  // none when made from pixels
   PictureFacts facts;
   std::mutex mutex;
-  Pixels pixels;  // the last answer
+  Pixels pixels;                      // the last answer
+  std::atomic<std::size_t> bytes{0};  // of the pixels; read without the mutex, which a decode holds long
+
+  void Keep(Pixels answer) {
+    pixels = std::move(answer);
+    bytes = pixels.ByteCount();
+  }
 };
 
 namespace {
@@ -38,7 +45,7 @@ Picture Picture::FromPixels(Pixels pixels, int bitsPerPixel) {
   auto state = std::make_shared<State>();
   state->facts.size = pixels.GetSize();
   state->facts.bitsPerPixel = bitsPerPixel;
-  state->pixels = std::move(pixels);
+  state->Keep(std::move(pixels));
   return Picture(std::move(state));
 }
 
@@ -60,6 +67,14 @@ bool Picture::IsScalable() const {
   return state_ && state_->facts.scalable;
 }
 
+bool Picture::IsReducible() const {
+  return state_ && state_->facts.reducible;
+}
+
+std::size_t Picture::HeldBytes() const {
+  return state_ ? state_->bytes.load() : 0;
+}
+
 Pixels Picture::FullPixels() const {
   return PixelsFor({});
 }
@@ -76,7 +91,7 @@ Pixels Picture::PixelsFor(Size wanted) const {
   const bool exact = state_->facts.scalable && wanted.width > 0 && wanted.height > 0;
   const Size have = state_->pixels.GetSize();
   const bool good = exact ? have == wanted : Covers(have, wanted, state_->facts.size);
-  if (!good && state_->decoder) state_->pixels = state_->decoder->Decode({wanted});
+  if (!good && state_->decoder) state_->Keep(state_->decoder->Decode({wanted}));
   return state_->pixels;
 }
 

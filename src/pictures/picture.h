@@ -26,6 +26,8 @@ class Picture {
   int BitsPerPixel() const;
   std::string_view Format() const;
   bool IsScalable() const;
+  // Decoding it for a smaller size costs less memory.
+  bool IsReducible() const;
 
   // All pixels; decoded once and kept as long as the picture lives. Empty for the empty picture.
   Pixels FullPixels() const;
@@ -37,6 +39,9 @@ class Picture {
   Pixels PixelsFor(Size wanted) const;
   // True when PixelsFor(wanted) would answer without decoding.
   bool HasPixelsFor(Size wanted) const;
+
+  // Bytes of the pixels that are kept. Never waits for a decode that is running elsewhere.
+  std::size_t HeldBytes() const;
 
   // The same picture object (not the same content).
   bool operator==(const Picture& other) const { return state_ == other.state_; }

@@ -27,11 +27,15 @@ std::vector<std::uint8_t> PaletteFile(const FileSystem& files, const std::string
 
 }  // namespace
 
-Picture OpenPicture(const FileSystem& files, const std::string& path, const OpenOptions& options) {
+PictureData OpenPictureData(const FileSystem& files, const std::string& path) {
   const auto start = ExtensionStart(path, files.Separator());
   PictureData data(files.Open(path), LCase(path.substr(start)));
   if (data.Extension() == ".cut") data.paletteFile = PaletteFile(files, path.substr(0, start));
-  return Picture::Open(data, options);
+  return data;
+}
+
+Picture OpenPicture(const FileSystem& files, const std::string& path, const OpenOptions& options) {
+  return Picture::Open(OpenPictureData(files, path), options);
 }
 
 }  // namespace lumidex

@@ -7,6 +7,9 @@
 
 namespace lumidex {
 
+// The file as decoders want it. Raises what FileSystem::Open raises.
+PictureData OpenPictureData(const FileSystem& files, const std::string& path);
+
 // Raises what FileSystem::Open raises, and InvalidPicture when the file is no picture.
 Picture OpenPicture(const FileSystem& files, const std::string& path, const OpenOptions& options = {});
 

@@ -4,6 +4,7 @@
 #include "ports/dialogs.h"
 #include "ports/event_queue.h"
 #include "ports/file_system.h"
+#include "ports/read_ahead.h"
 #include "ports/services.h"
 #include "ports/window_control.h"
 
@@ -24,6 +25,7 @@ struct Platform {
   PictureLoader& loader;
   SpecialFolders& folders;
   Browser& browser;
+  ReadAhead& readAhead;
 };
 
 }  // namespace lumidex

@@ -1,8 +1,10 @@
 #include "imaging/current_picture.h"
 
 #include "base/run_time_error.h"
+#include "base/text.h"
 #include "core/image_lists.h"
 #include "core/test_program.h"
+#include "gallery/encoders/jpeg_encoder.h"
 
 namespace lumidex {
 namespace {
@@ -197,6 +199,85 @@ TEST_F(CurrentPicture, A_picture_deleted_between_search_and_display_is_named_as_
   platform.files.Remove("C:\\Pics\\p0.bmp");
   app.WPaper2.LstRight.SetListIndex(0);
   EXPECT_EQ(PanelText(2), "P0.Bmp - Not Available");
+}
+
+class Neighbours : public CurrentPicture {
+ protected:
+  void SetUp() override {
+    CurrentPicture::SetUp();
+    SetArea(400, 300);
+    FillDisplayList(4);
+  }
+  // Which of the four pictures have been read ahead or were shown last.
+  std::string Ready() {
+    std::string numbers;
+    for (int i = 0; i < 4; ++i) {
+      const std::string path = DisplayText(i);
+      const auto facts = platform.files.Look(path);
+      if (!platform.readAhead.Find(path, facts->stamp, {}).IsEmpty()) numbers += Number(i);
+    }
+    return numbers;
+  }
+};
+
+TEST_F(Neighbours, The_next_picture_is_read_first_then_the_one_before) {
+  app.WPaper2.LstRight.SetListIndex(1);
+  EXPECT_TRUE(platform.readAhead.RunNext());
+  EXPECT_EQ(Ready(), "12");
+  app.WPaper2.LstRight.SetListIndex(2);
+  EXPECT_TRUE(platform.readAhead.RunNext());
+  EXPECT_FALSE(platform.readAhead.RunNext());  // the one before was shown last
+  EXPECT_EQ(Ready(), "123");
+}
+
+TEST_F(Neighbours, They_go_round_the_ends_of_the_list) {
+  app.WPaper2.LstRight.SetListIndex(0);
+  while (platform.readAhead.RunNext()) {
+  }
+  EXPECT_EQ(Ready(), "013");
+}
+
+TEST_F(Neighbours, The_step_takes_what_was_read_ahead) {
+  app.WPaper2.LstRight.SetListIndex(0);
+  while (platform.readAhead.RunNext()) {
+  }
+  NextImage(app);
+  EXPECT_EQ(app.CurrentImagePath, DisplayText(1));
+  EXPECT_NE(app.checkjpg.Picture1.Picture().HeldBytes(), 0U);
+}
+
+TEST_F(Neighbours, A_file_replaced_since_is_shown_as_it_is_now) {
+  app.WPaper2.LstRight.SetListIndex(0);
+  while (platform.readAhead.RunNext()) {
+  }
+  platform.files.AddFile(DisplayText(1), BitmapFile(77, 55));
+  NextImage(app);
+  EXPECT_EQ(app.checkjpg.Picture1.PictureWidth(), 77);
+}
+
+TEST_F(Neighbours, A_single_entry_has_none) {
+  ZapDisplayList(app);
+  FillDisplayList(1);
+  app.WPaper2.LstRight.SetListIndex(0);
+  EXPECT_FALSE(platform.readAhead.RunNext());
+}
+
+TEST_F(Neighbours, An_emptied_list_lets_them_go) {
+  app.WPaper2.LstRight.SetListIndex(0);
+  while (platform.readAhead.RunNext()) {
+  }
+  const std::string path = DisplayText(1);
+  ZapDisplayList(app);
+  EXPECT_TRUE(platform.readAhead.Find(path, platform.files.Look(path)->stamp, {}).IsEmpty());
+}
+
+TEST_F(Neighbours, They_are_decoded_at_the_size_they_will_be_shown_at) {
+  const auto bytes = EncodeJpeg(Pixels::Make({1600, 1200}, PixelFormat::Rgb, 0xFF336699), 90);
+  platform.files.AddFile(DisplayText(1), {bytes.begin(), bytes.end()});
+  app.WPaper2.LstRight.SetListIndex(0);
+  EXPECT_TRUE(platform.readAhead.RunNext());
+  NextImage(app);
+  EXPECT_EQ(app.checkjpg.Picture1.Picture().HeldBytes(), 400U * 300 * 4);
 }
 
 }  // namespace

@@ -86,6 +86,7 @@ class JpegDecoder final : public Decoder {
     constexpr unsigned usualExif = 2048, anyExif = 0xFFFF;
     if (ReadFacts(usualExif).beyond) ReadFacts(anyExif);
     facts_.format = "JPEG";
+    facts_.reducible = true;
   }
 
   Pixels Decode(const DecodeRequest& request) const override {

@@ -3,11 +3,9 @@
 namespace lumidex {
 
 HeadlessPlatform::HeadlessPlatform(char separator)
-    : files(separator, log, [this] { return events.SecondsSince1970(); }), ports{files,     events,   dialogs,
-                                                                                 windows,   events,   process,
-                                                                                 clipboard, desktop,  tray,
-                                                                                 shell,     settings, loader,
-                                                                                 folders,   browser} {
+    : files(separator, log, [this] { return events.SecondsSince1970(); }),
+      ports{files, events, dialogs,  windows, events,  process, clipboard, desktop,
+            tray,  shell,  settings, loader,  folders, browser, readAhead} {
   const bool drives = separator == '\\';
   process.executableFolder = drives ? "C:\\Lumidex" : "/opt/lumidex";
   folders.desktop = drives ? "C:\\Desktop" : "/home/ada/Desktop";

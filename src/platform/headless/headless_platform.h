@@ -29,6 +29,8 @@ struct HeadlessPlatform {
   OpeningPictureLoader loader{files, log};
   FixedFolders folders;
   MemoryBrowser browser{log};
+  // Reads nothing ahead unless a test lets it: scenarios are the same with and without.
+  ReadAhead readAhead{files};
 
   // All of them as the program is given them.
   Platform ports;

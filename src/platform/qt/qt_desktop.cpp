@@ -11,6 +11,7 @@
 #include "platform/qt/event_queue.h"
 #include "platform/qt/form_views.h"
 #include "platform/qt/missing_services.h"
+#include "platform/qt/units.h"
 #include "platform/qt/views/view_factory.h"
 #include "platform/qt/window_control.h"
 
@@ -35,11 +36,14 @@ struct QtDesktop::Parts {
       : application(argc, argv), platform{system.files,   events,         dialogs,         windows,
                                           clock,          system.process, clipboard,       system.desktop,
                                           tray,           system.shell,   system.settings, system.loader,
-                                          system.folders, browser} {
+                                          system.folders, browser,        system.readAhead} {
     // Only the program itself ends the process: it lives on while all its windows are hidden.
     QApplication::setQuitOnLastWindowClosed(false);
-    // The icon can wait until the first window stands.
-    QTimer::singleShot(0, &application, [] { QApplication::setWindowIcon(ApplicationIcon()); });
+    // What can wait until the first window stands.
+    QTimer::singleShot(0, &application, [&ahead = system.readAhead] {
+      QApplication::setWindowIcon(ApplicationIcon());
+      ahead.SetDevicePixels(Units::For(QApplication::font()).factor * qApp->devicePixelRatio());
+    });
   }
 
   Attributes attributes;

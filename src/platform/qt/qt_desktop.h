@@ -18,6 +18,7 @@ struct SystemPorts {
   SettingsStore& settings;
   PictureLoader& loader;
   SpecialFolders& folders;
+  ReadAhead& readAhead;
 };
 
 class FormViews;
