@@ -33,6 +33,11 @@ class PngReader {
     png_set_user_limits(png_, mostSide, mostSide);
     png_set_chunk_malloc_max(png_, mostChunk);
     png_set_chunk_cache_max(png_, mostCached);
+    // Nobody asks for these, and of some libpng makes room for as much as they say they hold.
+    constexpr char skipped[] = "tEXt\0zTXt\0iTXt\0eXIf\0sPLT\0pCAL\0sCAL\0hIST\0bKGD\0oFFs\0pHYs\0tIME";
+    constexpr int nameBytes = 5;
+    png_set_keep_unknown_chunks(png_, PNG_HANDLE_CHUNK_NEVER, reinterpret_cast<png_const_bytep>(skipped),
+                                static_cast<int>(sizeof skipped) / nameBytes);
     // A wrong check sum in a chunk that the picture does not need is no reason to lose the picture, nor is
     // one at the very end of the pixels.
     png_set_crc_action(png_, PNG_CRC_WARN_USE, PNG_CRC_WARN_DISCARD);
