@@ -75,7 +75,7 @@ std::string ListFileText(const App& app) {
 
 void SaveStandardList(App& app) {
   if (app.WPaper2.LstRight.ListCount() == 0) return;
-  app.platform.files.WriteAll(app.AppPath + standardListName, ListFileText(app));
+  app.platform.files.WriteOver(app.AppPath + standardListName, ListFileText(app));
 }
 
 void LoadStandardList(App& app) {

@@ -77,7 +77,7 @@ void ApplyItem(App& app, const std::string& item) {
 
 void WriteSettings(App& app) {
   const std::string path = GetAppPath(app) + fileName;
-  app.platform.files.WriteAll(path, SettingsText(app));
+  app.platform.files.WriteOver(path, SettingsText(app));
 }
 
 void ReadSettings(App& app) {

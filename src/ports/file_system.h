@@ -67,6 +67,9 @@ class FileSystem {
   // `produce` raises keeps the old content too.
   using Produce = std::function<void(ByteSink& sink)>;
   virtual void Write(const std::string& path, const Produce& produce) = 0;
+  // The same without keeping anything: what the file held is gone the moment it is opened, and after DiskFull
+  // it is empty, so that others have the room.
+  virtual void WriteOver(const std::string& path, std::string_view content) = 0;
   virtual void Remove(const std::string& path) = 0;
   virtual void MakeDirectory(const std::string& path) = 0;
 };

@@ -99,10 +99,10 @@ TEST_F(SettingsFile, A_grey_alternate_background_is_not_on) {
 }
 
 TEST_F(SettingsFile, An_unwritable_folder_and_a_full_disk_are_errors) {
-  platform.files.SetFreeBytes(10);
-  EXPECT_THROW(WriteSettings(app), RunTimeError);
-  platform.files.SetFreeBytes({});
   platform.files.SetReadOnly("C:\\Lumidex", true);
+  EXPECT_THROW(WriteSettings(app), RunTimeError);
+  platform.files.SetReadOnly("C:\\Lumidex", false);
+  platform.files.SetFreeBytes(10);
   EXPECT_THROW(WriteSettings(app), RunTimeError);
 }
 

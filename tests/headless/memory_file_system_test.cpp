@@ -130,6 +130,15 @@ TEST_F(Files, A_full_disk_refuses_and_keeps_the_old_content) {
   drives.WriteAll("C:\\b", "1234567");
 }
 
+TEST_F(Files, Writing_over_a_file_leaves_it_empty_when_the_disk_is_full) {
+  drives.AddFile("C:\\a", "old!");
+  drives.SetFreeBytes(3);
+  EXPECT_EQ(NumberRaisedBy([&] { drives.WriteOver("C:\\a", "12345678"); }), 61);
+  EXPECT_EQ(drives.ReadAll("C:\\a"), "");
+  drives.WriteOver("C:\\a", "1234567");
+  EXPECT_EQ(drives.ReadAll("C:\\a"), "1234567");
+}
+
 TEST_F(Files, A_writer_that_fails_half_way_keeps_the_old_content) {
   drives.WriteAll("C:\\a", "old");
   EXPECT_EQ(NumberRaisedBy([&] {

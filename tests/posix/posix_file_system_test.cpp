@@ -15,6 +15,27 @@
 namespace lumidex {
 namespace {
 
+// A limit on the length of files stands in for a disk that fills up half way.
+class SmallFilesOnly {
+ public:
+  SmallFilesOnly() : handler_(std::signal(SIGXFSZ, SIG_IGN)) {
+    getrlimit(RLIMIT_FSIZE, &before_);
+    rlimit small = before_;
+    small.rlim_cur = 1000;
+    setrlimit(RLIMIT_FSIZE, &small);
+  }
+  ~SmallFilesOnly() {
+    setrlimit(RLIMIT_FSIZE, &before_);
+    std::signal(SIGXFSZ, handler_);
+  }
+  SmallFilesOnly(const SmallFilesOnly&) = delete;
+  SmallFilesOnly& operator=(const SmallFilesOnly&) = delete;
+
+ private:
+  rlimit before_{};
+  void (*handler_)(int);
+};
+
 struct PosixFiles : testing::Test {
   TemporaryFolder folder;
   PosixFileSystem files;
@@ -170,20 +191,26 @@ TEST_F(PosixFiles, Writing_where_there_is_no_directory_or_onto_one_raises_its_nu
 
 TEST_F(PosixFiles, A_full_disk_is_told_and_keeps_the_old_content) {
   EXPECT_EQ(NumberRaisedBy([&] { files.WriteAll("/dev/full", "x"); }), 61);
-  // A limit on the length of files stands in for a disk that fills up half way.
   Put(folder / "a", "old");
-  rlimit before{};
-  ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
-  const auto handler = std::signal(SIGXFSZ, SIG_IGN);
-  rlimit small = before;
-  small.rlim_cur = 1000;
-  ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
-  const int number = NumberRaisedBy([&] { files.WriteAll(folder / "a", std::string(5000, 'x')); });
-  setrlimit(RLIMIT_FSIZE, &before);
-  std::signal(SIGXFSZ, handler);
-  EXPECT_EQ(number, 61);
+  const SmallFilesOnly limit;
+  EXPECT_EQ(NumberRaisedBy([&] { files.WriteAll(folder / "a", std::string(5000, 'x')); }), 61);
   EXPECT_EQ(Get(folder / "a"), "old");
   EXPECT_EQ(files.ReadDirectory(folder.Path()).size(), 1U);
+}
+
+TEST_F(PosixFiles, Writing_over_a_file_loses_its_content_at_once_and_leaves_it_empty_on_a_full_disk) {
+  Put(folder / "a", "old");
+  files.WriteOver(folder / "a", "new");
+  EXPECT_EQ(Get(folder / "a"), "new");
+  const SmallFilesOnly limit;
+  EXPECT_EQ(NumberRaisedBy([&] { files.WriteOver(folder / "a", std::string(5000, 'x')); }), 61);
+  EXPECT_EQ(Get(folder / "a"), "");
+  EXPECT_EQ(files.ReadDirectory(folder.Path()).size(), 1U);
+}
+
+TEST_F(PosixFiles, Writing_over_what_may_not_be_written_raises_its_number) {
+  EXPECT_EQ(NumberRaisedBy([&] { files.WriteOver(folder / "none/a", ""); }), 76);
+  EXPECT_EQ(NumberRaisedBy([&] { files.WriteOver(folder.Path(), ""); }), 75);
 }
 
 TEST_F(PosixFiles, A_writer_that_fails_half_way_keeps_the_old_content_and_leaves_nothing_behind) {

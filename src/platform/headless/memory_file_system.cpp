@@ -226,6 +226,15 @@ void MemoryFileSystem::Write(const std::string& path, const Produce& produce) {
   Touch(*file);
 }
 
+void MemoryFileSystem::WriteOver(const std::string& path, std::string_view content) {
+  try {
+    WriteAll(path, content);
+  } catch (const RunTimeError& error) {
+    if (error.Number() == ErrorNumber::DiskFull) Write(path, [](ByteSink&) {});
+    throw;
+  }
+}
+
 void MemoryFileSystem::Remove(const std::string& path) {
   log_.Add("Remove " + path);
   const PathParts parts = Parts(path);

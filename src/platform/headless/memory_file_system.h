@@ -29,6 +29,7 @@ class MemoryFileSystem final : public FileSystem {
   std::optional<FileFacts> Look(const std::string& path) const override;
   std::shared_ptr<const ByteSource> Open(const std::string& path) const override;
   void Write(const std::string& path, const Produce& produce) override;
+  void WriteOver(const std::string& path, std::string_view content) override;
   void Remove(const std::string& path) override;
   void MakeDirectory(const std::string& path) override;
 

@@ -198,6 +198,10 @@ void PosixFileSystem::Write(const std::string& path, const Produce& produce) {
   WriteFile(path, produce);
 }
 
+void PosixFileSystem::WriteOver(const std::string& path, std::string_view content) {
+  OverwriteFile(path, content);
+}
+
 void PosixFileSystem::Remove(const std::string& path) {
   if (unlink(path.c_str()) == 0) return;
   if (errno == ENOENT) throw RunTimeError(ErrorNumber::FileNotFound);

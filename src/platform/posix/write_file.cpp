@@ -66,7 +66,14 @@ void WriteInPlace(const std::string& path, const Produce& produce) {
   Descriptor file(open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NONBLOCK, 0666));
   if (!file.IsOpen()) RaiseSystemError(errno, path);
   FileSink sink(file, path);
-  produce(sink);
+  try {
+    produce(sink);
+    if (fsync(file.Number()) != 0 && errno != EINVAL) RaiseSystemError(errno, path);
+  } catch (...) {
+    // A part is of no use to anybody. A device has no length, which is no second error.
+    static_cast<void>(ftruncate(file.Number(), 0) == 0);
+    throw;
+  }
   if (file.Close() != 0) RaiseSystemError(errno, path);
 }
 
@@ -106,16 +113,29 @@ class TemporaryFile {
   bool named_ = false;
 };
 
+// False when there is no such file yet. Raises for one that can not be written: a read-only file is not to be
+// replaced, though the directory would let it.
+bool LookAtTarget(const std::string& target, struct stat& facts) {
+  if (stat(target.c_str(), &facts) != 0) return false;
+  if (S_ISDIR(facts.st_mode)) RaiseSystemError(EACCES, target);
+  if (access(target.c_str(), W_OK) != 0) throw RunTimeError(ErrorNumber::PermissionDenied);
+  return true;
+}
+
 }  // namespace
+
+void OverwriteFile(const std::string& path, std::string_view content) {
+  const std::string target = BehindLinks(path);
+  struct stat before {};
+  LookAtTarget(target, before);
+  WriteInPlace(target, [content](ByteSink& sink) { sink.WriteText(content); });
+}
 
 void WriteFile(const std::string& path, const Produce& produce) {
   const std::string target = BehindLinks(path);
   struct stat before {};
-  const bool exists = stat(target.c_str(), &before) == 0;
-  if (exists && S_ISDIR(before.st_mode)) RaiseSystemError(EACCES, path);
+  const bool exists = LookAtTarget(target, before);
   if (exists && !S_ISREG(before.st_mode)) return WriteInPlace(target, produce);
-  // A read-only file is not to be replaced, though the directory would let it.
-  if (exists && access(target.c_str(), W_OK) != 0) throw RunTimeError(ErrorNumber::PermissionDenied);
 
   TemporaryFile file(target);
   if (!file.File().IsOpen()) {

@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <string>
+#include <string_view>
 
 #include "pictures/byte_sink.h"
 
@@ -13,5 +14,9 @@ namespace lumidex {
 // file can be made beside it, or it is a device, it is written in place. Raises PathNotFound, PathFileAccess,
 // PermissionDenied or DiskFull, and what `produce` raises; keeps the old content then.
 void WriteFile(const std::string& path, const std::function<void(ByteSink&)>& produce);
+
+// Writes the file in place: what it held is gone when it is opened, and it stays empty when the content does
+// not fit. Raises as WriteFile does.
+void OverwriteFile(const std::string& path, std::string_view content);
 
 }  // namespace lumidex
