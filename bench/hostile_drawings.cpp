@@ -148,7 +148,7 @@ void TileBrush(EmfWriter& writer, int number, int width, int height, int bits) {
   const std::vector<std::uint8_t> rows(
       static_cast<std::size_t>((width * bits + 31) / 32 * 4) * static_cast<std::size_t>(height), 0x5A);
   const std::vector<std::uint8_t> bitmap = Bitmap(width, height, bits, 0, 1 << bits, rows);
-  const auto headerBytes = static_cast<std::int64_t>(40 + 4 * (1 << bits));
+  const std::int64_t headerBytes = 40 + (std::int64_t{4} << bits);
   writer.Record(94, {number, 0, 32, headerBytes, 32 + headerBytes, static_cast<std::int64_t>(rows.size())},
                 bitmap);
 }
