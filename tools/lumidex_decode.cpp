@@ -122,7 +122,7 @@ void DecodeFile(const Arguments& arguments, std::size_t place) {
     if (!arguments.out.empty()) WritePam(pixels, arguments.out + "/" + std::to_string(place + 1) + ".pam");
   }
   std::cout << path << '\t' << size.width << '\t' << size.height << '\t' << facts.bitsPerPixel << '\t'
-            << facts.format << '\t' << hash << std::endl;
+            << facts.format << '\t' << hash << '\n';
 }
 
 int Run(const std::vector<std::string>& words) {
@@ -136,7 +136,7 @@ int Run(const std::vector<std::string>& words) {
     try {
       DecodeFile(arguments, place);
     } catch (const RunTimeError& error) {
-      std::cout << arguments.files[place] << "\terror\t" << error.what() << std::endl;
+      std::cout << arguments.files[place] << "\terror\t" << error.what() << '\n';
       allRead = false;
     }
   }
@@ -147,5 +147,6 @@ int Run(const std::vector<std::string>& words) {
 }  // namespace lumidex
 
 int main(int argc, char** argv) {
+  std::ios::sync_with_stdio(false);  // lines are written together, not one by one
   return lumidex::Run(std::vector<std::string>(argv + 1, argv + argc));
 }

@@ -26,6 +26,27 @@ class StretchSource final : public ByteSource {
   std::uint64_t size_;
 };
 
+// Answers from the head what lies in it, since readers of headers ask for it again in small pieces.
+class HeadKeeper final : public ByteSource {
+ public:
+  HeadKeeper(std::shared_ptr<const ByteSource> source, std::shared_ptr<const std::vector<std::uint8_t>> head)
+      : source_(std::move(source)), head_(std::move(head)) {}
+  std::uint64_t Size() const override { return source_->Size(); }
+  std::size_t ReadAt(std::uint64_t offset, std::span<std::uint8_t> into) const override {
+    std::size_t done = 0;
+    if (offset < head_->size()) {
+      done = std::min(into.size(), head_->size() - static_cast<std::size_t>(offset));
+      std::copy_n(head_->begin() + static_cast<std::ptrdiff_t>(offset), done, into.begin());
+    }
+    if (done == into.size() || offset + done >= source_->Size()) return done;
+    return done + source_->ReadAt(offset + done, into.subspan(done));
+  }
+
+ private:
+  std::shared_ptr<const ByteSource> source_;
+  std::shared_ptr<const std::vector<std::uint8_t>> head_;
+};
+
 }  // namespace
 
 std::shared_ptr<const ByteSource> StretchOf(std::shared_ptr<const ByteSource> source, std::uint64_t offset,
@@ -45,7 +66,8 @@ PictureData::PictureData(std::shared_ptr<const ByteSource> source, std::string e
     : source_(std::move(source)),
       extension_(std::move(extension)),
       size_(std::min(source_->Size(), MostBytes)) {
-  head_ = Stretch(0, HeadSize);
+  head_ = std::make_shared<const std::vector<std::uint8_t>>(Stretch(0, HeadSize));
+  source_ = std::make_shared<HeadKeeper>(std::move(source_), head_);
 }
 
 std::vector<std::uint8_t> PictureData::Stretch(std::uint64_t offset, std::size_t count) const {

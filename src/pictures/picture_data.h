@@ -51,7 +51,7 @@ class PictureData {
   std::uint64_t Size() const { return size_; }
   const std::string& Extension() const { return extension_; }
   // The first bytes of the file, at most HeadSize.
-  Bytes Head() const { return head_; }
+  Bytes Head() const { return *head_; }
   // Another stretch, shorter than asked at the end of the file.
   std::vector<std::uint8_t> Stretch(std::uint64_t offset, std::size_t count) const;
   // The whole file; read anew on each call, so keep the result for as long as the decode lasts.
@@ -66,7 +66,7 @@ class PictureData {
   std::shared_ptr<const ByteSource> source_;
   std::string extension_;
   std::uint64_t size_ = 0;
-  std::vector<std::uint8_t> head_;
+  std::shared_ptr<const std::vector<std::uint8_t>> head_;
 };
 
 }  // namespace lumidex

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdlib>
+#include <mutex>
 #include <optional>
 
 #include "base/run_time_error.h"
@@ -173,14 +174,10 @@ class PnmDecoder final : public Decoder {
     facts_.size = CheckedSize(header_.width, header_.height, limits_, data.Size());
     facts_.bitsPerPixel = DepthOf(header_);
     facts_.format = "PNM";
-    levels_.resize(static_cast<std::size_t>(header_.most) + 1);
-    const std::uint32_t most = static_cast<std::uint32_t>(header_.most);
-    for (std::uint32_t value = 0; value <= most; ++value) {
-      levels_[value] = static_cast<std::uint8_t>((value * 255 + most / 2) / most);
-    }
   }
 
   Pixels Decode(const DecodeRequest&) const override {
+    std::call_once(levelsMade_, [this] { MakeLevels(); });
     const bool alpha = header_.samples == 2 || header_.samples == 4;
     Pixels pixels = Pixels::MakeUnfilled(facts_.size, alpha ? PixelFormat::Argb : PixelFormat::Rgb, limits_);
     Characters file(*source_, header_.pixelOffset);
@@ -257,6 +254,15 @@ class PnmDecoder final : public Decoder {
     return count;
   }
 
+  // Up to 65,536 of them: too many to make for a file that is only asked for its header.
+  void MakeLevels() const {
+    const std::uint32_t most = static_cast<std::uint32_t>(header_.most);
+    levels_.resize(std::size_t{most} + 1);
+    for (std::uint32_t value = 0; value <= most; ++value) {
+      levels_[value] = static_cast<std::uint8_t>((value * 255 + most / 2) / most);
+    }
+  }
+
   // Samples above the greatest are taken for it.
   std::uint8_t Level(std::uint32_t value) const {
     return levels_[std::min<std::size_t>(value, levels_.size() - 1)];
@@ -278,7 +284,8 @@ class PnmDecoder final : public Decoder {
   std::shared_ptr<const ByteSource> source_;
   PictureLimits limits_;
   Header header_;
-  std::vector<std::uint8_t> levels_;
+  mutable std::once_flag levelsMade_;
+  mutable std::vector<std::uint8_t> levels_;
 };
 
 }  // namespace
