@@ -177,6 +177,14 @@ TEST(Gem, What_a_cut_file_lacks_is_white) {
   EXPECT_EQ(pixels.Row(1)[0], white);
 }
 
+TEST(Gem, A_row_that_would_be_repeated_but_is_cut_off_is_white) {
+  auto file = Start({.height = 2});
+  file.Add({0x80, 1, 0xFF}).Add({0, 0, 0xFF});
+  const auto words = Decoded(file);
+  EXPECT_EQ(words[0], black);
+  EXPECT_EQ(words[8], white);
+}
+
 TEST(Gem, A_pattern_longer_than_the_file_is_cut) {
   auto file = Start({.patternBytes = 60000, .width = 16});
   file.Add({0, 255, 0xF0});

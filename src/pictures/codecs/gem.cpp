@@ -91,8 +91,10 @@ class Lines {
     if (reader_.AtEnd() && (code == 0 || code == 0x80)) return 0;
     if (code == 0) {
       const std::size_t count = reader_.U8();
-      return count == 0 ? std::min((reader_.U8() + std::size_t{1}) * unit_, into.size())
-                        : Repeat(reader_.Take(patternBytes_), count, into);
+      if (count != 0) return Repeat(reader_.Take(patternBytes_), count, into);
+      const std::size_t skipped = reader_.U8();
+      // Where the file is cut in the mark that repeats a row, nothing is skipped.
+      return skipped == 0xFF && reader_.AtEnd() ? 0 : std::min((skipped + 1) * unit_, into.size());
     }
     if (code == 0x80) {
       const std::size_t count = reader_.U8();
