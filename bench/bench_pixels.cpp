@@ -110,10 +110,11 @@ void MeasureFiles(const Pixels& picture, const std::string& folder) {
       [&] { files.Write(ours + "2", [&](ByteSink& sink) { WriteBmp(picture, sink); }); });
   WritePpm(picture, ppm);
   for (const bool optimize : {false, true}) {
-    const std::string command =
-        "cjpeg -quality 90 " + std::string(optimize ? "-optimize " : "") + "-outfile ";
+    std::string command = "cjpeg -quality 90 ";
+    if (optimize) command += "-optimize ";
+    command.append("-outfile ").append(theirs).append(" ").append(ppm);
     Compare(
-        optimize ? "JPEG, optimized" : "JPEG", 1.1, [&] { Run(command + theirs + " " + ppm); },
+        optimize ? "JPEG, optimized" : "JPEG", 1.1, [&] { Run(command); },
         [&] {
           files.Write(
               ours, [&](ByteSink& sink) { WriteJpeg(picture, {.quality = 90, .optimize = optimize}, sink); });

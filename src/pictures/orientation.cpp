@@ -33,10 +33,6 @@ void TransposeWords(const Transposition& work, int left, int columns, int first,
   }
 }
 
-// Target columns made at once: a line of the cache in each of the target's rows, and no more rows of the
-// source read side by side than the processor can read ahead in.
-constexpr int LineWords = 16;
-
 #if LUMIDEX_WORD_BLOCKS
 
 // Four pixels of each of four rows become four of each of four columns.
@@ -51,41 +47,38 @@ void TransposeBlocks(const std::uint32_t* const rows[4], int column, WordBlock o
   out[3] = _mm_unpackhi_epi64(abHigh, cdHigh);
 }
 
-// One line in each row of the target but those of the last `columns % 4` source columns.
-template <bool Streamed>
-void TransposeLines(const Transposition& work, int columns, int first) {
-  const std::uint32_t* rows[LineWords];
-  for (int i = 0; i < LineWords; ++i) rows[i] = work.SourceRow(first + i);
+// Target columns made at once: enough for several whole lines of the cache in each of the target's rows,
+// wherever those begin.
+constexpr int StripWords = 256;
+
+// `count` target columns from `first` on, a multiple of four, of all source columns but the last `columns %
+// 4`. Four rows of the target at a time are made aside and go past the cache from there.
+void TransposeStrip(const Transposition& work, int columns, int first, int count) {
+  constexpr int fetchedAhead = 32;  // in each of the source's rows
+  const std::uint32_t* rows[StripWords];
+  for (int i = 0; i < count; ++i) rows[i] = work.SourceRow(first + i);
+  std::uint32_t made[4][StripWords];
   for (int column = 0; column + 4 <= columns; column += 4) {
-    WordBlock blocks[4][4];
-    for (int i = 0; i < 4; ++i) TransposeBlocks(rows + i * 4, column, blocks[i]);
-    for (int row = 0; row < 4; ++row) {
-      std::uint32_t* out = work.TargetRow(column + row) + first;
-      for (int i = 0; i < 4; ++i) {
-        if constexpr (Streamed) {
-          StreamBlock(out + i * 4, blocks[i][row]);
-        } else {
-          StoreBlock(out + i * 4, blocks[i][row]);
-        }
-      }
+    if (column % 16 == 0) {
+      for (int i = 0; i < count; ++i) FetchAhead(rows[i] + column, fetchedAhead);
     }
+    for (int i = 0; i < count; i += 4) {
+      WordBlock blocks[4];
+      TransposeBlocks(rows + i, column, blocks);
+      for (int row = 0; row < 4; ++row) StoreBlock(made[row] + i, blocks[row]);
+    }
+    for (int row = 0; row < 4; ++row) StreamWords(made[row], work.TargetRow(column + row) + first, count);
   }
 }
 
 void TransposeInto(const Pixels& from, Pixels& into, bool leftward, bool upward) {
   const Transposition work{from, into, leftward, upward};
   const int columns = from.Width(), length = from.Height();
-  const bool aligned = length % 4 == 0 && IsAligned(into.Data());
-  const int lines = length / LineWords * LineWords, fours = columns / 4 * 4;
-  for (int first = 0; first < lines; first += LineWords) {
-    if (aligned) {
-      TransposeLines<true>(work, columns, first);
-    } else {
-      TransposeLines<false>(work, columns, first);
-    }
-    TransposeWords(work, fours, columns - fours, first, LineWords);
-  }
-  TransposeWords(work, 0, columns, lines, length - lines);
+  const int fours = columns / 4 * 4, whole = length / 4 * 4;
+  for (int first = 0; first < whole; first += StripWords)
+    TransposeStrip(work, columns, first, std::min(StripWords, whole - first));
+  TransposeWords(work, fours, columns - fours, 0, whole);
+  TransposeWords(work, 0, columns, whole, length - whole);
   StreamsDone();
 }
 
@@ -94,10 +87,10 @@ void TransposeInto(const Pixels& from, Pixels& into, bool leftward, bool upward)
 void TransposeInto(const Pixels& from, Pixels& into, bool leftward, bool upward) {
   const Transposition work{from, into, leftward, upward};
   const int columns = from.Width(), length = from.Height();
-  for (int first = 0; first < length; first += LineWords) {
-    for (int left = 0; left < columns; left += LineWords)
-      TransposeWords(work, left, std::min(LineWords, columns - left), first,
-                     std::min(LineWords, length - first));
+  constexpr int side = 16;  // of a block that stays in the nearest cache
+  for (int first = 0; first < length; first += side) {
+    for (int left = 0; left < columns; left += side)
+      TransposeWords(work, left, std::min(side, columns - left), first, std::min(side, length - first));
   }
 }
 

@@ -22,28 +22,26 @@ inline WordBlock LoadBlock(const std::uint32_t* words) {
 inline void StoreBlock(std::uint32_t* words, WordBlock block) {
   _mm_storeu_si128(reinterpret_cast<__m128i*>(words), block);
 }
-// Writes past the cache: for lines that are written whole, but in an order that the processor would not
-// foresee and so read first. `words` must be aligned to 16 bytes; StreamsDone() must follow before others
-// read them.
-inline void StreamBlock(std::uint32_t* words, WordBlock block) {
-  _mm_stream_si128(reinterpret_cast<__m128i*>(words), block);
-}
 // Asks for the line that a loop over many words will come to. The processor's own foresight alone left such
 // loops at a third of the memory's speed.
-inline void FetchAhead(const std::uint32_t* words) {
-  constexpr int wordsAhead = 256;
+inline void FetchAhead(const std::uint32_t* words, int wordsAhead = 256) {
   _mm_prefetch(reinterpret_cast<const char*>(words + wordsAhead), _MM_HINT_T0);
 }
-inline bool IsAligned(const std::uint32_t* words) {
-  return reinterpret_cast<std::uintptr_t>(words) % 16 == 0;
+// Copies past the cache, for places that are written in an order which the processor would not foresee, so
+// that it would read them first. StreamsDone() must follow before others read them.
+inline void StreamWords(const std::uint32_t* from, std::uint32_t* into, int count) {
+  constexpr int line = 16;
+  for (; count > 0 && reinterpret_cast<std::uintptr_t>(into) % (line * 4) != 0; --count) *into++ = *from++;
+  for (; count >= line; count -= line, from += line, into += line) {
+    for (int i = 0; i < line; i += 4)
+      _mm_stream_si128(reinterpret_cast<__m128i*>(into + i), LoadBlock(from + i));
+  }
+  for (; count > 0; --count) *into++ = *from++;
 }
-#endif
-
 inline void StreamsDone() {
-#if LUMIDEX_WORD_BLOCKS
   _mm_sfence();
-#endif
 }
+#endif
 
 // Writes change(word) for each of `count` words; `into` is `from` or a place apart from it. `change` takes
 // and gives single words and, where there are blocks, blocks; it is taken by value so that its numbers stay

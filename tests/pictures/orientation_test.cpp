@@ -66,7 +66,16 @@ std::uint32_t Numbered(int x, int y) {
 // Lines of sixteen, blocks of four and what is left of both, with rows that are aligned and rows that are
 // not.
 TEST(Orientation, Turning_and_mirroring_are_exact_at_every_size) {
-  for (const Size size : {Size{16, 16}, {48, 32}, {50, 36}, {53, 37}, {7, 64}, {64, 5}, {33, 18}, {1, 40}}) {
+  for (const Size size : {Size{16, 16},
+                          {48, 32},
+                          {50, 36},
+                          {53, 37},
+                          {7, 64},
+                          {64, 5},
+                          {33, 18},
+                          {1, 40},
+                          {9, 300},
+                          {22, 517}}) {
     Pixels pixels = Pixels::Make(size, PixelFormat::Argb, 0);
     for (int y = 0; y < size.height; ++y) {
       for (int x = 0; x < size.width; ++x) pixels.Row(y)[static_cast<std::size_t>(x)] = Numbered(x, y);
