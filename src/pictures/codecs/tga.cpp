@@ -1,4 +1,4 @@
-// Follows the TGA file format specification, version 2.0, of 1991.
+// Follows the TGA file format, version 2.0, of 1991.
 #include "pictures/codecs/tga.h"
 
 #include <algorithm>
@@ -172,7 +172,7 @@ class PixelReader {
     return count;
   }
 
-  // The specification ends a packet with its row; some writers do not.
+  // By the rules a packet ends with its row; some writers do not.
   std::size_t ReadPackets(std::span<std::uint32_t> row) {
     std::size_t done = 0;
     while (done < row.size()) {

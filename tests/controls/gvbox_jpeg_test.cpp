@@ -1,0 +1,121 @@
+#include <set>
+
+#include "controls/gvbox_world.h"
+#include "gallery/encoders/jpeg_encoder.h"
+
+namespace lumidex {
+namespace {
+
+using testing::ElementsAre;
+
+class GvboxJpegTest : public GvboxTest {
+ protected:
+  void SetUp() override {
+    GvboxTest::SetUp();
+    Pixels slopes = Pixels::Make({64, 64}, PixelFormat::Rgb, 0);
+    for (int y = 0; y < 64; ++y) {
+      for (int x = 0; x < 64; ++x) {
+        slopes.Row(y)[static_cast<std::size_t>(x)] = 0xFF000000U | static_cast<std::uint32_t>(x * 4) << 16 |
+                                                     static_cast<std::uint32_t>(y * 4) << 8 |
+                                                     static_cast<std::uint32_t>((x * y) % 256);
+      }
+    }
+    platform.files.AddFile("/slopes.jpg", AsText(EncodeJpeg(slopes, 80)));
+    box.SetFileName("/slopes.jpg");
+  }
+  // Loads the file again and gives its pixels.
+  std::vector<std::uint32_t> Reloaded() {
+    box.SetFileName("/slopes.jpg");
+    const Pixels pixels = box.Picture().FullPixels();
+    return {pixels.Data(), pixels.Data() + pixels.ByteCount() / 4};
+  }
+};
+
+TEST_F(GvboxJpegTest, Decoder_options_take_effect_at_the_next_load) {
+  const auto plain = Reloaded();
+  box.FancyUpsizing = false;
+  EXPECT_NE(Reloaded(), plain);
+  box.FancyUpsizing = true;
+  EXPECT_EQ(Reloaded(), plain);
+  box.DCTMethod = 1;
+  EXPECT_NE(Reloaded(), plain);
+  box.DCTMethod = 0;
+  box.JPGDitherMethod = 2;
+  EXPECT_EQ(Reloaded(), plain);
+}
+
+TEST_F(GvboxJpegTest, Dithering_always_reduces_the_colours_as_the_other_options_say) {
+  const auto plain = Reloaded();
+  box.DitherMethod = 2;
+  EXPECT_EQ(Reloaded(), plain);
+  box.DitherMethod = 1;
+  const auto reduced = Reloaded();
+  EXPECT_LE(std::set<std::uint32_t>(reduced.begin(), reduced.end()).size(), 256U);
+  box.JPGDitherMethod = 2;
+  const auto spread = Reloaded();
+  EXPECT_NE(spread, reduced);
+  box.TwoPassQuantize = false;
+  EXPECT_NE(Reloaded(), spread);
+}
+
+TEST_F(GvboxJpegTest, Saving_writes_the_working_image) {
+  box.Rotate(1);
+  box.Brightness(100);
+  Saved();
+  box.SetFileName("/out.jpg");
+  EXPECT_EQ(box.PictureWidth(), 64);
+  EXPECT_EQ(At(5, 5), 0xFFFFFFFFU);
+}
+
+TEST_F(GvboxJpegTest, The_writer_options_are_taken_as_typed) {
+  const auto with = [&](const char* quality, const char* smoothing, int optimize) {
+    box.JPGQuality = quality;
+    box.JPGSmoothing = smoothing;
+    box.JPGOptimize = optimize;
+    return Saved();
+  };
+  const auto at75 = with("75", "0", 0);
+  EXPECT_LT(with("10", "0", 0).size(), at75.size());
+  EXPECT_EQ(with(" 75 percent", "0", 0), at75);
+  EXPECT_EQ(with("", "none", 0), at75);
+  EXPECT_EQ(with("500", "0", 0), with("100", "0", 0));
+  EXPECT_EQ(with("-3", "0", 0), with("1", "0", 0));
+  EXPECT_NE(with("75", "50", 0), at75);
+  EXPECT_EQ(with("75", "101", 0), with("75", "100", 0));
+  EXPECT_LT(with("75", "0", 1).size(), at75.size());
+}
+
+TEST_F(GvboxJpegTest, The_dithering_has_no_say_in_saving) {
+  const auto before = Saved();
+  box.JPGDitherMethod = 2;
+  EXPECT_EQ(Saved(), before);
+}
+
+TEST_F(GvboxJpegTest, A_file_can_be_saved_over_itself) {
+  box.Rotate(1);
+  Saved("/slopes.jpg");
+  box.SetFileName("/slopes.jpg");
+  EXPECT_EQ(box.PictureWidth(), 64);
+}
+
+TEST_F(GvboxJpegTest, Errors_of_the_disk_come_out_and_the_old_file_stays) {
+  platform.files.AddDirectory("/ro");
+  platform.files.SetReadOnly("/ro", true);
+  platform.files.AddFile("/keep.jpg", "old");
+  EXPECT_EQ(NumberRaisedBy([&] { box.SaveJPEG("/ro/out.jpg"); }), 75);
+  EXPECT_EQ(NumberRaisedBy([&] { box.SaveJPEG("/none/out.jpg"); }), 76);
+  platform.files.SetReadOnly("/keep.jpg", true);
+  EXPECT_EQ(NumberRaisedBy([&] { box.SaveJPEG("/keep.jpg"); }), 70);
+  platform.files.SetReadOnly("/keep.jpg", false);
+  platform.files.SetFreeBytes(100);
+  EXPECT_EQ(NumberRaisedBy([&] { box.SaveJPEG("/keep.jpg"); }), 61);
+  EXPECT_EQ(platform.files.ReadAll("/keep.jpg"), "old");
+}
+
+TEST_F(GvboxTest, There_is_nothing_to_save_without_an_image) {
+  EXPECT_EQ(NumberRaisedBy([&] { box.SaveJPEG("/out.jpg"); }), 481);
+  EXPECT_FALSE(platform.files.Look("/out.jpg"));
+}
+
+}  // namespace
+}  // namespace lumidex
