@@ -6,8 +6,6 @@
 namespace lumidex {
 namespace {
 
-using testing::ElementsAre;
-
 class GvboxJpegTest : public GvboxTest {
  protected:
   void SetUp() override {
