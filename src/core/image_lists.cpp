@@ -44,7 +44,7 @@ void ShowFile(App& app, const std::string& path) {
 
 void SetListExtent(App& app, ListBox& list) {
   constexpr unsigned setHorizontalExtent = 1045;
-  constexpr int margin = 72;
+  constexpr std::uintptr_t margin = 72;
   WPaper2Window& window = app.WPaper2;
   IgnoreError([&] {
     const ScaleMode remembered = window.Scale;
@@ -53,7 +53,7 @@ void SetListExtent(App& app, ListBox& list) {
     const WindowHandle handle = app.platform.windows.GetFocus();
     const std::int32_t width = ToInt32(static_cast<double>(window.TextWidth(list.Text())));
     app.platform.windows.SendMessageA(handle, setHorizontalExtent,
-                                      static_cast<std::uintptr_t>(width + margin), 0);
+                                      static_cast<std::uintptr_t>(width) + margin, 0);
     window.Scale = remembered;
   });
 }

@@ -40,14 +40,17 @@ struct QtDesktop::Parts {
     // Only the program itself ends the process: it lives on while all its windows are hidden.
     QApplication::setQuitOnLastWindowClosed(false);
     // What can wait until the first window stands.
-    QTimer::singleShot(0, &application, [&ahead = system.readAhead] {
+    later.setSingleShot(true);
+    QObject::connect(&later, &QTimer::timeout, [&ahead = system.readAhead] {
       QApplication::setWindowIcon(ApplicationIcon());
       ahead.SetDevicePixels(Units::For(QApplication::font()).factor * qApp->devicePixelRatio());
     });
+    later.start(0);
   }
 
   Attributes attributes;
   QApplication application;
+  QTimer later;
   QtEventQueue events;
   FormViews views{&MakeView};
   QtDialogs dialogs{views};
