@@ -56,13 +56,6 @@ void MoveZoomCheck(App& app, int from, int to) {
 void DisplayCurrentImage(App& app, const std::string& path, bool alreadyLoaded, float zoom) {
   WPaper2Window& window = app.WPaper2;
   EventQueue& events = app.platform.events;
-  std::int16_t areaWidth = 0;
-  std::int16_t areaHeight = 0;
-  const auto readArea = [&] {
-    areaWidth = ToInt16(static_cast<double>(window.Picture1.ScaleWidth()));
-    areaHeight = ToInt16(static_cast<double>(window.Picture1.ScaleHeight()));
-  };
-  readArea();
   UpdateEnableState(app);
   window.Pointer = MousePointer::Hourglass;
   if (Trim(path).empty() || !FileExists(app, path)) {
@@ -74,8 +67,10 @@ void DisplayCurrentImage(App& app, const std::string& path, bool alreadyLoaded, 
   app.CurrentImagePath = path;
   GetImageInfo(app, path, app.ImageWidth, app.ImageHeight, app.ImageBitsPerPixel);
   events.Yield();
-  // The window may have been resized in a yield. Its own redraw is over, so this one is for the new area too.
-  readArea();
+  // Read after the yields: the window may have been resized in one. Its own redraw is over then, so this one
+  // is for the new area too.
+  const std::int16_t areaWidth = ToInt16(static_cast<double>(window.Picture1.ScaleWidth()));
+  const std::int16_t areaHeight = ToInt16(static_cast<double>(window.Picture1.ScaleHeight()));
   app.NaturalWidth = app.ImageWidth;
   app.NaturalHeight = app.ImageHeight;
   window.StatusBar1.SetText(4, Number(zoom * 100.0F) + "%");
