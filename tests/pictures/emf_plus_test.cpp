@@ -2,65 +2,14 @@
 
 #include <gtest/gtest.h>
 
-#include <bit>
-
-#include "gallery/encoders/emf_encoder.h"
 #include "gallery/encoders/png_encoder.h"
 #include "pictures/support/drawn.h"
+#include "pictures/support/plus_writer.h"
 
 namespace lumidex {
 namespace {
 
 constexpr std::uint32_t red = 0xFF0000, green = 0x00FF00, blue = 0x0000FF, white = 0xFFFFFF;
-constexpr std::uint32_t opaque = 0xFF000000;
-constexpr unsigned colourInstead = 0x8000, narrow = 0x4000;
-
-std::uint32_t Float(float value) {
-  return std::bit_cast<std::uint32_t>(value);
-}
-
-// Collects records and puts them into comments of a drawing of 100 by 100 pixels.
-class PlusWriter {
- public:
-  explicit PlusWriter(bool dual = false) { Record(0x4001, dual ? 1 : 0, {0xDBC01002, 1, 96, 96}); }
-
-  PlusWriter& Record(unsigned type, unsigned flags, std::initializer_list<std::uint32_t> words,
-                     std::span<const std::uint8_t> tail = {}) {
-    ByteWriter data;
-    for (const std::uint32_t word : words) data.U32Le(word);
-    data.Append(tail);
-    data.PadTo(4);
-    const auto bytes = static_cast<std::uint32_t>(data.Size());
-    records_.U16Le(type).U16Le(flags).U32Le(12 + bytes).U32Le(bytes).Append(data.Take());
-    return *this;
-  }
-  PlusWriter& Object(unsigned kind, unsigned number, const std::vector<std::uint8_t>& bytes) {
-    return Record(0x4008, kind << 8 | number, {}, bytes);
-  }
-  PlusWriter& FillBox(std::uint32_t colour, int left, int top, int width, int height) {
-    ByteWriter box;
-    for (const int side : {left, top, width, height}) box.U16Le(static_cast<std::uint16_t>(side));
-    return Record(0x400A, colourInstead | narrow, {colour, 1}, box.Take());
-  }
-
-  std::vector<std::uint8_t> File() {
-    ByteWriter comment;
-    comment.Append("EMF+").Append(records_.Bytes());
-    EmfWriter writer(100, 100);
-    writer.Record(70, {static_cast<std::int64_t>(comment.Size())}, comment.Bytes());
-    return writer.File();
-  }
-
- private:
-  ByteWriter records_;
-};
-
-std::vector<std::uint8_t> Words(std::initializer_list<std::uint32_t> words) {
-  ByteWriter writer;
-  for (const std::uint32_t word : words) writer.U32Le(word);
-  return writer.Take();
-}
-
 // A picture file of two by one pixels, red and blue.
 std::vector<std::uint8_t> ImageOfFile() {
   Pixels pixels = Pixels::Make({2, 1}, PixelFormat::Rgb, opaque | red);
@@ -75,9 +24,6 @@ std::vector<std::uint8_t> ImageOfFile() {
 std::vector<std::uint8_t> ImageOfPixels() {
   return Words({0xDBC01002, 1, 2, 1, 8, 0x0026200A, 0, opaque | green, 0x80000000 | red});
 }
-
-constexpr unsigned penKind = 2, pathKind = 3, imageKind = 5;
-constexpr std::uint32_t inPixels = 2;
 
 TEST(EmfPlus, Boxes_are_filled_with_a_colour) {
   const Pixels pixels = Drawn(PlusWriter().FillBox(opaque | red, 10, 20, 30, 40).File());

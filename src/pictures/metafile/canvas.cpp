@@ -8,9 +8,6 @@
 namespace lumidex::metafile {
 namespace {
 
-// A quarter of a pixel more or less can not be seen, and curves become far fewer lines.
-constexpr double tolerance = 0.2;
-
 constexpr double perStrokePoint = 700;
 constexpr double perLetter = 1500;
 // Drawing a letter of a size or slant that the renderer has not kept.
@@ -19,25 +16,10 @@ constexpr double perHatchedPixel = 3;
 constexpr double perTiledPixel = 12;
 constexpr double perCopiedPixel = 6;
 
-// What is painted through surfaces in between is painted in bands of so many pixels, which bounds their
-// memory.
-constexpr double mostGroupPixels = 1 << 22;
-constexpr double mostTransferPixels = 1 << 20;
-
 // More dashes than this in one stroke are not told apart any more.
 constexpr double mostDashes = 20000;
 // Letters larger than this, in pixels, are filled as outlines: the renderer would keep each as a picture.
 constexpr double largestDrawnLetter = 64;
-
-// Cuts a box of whole pixels into bands of at most about `pixels`, from its top.
-template <class Visit>
-void ForEachBand(const Box& box, double pixels, Visit visit) {
-  const int bottom = static_cast<int>(box.bottom);
-  const int rows = std::max(1, static_cast<int>(pixels / box.Width()));
-  for (int top = static_cast<int>(box.top); top < bottom; top += rows)
-    visit(Box{box.left, static_cast<double>(top), box.right,
-              static_cast<double>(std::min(bottom, top + rows))});
-}
 
 }  // namespace
 
@@ -72,27 +54,6 @@ Box Canvas::Visible(const Clip& clip, const Box& bounds) {
   return bounds.Grown(1).GrownToWhole().Intersected(clip.box).Intersected(area_);
 }
 
-template <class Draw>
-void Canvas::Paint(const Clip& clip, const Box& bounds, cairo_operator_t blend, Draw draw) {
-  cairo_t* context = context_.get();
-  cairo_set_operator(context, blend);
-  if (!clip.mask) {
-    ClipToBox(context, bounds);
-    draw(context);
-    return;
-  }
-  if (!budget_.Spend(perGroupPixel * bounds.Area())) return;
-  ForEachBand(bounds, mostGroupPixels, [&](const Box& band) {
-    const CairoSurface group = BlankSurface(band, CAIRO_FORMAT_ARGB32);
-    const CairoContext inner(cairo_create(group.get()));
-    cairo_set_tolerance(inner.get(), tolerance);
-    draw(inner.get());
-    ClipToBox(context, band);
-    cairo_set_source_surface(context, group.get(), 0, 0);
-    cairo_mask_surface(context, clip.mask.get(), 0, 0);
-  });
-}
-
 double Canvas::InkCost(const Ink& ink, const Box& visible) const {
   if (ink.kind == Ink::Kind::Hatched) return perHatchedPixel * visible.Area();
   if (ink.kind != Ink::Kind::Tiled) return 0;
@@ -112,28 +73,23 @@ cairo_surface_t* Canvas::TileSurface(const Pixels& tile) {
   return tileSurface_.get();
 }
 
-void Canvas::SetInk(cairo_t* context, const Ink& ink, const Mix* mix) {
-  const bool inverted = mix && mix->inverted;
-  const std::uint32_t color = mix && mix->fixedColor ? *mix->fixedColor : ink.color;
-  const bool fixed = mix && mix->fixedColor;
+void Canvas::SetInk(cairo_t* context, const Ink& ink) {
   CairoPattern pattern;
-  if (!fixed && ink.kind == Ink::Kind::Hatched) {
-    pattern = HatchPattern(ink.hatch, color, ink.background, ink.origin);
-  } else if (!fixed && ink.kind == Ink::Kind::Tiled && !ink.tile.IsEmpty()) {
+  if (ink.kind == Ink::Kind::Hatched) {
+    pattern = HatchPattern(ink.hatch, ink.color, ink.background, ink.origin);
+  } else if (ink.kind == Ink::Kind::Tiled && !ink.tile.IsEmpty()) {
     pattern = TilePattern(TileSurface(ink.tile), ink.origin, ink.tileScale);
   } else {
-    pattern = SolidPattern(inverted ? ~color : color, ink.opacity);
+    pattern = SolidPattern(ink.color, ink.opacity);
   }
   cairo_set_source(context, pattern.get());
 }
 
 void Canvas::Fill(const Clip& clip, const Path& path, FillRule rule, const Ink& ink, int rasterOperation) {
-  const Mix mix = MixOf(rasterOperation);
-  if (ink.kind == Ink::Kind::None || mix.nothing || path.IsEmpty()) return;
+  if (ink.kind == Ink::Kind::None || path.IsEmpty()) return;
   const Box visible = Visible(clip, path.Bounds());
-  if (visible.IsEmpty() || !budget_.Spend(FillCost(path, visible) + InkCost(ink, visible))) return;
-  Paint(clip, visible, mix.blend, [&](cairo_t* context) {
-    SetInk(context, ink, &mix);
+  if (visible.IsEmpty()) return;
+  PaintShape(clip, visible, ink, rasterOperation, FillCost(path, visible), [&](cairo_t* context) {
     SetFillRule(context, rule);
     Trace(context, path);
     cairo_fill(context);
@@ -142,8 +98,7 @@ void Canvas::Fill(const Clip& clip, const Path& path, FillRule rule, const Ink& 
 
 void Canvas::Stroke(const Clip& clip, const Path& path, const StrokeStyle& style, const Ink& ink,
                     int rasterOperation) {
-  const Mix mix = MixOf(rasterOperation);
-  if (ink.kind == Ink::Kind::None || mix.nothing || path.IsEmpty()) return;
+  if (ink.kind == Ink::Kind::None || path.IsEmpty()) return;
   const double width = style.width * style.pen.MeanScale();
   const double reach = style.width * std::max(style.pen.HorizontalScale(), style.pen.VerticalScale()) *
                        (style.join == CAIRO_LINE_JOIN_MITER ? std::max(1.0, style.miterLimit) : 1.0);
@@ -160,11 +115,9 @@ void Canvas::Stroke(const Clip& clip, const Path& path, const StrokeStyle& style
                       pieces * 2 * std::min(width, visible.Height());
   const double columns = 2 * lines.EdgeColumns(visible.left - reach, visible.right + reach);
   const double touched = std::min(visible.Area(), lines.Length() * (width + 2) + pieces * width * width);
-  if (!budget_.Spend(perShape + perStrokePoint * pieces + perEdgeRow * rows + perEdgeColumn * columns +
-                     perPixel * touched + InkCost(ink, visible)))
-    return;
-  Paint(clip, visible, mix.blend, [&](cairo_t* context) {
-    SetInk(context, ink, &mix);
+  const double cost =
+      perShape + perStrokePoint * pieces + perEdgeRow * rows + perEdgeColumn * columns + perPixel * touched;
+  PaintShape(clip, visible, ink, rasterOperation, cost, [&](cairo_t* context) {
     Trace(context, lines);
     cairo_matrix_t pen;
     cairo_matrix_init(&pen, style.pen.xx, style.pen.yx, style.pen.xy, style.pen.yy, 0, 0);
@@ -190,77 +143,10 @@ void Canvas::FillGradient(const Clip& clip, const Path& path, const ColorStop& f
   };
   addStop(0, first.color);
   addStop(1, second.color);
-  Paint(clip, visible, CAIRO_OPERATOR_OVER, [&](cairo_t* context) {
+  Paint(clip, visible, [&](cairo_t* context) {
     cairo_set_source(context, pattern.get());
     Trace(context, path);
     cairo_fill(context);
-  });
-}
-
-void Canvas::DrawImage(const Clip& clip, const ImagePart& part, double opacity) {
-  const auto placed = PlaceImage(part);
-  if (!placed) return;
-  const Box visible = Visible(clip, placed->outline.Bounds());
-  if (visible.IsEmpty() || !budget_.Spend(perShape + placed->CostPerPixel() * visible.Area())) return;
-  Paint(clip, visible, CAIRO_OPERATOR_OVER, [&](cairo_t* context) {
-    cairo_set_source(context, placed->pattern.get());
-    Trace(context, placed->outline);
-    if (opacity >= 1) {
-      cairo_fill(context);
-      return;
-    }
-    cairo_save(context);
-    cairo_clip(context);
-    cairo_paint_with_alpha(context, opacity);
-    cairo_restore(context);
-  });
-}
-
-void Canvas::Transfer(const Clip& clip, const Path& area, int rasterOperation, const ImagePart* source,
-                      const Ink& pattern) {
-  if (rasterOperation == patternCopy) return Fill(clip, area, FillRule::Winding, pattern, copyPen);
-  if (rasterOperation == sourceCopy && source) return DrawImage(clip, *source);
-  const bool needsSource = UsesSource(rasterOperation);
-  if (needsSource && !source) return;
-  const auto placed = needsSource ? PlaceImage(*source) : std::nullopt;
-  if (needsSource && !placed) return;
-  const Path& outline = placed ? placed->outline : area;
-  const Box visible = Visible(clip, outline.Bounds());
-  if (visible.IsEmpty()) return;
-  const double cost = 3 * perGroupPixel + (placed ? placed->CostPerPixel() : 0);
-  const bool needsPattern = UsesPattern(rasterOperation) && pattern.kind != Ink::Kind::None;
-  const double inkCost = needsPattern ? InkCost(pattern, visible) : 0;
-  if (!budget_.Spend(perShape + cost * visible.Area() + inkCost)) return;
-
-  ForEachBand(visible, mostTransferPixels, [&](const Box& band) {
-    const CairoSurface sources = BlankSurface(band, CAIRO_FORMAT_RGB24);
-    const CairoSurface patterns = BlankSurface(band, CAIRO_FORMAT_RGB24);
-    if (placed) {
-      const CairoContext painter(cairo_create(sources.get()));
-      cairo_set_source(painter.get(), placed->pattern.get());
-      cairo_paint(painter.get());
-    }
-    if (needsPattern) {
-      const CairoContext painter(cairo_create(patterns.get()));
-      SetInk(painter.get(), pattern, nullptr);
-      cairo_paint(painter.get());
-    }
-    cairo_surface_flush(surface_.get());
-    const int left = static_cast<int>(band.left), top = static_cast<int>(band.top);
-    const int width = static_cast<int>(band.Width()), height = static_cast<int>(band.Height());
-    for (int y = 0; y < height; ++y) {
-      std::uint32_t* const from = SurfaceRow(sources.get(), y);
-      const std::uint32_t* const brush = SurfaceRow(patterns.get(), y);
-      const std::uint32_t* const below = pixels_.Row(top + y).data() + left;
-      if (!from || !brush) return;
-      for (int x = 0; x < width; ++x) from[x] = Combine(rasterOperation, brush[x], from[x], below[x]);
-    }
-    cairo_surface_mark_dirty(sources.get());
-    Paint(clip, band, CAIRO_OPERATOR_OVER, [&](cairo_t* context) {
-      cairo_set_source_surface(context, sources.get(), 0, 0);
-      Trace(context, outline);
-      cairo_fill(context);
-    });
   });
 }
 
@@ -281,7 +167,7 @@ void Canvas::DrawText(const Clip& clip, const TextFace& face, const std::string&
   cell.AddBox({-0.5, -face.Ascent() - 0.3, face.Advance(text) + 0.5, face.Descent() + 0.3});
   const Box visible = Visible(clip, cell.Transformed(toSheet).Bounds());
   if (visible.IsEmpty() || !budget_.Spend(perPixel * visible.Area())) return;
-  Paint(clip, visible, CAIRO_OPERATOR_OVER, [&](cairo_t* context) {
+  Paint(clip, visible, [&](cairo_t* context) {
     cairo_set_source(context, SolidPattern(color).get());
     cairo_set_font_options(context, TextFace::Options().get());
     cairo_set_font_face(context, face.Handle());

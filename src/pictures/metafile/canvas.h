@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -64,7 +65,8 @@ class Canvas {
 
   Box Area() const { return area_; }
   Clip WholeClip() const { return {area_, nullptr}; }
-  void CombineClip(Clip& clip, const Path& path, FillRule rule, ClipMode mode);
+  // Joins `path` to the clip; nothing reaches beyond `base`, within which the clip lies already.
+  void CombineClip(Clip& clip, const Clip& base, const Path& path, FillRule rule, ClipMode mode);
 
   // `rasterOperation` is a binary one, 1 to 16.
   void Fill(const Clip& clip, const Path& path, FillRule rule, const Ink& ink, int rasterOperation);
@@ -76,6 +78,9 @@ class Canvas {
   // A ternary raster operation over `area`, bit by bit; `source` may be absent when it takes no source.
   void Transfer(const Clip& clip, const Path& area, int rasterOperation, const ImagePart* source,
                 const Ink& pattern);
+  // Fills the part around `at` that its edge or its own colour bounds: with `surface` set, as far as `color`
+  // goes, else up to `color`. The colours of antialiased edges count as the edge.
+  void Flood(const Clip& clip, Point at, std::uint32_t color, bool surface, const Ink& ink);
   // Draws one line of text; `toSheet` takes ems (x to the right, y down) to the sheet.
   void DrawText(const Clip& clip, const TextFace& face, const std::string& text, const Matrix& toSheet,
                 std::uint32_t color);
@@ -87,9 +92,17 @@ class Canvas {
   WorkBudget& Budget() { return budget_; }
 
  private:
-  template <class Draw>
-  void Paint(const Clip& clip, const Box& bounds, cairo_operator_t blend, Draw draw);
-  void SetInk(cairo_t* context, const Ink& ink, const Mix* mix);
+  using Draw = std::function<void(cairo_t*)>;
+  // Lets `draw` paint what shows of `bounds` through the clip.
+  void Paint(const Clip& clip, const Box& bounds, const Draw& draw);
+  // Paints `shape`, a fill or stroke of a path, in the colours that a ternary operation gives bit by bit;
+  // a pattern of no ink and a source that is null count as black.
+  void PaintBits(const Clip& clip, const Box& visible, int operation, cairo_pattern_t* source,
+                 const Ink& pattern, const Draw& shape);
+  // Paints `shape`, whose drawing costs `cost`, with a binary operation.
+  void PaintShape(const Clip& clip, const Box& visible, const Ink& ink, int operation, double cost,
+                  const Draw& shape);
+  void SetInk(cairo_t* context, const Ink& ink);
   // What `ink` costs beyond a plain colour.
   double InkCost(const Ink& ink, const Box& visible) const;
   bool HoldsTile(const Pixels& tile) const;

@@ -20,13 +20,15 @@ std::shared_ptr<cairo_surface_t> Canvas::MakeMask() {
           }};
 }
 
-void Canvas::CombineClip(Clip& clip, const Path& path, FillRule rule, ClipMode mode) {
+void Canvas::CombineClip(Clip& clip, const Clip& base, const Path& path, FillRule rule, ClipMode mode) {
   const Box bounds = path.Bounds().GrownToWhole().Intersected(area_);
-  if (mode == ClipMode::And || mode == ClipMode::Copy) {
-    const bool all = mode == ClipMode::Copy;
+  if (mode == ClipMode::Copy) {
+    clip = base;
+    mode = ClipMode::And;
+  }
+  if (mode == ClipMode::And) {
     if (const auto box = path.IsEmpty() ? Box{} : path.AsBox()) {
-      clip.box = box->Rounded().Intersected(all ? area_ : clip.box);
-      if (all) clip.mask.reset();
+      clip.box = box->Rounded().Intersected(clip.box);
       return;
     }
   }
@@ -52,30 +54,32 @@ void Canvas::CombineClip(Clip& clip, const Path& path, FillRule rule, ClipMode m
     Trace(painter.get(), path);
     cairo_fill(painter.get());
   };
-  const Box joined{std::min(clip.box.left, bounds.left), std::min(clip.box.top, bounds.top),
-                   std::max(clip.box.right, bounds.right), std::max(clip.box.bottom, bounds.bottom)};
+  const auto keepWithin = [&](const Clip& other) {
+    if (!other.mask) return;
+    cairo_set_operator(painter.get(), CAIRO_OPERATOR_IN);
+    cairo_set_source_surface(painter.get(), other.mask.get(), 0, 0);
+    cairo_paint(painter.get());
+  };
+  const Box joined = Box{std::min(clip.box.left, bounds.left), std::min(clip.box.top, bounds.top),
+                         std::max(clip.box.right, bounds.right), std::max(clip.box.bottom, bounds.bottom)}
+                         .Intersected(base.box);
   switch (mode) {
     case ClipMode::Copy:
-      paintNew(CAIRO_OPERATOR_OVER);
-      clip.box = bounds;
-      break;
     case ClipMode::And:
       paintNew(CAIRO_OPERATOR_OVER);
-      cairo_set_operator(painter.get(), CAIRO_OPERATOR_IN);
-      if (clip.mask) {
-        cairo_set_source_surface(painter.get(), clip.mask.get(), 0, 0);
-        cairo_paint(painter.get());
-      }
+      keepWithin(clip);
       clip.box = clip.box.Intersected(bounds);
       break;
     case ClipMode::Or:
       paintOld();
       paintNew(CAIRO_OPERATOR_OVER);
+      keepWithin(base);
       clip.box = joined;
       break;
     case ClipMode::Xor:
       paintOld();
       paintNew(CAIRO_OPERATOR_XOR);
+      keepWithin(base);
       clip.box = joined;
       break;
     case ClipMode::Difference:

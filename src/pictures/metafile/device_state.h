@@ -88,11 +88,14 @@ struct DeviceState {
   int rasterOperation = copyPen;
   unsigned textAlign = 0;
   double letterSpacing = 0;  // logical units after each letter
+  double blankSpacing = 0;   // the same after each blank
   bool clockwiseArcs = false;
   double miterLimit = 10;
   Point brushOrigin;  // device units
   Point current;      // logical units
   Clip clip;
+  Clip base;  // what the clip can grow to
+  bool rightToLeft = false;
 };
 
 }  // namespace lumidex::metafile

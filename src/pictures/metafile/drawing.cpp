@@ -16,7 +16,17 @@ constexpr std::size_t mostPathPoints = std::size_t{1} << 20;
 }  // namespace
 
 Drawing::Drawing(Canvas& canvas, const Device& device) : canvas_(canvas), device_(device) {
-  state_.clip = canvas.WholeClip();
+  state_.clip = state_.base = device_.within ? *device_.within : canvas.WholeClip();
+}
+
+Matrix Drawing::PageToDevice() const {
+  const Matrix page = state_.mapping.PageToDevice(device_.pixelsPerMillimetre);
+  return state_.rightToLeft ? page.Then({.xx = -1, .x0 = device_.mirroredAt}) : page;
+}
+
+Point Drawing::DeviceScale() const {
+  const Matrix map = state_.world.Then(PageToDevice());
+  return {map.HorizontalScale(), map.VerticalScale()};
 }
 
 Matrix Drawing::LogicalToSheet() const {
@@ -120,6 +130,10 @@ void Drawing::FillSheet(const Path& path) {
   canvas_.Fill(state_.clip, path, state_.fillRule, Completed(state_.brush), state_.rasterOperation);
 }
 
+void Drawing::FillWidened(const Path& path) {
+  canvas_.Stroke(state_.clip, path, PenStyle(), Completed(state_.brush), state_.rasterOperation);
+}
+
 bool Drawing::AffordPoints(std::size_t count) {
   return canvas_.Budget().Spend(perPoint * static_cast<double>(count));
 }
@@ -134,14 +148,6 @@ void Drawing::Shape(const Path& logical, bool filled, bool continues) {
   if (pathOpen_) return Extend(path, continues);
   if (filled) FillSheet(path);
   StrokeSheet(path);
-}
-
-void Drawing::FillRegion(std::span<const Box> boxes, const Brush& brush) {
-  if (!AffordPoints(4 * boxes.size())) return;
-  Path path;
-  for (const Box& box : boxes) path.AddBox(box);
-  canvas_.Fill(state_.clip, path.Transformed(LogicalToSheet()), FillRule::Winding, Completed(brush),
-               state_.rasterOperation);
 }
 
 void Drawing::BoxShape(const Box& box, bool filled, const AddToPath& add, bool continues) {
@@ -310,6 +316,7 @@ void Drawing::SetPixel(Point at, std::uint32_t color) {
 
 void Drawing::BeginPath() {
   pathOpen_ = true;
+  pathWidened_ = false;
   path_ = {};
 }
 
@@ -329,45 +336,15 @@ void Drawing::CloseFigure() {
 void Drawing::DrawPath(bool filled, bool stroked) {
   pathOpen_ = false;
   const Path path = std::exchange(path_, {}).Transformed({});
+  if (pathWidened_) return FillWidened(path);
   if (filled) FillSheet(path);
   if (stroked) StrokeSheet(path);
-}
-
-void Drawing::ClipToPath(ClipMode mode) {
-  pathOpen_ = false;
-  const Path path = std::exchange(path_, {}).Transformed({});
-  canvas_.CombineClip(state_.clip, path, state_.fillRule, mode);
 }
 
 Path Drawing::SheetBox(const Box& logical) const {
   Path path;
   path.AddBox(logical);
   return path.Transformed(LogicalToSheet());
-}
-
-void Drawing::ClipBox(const Box& box, ClipMode mode) {
-  canvas_.CombineClip(state_.clip, SheetBox(box), FillRule::Winding, mode);
-}
-
-void Drawing::ClipRegion(std::span<const Box> boxes, ClipMode mode, bool inDeviceUnits) {
-  if (!AffordPoints(4 * boxes.size())) return;
-  Path path;
-  for (const Box& box : boxes)
-    if (!box.Normalised().IsEmpty()) path.AddBox(box.Normalised());
-  const Matrix map = inDeviceUnits ? device_.toSheet : LogicalToSheet();
-  canvas_.CombineClip(state_.clip, path.Transformed(map), FillRule::Winding, mode);
-}
-
-void Drawing::OffsetClip(Point by) {
-  if (state_.clip.mask) return;
-  const Matrix map = LogicalToSheet();
-  const double x = map.xx * by.x + map.xy * by.y, y = map.yx * by.x + map.yy * by.y;
-  Box& box = state_.clip.box;
-  box = Box{box.left + x, box.top + y, box.right + x, box.bottom + y}.Rounded().Intersected(canvas_.Area());
-}
-
-void Drawing::ResetClip() {
-  state_.clip = canvas_.WholeClip();
 }
 
 }  // namespace lumidex::metafile

@@ -10,6 +10,7 @@
 
 #include "pictures/metafile/canvas.h"
 #include "pictures/metafile/device_state.h"
+#include "pictures/metafile/stage.h"
 
 namespace lumidex::metafile {
 
@@ -19,12 +20,16 @@ struct Device {
   Point pixelsPerMillimetre{96 / 25.4, 96 / 25.4};
   // Enhanced metafiles store boxes with their last row and column, the older ones without.
   bool boxesIncludeEdge = false;
+  double mirroredAt = 0;       // twice the x about which right-to-left layouts are mirrored, device units
+  std::optional<Clip> within;  // as in a stage
+  int depth = 0;
 };
 
 // One letter, or several that belong together, and how far it moves the pen if the record says.
 struct TextUnit {
   std::string text;    // UTF-8
   double advance = 0;  // logical units
+  double rise = 0;     // and upwards from the line
 };
 
 struct TextLine {
@@ -49,6 +54,9 @@ class Drawing {
 
   // A drawing on the same sheet in the state that all drawings begin in.
   Drawing Fresh() const { return Drawing(canvas_, device_); }
+
+  // Where a metafile inside this one goes that fills what the map makes of the unit square.
+  Stage StageFor(const Matrix& unitToLogical);
 
   DeviceState& State() { return state_; }
   Canvas& Sheet() { return canvas_; }
@@ -79,6 +87,12 @@ class Drawing {
   void SetPixel(Point at, std::uint32_t color);
   // The boxes are in logical units.
   void FillRegion(std::span<const Box> boxes, const Brush& brush);
+  // Paints the region's edge, inside it, `edge` wide and high.
+  void FrameRegion(std::span<const Box> boxes, const Brush& brush, Point edge);
+  void InvertRegion(std::span<const Box> boxes);
+  // Fills with the brush from `at` to the edge of that colour or, with `surface` set, of the part in that
+  // colour.
+  void FloodFill(Point at, std::uint32_t color, bool surface);
   // Draws a path given in logical units with the selected pen and, when `filled`, brush. In a path bracket a
   // shape that `continues` starts from where the bracket's path ends.
   void Shape(const Path& logical, bool filled, bool continues = false);
@@ -89,11 +103,15 @@ class Drawing {
   void CloseFigure();
   void DrawPath(bool filled, bool stroked);
   void ClipToPath(ClipMode mode);
+  // Makes the path the outline of what its stroke would cover.
+  void WidenPath() { pathWidened_ = true; }
 
   void ClipBox(const Box& box, ClipMode mode);
   void ClipRegion(std::span<const Box> boxes, ClipMode mode, bool inDeviceUnits);
   void OffsetClip(Point by);
   void ResetClip();
+  // From here on the clip can only become smaller than it is now.
+  void KeepClip() { state_.base = state_.clip; }
 
   void Text(const TextLine& line);
 
@@ -114,9 +132,12 @@ class Drawing {
   void GradientTriangle(const std::array<Vertex, 3>& corners);
 
   Matrix LogicalToSheet() const;
+  // How many device units a logical unit takes, across and down.
+  Point DeviceScale() const;
 
  private:
-  Matrix PageToDevice() const { return state_.mapping.PageToDevice(device_.pixelsPerMillimetre); }
+  Matrix PageToDevice() const;
+  Path RegionOnSheet(std::span<const Box> boxes) const;
   // The selected brush or a pen's ink with what the state adds to it.
   Ink Completed(const Ink& ink) const;
   StrokeStyle PenStyle() const;
@@ -126,6 +147,8 @@ class Drawing {
   void Extend(const Path& onSheet, bool continues);
   void StrokeSheet(const Path& path);
   void FillSheet(const Path& path);
+  // The area that the selected pen would cover.
+  void FillWidened(const Path& path);
   // A shape in a box: `add` appends it to the path, within the box it is given.
   // The map takes logical units to those of the box.
   using AddToPath = std::function<void(Path&, const Box&, const Matrix&)>;
@@ -133,6 +156,8 @@ class Drawing {
   Matrix BlitMatrix(const Blit& blit) const;
   Path SheetBox(const Box& logical) const;
   Matrix TextMatrix(double width, double height, Point at) const;
+  // Moves the current position by so much on the sheet.
+  void MoveOnSheet(Point by);
   // The length of one device unit on the sheet.
   double UnitOnSheet() const { return device_.toSheet.MeanScale(); }
 
@@ -142,6 +167,7 @@ class Drawing {
   std::vector<DeviceState> saved_;
   bool pathOpen_ = false;
   Path path_;  // on the sheet
+  bool pathWidened_ = false;
   TextFaces faces_;
 };
 

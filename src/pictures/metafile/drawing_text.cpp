@@ -1,6 +1,7 @@
 #include <numbers>
 
 #include "pictures/metafile/drawing.h"
+#include "pictures/metafile/letters.h"
 
 namespace lumidex::metafile {
 namespace {
@@ -10,23 +11,32 @@ struct Substitute {
   const char* family;
 };
 
+constexpr const char *timesFamily = "Times New Roman", *courierFamily = "Courier New";
+
 // Bitmap and screen fonts that no system here carries and whose names say nothing to a font matcher.
 constexpr Substitute substitutes[] = {
-    {"MS Sans Serif", "sans-serif"}, {"Microsoft Sans Serif", "sans-serif"},
-    {"MS Shell Dlg", "sans-serif"},  {"System", "sans-serif"},
-    {"Helv", "Helvetica"},           {"Tms Rmn", "Times New Roman"},
-    {"MS Serif", "serif"},           {"Roman", "serif"},
-    {"Modern", "sans-serif"},        {"Terminal", "monospace"},
-    {"Fixedsys", "monospace"},       {"Lucida Console", "monospace"},
+    {"MS Sans Serif", "Arial"},   {"Microsoft Sans Serif", "Arial"},
+    {"MS Shell Dlg", "Arial"},    {"MS Shell Dlg 2", "Arial"},
+    {"System", "Arial"},          {"Helv", "Arial"},
+    {"Swiss", "Arial"},           {"Univers", "Arial"},
+    {"Modern", "Arial"},          {"Arial Unicode MS", "Arial"},
+    {"Tms Rmn", timesFamily},     {"MS Serif", timesFamily},
+    {"Roman", timesFamily},       {"CG Times", timesFamily},
+    {"Terminal", courierFamily},  {"Fixedsys", courierFamily},
+    {"Courier", courierFamily},   {"Lucida Console", "monospace"},
+    {"Book Antiqua", "Palatino"},
 };
 
 std::string FamilyOf(const Font& font) {
+  // Names that begin so ask for letters lying on their side, for text that runs downwards.
+  const std::string name = font.family.starts_with('@') ? font.family.substr(1) : font.family;
   for (const Substitute& substitute : substitutes)
-    if (font.family == substitute.name) return substitute.family;
-  if (!font.family.empty() && font.family != "Symbol") return font.family;
+    if (HasSameLetters(name, substitute.name)) return substitute.family;
+  if (HasSameLetters(name, "Symbol")) return "sans-serif";
+  if (!name.empty()) return name;
   // The upper half of the byte names the kind of letters: 1 with serifs, 3 all of one width.
   const int kind = font.pitchAndFamily >> 4;
-  return kind == 1 ? "serif" : kind == 3 ? "monospace" : "sans-serif";
+  return kind == 1 ? timesFamily : kind == 3 ? courierFamily : "Arial";
 }
 
 // A font in place of the one meant may run wider than the letters' given places; it is narrowed, but not
@@ -70,7 +80,8 @@ void Drawing::Text(const TextLine& line) {
     return;
 
   Clip clip = state_.clip;
-  if (line.clipToBox) canvas_.CombineClip(clip, SheetBox(line.box), FillRule::Winding, ClipMode::And);
+  if (line.clipToBox)
+    canvas_.CombineClip(clip, state_.base, SheetBox(line.box), FillRule::Winding, ClipMode::And);
 
   const TextFace& face = faces_.Get(FamilyOf(font), font.weight > 550, font.italic);
   double height = std::abs(font.height);
@@ -85,9 +96,13 @@ void Drawing::Text(const TextLine& line) {
     natural += face.Advance(unit.text);
     total += unit.advance / width;
   }
-  const double spacing = state_.letterSpacing / width;
+  const auto spacing = [&](const TextUnit& unit) {
+    return (state_.letterSpacing + (unit.text == " " ? state_.blankSpacing : 0)) / width;
+  };
+  const bool spaced = state_.letterSpacing != 0 || state_.blankSpacing != 0;
   if (!line.hasAdvances) {
-    total = natural + spacing * static_cast<double>(line.units.size());
+    total = natural;
+    for (const TextUnit& unit : line.units) total += spacing(unit);
   } else if (total > 0 && natural > total * 1.02 && line.units.size() > 1) {
     const double narrowed = std::max(narrowest, total / natural);
     width *= narrowed;
@@ -111,8 +126,8 @@ void Drawing::Text(const TextLine& line) {
   };
   if (state_.opaqueBackground && !line.fillBox && !pathOpen_)
     canvas_.Fill(clip, stripe(-face.Ascent(), face.Descent()), FillRule::Winding, background, copyPen);
-  const auto letters = [&](const std::string& text, double from, double narrowing) {
-    const Matrix place = Matrix{.xx = narrowing, .x0 = from}.Then(matrix);
+  const auto letters = [&](const std::string& text, Point from, double narrowing) {
+    const Matrix place = Matrix{.xx = narrowing, .x0 = from.x, .y0 = from.y}.Then(matrix);
     if (pathOpen_) {
       if (canvas_.Budget().Spend(perOutlinedLetter * static_cast<double>(text.size())))
         Extend(face.Outline(text).Transformed(place), false);
@@ -120,26 +135,37 @@ void Drawing::Text(const TextLine& line) {
       canvas_.DrawText(clip, face, text, place, state_.textColor);
     }
   };
-  if (!line.hasAdvances && spacing == 0) {
+  if (!line.hasAdvances && !spaced) {
     std::string whole;
     for (const TextUnit& unit : line.units) whole += unit.text;
-    letters(whole, 0, 1);
+    letters(whole, {}, 1);
   } else {
-    double from = 0;
+    Point from;
     for (const TextUnit& unit : line.units) {
       const double own = face.Advance(unit.text);
       const double room = unit.advance / width;
       // Letters of a wider font than the one meant must not run into each other.
       const bool tooWide = line.hasAdvances && room > 0 && own > room * 1.1;
       letters(unit.text, from, tooWide ? std::max(narrowest, room / own) : 1);
-      from += line.hasAdvances ? room : own + spacing;
+      from.y -= unit.rise / height;
+      from.x += line.hasAdvances ? room : own + spacing(unit);
     }
   }
   const Ink ink{.kind = Ink::Kind::Solid, .color = state_.textColor};
   if (font.underlined) canvas_.Fill(clip, stripe(0.08, 0.14), FillRule::Winding, ink, copyPen);
   if (font.struckOut) canvas_.Fill(clip, stripe(-0.3, -0.24), FillRule::Winding, ink, copyPen);
-  if (updates && across != text_align::centre)
-    state_.current.x += (across == text_align::right ? -total : total) * width;
+  if (!updates || across == text_align::centre) return;
+  const Point start = matrix.Apply({0, 0}), end = matrix.Apply({total, 0});
+  MoveOnSheet(across == text_align::right ? Point{start.x - end.x, start.y - end.y}
+                                          : Point{end.x - start.x, end.y - start.y});
+}
+
+void Drawing::MoveOnSheet(Point by) {
+  const Matrix map = LogicalToSheet();
+  const double size = map.Determinant();
+  if (!map.IsUsable()) return;
+  state_.current.x += (map.yy * by.x - map.xy * by.y) / size;
+  state_.current.y += (map.xx * by.y - map.yx * by.x) / size;
 }
 
 }  // namespace lumidex::metafile

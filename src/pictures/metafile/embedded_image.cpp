@@ -16,8 +16,8 @@ constexpr PictureLimits imageLimits{.side = 32767, .bytes = std::int64_t{64} << 
 constexpr double perImage = 20000;
 constexpr double perImagePixel = 12;
 
-// The kinds of file that bitmap headers and pictures in records may hold. Metafiles are not among them, so
-// drawings can not nest.
+// The kinds of file that bitmap headers and pictures in records may hold. Metafiles are not among them: those
+// are played, not decoded.
 bool IsPlainPictureFile(Bytes bytes) {
   if (bytes.size() < 8) return false;
   const bool jpeg = bytes[0] == 0xFF && bytes[1] == 0xD8;

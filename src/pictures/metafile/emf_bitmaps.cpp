@@ -28,6 +28,25 @@ void MakeTransparent(Pixels& pixels, std::uint32_t color) {
   pixels.SetFormat(PixelFormat::Argb);
 }
 
+// Makes transparent what the mask shows black (or, when `inverted`, otherwise) and what lies beside it. The
+// mask's own corner lies `offset` before the image's.
+void ApplyMask(Pixels& image, const Pixels& mask, Point offset, bool inverted) {
+  const int left = static_cast<int>(std::clamp(offset.x, -32767.0, 32767.0));
+  const int top = static_cast<int>(std::clamp(offset.y, -32767.0, 32767.0));
+  for (int y = 0; y < image.Height(); ++y) {
+    const int maskY = y + top;
+    const bool rowInside = maskY >= 0 && maskY < mask.Height();
+    int maskX = left;
+    for (std::uint32_t& word : image.Row(y)) {
+      const bool inside = rowInside && maskX >= 0 && maskX < mask.Width();
+      const bool one = inside && (mask.Row(maskY)[static_cast<std::size_t>(maskX)] & 0xFFFFFF) != 0;
+      word = inside && one != inverted ? word | 0xFF000000u : 0;
+      ++maskX;
+    }
+  }
+  image.SetFormat(PixelFormat::Argb);
+}
+
 }  // namespace
 
 EmfPlayer::BitmapPlace EmfPlayer::ReadPlace(ByteReader& reader) {
@@ -111,7 +130,10 @@ void EmfPlayer::PlayMaskedBlock(Record& record) {
   Blit blit;
   blit.target = ReadPoint(reader);
   blit.targetSize = ReadPoint(reader);
-  reader.Skip(4);
+  // Two operations: for the mask's ones and, in the highest byte, its zeros.
+  const std::uint32_t operations = reader.U32Le();
+  blit.rasterOperation = static_cast<int>(operations >> 16 & 0xFF);
+  const bool inverted = operations >> 24 == sourceCopy && blit.rasterOperation == keepPicture;
   const Point from = ReadPoint(reader);
   const Matrix map = ReadMatrix(reader);
   reader.Skip(4);
@@ -120,27 +142,15 @@ void EmfPlayer::PlayMaskedBlock(Record& record) {
   const Point maskFrom = ReadPoint(reader);
   const std::uint32_t maskUsage = reader.U32Le();
   const BitmapPlace maskPlace = ReadPlace(reader);
+  if (!UsesSource(blit.rasterOperation) && !inverted)
+    return drawing_.TransferPattern(TargetBox(blit), blit.rasterOperation);
   auto image = DecodeAt(record, place, usage);
   if (!image) return;
   blit.source = MappedSource(from, blit.targetSize, map);
-  // The operation has two halves, for the mask's ones and zeros; nearly always copying and leaving alone.
-  if (const auto mask = DecodeAt(record, maskPlace, maskUsage)) {
-    const int left = static_cast<int>(std::clamp(maskFrom.x - from.x, -32767.0, 32767.0));
-    const int top = static_cast<int>(std::clamp(maskFrom.y - from.y, -32767.0, 32767.0));
-    for (int y = 0; y < image->pixels.Height(); ++y) {
-      const auto row = image->pixels.Row(y);
-      for (int x = 0; x < image->pixels.Width(); ++x) {
-        std::uint32_t& word = row[static_cast<std::size_t>(x)];
-        const int maskX = x + left, maskY = y + top;
-        const bool inside =
-            maskX >= 0 && maskY >= 0 && maskX < mask->pixels.Width() && maskY < mask->pixels.Height();
-        const bool shown =
-            inside && (mask->pixels.Row(maskY)[static_cast<std::size_t>(maskX)] & 0xFFFFFF) != 0;
-        word = shown ? word | 0xFF000000u : 0;
-      }
-    }
-    image->pixels.SetFormat(PixelFormat::Argb);
-  }
+  const auto mask = DecodeAt(record, maskPlace, maskUsage);
+  if (!mask) return drawing_.Transfer(blit, image->pixels);
+  // Nearly always copying and leaving alone.
+  ApplyMask(image->pixels, mask->pixels, {maskFrom.x - from.x, maskFrom.y - from.y}, inverted);
   drawing_.Blend(blit, image->pixels, 1);
 }
 
@@ -153,8 +163,14 @@ void EmfPlayer::PlayParallelogram(Record& record) {
   reader.Skip(4);
   const std::uint32_t usage = reader.U32Le();
   const BitmapPlace place = ReadPlace(reader);
-  if (const auto image = DecodeAt(record, place, usage))
-    drawing_.Parallelogram(MappedSource(from, size, map), corners, image->pixels);
+  const Point maskFrom = ReadPoint(reader);
+  const std::uint32_t maskUsage = reader.U32Le();
+  const BitmapPlace maskPlace = ReadPlace(reader);
+  auto image = DecodeAt(record, place, usage);
+  if (!image) return;
+  if (const auto mask = DecodeAt(record, maskPlace, maskUsage))
+    ApplyMask(image->pixels, mask->pixels, {maskFrom.x - from.x, maskFrom.y - from.y}, false);
+  drawing_.Parallelogram(MappedSource(from, size, map), corners, image->pixels);
 }
 
 void EmfPlayer::PlayBlend(Record& record, bool byColor) {
@@ -236,7 +252,10 @@ void EmfPlayer::PlaySetDibToDevice(Record& record) {
   if (!image) return;
   const double top = image->topDown ? from.y : image->pixels.Height() - from.y - size.y;
   blit.source = {from.x, top, from.x + size.x, top + size.y};
-  blit.targetSize = size;
+  // The size is one in pixels of the device, whatever a logical unit is.
+  const Point scale = drawing_.DeviceScale();
+  if (!(scale.x > 0 && scale.y > 0)) return;
+  blit.targetSize = {size.x / scale.x, size.y / scale.y};
   drawing_.Transfer(blit, image->pixels);
 }
 

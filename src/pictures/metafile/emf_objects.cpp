@@ -86,9 +86,13 @@ bool EmfPlayer::PlayObject(unsigned type, Record& record) {
   return true;
 }
 
-void EmfPlayer::SelectObject(std::uint32_t number) {
+Object EmfPlayer::ObjectAt(std::uint32_t number) const {
   constexpr std::uint32_t stock = 0x80000000;
-  drawing_.Select(number & stock ? StockObject(number & ~stock) : objects_.Get(number));
+  return number & stock ? StockObject(number & ~stock) : objects_.Get(number);
+}
+
+void EmfPlayer::SelectObject(std::uint32_t number) {
+  drawing_.Select(ObjectAt(number));
 }
 
 Object EmfPlayer::ReadExtendedPen(Record& record) {
@@ -118,100 +122,6 @@ Object EmfPlayer::ReadTiledBrush(Record& record) {
   Brush brush{.kind = Ink::Kind::Tiled};
   brush.tile = *std::move(tile);
   return brush;
-}
-
-bool EmfPlayer::PlayText(unsigned type, Record& record) {
-  switch (type) {
-    case 83:
-    case 84:
-      PlayTextString(record, type == 84);
-      return true;
-    case 108:
-      PlaySmallText(record);
-      return true;
-    default:
-      return false;
-  }
-}
-
-namespace {
-
-constexpr std::uint32_t fillsBox = 0x2, clipsToBox = 0x4, glyphNumbers = 0x10, noBox = 0x100,
-                        smallLetters = 0x200, pairedAdvances = 0x2000;
-
-// In the fonts that came with Windows the letters stand in the order of ASCII from the fourth place on, so
-// that text given by place in the font can still be told.
-constexpr std::uint16_t firstGlyphOffset = 29;
-
-std::vector<std::uint8_t> TextFromGlyphNumbers(Bytes text) {
-  ByteReader reader(text);
-  std::vector<std::uint8_t> plain;
-  while (reader.Remaining() >= 2) {
-    const unsigned code = reader.U16Le() + firstGlyphOffset;
-    plain.push_back(static_cast<std::uint8_t>(code & 0xFF));
-    plain.push_back(static_cast<std::uint8_t>(code >> 8 & 0xFF));
-  }
-  return plain;
-}
-
-}  // namespace
-
-void EmfPlayer::PlayTextString(Record& record, bool wide) {
-  ByteReader& reader = record.reader;
-  reader.Skip(16 + 12);
-  TextLine line;
-  line.at = ReadPoint(reader);
-  const std::uint32_t count = reader.U32Le(), textAt = reader.U32Le(), options = reader.U32Le();
-  line.box = ReadBox(reader);
-  const std::uint32_t advancesAt = reader.U32Le();
-  line.fillBox = (options & fillsBox) != 0;
-  line.clipToBox = (options & clipsToBox) != 0;
-
-  ByteReader text(record.bytes);
-  text.Seek(textAt);
-  const std::size_t codes = std::min<std::size_t>(count, text.Remaining() / (wide ? 2 : 1));
-  const Font& font = drawing_.State().font;
-  Bytes stored = text.Take(wide ? codes * 2 : codes);
-  std::vector<std::uint8_t> plain;
-  if (wide && (options & glyphNumbers)) {
-    plain = TextFromGlyphNumbers(stored);
-    stored = plain;
-  }
-  const auto letters = wide ? LettersFromUtf16(stored, font) : LettersFromCodePage(stored, font);
-
-  ByteReader advances(record.bytes);
-  advances.Seek(advancesAt);
-  const std::size_t eachBytes = options & pairedAdvances ? 8 : 4;
-  line.hasAdvances = advancesAt >= 8 && codes > 0 && advances.Remaining() / eachBytes >= codes;
-  for (const Letter& letter : letters) {
-    TextUnit unit{letter.text, 0};
-    for (std::size_t i = 0; line.hasAdvances && i < letter.codes; ++i) {
-      unit.advance += advances.S32Le();
-      advances.Skip(eachBytes - 4);
-    }
-    line.units.push_back(std::move(unit));
-  }
-  drawing_.Text(line);
-}
-
-void EmfPlayer::PlaySmallText(Record& record) {
-  ByteReader& reader = record.reader;
-  TextLine line;
-  line.at = ReadPoint(reader);
-  const std::uint32_t count = reader.U32Le(), options = reader.U32Le();
-  reader.Skip(12);
-  if (!(options & noBox)) {
-    line.box = ReadBox(reader);
-    line.fillBox = (options & fillsBox) != 0;
-    line.clipToBox = (options & clipsToBox) != 0;
-  }
-  const bool small = (options & smallLetters) != 0;
-  const std::size_t codes = std::min<std::size_t>(count, reader.Remaining() / (small ? 1 : 2));
-  const Bytes stored = reader.Take(small ? codes : codes * 2);
-  const Font& font = drawing_.State().font;
-  for (const Letter& letter : small ? LettersFromCodePage(stored, font) : LettersFromUtf16(stored, font))
-    line.units.push_back({letter.text, 0});
-  drawing_.Text(line);
 }
 
 }  // namespace lumidex::metafile

@@ -1,6 +1,7 @@
 #include "pictures/metafile/emf_player.h"
 
 #include "pictures/metafile/emf_reading.h"
+#include "pictures/metafile/nested.h"
 
 namespace lumidex::metafile {
 namespace {
@@ -9,7 +10,9 @@ constexpr std::uint32_t signature = 0x464D4520;  // " EMF"
 constexpr std::uint32_t smallestHeader = 88;
 constexpr std::uint32_t recordHeaderBytes = 8;
 constexpr unsigned endOfFile = 14, commentType = 70;
-constexpr std::uint32_t plusMark = 0x2B464D45;  // "EMF+"
+constexpr std::uint32_t plusMark = 0x2B464D45;    // "EMF+"
+constexpr std::uint32_t publicMark = 0x43494447;  // "GDIC"
+constexpr std::uint32_t severalFormats = 0x40000004;
 
 }  // namespace
 
@@ -58,8 +61,26 @@ void EmfPlayer::PlayRecord(unsigned type, Record record) {
 }
 
 void EmfPlayer::PlayComment(ByteReader& reader) {
-  ByteReader comment = reader.Sub(reader.U32Le());
-  if (comment.U32Le() == plusMark) plus_.Play(comment.Take(comment.Remaining()));
+  const Bytes bytes = reader.Take(reader.U32Le());
+  ByteReader comment(bytes);
+  const std::uint32_t mark = comment.U32Le();
+  if (mark == plusMark) plus_.Play(comment.Take(comment.Remaining()));
+  if (mark == publicMark && comment.U32Le() == severalFormats) PlayFormats(bytes, comment);
+}
+
+void EmfPlayer::PlayFormats(Bytes comment, ByteReader& reader) {
+  constexpr std::size_t descriptionBytes = 16;
+  const Box box = ReadBox(reader);
+  const Matrix place{.xx = box.Width(), .yy = box.Height(), .x0 = box.left, .y0 = box.top};
+  for (std::uint32_t count = reader.U32Le(); count > 0 && reader.Remaining() >= descriptionBytes; --count) {
+    const bool isMetafile = reader.U32Le() == signature;
+    reader.Skip(4);
+    const std::uint32_t bytes = reader.U32Le();
+    ByteReader format(comment);
+    format.Seek(reader.U32Le());
+    // The first that can be shown stands for all.
+    if (isMetafile && PlayNested(drawing_, format.Take(bytes), place)) return;
+  }
 }
 
 bool EmfPlayer::PlaySetting(unsigned type, ByteReader& reader) {
@@ -92,6 +113,14 @@ bool EmfPlayer::PlaySetting(unsigned type, ByteReader& reader) {
     case 34:
       drawing_.Restore(reader.S32Le());
       return true;
+    case 115:
+      state.rightToLeft = (reader.U32Le() & 1) != 0;
+      return true;
+    case 120: {
+      const double extra = reader.S32Le(), blanks = reader.S32Le();
+      state.blankSpacing = blanks > 0 ? extra / blanks : 0;
+      return true;
+    }
     case 57:
       state.clockwiseArcs = reader.U32Le() == 2;
       return true;
@@ -174,6 +203,9 @@ bool EmfPlayer::PlayPath(unsigned type, ByteReader& reader) {
       return true;
     case 65:  // curves become lines, which looks the same
       return true;
+    case 66:
+      drawing_.WidenPath();
+      return true;
     case 67:
       drawing_.ClipToPath(static_cast<ClipMode>(std::clamp<std::uint32_t>(reader.U32Le(), 1, 5)));
       return true;
@@ -205,21 +237,36 @@ bool EmfPlayer::PlayClip(unsigned type, ByteReader& reader) {
     case 26:
       drawing_.OffsetClip(ReadPoint(reader));
       return true;
+    case 28:
+      drawing_.KeepClip();
+      return true;
     case 29:
       drawing_.ClipBox(ReadBox(reader), ClipMode::Difference);
       return true;
     case 30:
       drawing_.ClipBox(ReadBox(reader), ClipMode::And);
       return true;
-    case 71: {
+    case 71:
+    case 72: {
       reader.Skip(20);
-      const auto* brush = std::get_if<Brush>(&objects_.Get(reader.U32Le()));
-      if (brush) FillRegion(reader, *brush);
+      const Object object = ObjectAt(reader.U32Le());
+      const auto* brush = std::get_if<Brush>(&object);
+      const Point edge = type == 72 ? ReadPoint(reader) : Point{};
+      if (!brush) return true;
+      if (type == 72) {
+        drawing_.FrameRegion(ReadRegion(reader), *brush, edge);
+      } else {
+        drawing_.FillRegion(ReadRegion(reader), *brush);
+      }
       return true;
     }
+    case 73:
+      reader.Skip(20);
+      drawing_.InvertRegion(ReadRegion(reader));
+      return true;
     case 74:
       reader.Skip(20);
-      FillRegion(reader, drawing_.State().brush);
+      drawing_.FillRegion(ReadRegion(reader), drawing_.State().brush);
       return true;
     case 75: {
       const std::uint32_t bytes = reader.U32Le();
@@ -234,10 +281,6 @@ bool EmfPlayer::PlayClip(unsigned type, ByteReader& reader) {
     default:
       return false;
   }
-}
-
-void EmfPlayer::FillRegion(ByteReader& reader, const Brush& brush) {
-  drawing_.FillRegion(ReadRegion(reader), brush);
 }
 
 }  // namespace lumidex::metafile

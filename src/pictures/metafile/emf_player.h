@@ -42,6 +42,9 @@ class EmfPlayer {
 
   void PlayRecord(unsigned type, Record record);
   void PlayComment(ByteReader& reader);
+  // One picture in several formats; `reader` stands before its place, offsets count from the start of
+  // `comment`.
+  void PlayFormats(Bytes comment, ByteReader& reader);
   bool PlaySetting(unsigned type, ByteReader& reader);
   bool PlayMapping(unsigned type, ByteReader& reader);
   bool PlayShape(unsigned type, ByteReader& reader);
@@ -56,7 +59,8 @@ class EmfPlayer {
   void PlayPolyPolyline(ByteReader& reader, bool narrow, bool filled);
   void PlayGradient(ByteReader& reader);
   void SelectObject(std::uint32_t number);
-  void FillRegion(ByteReader& reader, const Brush& brush);
+  // One of the file's own or of those that need no making.
+  Object ObjectAt(std::uint32_t number) const;
   Object ReadExtendedPen(Record& record);
   Object ReadTiledBrush(Record& record);
 
@@ -68,7 +72,9 @@ class EmfPlayer {
   std::optional<EmbeddedImage> DecodeAt(const Record& record, const BitmapPlace& place, unsigned usage);
   // Replaces the pixels of a plain 32-bit bitmap with its stored words, alpha included.
   static void ReadAlpha(const Record& record, const BitmapPlace& place, Pixels& pixels, bool topDown);
+  // The reader stands before the text's description.
   void PlayTextString(Record& record, bool wide);
+  void PlayTextStrings(Record& record, bool wide);
   void PlaySmallText(Record& record);
   void PlayBlock(Record& record, bool stretched);
   void PlayMaskedBlock(Record& record);

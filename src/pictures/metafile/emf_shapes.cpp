@@ -120,6 +120,12 @@ bool EmfPlayer::PlayShape(unsigned type, ByteReader& reader) {
       drawing_.SetPixel(at, drawing_.Color(reader.U32Le()));
       return true;
     }
+    case 53: {
+      const Point at = ReadPoint(reader);
+      const std::uint32_t color = drawing_.Color(reader.U32Le());
+      drawing_.FloodFill(at, color, reader.U32Le() == 1);
+      return true;
+    }
     case 27:
       drawing_.MoveTo(ReadPoint(reader));
       return true;

@@ -2,6 +2,7 @@
 
 #include <iconv.h>
 
+#include <algorithm>
 #include <array>
 
 #include "pictures/byte_reader.h"
@@ -61,7 +62,7 @@ constexpr std::array<char16_t, 224> symbols = {
     0x23AC, 0x23AD, 0};
 
 bool IsSymbol(const Font& font) {
-  return font.family == "Symbol";
+  return HasSameLetters(font.family, "Symbol");
 }
 
 // The signs of the Wingdings font that documents use as bullets, arrows and ticks.
@@ -111,7 +112,7 @@ char32_t OwnLetter(unsigned code, const Font& font) {
     const char32_t letter = code >= 0x20 && code <= 0xFF ? symbols[code - 0x20] : 0;
     return letter != 0 ? letter : U' ';
   }
-  if (font.family == "Wingdings") return WingdingsSign(code);
+  if (HasSameLetters(font.family, "Wingdings")) return WingdingsSign(code);
   return 0;
 }
 
@@ -184,6 +185,13 @@ bool IsControl(unsigned code) {
 }
 
 }  // namespace
+
+bool HasSameLetters(std::string_view a, std::string_view b) {
+  const auto lower = [](char letter) {
+    return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
+  };
+  return std::ranges::equal(a, b, {}, lower, lower);
+}
 
 std::vector<Letter> LettersFromCodePage(Bytes text, const Font& font) {
   const Converter converter(CodePageOf(font.charset));

@@ -2,6 +2,7 @@
 // Turns the text of metafile records into UTF-8, letter by letter, since records place letters one by one.
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "pictures/metafile/device_state.h"
@@ -18,6 +19,8 @@ struct Letter {
 std::vector<Letter> LettersFromCodePage(Bytes text, const Font& font);
 // Text in UTF-16, low byte first.
 std::vector<Letter> LettersFromUtf16(Bytes text, const Font& font);
+// Whether two names differ at most in the case of ASCII letters.
+bool HasSameLetters(std::string_view a, std::string_view b);
 // A font name in UTF-16 that ends at its first zero.
 std::string NameFromUtf16(Bytes text);
 

@@ -19,8 +19,8 @@ constexpr double workPerMebibyte = 1.0e9;
 
 }  // namespace
 
-Size NaturalSize(double widthInches, double heightInches, const PictureLimits& limits) {
-  double width = std::abs(widthInches) * pixelsPerInch, height = std::abs(heightInches) * pixelsPerInch;
+Size NaturalSize(Point inches, const PictureLimits& limits) {
+  double width = std::abs(inches.x) * pixelsPerInch, height = std::abs(inches.y) * pixelsPerInch;
   if (!(width > 0) || !(height > 0))
     throw RunTimeError(ErrorNumber::InvalidPicture, "The metafile has no extent");
   if (!(std::round(width) <= limits.side) || !(std::round(height) <= limits.side))
@@ -51,7 +51,8 @@ Pixels MetafileDecoder::Decode(const DecodeRequest& request) const {
     const std::vector<std::uint8_t> bytes = data_.All();
     WorkBudget budget(workPerMebibyte * std::max(1.0, static_cast<double>(bytes.size()) / (1 << 20)));
     Canvas canvas(pixels, budget);
-    Play(bytes, canvas);
+    const Box area = canvas.Area();
+    Play(bytes, canvas, {.unitToSheet = {.xx = area.Width(), .yy = area.Height()}});
     canvas.Finish();
     return pixels;
   } catch (const std::bad_alloc&) {

@@ -3,13 +3,14 @@
 
 #include "pictures/codec.h"
 #include "pictures/metafile/canvas.h"
+#include "pictures/metafile/stage.h"
 
 namespace lumidex::metafile {
 
 // The picture's size for a drawing of so many inches, at 96 pixels an inch, rounded. Drawings without an
 // extent or beyond the limits raise InvalidPicture. Of sheets that would fill memory as pixels, the size is
 // taken in proportion smaller: a drawing has no pixels of its own.
-Size NaturalSize(double widthInches, double heightInches, const PictureLimits& limits);
+Size NaturalSize(Point inches, const PictureLimits& limits);
 
 class MetafileDecoder : public Decoder {
  public:
@@ -18,8 +19,8 @@ class MetafileDecoder : public Decoder {
 
  protected:
   MetafileDecoder(const PictureData& data, const OpenOptions& options);
-  // Plays `bytes`, the whole file, onto the canvas so that it fills it.
-  virtual void Play(Bytes bytes, Canvas& canvas) const = 0;
+  // Plays `bytes`, the whole file, onto the stage, which is all of the canvas.
+  virtual void Play(Bytes bytes, Canvas& canvas, const Stage& stage) const = 0;
 
  private:
   PictureData data_;

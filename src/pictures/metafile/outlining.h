@@ -12,6 +12,9 @@ inline constexpr double perGroupPixel = 4;
 inline constexpr double perEdgeRow = 100;
 inline constexpr double perEdgeColumn = 6;
 
+// A quarter of a pixel more or less can not be seen, and curves become far fewer lines.
+inline constexpr double tolerance = 0.2;
+
 // Makes `path` the context's current path.
 void Trace(cairo_t* context, const Path& path);
 void SetFillRule(cairo_t* context, FillRule rule);

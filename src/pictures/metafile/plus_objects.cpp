@@ -306,11 +306,21 @@ Object ReadObject(unsigned kind, Bytes bytes) {
   }
 }
 
+std::optional<Bytes> StoredMetafile(Bytes image) {
+  constexpr std::uint32_t metafile = 2;
+  ByteReader reader(image);
+  reader.Skip(4);
+  if (reader.U32Le() != metafile) return std::nullopt;
+  reader.Skip(4);
+  const std::uint32_t bytes = reader.U32Le();
+  return reader.Take(std::min<std::size_t>(bytes, reader.Remaining()));
+}
+
 std::optional<Pixels> DecodeImage(Bytes bytes, WorkBudget& budget) {
   constexpr std::uint32_t bitmap = 1, plainPixels = 0;
   ByteReader reader(bytes);
   reader.Skip(4);
-  if (reader.U32Le() != bitmap) return std::nullopt;  // the other kind is a drawing in the drawing
+  if (reader.U32Le() != bitmap) return std::nullopt;
   const Size size{reader.S32Le(), reader.S32Le()};
   const int stride = reader.S32Le();
   const std::uint32_t format = reader.U32Le();

@@ -51,7 +51,9 @@ std::vector<Point> ReadPoints(ByteReader& reader, std::size_t count, bool narrow
 // Left, top, width and height.
 Box ReadBox(ByteReader& reader, bool narrow);
 
-// The pixels of a stored picture; nothing when they make no sense or cost more than is left.
+// The bytes of a stored picture that is a metafile; nothing of others.
+std::optional<Bytes> StoredMetafile(Bytes image);
+// The pixels of a stored picture that is none; nothing when they make no sense or cost more than is left.
 std::optional<Pixels> DecodeImage(Bytes bytes, WorkBudget& budget);
 
 }  // namespace lumidex::metafile::plus

@@ -4,6 +4,7 @@
 
 #include "pictures/metafile/emf_reading.h"
 #include "pictures/metafile/letters.h"
+#include "pictures/metafile/nested.h"
 
 namespace lumidex::metafile::plus {
 namespace {
@@ -368,6 +369,13 @@ bool Player::PlayImage(Record& record) {
     const auto points = ReadPoints(reader, count, record.HasNarrowPoints(), record.HasRelativePoints());
     if (points.size() < corners.size()) return true;
     std::ranges::copy_n(points.begin(), static_cast<std::ptrdiff_t>(corners.size()), corners.begin());
+  }
+  if (const auto* stored = Get<ImageObject>(record.ObjectNumber())) {
+    if (const auto metafile = StoredMetafile(stored->bytes)) {
+      const Point a = corners[0], b = corners[1], c = corners[2];
+      PlayNested(drawing_, *metafile, {b.x - a.x, b.y - a.y, c.x - a.x, c.y - a.y, a.x, a.y});
+      return true;
+    }
   }
   const Pixels* const image = ImageOf(record.ObjectNumber());
   if (!image) return true;

@@ -1,7 +1,6 @@
 #pragma once
 // Plays the later "plus" records, which stand in comments of an enhanced metafile, for files that hold
-// nothing else. What is not told apart here: shadings (one colour), the effects of pictures, drawings within
-// drawings.
+// nothing else. What is not told apart here: shadings (one colour) and the effects of pictures.
 
 #include <array>
 

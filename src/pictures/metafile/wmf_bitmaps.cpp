@@ -1,5 +1,6 @@
 #include "pictures/metafile/embedded_image.h"
 #include "pictures/metafile/wmf_player.h"
+#include "pictures/metafile/wmf_reading.h"
 
 namespace lumidex::metafile {
 namespace {
@@ -11,11 +12,6 @@ constexpr std::size_t brushBitmapHeader = 32;
 
 int TernaryOperation(ByteReader& record) {
   return static_cast<int>(record.U32Le() >> 16 & 0xFF);
-}
-
-Point Reversed(ByteReader& record) {
-  const double y = record.S16Le();
-  return {static_cast<double>(record.S16Le()), y};
 }
 
 }  // namespace
@@ -48,7 +44,7 @@ bool WmfPlayer::PlayBitmap(unsigned function, ByteReader& record) {
   switch (function) {
     case 0x061D: {
       const int operation = TernaryOperation(record);
-      const Point size = Reversed(record), at = Reversed(record);
+      const Point size = ReversedPoint(record), at = ReversedPoint(record);
       drawing_.TransferPattern({at.x, at.y, at.x + size.x, at.y + size.y}, operation);
       return true;
     }
@@ -82,11 +78,11 @@ void WmfPlayer::PlayBlock(ByteReader& record, bool stretched, bool deviceBitmap)
   Blit blit;
   blit.rasterOperation = TernaryOperation(record);
   Point sourceSize;
-  if (stretched) sourceSize = Reversed(record);
-  const Point from = Reversed(record);
+  if (stretched) sourceSize = ReversedPoint(record);
+  const Point from = ReversedPoint(record);
   if (!hasBitmap) record.Skip(2);
-  blit.targetSize = Reversed(record);
-  blit.target = Reversed(record);
+  blit.targetSize = ReversedPoint(record);
+  blit.target = ReversedPoint(record);
   const Box target{blit.target.x, blit.target.y, blit.target.x + blit.targetSize.x,
                    blit.target.y + blit.targetSize.y};
   if (!hasBitmap || !UsesSource(blit.rasterOperation))
@@ -110,9 +106,9 @@ void WmfPlayer::PlayStretchDib(ByteReader& record) {
   Blit blit;
   blit.rasterOperation = TernaryOperation(record);
   const bool usesPalette = record.U16Le() == 1;
-  const Point sourceSize = Reversed(record), from = Reversed(record);
-  blit.targetSize = Reversed(record);
-  blit.target = Reversed(record);
+  const Point sourceSize = ReversedPoint(record), from = ReversedPoint(record);
+  blit.targetSize = ReversedPoint(record);
+  blit.target = ReversedPoint(record);
   const auto image = DecodeBitmap({.header = record.Take(record.Remaining()),
                                    .bits = {},
                                    .usesPalette = usesPalette,
@@ -128,7 +124,7 @@ void WmfPlayer::PlayStretchDib(ByteReader& record) {
 void WmfPlayer::PlaySetDibToDevice(ByteReader& record) {
   const bool usesPalette = record.U16Le() == 1;
   record.Skip(4);
-  const Point from = Reversed(record), size = Reversed(record), at = Reversed(record);
+  const Point from = ReversedPoint(record), size = ReversedPoint(record), at = ReversedPoint(record);
   const auto image = DecodeBitmap({.header = record.Take(record.Remaining()),
                                    .bits = {},
                                    .usesPalette = usesPalette,
@@ -136,9 +132,13 @@ void WmfPlayer::PlaySetDibToDevice(ByteReader& record) {
                                   drawing_.Sheet().Budget());
   if (!image) return;
   const double top = image->topDown ? from.y : image->pixels.Height() - from.y - size.y;
-  drawing_.Transfer(
-      {.target = at, .targetSize = size, .source = {from.x, top, from.x + size.x, top + size.y}},
-      image->pixels);
+  // The size is one in pixels of the device, whatever a logical unit is.
+  const Point scale = drawing_.DeviceScale();
+  if (!(scale.x > 0 && scale.y > 0)) return;
+  drawing_.Transfer({.target = at,
+                     .targetSize = {size.x / scale.x, size.y / scale.y},
+                     .source = {from.x, top, from.x + size.x, top + size.y}},
+                    image->pixels);
 }
 
 }  // namespace lumidex::metafile

@@ -1,23 +1,13 @@
 #include "pictures/metafile/wmf_player.h"
 
+#include "pictures/metafile/wmf_reading.h"
+
 namespace lumidex::metafile {
 namespace {
 
 constexpr std::uint32_t placingKey = 0x9AC6CDD7;
 constexpr std::size_t placingBytes = 22;
 constexpr std::size_t headerBytes = 18;
-constexpr std::size_t recordHeaderBytes = 6;
-
-// Coordinates stand in reverse order: y before x, bottom before top.
-Point ReversedPoint(ByteReader& record) {
-  const double y = record.S16Le();
-  return {static_cast<double>(record.S16Le()), y};
-}
-
-Box ReversedBox(ByteReader& record) {
-  const Point corner = ReversedPoint(record), origin = ReversedPoint(record);
-  return {origin.x, origin.y, corner.x, corner.y};
-}
 
 std::vector<Point> Points(ByteReader& record, std::size_t count) {
   std::vector<Point> points(std::min(count, record.Remaining() / 4));
@@ -26,25 +16,6 @@ std::vector<Point> Points(ByteReader& record, std::size_t count) {
     point.y = record.S16Le();
   }
   return points;
-}
-
-// Of a cut file's last record only a bitmap is worth showing in part; of others, a part means something else.
-bool HoldsBitmap(unsigned function) {
-  return function == 0x0940 || function == 0x0B41 || function == 0x0D33 || function == 0x0F43;
-}
-
-// Runs `visit(function, record)` over all records until it answers false.
-template <class Visit>
-void ForEachRecord(Bytes records, Visit visit) {
-  ByteReader reader(records);
-  while (reader.Remaining() >= recordHeaderBytes) {
-    const std::uint64_t bytes = std::uint64_t{reader.U32Le()} * 2;
-    const unsigned function = reader.U16Le();
-    if (bytes < recordHeaderBytes || function == 0) return;
-    const std::uint64_t rest = bytes - recordHeaderBytes;
-    if (rest > reader.Remaining() && !HoldsBitmap(function)) return;
-    if (!visit(function, reader.Sub(static_cast<std::size_t>(rest)))) return;
-  }
 }
 
 }  // namespace
@@ -121,6 +92,14 @@ bool WmfPlayer::PlaySetting(unsigned function, ByteReader& record) {
       return true;
     case 0x0108:
       state.letterSpacing = record.S16Le();
+      return true;
+    case 0x020A: {
+      const double blanks = record.U16Le(), extra = record.S16Le();
+      state.blankSpacing = blanks > 0 ? extra / blanks : 0;
+      return true;
+    }
+    case 0x0149:
+      state.rightToLeft = (record.U16Le() & 1) != 0;
       return true;
     case 0x012E:
       state.textAlign = record.U16Le();
@@ -223,6 +202,17 @@ bool WmfPlayer::PlayShape(unsigned function, ByteReader& record) {
     case 0x0538:
       PlayPolyPolygon(record);
       return true;
+    case 0x0419: {
+      const std::uint32_t edge = drawing_.Color(record.U32Le());
+      drawing_.FloodFill(ReversedPoint(record), edge, false);
+      return true;
+    }
+    case 0x0548: {
+      const bool surface = record.U16Le() == 1;
+      const std::uint32_t color = drawing_.Color(record.U32Le());
+      drawing_.FloodFill(ReversedPoint(record), color, surface);
+      return true;
+    }
     case 0x041F: {
       const std::uint32_t color = drawing_.Color(record.U32Le());
       drawing_.SetPixel(ReversedPoint(record), color);
@@ -256,8 +246,7 @@ bool WmfPlayer::PlayClip(unsigned function, ByteReader& record) {
       drawing_.OffsetClip(ReversedPoint(record));
       return true;
     case 0x012C: {
-      const auto* region = std::get_if<Region>(&objects_.Get(record.U16Le()));
-      if (region) {
+      if (const auto* region = RegionAt(record.U16Le())) {
         drawing_.ClipRegion(region->boxes, ClipMode::Copy, false);
       } else {
         drawing_.ResetClip();
@@ -265,25 +254,27 @@ bool WmfPlayer::PlayClip(unsigned function, ByteReader& record) {
       return true;
     }
     case 0x012A:
-      FillRegion(record.U16Le(), {.kind = Ink::Kind::Solid, .color = 0});
+      if (const auto* region = RegionAt(record.U16Le())) drawing_.InvertRegion(region->boxes);
       return true;
     case 0x012B:
-      FillRegion(record.U16Le(), drawing_.State().brush);
+      if (const auto* region = RegionAt(record.U16Le()))
+        drawing_.FillRegion(region->boxes, drawing_.State().brush);
       return true;
     case 0x0228:
     case 0x0429: {
-      const unsigned region = record.U16Le();
-      if (const auto* brush = std::get_if<Brush>(&objects_.Get(record.U16Le()))) FillRegion(region, *brush);
+      const auto* region = RegionAt(record.U16Le());
+      const auto* brush = std::get_if<Brush>(&objects_.Get(record.U16Le()));
+      if (!region || !brush) return true;
+      if (function == 0x0228) {
+        drawing_.FillRegion(region->boxes, *brush);
+      } else {
+        drawing_.FrameRegion(region->boxes, *brush, ReversedPoint(record));
+      }
       return true;
     }
     default:
       return false;
   }
-}
-
-void WmfPlayer::FillRegion(std::size_t number, const Brush& brush) {
-  if (const auto* region = std::get_if<Region>(&objects_.Get(number)))
-    drawing_.FillRegion(region->boxes, brush);
 }
 
 }  // namespace lumidex::metafile

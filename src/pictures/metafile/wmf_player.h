@@ -46,7 +46,7 @@ class WmfPlayer {
 
   void PlayPolyPolygon(ByteReader& record);
   void PlayArc(ByteReader& record, Drawing::ArcKind kind);
-  void FillRegion(std::size_t region, const Brush& brush);
+  const Region* RegionAt(std::size_t number) const { return std::get_if<Region>(&objects_.Get(number)); }
   void PlayBlock(ByteReader& record, bool stretched, bool deviceBitmap);
   void PlayStretchDib(ByteReader& record);
   void PlaySetDibToDevice(ByteReader& record);
