@@ -4,72 +4,15 @@
 
 #include "base/run_time_error.h"
 #include "gallery/encoders/iff_encoder.h"
-#include "pictures/support/byte_writer.h"
+#include "pictures/support/iff_file.h"
 #include "pictures/support/patterns.h"
 
-namespace lumidex {
+namespace lumidex::iff {
 namespace {
 
 using testing::ElementsAre;
 
 constexpr std::uint32_t black = 0xFF000000;
-
-ByteWriter Chunk(std::string_view id, const ByteWriter& content) {
-  ByteWriter chunk;
-  chunk.Text(id).U32Be(static_cast<std::uint32_t>(content.Size())).Add(content.Bytes());
-  return chunk.PadTo(2);
-}
-
-ByteWriter Bytes(std::initializer_list<std::uint32_t> values) {
-  return ByteWriter().Add(values);
-}
-
-ByteWriter Group(std::string_view id, std::string_view type, const std::vector<ByteWriter>& chunks) {
-  ByteWriter content;
-  content.Text(type);
-  for (const ByteWriter& chunk : chunks) content.Add(chunk.Bytes());
-  return Chunk(id, content);
-}
-
-struct Header {
-  unsigned width = 2, height = 1, planes = 2, masking = 0, compression = 0, transparent = 0;
-};
-
-ByteWriter BitmapHeader(const Header& header) {
-  ByteWriter content;
-  content.U16Be(header.width).U16Be(header.height).U32Be(0).U8(header.planes).U8(header.masking);
-  content.U8(header.compression).U8(0).U16Be(header.transparent).U8(1).U8(1).U16Be(320).U16Be(200);
-  return Chunk("BMHD", content);
-}
-
-ByteWriter Colours(unsigned count) {
-  ByteWriter content;
-  for (unsigned i = 0; i < count; ++i) content.Add({i, 2 * i, 255 - i});
-  return Chunk("CMAP", content);
-}
-
-std::uint32_t Colour(unsigned i) {
-  return black | i << 16 | (2 * i) << 8 | (255 - i);
-}
-
-ByteWriter DisplayMode(std::uint32_t mode) {
-  return Chunk("CAMG", ByteWriter().U32Be(mode));
-}
-
-std::vector<std::uint32_t> WordsIn(const ByteWriter& file) {
-  return WordsOf(DecodeBytes(file.Bytes()));
-}
-
-int DepthIn(const ByteWriter& file) {
-  return OpenBytes(file.Bytes())->Facts().bitsPerPixel;
-}
-
-// One pixel whose code is `code`, in interleaved planes.
-ByteWriter OnePixel(unsigned code, unsigned planes) {
-  ByteWriter content;
-  for (unsigned plane = 0; plane < planes; ++plane) content.U8((code >> plane & 1) << 7).U8(0);
-  return Chunk("BODY", content);
-}
 
 TEST(Iff, Interleaved_planes_come_back) {
   for (const auto form : {IffForm::Plain, IffForm::Packed}) {
@@ -110,42 +53,6 @@ TEST(Iff, Colours_that_hold_and_modify_reaches_come_back) {
   const auto file = EncodeHoldAndModify(pixels, {black, 0xFFFFFFFF});
   EXPECT_EQ(OpenBytes(file)->Facts().bitsPerPixel, 24);
   EXPECT_EQ(WordsOf(DecodeBytes(file)), WordsOf(pixels));
-}
-
-TEST(Iff, Eight_planes_hold_and_modify_six_bits) {
-  const auto file = Group(
-      "FORM", "ILBM",
-      {BitmapHeader({.width = 1, .planes = 8}), Colours(64), DisplayMode(0x800), OnePixel(0x80 | 33, 8)});
-  EXPECT_EQ(DepthIn(file), 24);
-  // Red becomes 33, spread over eight bits, beside what is left of entry 0.
-  EXPECT_THAT(WordsIn(file), ElementsAre(black | (33U << 2 | 33U >> 4) << 16 | 255));
-}
-
-TEST(Iff, Six_planes_tell_their_mode_by_the_number_of_colours) {
-  const auto file = [](unsigned colours) {
-    return Group("FORM", "ILBM",
-                 {BitmapHeader({.width = 1, .planes = 6}), Colours(colours), OnePixel(40, 6)});
-  };
-  EXPECT_EQ(DepthIn(file(16)), 24);
-  EXPECT_THAT(WordsIn(file(16)), ElementsAre(black | 8 * 17 << 16 | 255));
-  EXPECT_EQ(DepthIn(file(32)), 8);
-  EXPECT_THAT(WordsIn(file(32)), ElementsAre(black | 4 << 16 | 8 << 8 | 123));
-  EXPECT_EQ(DepthIn(file(64)), 8);
-  EXPECT_THAT(WordsIn(file(64)), ElementsAre(Colour(40)));
-}
-
-TEST(Iff, Half_bright_halves_the_first_32_colours) {
-  const auto file =
-      Group("FORM", "ILBM",
-            {BitmapHeader({.width = 1, .planes = 6}), Colours(64), DisplayMode(0x80), OnePixel(40, 6)});
-  EXPECT_THAT(WordsIn(file), ElementsAre(black | 4 << 16 | 8 << 8 | 123));
-}
-
-TEST(Iff, Colours_of_four_bits_are_widened) {
-  const auto file = Group("FORM", "ILBM",
-                          {BitmapHeader({}), Chunk("CMAP", Bytes({0, 0, 0, 0xF0, 0x80, 0x10})),
-                           Chunk("BODY", Bytes({0x40, 0, 0, 0}))});
-  EXPECT_THAT(WordsIn(file), ElementsAre(black, 0xFFFF8811U));
 }
 
 TEST(Iff, Without_colours_indices_are_greys) {
@@ -251,11 +158,30 @@ TEST(Iff, The_padding_at_the_very_end_may_be_missing) {
   EXPECT_THAT(WordsOf(DecodeBytes(cut)), ElementsAre(Colour(0), Colour(1)));
 }
 
+TEST(Iff, The_palette_may_stand_behind_the_rows) {
+  const auto file =
+      Group("FORM", "ILBM", {BitmapHeader({}), Chunk("BODY", Bytes({0x40, 0, 0, 0})), Colours(4)});
+  EXPECT_THAT(WordsIn(file), ElementsAre(Colour(0), Colour(1)));
+}
+
 TEST(Iff, Rows_behind_a_cut_are_blank) {
   const auto file = Group(
       "FORM", "ILBM",
       {BitmapHeader({.width = 1, .height = 2, .planes = 1}), Colours(2), Chunk("BODY", Bytes({0x80, 0}))});
   EXPECT_THAT(WordsIn(file), ElementsAre(Colour(1), blankPixel));
+}
+
+TEST(Iff, Other_contents_are_refused_by_name) {
+  for (const auto& file :
+       {Group("FORM", "8SVX", {Chunk("BODY", Bytes({1, 2}))}), Group("FOR4", "CIMG", {Chunk("TBHD", {})})}) {
+    try {
+      OpenBytes(file.Bytes(), ".iff");
+      FAIL();
+    } catch (const RunTimeError& error) {
+      EXPECT_EQ(error.Number(), ErrorNumber::InvalidPicture);
+      EXPECT_THAT(error.what(), testing::HasSubstr("IFF: there is no bitmap"));
+    }
+  }
 }
 
 TEST(Iff, What_holds_no_readable_picture_is_refused) {
@@ -281,4 +207,4 @@ TEST(Iff, What_holds_no_readable_picture_is_refused) {
 }
 
 }  // namespace
-}  // namespace lumidex
+}  // namespace lumidex::iff

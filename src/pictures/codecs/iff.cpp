@@ -17,22 +17,58 @@
 namespace lumidex {
 namespace {
 
-enum Compression { Plain = 0, Packed = 1, Columns = 2 };
+enum Compression { Plain = 0, Packed = 1, Columns = 2, Runs = 4 };
+
+constexpr int rgb8Planes = 25, rgbnPlanes = 13;  // the last is not of the colour
 
 int DepthOf(const IffPicture& picture, IffMode mode) {
+  if (picture.kind == IffKind::ColourRuns) return picture.planes - 1;
   return mode == IffMode::HoldAndModify ? 24 : picture.planes;
+}
+
+// Changes of the palette from row to row. Nobody needs more than this of them: 16 for each row of the highest
+// picture, each of six bytes.
+IffLineColours LineColoursOf(const PictureData& data, const IffPicture& picture) {
+  constexpr std::uint64_t most = std::uint64_t{4} << 20;
+  constexpr std::uint32_t interlaced = 4;
+  if (picture.lineColours == IffLineColoursKind::None) return {};
+  const std::vector<std::uint8_t> chunk = data.Stretch(
+      picture.lineColoursOffset, static_cast<std::size_t>(std::min(picture.lineColoursLength, most)));
+  const bool mayPairRows = (picture.displayMode.value_or(interlaced) & interlaced) != 0;
+  return {picture.lineColours, chunk, picture.size.height, mayPairRows};
+}
+
+std::size_t StrideOf(const IffPicture& picture) {
+  const std::size_t width = static_cast<std::size_t>(picture.size.width);
+  switch (picture.kind) {
+    case IffKind::Chunky:
+      return (width + 1) / 2 * 2;
+    case IffKind::ColourRuns:
+      return width * 4;
+    case IffKind::Deep:
+      return width * picture.elements.size();
+    default:
+      return (width + 15) / 16 * 2;
+  }
 }
 
 // Turns the planes of one row at a time into pixels.
 class RowPainter {
  public:
-  RowPainter(const IffPicture& picture, IffMode mode)
-      : mode_(mode),
+  RowPainter(const IffPicture& picture, IffMode mode, IffLineColours lineColours)
+      : picture_(picture),
+        mode_(mode),
+        lineColours_(std::move(lineColours)),
         planes_(picture.planes),
         palette_(PaletteOf(picture, mode)),
         codes_(static_cast<std::size_t>(picture.size.width)),
         green_(mode == IffMode::TrueColour ? codes_.size() : 0),
         blue_(green_.size()) {}
+
+  // To be called for each row from the top, before it is painted.
+  void BeginRow(int y) {
+    if (lineColours_.Advance(y, picture_.colours)) palette_ = PaletteOf(picture_, mode_);
+  }
 
   // Plane p of the row begins at `bits[p * stride]`.
   void PaintPlanes(Bytes bits, std::size_t stride, std::span<std::uint32_t> row) {
@@ -66,7 +102,9 @@ class RowPainter {
       row[x] = (row[x] & 0xFFFFFF) | std::uint32_t{codes_[x]} << 24;
   }
 
+  IffPicture picture_;  // its colours are those of the row
   IffMode mode_;
+  IffLineColours lineColours_;
   int planes_;
   Palette palette_;
   std::vector<std::uint8_t> codes_, green_, blue_;
@@ -78,15 +116,13 @@ class IffDecoder final : public FileDecoder {
       : FileDecoder(data, options, picture.size, DepthOf(picture, ModeOf(picture)), "IFF"),
         picture_(picture),
         mode_(ModeOf(picture)) {
-    const std::size_t width = static_cast<std::size_t>(picture.size.width);
-    stride_ = picture.kind == IffKind::Chunky ? (width + 1) / 2 * 2 : (width + 15) / 16 * 2;
+    stride_ = StrideOf(picture);
   }
 
   Pixels Decode(const DecodeRequest&) const override {
     Pixels pixels = UnfilledPixels();
-    RowPainter painter(picture_, mode_);
-    const int rows = PaintBody(painter, pixels);
-    if (picture_.planes == 32) {
+    const int rows = PaintBody(pixels);
+    if (HasAlpha()) {
       SettleAlpha(pixels, rows);
     } else {
       BlankFrom(pixels, rows);
@@ -96,10 +132,16 @@ class IffDecoder final : public FileDecoder {
   }
 
  private:
+  bool HasAlpha() const {
+    if (picture_.kind != IffKind::Deep) return picture_.planes == 32;
+    return std::ranges::find(picture_.elements, DeepElement::Alpha, &DeepElement::kind) !=
+           picture_.elements.end();
+  }
+
   bool HasMaskPlane() const { return picture_.masking == 1 && picture_.kind == IffKind::Interleaved; }
 
   std::size_t RowStrides() const {
-    if (picture_.kind == IffKind::Chunky) return 1;
+    if (picture_.kind != IffKind::Interleaved && picture_.kind != IffKind::Contiguous) return 1;
     return static_cast<std::size_t>(picture_.planes + (HasMaskPlane() ? 1 : 0));
   }
 
@@ -112,7 +154,12 @@ class IffDecoder final : public FileDecoder {
   std::vector<std::uint8_t> Body() const { return Data().Stretch(picture_.bodyOffset, LongestBody()); }
 
   // These return how many rows were whole.
-  int PaintBody(RowPainter& painter, Pixels& pixels) const {
+  int PaintBody(Pixels& pixels) const {
+    if (picture_.kind == IffKind::ColourRuns)
+      return UnpackColourRuns(Body(), picture_.planes == rgb8Planes, pixels);
+    if (picture_.kind == IffKind::Deep)
+      return UnpackDeepPixels(Body(), picture_.elements, picture_.compression == Packed, pixels);
+    RowPainter painter(picture_, mode_, LineColoursOf(Data(), picture_));
     if (picture_.compression == Columns) {
       const auto planes = UnpackColumns(Body(), picture_.planes, stride_, picture_.size.height);
       return PaintContiguous(planes, painter, pixels);
@@ -140,6 +187,7 @@ class IffDecoder final : public FileDecoder {
       const Bytes bits = nextRow(std::span(room));
       if (bits.size() < needed) return y;
       const auto row = pixels.Row(y);
+      painter.BeginRow(y);
       if (picture_.kind == IffKind::Chunky) {
         painter.PaintIndices(bits, row);
       } else {
@@ -157,6 +205,7 @@ class IffDecoder final : public FileDecoder {
     for (int y = 0; y < facts_.size.height; ++y) {
       const std::size_t start = static_cast<std::size_t>(y) * stride_;
       if (beforeLast + start + stride_ > planes.size()) return y;
+      painter.BeginRow(y);
       painter.PaintPlanes(planes.subspan(start), planeBytes, pixels.Row(y));
     }
     return facts_.size.height;
@@ -164,21 +213,14 @@ class IffDecoder final : public FileDecoder {
 
   IffPicture picture_;
   IffMode mode_;
-  std::size_t stride_ = 0;  // bytes of a row in one plane, or of a row of indices
+  std::size_t stride_ = 0;  // bytes of a row in one plane, or of a row of indices or colours
 };
 
 [[noreturn]] void Refuse(const char* reason) {
   throw RunTimeError(ErrorNumber::InvalidPicture, reason);
 }
 
-}  // namespace
-
-Match MatchIff(const PictureData& data) {
-  return IsIff(data.Head()) ? Match::Sure : Match::No;
-}
-
-std::unique_ptr<Decoder> OpenIff(const PictureData& data, const OpenOptions& options) {
-  const IffPicture picture = FindIffPicture(data);
+void CheckPlanes(const IffPicture& picture) {
   const bool deep = picture.planes == 24 || picture.planes == 32;
   const bool mayBeDeep = picture.kind == IffKind::Interleaved && picture.compression != Columns;
   if (picture.planes < 1 || (picture.planes > 8 && !(deep && mayBeDeep)))
@@ -188,6 +230,39 @@ std::unique_ptr<Decoder> OpenIff(const PictureData& data, const OpenOptions& opt
     Refuse("IFF: this compression does not occur here");
   if (picture.compression == Packed && picture.kind == IffKind::Contiguous)
     Refuse("IFF: packed contiguous planes are not supported");
+}
+
+void CheckColourRuns(const IffPicture& picture) {
+  if (picture.planes != rgb8Planes && picture.planes != rgbnPlanes)
+    Refuse("IFF: this number of planes is not supported");
+  if (picture.compression != Runs) Refuse("IFF: unknown compression");
+}
+
+void CheckDeep(const IffPicture& picture) {
+  const auto isByte = [](const DeepElement& element) { return element.bits == 8; };
+  if (picture.elements.empty() || !std::ranges::all_of(picture.elements, isByte))
+    Refuse("IFF: only deep pictures of 8 bits a component are supported");
+  if (picture.compression > Packed) Refuse("IFF: this compression of deep pictures is not supported");
+}
+
+}  // namespace
+
+Match MatchIff(const PictureData& data) {
+  return MatchIffHead(data.Head());
+}
+
+std::unique_ptr<Decoder> OpenIff(const PictureData& data, const OpenOptions& options) {
+  const IffPicture picture = FindIffPicture(data);
+  switch (picture.kind) {
+    case IffKind::ColourRuns:
+      CheckColourRuns(picture);
+      break;
+    case IffKind::Deep:
+      CheckDeep(picture);
+      break;
+    default:
+      CheckPlanes(picture);
+  }
   return std::make_unique<IffDecoder>(data, picture, options);
 }
 

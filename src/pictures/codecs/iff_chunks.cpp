@@ -74,6 +74,8 @@ std::optional<IffKind> KindOf(std::uint32_t type) {
   if (type == Id("ILBM")) return IffKind::Interleaved;
   if (type == Id("ACBM")) return IffKind::Contiguous;
   if (type == Id("PBM ")) return IffKind::Chunky;
+  if (type == Id("RGB8") || type == Id("RGBN")) return IffKind::ColourRuns;
+  if (type == Id("DEEP")) return IffKind::Deep;
   return {};
 }
 
@@ -116,6 +118,32 @@ void ReadColours(ByteReader reader, IffPicture& picture) {
     for (std::uint32_t& colour : entries) colour |= colour >> 4 & 0x0F0F0F;
 }
 
+// The size of the screen it was made for, and the packing.
+void ReadDeepHeader(ByteReader reader, IffPicture& picture) {
+  picture.size.width = reader.U16Be();
+  picture.size.height = reader.U16Be();
+  picture.compression = reader.U16Be();
+  if (reader.WasCut()) Refuse("IFF: the bitmap header is cut short");
+}
+
+// The size of the picture itself, where it is not that of the screen.
+void ReadDeepPlace(ByteReader reader, IffPicture& picture) {
+  const Size size{reader.U16Be(), reader.U16Be()};
+  if (!reader.WasCut()) picture.size = size;
+}
+
+void ReadDeepElements(ByteReader reader, IffPicture& picture) {
+  constexpr std::uint32_t mostElements = 16;
+  const std::uint32_t count = std::min(reader.U32Be(), mostElements);
+  picture.elements.clear();
+  picture.planes = 0;
+  for (std::uint32_t i = 0; i < count && reader.Remaining() >= 4; ++i) {
+    const unsigned kind = reader.U16Be(), bits = reader.U16Be();
+    picture.elements.push_back({kind, bits});
+    picture.planes += static_cast<int>(bits);
+  }
+}
+
 // Where a wrong length leads the walk astray, the rows are found by their name.
 std::uint64_t SearchBody(const PictureData& data, std::uint64_t start) {
   constexpr std::size_t searched = 65536;
@@ -128,13 +156,15 @@ std::uint64_t SearchBody(const PictureData& data, std::uint64_t start) {
 
 }  // namespace
 
-bool IsIff(Bytes head) {
+Match MatchIffHead(Bytes head) {
   ByteReader reader(head);
   const std::uint32_t id = reader.U32Be();
   reader.Skip(4);
   const std::uint32_t type = reader.U32Be();
-  if (reader.WasCut()) return false;
-  return id == list || id == cat || (id == form && (KindOf(type) || type == Id("ANIM")));
+  if (reader.WasCut()) return Match::No;
+  if (id == list || id == cat) return Match::Sure;
+  if (id == form) return KindOf(type) || type == Id("ANIM") ? Match::Sure : Match::Maybe;
+  return id == Id("FOR4") || id == Id("FOR8") ? Match::Maybe : Match::No;
 }
 
 IffPicture FindIffPicture(const PictureData& data) {
@@ -147,6 +177,11 @@ IffPicture FindIffPicture(const PictureData& data) {
   const std::uint64_t start = group->offset + 4;
   ChunkWalk walk(window, start);
   bool hasHeader = false;
+  const auto lineColours = [&](IffLineColoursKind kind, const Chunk& chunk) {
+    picture.lineColours = kind;
+    picture.lineColoursOffset = chunk.offset;
+    picture.lineColoursLength = chunk.length;
+  };
   while (const auto chunk = walk.Next()) {
     const auto content = [&](std::size_t most) {
       return ByteReader(
@@ -159,14 +194,31 @@ IffPicture FindIffPicture(const PictureData& data) {
       ReadColours(content(768), picture);
     } else if (chunk->id == Id("CAMG")) {
       picture.displayMode = content(4).U32Be();
-    } else if (chunk->id == Id("BODY") || chunk->id == Id("ABIT")) {
+    } else if (chunk->id == Id("SHAM")) {
+      lineColours(IffLineColoursKind::Sliced, *chunk);
+    } else if (chunk->id == Id("CTBL")) {
+      lineColours(IffLineColoursKind::Table, *chunk);
+    } else if (chunk->id == Id("PCHG")) {
+      lineColours(IffLineColoursKind::Changes, *chunk);
+    } else if (chunk->id == Id("DGBL")) {
+      ReadDeepHeader(content(6), picture);
+      hasHeader = true;
+    } else if (chunk->id == Id("DLOC")) {
+      ReadDeepPlace(content(4), picture);
+    } else if (chunk->id == Id("DPEL")) {
+      ReadDeepElements(content(4 + 4 * 16), picture);
+    } else if (chunk->id == Id("BODY") || chunk->id == Id("ABIT") || chunk->id == Id("DBOD")) {
+      if (picture.bodyOffset != 0) break;
       picture.bodyOffset = chunk->offset;
-      break;
+      // Some writers put the colours behind the rows.
+      if (picture.colourCount > 0 || picture.planes > 8) break;
     } else if (chunk->id == form) {
       break;
     }
   }
   if (!hasHeader) Refuse("IFF: the picture has no bitmap header");
+  // Without a palette of its own, that of the first row is all there is.
+  if (picture.lineColours != IffLineColoursKind::None && picture.colourCount == 0) picture.colourCount = 16;
   if (picture.bodyOffset == 0) picture.bodyOffset = SearchBody(data, start);
   return picture;
 }

@@ -5,18 +5,32 @@
 namespace lumidex {
 namespace {
 
-constexpr std::uint32_t holdAndModifyBit = 0x800, halfBrightBit = 0x80;
+constexpr std::uint32_t holdAndModifyBit = 0x800, halfBrightBit = 0x80, extendedBit = 0x1000;
+
+// Some brushes have junk for their display mode, told by an upper half without the bit that announces one.
+bool IsJunk(std::uint32_t displayMode) {
+  return displayMode >> 16 != 0 && (displayMode & extendedBit) == 0;
+}
+
+// The bits that ask for a mode, as far as they can be believed: of junk, what fits the number of colours.
+std::uint32_t ModeBitsOf(const IffPicture& picture) {
+  if (!picture.displayMode) return 0;
+  if (!IsJunk(*picture.displayMode)) return *picture.displayMode;
+  const bool mayHold = picture.planes >= 5 && picture.colourCount <= 1 << (picture.planes - 2);
+  return mayHold ? *picture.displayMode & holdAndModifyBit : 0;
+}
 
 }  // namespace
 
 IffMode ModeOf(const IffPicture& picture) {
   if (picture.planes > 8) return IffMode::TrueColour;
   if (picture.kind == IffKind::Chunky) return IffMode::Indexed;
-  const std::uint32_t mode = picture.displayMode.value_or(0);
+  const std::uint32_t mode = ModeBitsOf(picture);
+  const bool told = picture.displayMode && !IsJunk(*picture.displayMode);
   if ((mode & holdAndModifyBit) != 0 && picture.planes >= 5) return IffMode::HoldAndModify;
   if (picture.planes != 6) return IffMode::Indexed;
   if ((mode & halfBrightBit) != 0 || picture.colourCount == 32) return IffMode::HalfBright;
-  if (!picture.displayMode && picture.colourCount == 16) return IffMode::HoldAndModify;
+  if (!told && picture.colourCount == 16) return IffMode::HoldAndModify;
   return IffMode::Indexed;
 }
 

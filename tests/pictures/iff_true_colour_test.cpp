@@ -1,0 +1,75 @@
+#include "pictures/codecs/iff_true_colour.h"
+
+#include <gmock/gmock.h>
+
+#include "base/run_time_error.h"
+#include "pictures/support/iff_file.h"
+
+namespace lumidex::iff {
+namespace {
+
+using testing::ElementsAre;
+
+TEST(IffTrueColour, Colours_may_come_in_runs_of_24_bits) {
+  ByteWriter body;
+  body.U32Be(0x11223302).U32Be(0x44556680).U8(3).U32Be(0x77889900).U8(0).U16Be(1);
+  const auto file =
+      Group("FORM", "RGB8",
+            {BitmapHeader({.width = 3, .height = 2, .planes = 25, .compression = 4}), Chunk("BODY", body)});
+  EXPECT_EQ(DepthIn(file), 24);
+  EXPECT_THAT(WordsIn(file),
+              ElementsAre(0xFF112233U, 0xFF112233U, 0xFF445566U, 0xFF445566U, 0xFF445566U, 0xFF778899U));
+}
+
+TEST(IffTrueColour, Colours_may_come_in_runs_of_12_bits) {
+  ByteWriter body;
+  body.U16Be(0x1232).U16Be(0x4568).U8(0).U16Be(500);
+  const auto file =
+      Group("FORM", "RGBN",
+            {BitmapHeader({.width = 2, .height = 2, .planes = 13, .compression = 4}), Chunk("BODY", body)});
+  EXPECT_EQ(DepthIn(file), 16);
+  EXPECT_THAT(WordsIn(file), ElementsAre(0xFF112233U, 0xFF112233U, 0xFF445566U, 0xFF445566U));
+}
+
+TEST(IffTrueColour, Runs_of_colours_that_are_cut_leave_their_rows_blank) {
+  const auto file = Group("FORM", "RGB8",
+                          {BitmapHeader({.width = 2, .height = 2, .planes = 25, .compression = 4}),
+                           Chunk("BODY", ByteWriter().U32Be(0x11223303))});
+  EXPECT_THAT(WordsIn(file), ElementsAre(0xFF112233U, 0xFF112233U, blankPixel, blankPixel));
+}
+
+// `elements`: pairs of what stands there and its bits.
+ByteWriter Deep(unsigned compression, std::initializer_list<std::uint32_t> elements, const ByteWriter& body,
+                unsigned bits = 8) {
+  ByteWriter screen, place, pixel;
+  screen.U16Be(640).U16Be(480).U16Be(compression).U8(1).U8(1);
+  place.U16Be(2).U16Be(2).U32Be(0);
+  pixel.U32Be(static_cast<std::uint32_t>(elements.size()));
+  for (const std::uint32_t element : elements) pixel.U16Be(element).U16Be(bits);
+  return Group("FORM", "DEEP",
+               {Chunk("DGBL", screen), Chunk("DPEL", pixel), Chunk("DLOC", place), Chunk("DBOD", body)});
+}
+
+TEST(IffTrueColour, Deep_pictures_tell_what_their_bytes_are) {
+  const auto file = Deep(0, {1, 2, 3}, Bytes({1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12}));
+  EXPECT_EQ(DepthIn(file), 24);
+  EXPECT_THAT(WordsIn(file), ElementsAre(0xFF010203U, 0xFF040506U, 0xFF070809U, 0xFF0A0B0CU));
+  // Alpha first, something unknown behind it.
+  const auto clear =
+      Deep(0, {4, 9, 3, 2, 1}, Bytes({255, 0, 3, 2, 1, 128, 0, 6, 5, 4, 0, 0, 9, 8, 7, 255, 0, 12, 11, 10}));
+  EXPECT_THAT(WordsIn(clear), ElementsAre(0xFF010203U, 0x80040506U, 0U, 0xFF0A0B0CU));
+}
+
+TEST(IffTrueColour, Deep_pictures_may_be_packed_by_whole_pixels) {
+  const auto file = Deep(1, {1, 2, 3}, Bytes({0xFE, 1, 2, 3, 0, 4, 5, 6}));
+  EXPECT_THAT(WordsIn(file), ElementsAre(0xFF010203U, 0xFF010203U, 0xFF010203U, 0xFF040506U));
+}
+
+TEST(IffTrueColour, Deep_pictures_of_other_kinds_are_refused) {
+  EXPECT_THROW(OpenBytes(Deep(5, {1, 2, 3}, Bytes({0})).Bytes()), RunTimeError);
+  EXPECT_THROW(OpenBytes(Deep(0, {}, Bytes({0})).Bytes()), RunTimeError);
+  EXPECT_THROW(OpenBytes(Deep(0, {1, 2, 3}, Bytes({0}), 16).Bytes()), RunTimeError);
+}
+
+}  // namespace
+}  // namespace lumidex::iff
