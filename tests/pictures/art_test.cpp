@@ -59,6 +59,25 @@ TEST(Art, Corners_off_the_origin_need_the_exact_length_or_one_row_more) {
   EXPECT_THROW(OpenBytes(file.Bytes(), ".art"), RunTimeError);
 }
 
+TEST(Art, The_second_corner_is_the_size_where_only_that_fits_the_length) {
+  auto file = Start(10, 40, 1, 2);
+  file.Fill(12, 0xFF);
+  EXPECT_EQ(OpenBytes(file.Bytes(), ".art")->Facts().size, (Size{40, 2}));
+}
+
+TEST(Art, Bytes_behind_the_rows_mean_nothing) {
+  auto file = Start(0, 3, 0, 1);
+  file.Add({0xA0, 0}).Fill(77, 0x55);
+  EXPECT_THAT(WordsOf(DecodeBytes(file.Bytes(), ".art")), ElementsAre(white, black, white));
+}
+
+TEST(Art, Packed_runs_stop_at_the_end_of_the_picture) {
+  ByteWriter file;
+  file.U16Le(0xFFFF).U16Le(300).U16Le(300).U16Le(8).U16Le(1).U16Le(1).Add({0x81, 0x0F, 0x81, 0xFF});
+  EXPECT_THAT(WordsOf(DecodeBytes(file.Bytes(), ".art")),
+              ElementsAre(black, black, black, black, white, white, white, white));
+}
+
 TEST(Art, Print_rows_may_be_filled_up_to_three_bytes_more) {
   for (const unsigned filling : {0U, 1U, 2U, 3U}) {
     ByteWriter file;

@@ -35,14 +35,20 @@ std::optional<Header> ReadHighResolution(ByteReader reader) {
 // The plain form gives the two corners; the first one is 0, 0 in all but a few files.
 std::optional<Header> ReadPlain(ByteReader reader, std::uint64_t fileSize) {
   const int left = reader.U16Le(), right = reader.U16Le(), top = reader.U16Le(), bottom = reader.U16Le();
-  const Header header{{right - left, bottom - top}};
-  if (header.size.width < 1 || header.size.height < 1) return std::nullopt;
-  if (left == 0 && top == 0) return header;
-  // Some writers add a row.
-  const std::uint64_t rowBytes = PlainRowBytes(header.size.width);
-  const std::uint64_t length = header.DataStart() + rowBytes * static_cast<std::uint64_t>(header.size.height);
-  if (fileSize != length && fileSize != length + rowBytes) return std::nullopt;
-  return header;
+  const auto fits = [fileSize](const Header& header) {
+    if (header.size.width < 1 || header.size.height < 1) return false;
+    // Some writers add a row.
+    const std::uint64_t rowBytes = PlainRowBytes(header.size.width);
+    const std::uint64_t length =
+        header.DataStart() + rowBytes * static_cast<std::uint64_t>(header.size.height);
+    return fileSize == length || fileSize == length + rowBytes;
+  };
+  const Header whole{{right, bottom}}, between{{right - left, bottom - top}};
+  if (left == 0 && top == 0 && right > 0 && bottom > 0) return whole;
+  if (fits(between)) return between;
+  // Other readers take the second corner for the size, so there may be writers that mean it.
+  if (fits(whole)) return whole;
+  return std::nullopt;
 }
 
 // Neither form has a signature, so numbers that can not be a size are the only sign of a foreign file.
