@@ -15,14 +15,14 @@ using testing::ElementsAre;
 constexpr std::uint32_t black = 0xFF000000, white = 0xFFFFFFFF;
 
 struct Header {
-  unsigned width = 4, height = 1, layout = 8, flag = 0xFF, paletteKind = 0;
+  unsigned width = 4, height = 1, layout = 8, flag = 0xFF, paletteKind = 0, videoMode = 'A';
 };
 
 // A header with a palette, up to the number of blocks.
 ByteWriter Start(const Header& header, const std::vector<std::uint8_t>& palette = {}) {
   ByteWriter file;
   file.U16Le(0x1234).U16Le(header.width).U16Le(header.height).U16Le(0).U16Le(0);
-  file.U8(header.layout).U8(header.flag).U8('A').U16Le(header.paletteKind);
+  file.U8(header.layout).U8(header.flag).U8(header.videoMode).U16Le(header.paletteKind);
   file.U16Le(static_cast<std::uint32_t>(palette.size())).Append(palette);
   return file;
 }
@@ -144,6 +144,32 @@ TEST(Pic, Any_number_of_blocks_is_read_only_as_far_as_the_file_goes) {
 TEST(Pic, Other_files_of_the_name_are_refused) {
   EXPECT_THROW(OpenBytes(ByteWriter().Fill(512).U16Be(0x11).Fill(40).Bytes(), ".pic"), RunTimeError);
   EXPECT_THROW(OpenBytes(ByteWriter().U32Be(0x5380F634).Fill(100).Bytes(), ".pic"), RunTimeError);
+}
+
+TEST(Pic, Text_screens_are_refused_by_name) {
+  for (const unsigned mode : {'0', '1', '2', '3'}) {
+    try {
+      OpenBytes(Start({.videoMode = mode}).Fill(99).Bytes(), ".pic");
+      FAIL();
+    } catch (const RunTimeError& error) {
+      EXPECT_THAT(error.what(), testing::HasSubstr("text screens"));
+    }
+  }
+}
+
+TEST(Pic, A_palette_longer_than_the_file_leaves_the_picture_white) {
+  auto file = Start({});
+  file.U16Le(0);
+  std::vector<std::uint8_t> bytes = file.Take();
+  bytes[15] = 0xFF;  // the length of the palette
+  bytes[16] = 0xFF;
+  EXPECT_THAT(WordsOf(DecodeBytes(bytes, ".pic")), ElementsAre(white, white, white, white));
+}
+
+TEST(Pic, A_last_block_that_is_short_leaves_the_rest_white) {
+  auto file = Start({.height = 2});
+  file.U16Le(1).U16Le(5 + 4).U16Le(8).U8(0xFF).Add({0, 0, 0, 0});
+  EXPECT_THAT(Decoded(file), ElementsAre(white, white, white, white, black, black, black, black));
 }
 
 TEST(Pic, Arrangements_that_are_not_read_are_refused) {

@@ -21,6 +21,7 @@ struct Header {
   PaletteKind paletteKind = PaletteKind::None;
   std::size_t paletteBytes = 0;
   std::size_t paletteStart = 0;
+  bool text = false;  // a screen of characters
 
   int Depth() const { return bits * planes; }
   bool IsKnown() const {
@@ -47,7 +48,8 @@ Header ReadHeader(Bytes head) {
     header.paletteStart = flagOffset;
     return header;
   }
-  reader.Skip(1);  // the letter of the video mode
+  const unsigned videoMode = reader.U8();
+  header.text = marked && videoMode >= '0' && videoMode <= '3';
   header.paletteKind = static_cast<PaletteKind>(reader.U16Le());
   header.paletteBytes = reader.U16Le();
   header.paletteStart = reader.Position();
@@ -202,6 +204,7 @@ Match MatchPic(const PictureData& data) {
 
 std::unique_ptr<Decoder> OpenPic(const PictureData& data, const OpenOptions& options) {
   const Header header = ReadHeader(data.Head());
+  if (header.text) throw RunTimeError(ErrorNumber::InvalidPicture, "PIC: text screens are not supported");
   if (!header.IsKnown()) {
     throw RunTimeError(ErrorNumber::InvalidPicture, "PIC: this arrangement of planes is not supported");
   }
