@@ -150,6 +150,26 @@ TEST(Wpg, Version_2_may_be_plain_and_true_colour) {
   EXPECT_THAT(WordsIn(file), ElementsAre(red));
 }
 
+TEST(Wpg, A_map_shorter_than_it_says_gives_the_colours_it_has) {
+  ByteWriter map;
+  map.U16Le(0).U16Le(256).Add({255, 0, 0, 0, 255, 0});
+  auto file = Record1(Record1(Start(1), 0x0E, map), 0x0B, Bitmap1(4, 1, 2, {1, 0x10}));
+  EXPECT_THAT(WordsIn(file), ElementsAre(red, green, red, red));
+}
+
+TEST(Wpg, The_place_of_the_first_record_may_be_wrong) {
+  for (const unsigned place : {0U, 3U, 60000U}) {
+    auto bytes = Record1(Start(1), 0x0B, Bitmap1(1, 1, 1, {1, 0x80})).Take();
+    bytes[4] = static_cast<std::uint8_t>(place);
+    bytes[5] = static_cast<std::uint8_t>(place >> 8);
+    EXPECT_THAT(WordsOf(DecodeBytes(bytes)), ElementsAre(white));
+  }
+}
+
+TEST(Wpg, The_records_that_begin_and_end_a_drawing_may_be_missing) {
+  EXPECT_THAT(WordsIn(Record1(Start(1), 0x0B, Bitmap1(1, 1, 1, {1, 0x80}))), ElementsAre(white));
+}
+
 TEST(Wpg, Rows_behind_a_cut_are_blank) {
   const auto file = Record1(Start(1), 0x0B, Bitmap1(8, 3, 1, {1, 0}));
   EXPECT_THAT(RowOf(DecodeBytes(file.Bytes()), 0), testing::Each(black));

@@ -95,8 +95,8 @@ void ReadColourMap(ByteReader reader, int version, Bitmap& bitmap) {
     if (version == 2) reader.Skip(1);
     if (reader.WasCut()) return;
     bitmap.palette[i] = Rgb(red, green, blue);
+    bitmap.hasMap = true;
   }
-  bitmap.hasMap = true;
 }
 
 void ReadBitmapHead1(ByteReader& reader, bool placed, Bitmap& bitmap) {
@@ -238,7 +238,9 @@ std::unique_ptr<Decoder> OpenWpg(const PictureData& data, const OpenOptions& opt
   if (reader.WasCut()) Refuse("WPG: the header is cut short");
   if (version != 1 && version != 2) Refuse("WPG: unknown version");
   if (encrypted) Refuse("WPG: the file is encrypted");
-  Bitmap bitmap = FindBitmap(data, std::max<std::uint64_t>(start, headerSize), version);
+  // Where the first record can not be, it is taken to stand right behind the header.
+  const std::uint64_t first = start < headerSize || start >= data.Size() ? headerSize : start;
+  Bitmap bitmap = FindBitmap(data, first, version);
   constexpr std::array<int, 5> depths = {1, 2, 4, 8, 24};
   if (std::ranges::find(depths, bitmap.depth) == depths.end()) Refuse("WPG: this depth does not occur");
   ChooseDefaultColours(bitmap);
