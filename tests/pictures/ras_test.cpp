@@ -86,6 +86,31 @@ TEST(Ras, A_raw_map_is_passed_over) {
   EXPECT_THAT(WordsIn(file), ElementsAre(black, 0xFF010101U));
 }
 
+TEST(Ras, A_map_that_is_counted_but_not_announced_is_used) {
+  auto file = Start({.width = 2, .depth = 8, .mapType = 0, .mapBytes = 6});
+  file.Add({255, 0, 0, 255, 0, 0}).Add({0, 1});
+  EXPECT_THAT(WordsIn(file), ElementsAre(red, green));
+  auto odd = Start({.width = 2, .depth = 8, .mapType = 0, .mapBytes = 5});
+  odd.Add({9, 9, 9, 9, 9}).Add({0, 1});
+  EXPECT_THAT(WordsIn(odd), ElementsAre(black, 0xFF010101U));
+}
+
+TEST(Ras, A_map_of_an_odd_length_has_the_entries_that_are_whole) {
+  auto file = Start({.width = 2, .depth = 8, .mapType = 1, .mapBytes = 7});
+  file.Add({255, 0, 0, 255, 0, 0, 9}).Add({0, 1});
+  EXPECT_THAT(WordsIn(file), ElementsAre(red, green));
+}
+
+TEST(Ras, The_length_of_the_rows_is_not_believed) {
+  for (const unsigned type : {0U, 1U}) {
+    auto bytes = Start({.type = type}).Add({0, 0, 255, 0}).Take();
+    bytes[19] = 1;
+    EXPECT_THAT(WordsOf(DecodeBytes(bytes)), ElementsAre(red));
+    bytes[16] = 0x7F;
+    EXPECT_THAT(WordsOf(DecodeBytes(bytes)), ElementsAre(red));
+  }
+}
+
 TEST(Ras, Runs_take_no_notice_of_rows_and_padding) {
   auto file = Start({.width = 1, .height = 3, .depth = 8, .type = 2});
   file.Add({0x80, 3, 5, 0x80, 0, 7});

@@ -43,8 +43,12 @@ Header ReadHeader(Bytes head) {
   header.depth = bounded(reader.U32Be());
   reader.Skip(4);
   header.type = reader.U32Be();
-  header.hasMap = reader.U32Be() == 1;
+  const std::uint32_t mapType = reader.U32Be();
   header.mapBytes = reader.U32Be();
+  constexpr std::uint32_t untold = 0, equalParts = 1, mostMapBytes = 3 * 256;
+  // Some writers count a map but do not say of which kind it is.
+  const bool looksLikeMap = header.mapBytes % 3 == 0 && header.mapBytes <= mostMapBytes;
+  header.hasMap = mapType == equalParts || (mapType == untold && looksLikeMap);
   return header;
 }
 
