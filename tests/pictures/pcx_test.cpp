@@ -133,6 +133,14 @@ TEST(Pcx, Colours_behind_the_rows_need_no_mark) {
   EXPECT_THAT(WordsIn(file), ElementsAre(0xFF0100FEU, 0xFF0200FDU));
 }
 
+TEST(Pcx, Something_may_stand_behind_the_colours) {
+  auto file = Start({});
+  file.Add({1, 2, 0x0C});
+  for (unsigned i = 0; i < 256; ++i) file.Add({i, 0, 255 - i});
+  file.Fill(128, 0x1A);
+  EXPECT_THAT(WordsIn(file), ElementsAre(0xFF0100FEU, 0xFF0200FDU));
+}
+
 TEST(Pcx, Few_colours_may_stand_in_the_header_alone) {
   auto file = Start({.colours = {0, 0, 0, 10, 20, 30, 40, 50, 60}});
   file.Add({1, 2});

@@ -159,6 +159,13 @@ class PcxDecoder final : public FileDecoder {
     if (!HasTrailer()) {
       if (header_.grey) return palette;
       const RowsSummary rows = LookThroughRows();
+      // Something may stand behind the colours, as the notes that archives of the time added.
+      const std::vector<std::uint8_t> marked = Data().Stretch(rows.end, trailerSize);
+      if (marked.size() == trailerSize && marked.front() == trailerMark) {
+        ByteReader reader(Bytes(marked).subspan(1));
+        ReadRgbEntries(reader, 256, palette);
+        return palette;
+      }
       if (rows.end + colourBytes > Data().Size()) {
         const bool hasColours =
             std::ranges::any_of(header_.colours, [](std::uint8_t byte) { return byte != 0; });
