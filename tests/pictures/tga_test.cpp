@@ -143,6 +143,30 @@ TEST(Tga, Alpha_that_varies_counts_even_without_alpha_bits) {
   EXPECT_THAT(WordsIn(file), ElementsAre(0x80FF0000U, 0U));
 }
 
+TEST(Tga, Alpha_that_is_the_same_everywhere_counts_where_alpha_bits_are_told) {
+  const auto decode = [](unsigned descriptor) {
+    auto file = Start({.depth = 32, .descriptor = descriptor});
+    return WordsIn(file.Add({0, 0, 255, 128, 0, 255, 0, 128}));
+  };
+  EXPECT_THAT(decode(32), ElementsAre(red, green));
+  EXPECT_THAT(decode(40), ElementsAre(0x80FF0000U, 0x8000FF00U));
+}
+
+TEST(Tga, A_map_may_have_entries_of_two_three_and_four_bytes) {
+  for (const unsigned bits : {15U, 16U, 24U, 32U}) {
+    auto file = Start({.type = 1, .mapFlag = 1, .mapFirst = 5, .mapCount = 2, .mapBits = bits, .depth = 8});
+    if (bits <= 16) file.U16Le(0x7C00).U16Le(0x03E0);
+    if (bits == 24) file.Add({0, 0, 255, 0, 255, 0});
+    if (bits == 32) file.Add({0, 0, 255, 255, 0, 255, 0, 255});
+    EXPECT_THAT(WordsIn(file.Add({5, 6})), ElementsAre(red, green)) << bits;
+  }
+}
+
+TEST(Tga, Bytes_behind_the_pixels_mean_nothing) {
+  auto file = Start({});
+  EXPECT_THAT(WordsIn(file.Add({0, 0, 255, 0, 255, 0}).Fill(100, 0x77)), ElementsAre(red, green));
+}
+
 TEST(Tga, The_extension_area_tells_what_alpha_means) {
   const auto decode = [](unsigned attributes) {
     auto file = Start({.depth = 32, .descriptor = 40});

@@ -29,6 +29,7 @@ struct Header {
   unsigned mapFirst = 0, mapCount = 0, mapBits = 0;
   Size size;
   unsigned depth = 0;
+  unsigned alphaBits = 0;
   bool rightToLeft = false, topDown = false;
 
   unsigned Kind() const { return type & 7; }
@@ -50,6 +51,7 @@ Header ReadHeader(Bytes head) {
   header.size.height = reader.U16Le();
   header.depth = reader.U8();
   const unsigned descriptor = reader.U8();
+  header.alphaBits = descriptor & 15;
   header.rightToLeft = (descriptor & 16) != 0;
   header.topDown = (descriptor & 32) != 0;
   return header;
@@ -213,10 +215,10 @@ bool HasFourthByte(const Header& header) {
   return header.depth == 32 || StoredForm(header) == Stored::GreyAlpha16;
 }
 
-enum class AlphaUse { Ignored, Straight, Premultiplied };
+enum class AlphaUse { Ignored, Untold, Straight, Premultiplied };
 
-// What to make of alpha bytes. The descriptor's count of alpha bits is not asked, since many writers leave
-// it 0; the extension area of version 2.0 is believed where it says that they mean nothing.
+// What to make of alpha bytes: what the extension area of version 2.0 says. The descriptor's count of alpha
+// bits settles nothing, since many writers leave it 0.
 AlphaUse AlphaUseOf(const Header& header, const PictureData& data) {
   // Grey has its alpha in 16 bits; a fourth byte beside three that are grey means nothing.
   if (!HasFourthByte(header) || (header.Kind() == 3 && header.depth == 32)) return AlphaUse::Ignored;
@@ -226,10 +228,12 @@ AlphaUse AlphaUseOf(const Header& header, const PictureData& data) {
   const std::size_t extension = reader.U32Le();
   reader.Skip(4);
   const Bytes mark = reader.Take(footerMark.size());
-  if (extension < headerSize || !std::ranges::equal(mark, footerMark)) return AlphaUse::Straight;
+  if (extension < headerSize || !std::ranges::equal(mark, footerMark)) return AlphaUse::Untold;
   constexpr std::size_t attributesPlace = 494;
   const std::vector<std::uint8_t> attributes = data.Stretch(extension + attributesPlace, 1);
   switch (attributes.empty() ? 0 : attributes.front()) {
+    case 0:
+      return AlphaUse::Untold;
     case 1:
     case 2:
       return AlphaUse::Ignored;
@@ -238,6 +242,10 @@ AlphaUse AlphaUseOf(const Header& header, const PictureData& data) {
     default:
       return AlphaUse::Straight;
   }
+}
+
+bool HaveOneAlpha(std::span<const std::uint32_t> pixels) {
+  return std::ranges::all_of(pixels, [&](std::uint32_t pixel) { return pixel >> 24 == pixels[0] >> 24; });
 }
 
 void Unpremultiply(std::span<std::uint32_t> pixels) {
@@ -320,7 +328,9 @@ class TgaDecoder final : public FileDecoder {
     const std::span<std::uint32_t> all(pixels.Data(), width * static_cast<std::size_t>(facts_.size.height));
     const auto read = header_.topDown ? all.first(readCount) : all.last(readCount);
     const auto unread = header_.topDown ? all.subspan(readCount) : all.first(all.size() - readCount);
-    const AlphaUse use = AlphaUseOf(header_, Data());
+    AlphaUse use = AlphaUseOf(header_, Data());
+    // A fourth byte of which nobody says that it is alpha must at least vary.
+    if (use == AlphaUse::Untold && header_.alphaBits == 0 && HaveOneAlpha(read)) use = AlphaUse::Ignored;
     if (use == AlphaUse::Ignored && HasFourthByte(header_))
       for (std::uint32_t& pixel : read) pixel |= blackPixel;
     if (use == AlphaUse::Premultiplied) Unpremultiply(read);
