@@ -122,11 +122,11 @@ class Tables {
     }
     UseDefaultMasks(header);
     header.colours = BlackPalette();
-    const std::uint64_t count = ColourCount(os2);
+    const bool stated = IsOffsetBelieved(header);
+    const std::uint64_t count = ColourCount(os2, stated);
     for (std::size_t i = 0; i < std::min<std::uint64_t>(count, 256); ++i) header.colours[i] = Colour();
     const std::uint64_t rest = count > 256 ? (count - 256) * EntryBytes() : 0;
     const std::uint64_t end = reader_.Position() + rest;
-    const bool stated = options_.pixelOffset >= fields_.headerBytes;
     header.pixelOffset = stated ? options_.pixelOffset : static_cast<std::size_t>(end);
   }
 
@@ -143,13 +143,28 @@ class Tables {
     return fields_.headerBytes == Core ? 3 : 4;
   }
 
+  // A place of the pixels that leaves no room for a single colour is a slip of the writer where the file is
+  // long enough for colours and pixels.
+  bool IsOffsetBelieved(const DibHeader& header) const {
+    if (options_.pixelOffset < fields_.headerBytes) return false;
+    const bool indexed = fields_.bits >= 1 && fields_.bits <= 8;
+    if (!indexed || options_.pixelOffset >= reader_.Position() + EntryBytes()) return true;
+    const std::uint64_t most = std::uint64_t{1} << fields_.bits;
+    const std::uint64_t colours =
+        fields_.coloursUsed == 0 ? most : std::min<std::uint64_t>(fields_.coloursUsed, most);
+    const std::uint64_t pixels = header.coding == DibCoding::Plain
+                                     ? header.RowBytes() * static_cast<std::uint64_t>(header.size.height)
+                                     : 0;
+    return reader_.Position() + colours * EntryBytes() + pixels > options_.fileSize;
+  }
+
   // A table may be shorter than the depth allows: no entry stands beyond the place of the pixels.
-  std::uint64_t ColourCount(bool os2) const {
+  std::uint64_t ColourCount(bool os2, bool isOffsetBelieved) const {
     std::uint64_t count = fields_.coloursUsed;
     const bool indexed = fields_.bits >= 1 && fields_.bits <= 8;
     if (count == 0 && indexed) count = std::uint64_t{1} << fields_.bits;
     if (!indexed && (os2 || fields_.headerBytes == Core)) count = fields_.coloursUsed;
-    if (options_.pixelOffset > reader_.Position()) {
+    if (isOffsetBelieved && options_.pixelOffset > reader_.Position()) {
       count = std::min<std::uint64_t>(count, (options_.pixelOffset - reader_.Position()) / EntryBytes());
     }
     return count;

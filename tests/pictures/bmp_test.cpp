@@ -117,6 +117,24 @@ TEST(Bmp, Run_lengths_of_four_bits_alternate_two_colours) {
   EXPECT_THAT(WordsOf(DecodeBytes(file.Bytes())), ElementsAre(red, green, red, blue, green));
 }
 
+TEST(Bmp, Run_lengths_of_24_bits_have_whole_colours) {
+  auto file = Start({.width = 4, .height = 1, .bits = 24, .compression = 4, .bytes = 64}, 0);
+  file.Fill(24).Add({2, 0, 0, 255}).Add({0, 3, 0, 255, 0, 255, 0, 0, 0, 0, 255, 0}).Add({0, 1});
+  EXPECT_THAT(WordsOf(DecodeBytes(file.Bytes())), ElementsAre(red, red, green, blue));
+}
+
+TEST(Bmp, Run_lengths_may_lack_their_end) {
+  auto file = Start({.width = 2, .height = 2, .bits = 8, .compression = 1, .colours = 4}, 16);
+  AddColours(file).Add({9, 1, 0, 0, 0, 4, 2, 3});
+  EXPECT_THAT(WordsOf(DecodeBytes(file.Bytes())), ElementsAre(green, blue, red, red));
+}
+
+TEST(Bmp, Run_lengths_behind_the_last_row_are_passed_over) {
+  auto file = Start({.width = 1, .height = 1, .bits = 4, .compression = 2, .colours = 4}, 16);
+  AddColours(file).Add({1, 0x10, 0, 2, 255, 255, 1, 0x20, 0, 0, 1, 0x30});
+  EXPECT_THAT(WordsOf(DecodeBytes(file.Bytes())), ElementsAre(red));
+}
+
 TEST(Bmp, Runs_of_single_bits_may_be_coded_as_a_fax_codes_them) {
   auto file = Start({.width = 8, .height = 2, .bits = 1, .compression = 3, .colours = 2, .bytes = 64}, 8);
   file.Fill(24).Add({0, 0, 255, 0}).Add({255, 0, 0, 0});
@@ -146,6 +164,50 @@ TEST(Bmp, The_oldest_header_has_colours_of_three_bytes) {
   file.Text("BM").U32Le(0).U32Le(0).U32Le(14 + 12 + 6);
   file.U32Le(12).U16Le(2).U16Le(1).U16Le(1).U16Le(8).Add({255, 0, 0}).Add({0, 255, 0}).Add({1, 0, 0, 0});
   EXPECT_THAT(WordsOf(DecodeBytes(file.Bytes())), ElementsAre(green, blue));
+}
+
+TEST(Bmp, Later_headers_of_OS2_may_stop_early) {
+  ByteWriter file;
+  file.Text("BM").U32Le(0).U32Le(0).U32Le(14 + 16 + 8);
+  file.U32Le(16).U32Le(2).U32Le(1).U16Le(1).U16Le(1).Add({255, 0, 0, 0}).Add({0, 255, 0, 0});
+  EXPECT_THAT(WordsOf(DecodeBytes(file.Add({0x80, 0, 0, 0}).Bytes())), ElementsAre(green, blue));
+}
+
+// A bitmap of one pixel and four colours, with one number of its headers changed.
+std::vector<std::uint8_t> WithNumber(std::size_t place, std::uint32_t value) {
+  auto file = Start({.width = 1, .height = 1, .bits = 8, .colours = 4}, 16);
+  auto bytes = AddColours(file).Add({2, 0, 0, 0}).Take();
+  for (std::size_t i = 0; i < 4; ++i) bytes[place + i] = static_cast<std::uint8_t>(value >> 8 * i);
+  return bytes;
+}
+
+TEST(Bmp, Sizes_of_the_file_and_of_the_pixels_are_not_believed) {
+  constexpr std::size_t fileSize = 2, pixelBytes = 34;
+  for (const std::uint32_t value : {0U, 1U, 0xFFFFFFFFU}) {
+    EXPECT_THAT(WordsOf(DecodeBytes(WithNumber(fileSize, value))), ElementsAre(green));
+    EXPECT_THAT(WordsOf(DecodeBytes(WithNumber(pixelBytes, value))), ElementsAre(green));
+  }
+}
+
+TEST(Bmp, The_number_of_planes_is_not_believed) {
+  auto bytes = WithNumber(46, 4);
+  for (const unsigned planes : {0U, 7U}) {
+    bytes[26] = static_cast<std::uint8_t>(planes);
+    EXPECT_THAT(WordsOf(DecodeBytes(bytes)), ElementsAre(green));
+  }
+}
+
+TEST(Bmp, More_colours_than_there_is_room_for_are_not_believed) {
+  constexpr std::size_t colours = 46;
+  for (const std::uint32_t value : {0U, 5U, 256U, 0xFFFFFFFFU})
+    EXPECT_THAT(WordsOf(DecodeBytes(WithNumber(colours, value))), ElementsAre(green));
+}
+
+TEST(Bmp, An_offset_that_can_not_be_is_not_believed) {
+  constexpr std::size_t offset = 10;
+  // None, in the headers, without room for a single colour, behind the file.
+  for (const std::uint32_t value : {0U, 14U, 53U, 54U, 57U, 9999U})
+    EXPECT_THAT(WordsOf(DecodeBytes(WithNumber(offset, value))), ElementsAre(green)) << value;
 }
 
 TEST(Bmp, A_bitmap_array_shows_its_first_bitmap) {
