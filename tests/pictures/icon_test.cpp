@@ -75,6 +75,32 @@ TEST(Icon, A_missing_mask_hides_nothing) {
   EXPECT_THAT(WordsOf(DecodeBytes(file)), ElementsAre(0xFFFF0000U, 0xFF00FF00U));
 }
 
+TEST(Icon, A_missing_mask_may_not_be_counted_in_the_height) {
+  ByteWriter image;
+  image.U32Le(40).U32Le(1).U32Le(2).U16Le(1).U16Le(24).Fill(24).Add({0, 255, 0, 0}).Add({0, 0, 255, 0});
+  const auto open = [&image](unsigned height) {
+    ByteWriter file;
+    file.U16Le(0).U16Le(1).U16Le(1).U8(1).U8(height).Fill(6).U32Le(48).U32Le(22).Add(image.Bytes());
+    return WordsOf(DecodeBytes(file.Bytes()));
+  };
+  EXPECT_THAT(open(2), ElementsAre(0xFFFF0000U, 0xFF00FF00U));
+  EXPECT_THAT(open(1), ElementsAre(0xFF00FF00U));
+}
+
+TEST(Icon, What_the_directory_says_of_length_and_depth_is_not_believed) {
+  auto file = File(1, {TwoOf24Bits(0)});
+  for (const unsigned bits : {0U, 1U, 255U}) {
+    file[12] = static_cast<std::uint8_t>(bits);
+    EXPECT_EQ(OpenBytes(file)->Facts().bitsPerPixel, 24);
+    EXPECT_THAT(WordsOf(DecodeBytes(file)), ElementsAre(0xFFFF0000U, 0xFF00FF00U));
+  }
+}
+
+TEST(Icon, Cursors_may_hold_a_PNG) {
+  const auto png = WritePng({3, 1}, {1, 2, 3, 4, 5, 6, 7, 8, 9}, {});
+  EXPECT_THAT(WordsOf(DecodeBytes(File(2, {{png, 3}}))), ElementsAre(0xFF010203U, 0xFF040506U, 0xFF070809U));
+}
+
 TEST(Icon, The_largest_then_deepest_picture_is_shown_whatever_the_directory_says) {
   auto small = TwoOf32Bits(255, 255, 0);
   small.width = 200;

@@ -15,10 +15,17 @@ constexpr std::size_t DirectoryBytes = 6;
 constexpr std::size_t EntryBytes = 16;
 constexpr unsigned IconKind = 1, CursorKind = 2;
 
+// What the directory says of a picture.
+struct Entry {
+  int height = 0;
+  std::uint32_t bytes = 0;
+  std::uint32_t offset = 0;
+};
+
 // The bitmap of one icon: colours above, a mask of one bit a pixel below.
 class DibIconDecoder final : public Decoder {
  public:
-  DibIconDecoder(std::shared_ptr<const ByteSource> source, const OpenOptions& options)
+  DibIconDecoder(std::shared_ptr<const ByteSource> source, const Entry& entry, const OpenOptions& options)
       : source_(std::move(source)), limits_(options.limits) {
     const PictureData data(source_, {});
     DibOptions dibOptions;
@@ -26,6 +33,10 @@ class DibIconDecoder final : public Decoder {
     dibOptions.fileSize = data.Size();
     dibOptions.icon = true;
     header_ = ReadDibHeader(data.Head(), dibOptions);
+    if (LacksMaskRows(entry, data.Size())) {
+      dibOptions.icon = false;
+      header_ = ReadDibHeader(data.Head(), dibOptions);
+    }
     facts_.size = header_.size;
     facts_.bitsPerPixel = std::min(header_.bitsPerPixel, 32);
   }
@@ -49,6 +60,14 @@ class DibIconDecoder final : public Decoder {
   }
 
  private:
+  // Some writers that leave out the mask do not count its rows either: the height is that of the directory,
+  // and there are colours for all of it. Of one bit a pixel, colours and mask are as long as such colours.
+  bool LacksMaskRows(const Entry& entry, std::uint64_t bytes) const {
+    const std::uint64_t needed = header_.pixelOffset + 2 * std::uint64_t{ColourBytes()};
+    return header_.coding == DibCoding::Plain && header_.bitsPerPixel > 1 &&
+           header_.size.height * 2 == entry.height && needed <= std::min<std::uint64_t>(entry.bytes, bytes);
+  }
+
   std::size_t Height() const { return static_cast<std::size_t>(header_.size.height); }
   std::size_t ColourBytes() const { return header_.RowBytes() * Height(); }
   std::size_t MaskRowBytes() const { return (static_cast<std::size_t>(header_.size.width) + 31) / 32 * 4; }
@@ -98,13 +117,12 @@ struct Candidate {
   const PictureFacts& Facts() const { return decoder->Facts(); }
 };
 
-Candidate OpenEntry(const PictureData& data, std::uint32_t bytes, std::uint32_t offset,
-                    const OpenOptions& options) {
+Candidate OpenEntry(const PictureData& data, const Entry& entry, const OpenOptions& options) {
   // The stated length is often wrong; each picture knows where it ends.
-  auto source = StretchOf(data.SharedSource(), offset, data.Size());
+  auto source = StretchOf(data.SharedSource(), entry.offset, data.Size());
   const PictureData picture(source, {});
-  if (MatchPng(picture) == Match::Sure) return {OpenPng(picture, options), bytes <= picture.Size()};
-  auto decoder = std::make_unique<DibIconDecoder>(std::move(source), options);
+  if (MatchPng(picture) == Match::Sure) return {OpenPng(picture, options), entry.bytes <= picture.Size()};
+  auto decoder = std::make_unique<DibIconDecoder>(std::move(source), entry, options);
   const bool whole = decoder->IsWhole(picture.Size());
   return {std::move(decoder), whole};
 }
@@ -127,12 +145,16 @@ std::unique_ptr<Decoder> OpenBest(const PictureData& data, const OpenOptions& op
   std::string reason = "no picture in it";
   // The directory is read as far as the head goes: 255 entries, of which real files have about ten.
   for (std::size_t i = 0; i < count && reader.Remaining() >= EntryBytes; ++i) {
-    reader.Skip(8);
-    const std::uint32_t bytes = reader.U32Le();
-    const std::uint32_t offset = reader.U32Le();
-    if (offset < DirectoryBytes || offset >= data.Size()) continue;
+    Entry entry;
+    reader.Skip(1);
+    entry.height = reader.U8();
+    if (entry.height == 0) entry.height = 256;
+    reader.Skip(6);
+    entry.bytes = reader.U32Le();
+    entry.offset = reader.U32Le();
+    if (entry.offset < DirectoryBytes || entry.offset >= data.Size()) continue;
     try {
-      Candidate candidate = OpenEntry(data, bytes, offset, options);
+      Candidate candidate = OpenEntry(data, entry, options);
       if (!best.decoder || IsBetter(candidate, best)) best = std::move(candidate);
     } catch (const RunTimeError& error) {
       reason = error.what();
