@@ -31,6 +31,28 @@ TEST(Pnm, Comments_may_stand_anywhere_in_the_header) {
               ElementsAre(0xFF070707U));
 }
 
+TEST(Pnm, A_comment_may_follow_the_last_number_at_once) {
+  EXPECT_THAT(WordsOf(DecodeBytes(File("P5 1 1 255#note\n", {7}))), ElementsAre(0xFF070707U));
+  EXPECT_THAT(WordsOf(DecodeBytes(File("P4 1 1#note\n", {0x80}))), ElementsAre(black));
+}
+
+TEST(Pnm, A_line_end_of_two_characters_may_end_the_header) {
+  EXPECT_THAT(WordsOf(DecodeBytes(File("P5\r\n2 1\r\n255\r\n", {7, 10}))),
+              ElementsAre(0xFF070707U, 0xFF0A0A0AU));
+  // Here the second character is the first pixel.
+  EXPECT_THAT(WordsOf(DecodeBytes(File("P5\r2 1\r255\r", {10, 7}))), ElementsAre(0xFF0A0A0AU, 0xFF070707U));
+}
+
+TEST(Pnm, Of_several_pictures_the_first_is_shown) {
+  EXPECT_THAT(WordsOf(DecodeBytes(File("P5 1 1 255\n\x07P5 1 1 255\n\x09"))), ElementsAre(0xFF070707U));
+}
+
+TEST(Pnm, Maps_of_black_and_white_have_1_for_white) {
+  const auto file = File("P7\r\nWIDTH 2\r\nHEIGHT 1\r\nDEPTH 1\r\nMAXVAL 1\r\nENDHDR\r\n", {1, 0});
+  EXPECT_EQ(OpenBytes(file, ".pnm")->Facts().bitsPerPixel, 1);
+  EXPECT_THAT(WordsOf(DecodeBytes(file, ".pnm")), ElementsAre(white, black));
+}
+
 TEST(Pnm, Samples_are_spread_over_the_whole_range_and_rounded) {
   EXPECT_THAT(WordsOf(DecodeBytes(File("P2 4 1 7  0 1 4 7"))),
               ElementsAre(black, 0xFF242424U, 0xFF929292U, white));

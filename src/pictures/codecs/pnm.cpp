@@ -101,6 +101,8 @@ class Characters {
   std::size_t place_ = 0;
 };
 
+constexpr std::int64_t MostSide = 1 << 20;
+
 struct Header {
   std::int64_t width = 0;
   std::int64_t height = 0;
@@ -109,6 +111,18 @@ struct Header {
   bool plain = false;
   bool bits = false;  // PBM: one bit a pixel, 1 is black
   std::uint64_t pixelOffset = 0;
+
+  // Of a raw file; sides are far beyond the limits before this is too much to calculate with.
+  std::uint64_t PixelBytes() const {
+    const auto side = [](std::int64_t length) {
+      return static_cast<std::uint64_t>(std::min(length, MostSide));
+    };
+    const std::uint64_t rowBits = side(width) * static_cast<std::uint64_t>(samples) *
+                                  (bits         ? 1
+                                   : most > 255 ? 16
+                                                : 8);
+    return (rowBits + 7) / 8 * side(height);
+  }
 };
 
 constexpr int MostNumber = 0x7FFFFFFF;
@@ -134,7 +148,18 @@ void ReadPamHeader(Characters& file, Header& header) {
   if (header.samples < 1 || header.samples > 4) Refuse("this number of channels is not known");
 }
 
-Header ReadHeader(Characters& file) {
+// One blank ends the header of a raw file; everything behind it is pixels. Editors make a line end of two
+// characters of it, told from a first pixel of that value by the length of the file; and a comment may follow
+// the last number at once.
+void EndRawHeader(Characters& file, const Header& header, std::uint64_t fileSize) {
+  int character = file.Next();
+  if (character == '#')
+    while (character >= 0 && character != '\n') character = file.Next();
+  if (character != '\r' || file.Position() + header.PixelBytes() >= fileSize) return;
+  if (file.Next() != '\n') file.Back();
+}
+
+Header ReadHeader(Characters& file, std::uint64_t fileSize) {
   Header header;
   file.Next();
   const int kind = file.Next();
@@ -151,8 +176,7 @@ Header ReadHeader(Characters& file) {
     header.width = *width;
     header.height = *height;
     if (!header.bits) header.most = file.Number(MostSample).value_or(0);
-    // One blank ends the header of a raw file; everything after it is pixels.
-    if (!header.plain) file.Next();
+    if (!header.plain) EndRawHeader(file, header, fileSize);
   }
   if (header.most < 1 || header.most > MostSample) Refuse("the greatest sample must be 1 to 65535");
   header.pixelOffset = file.Position();
@@ -170,7 +194,7 @@ class PnmDecoder final : public Decoder {
   PnmDecoder(const PictureData& data, const OpenOptions& options)
       : source_(data.SharedSource()), limits_(options.limits) {
     Characters file(*source_);
-    header_ = ReadHeader(file);
+    header_ = ReadHeader(file, data.Size());
     facts_.size = CheckedSize(header_.width, header_.height, limits_, data.Size());
     facts_.bitsPerPixel = DepthOf(header_);
     facts_.format = "PNM";
