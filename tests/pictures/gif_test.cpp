@@ -102,6 +102,51 @@ TEST(Gif, Rows_that_a_cut_file_lacks_are_transparent) {
   EXPECT_THAT(RowOf(pixels, 7), Each(0U));
 }
 
+TEST(Gif, The_end_mark_may_be_missing) {
+  auto file = Screen(2, 1);
+  AddFrame(file, 0, 0, 2, 1, false, {1, 2});
+  EXPECT_THAT(WordsOf(DecodeBytes(file.Bytes())), ElementsAre(red, green));
+}
+
+TEST(Gif, Bytes_behind_the_end_mean_nothing) {
+  auto file = Screen(2, 1);
+  AddFrame(file, 0, 0, 2, 1, false, {1, 2});
+  EXPECT_THAT(WordsOf(DecodeBytes(file.U8(0x3B).Fill(50, 0x2C).Bytes())), ElementsAre(red, green));
+}
+
+TEST(Gif, Without_any_table_colours_are_greys) {
+  ByteWriter file;
+  file.Text("GIF87a").U16Le(2).U16Le(1).Add({0, 0, 0});
+  AddFrame(file, 0, 0, 2, 1, false, {1, 3});
+  EXPECT_EQ(OpenBytes(file.Bytes())->Facts().bitsPerPixel, 8);
+  EXPECT_THAT(WordsOf(DecodeBytes(file.U8(0x3B).Bytes())), ElementsAre(0xFF010101U, 0xFF030303U));
+}
+
+TEST(Gif, Colours_beyond_the_table_are_black) {
+  ByteWriter file;
+  file.Text("GIF87a").U16Le(2).U16Le(1).Add({0x80, 0, 0, 255, 0, 0, 0, 255, 0});  // a table of two
+  AddFrame(file, 0, 0, 2, 1, false, {0, 3});
+  EXPECT_THAT(WordsOf(DecodeBytes(file.U8(0x3B).Bytes())), ElementsAre(red, black));
+}
+
+TEST(Gif, A_frame_without_a_size_leaves_the_screen_transparent) {
+  auto file = Screen(2, 1);
+  AddFrame(file, 0, 0, 0, 0, false, {});
+  EXPECT_THAT(WordsOf(DecodeBytes(file.U8(0x3B).Bytes())), ElementsAre(0U, 0U));
+}
+
+TEST(Gif, A_frame_beside_the_screen_leaves_it_transparent) {
+  auto file = Screen(2, 1);
+  AddFrame(file, 5, 5, 1, 1, false, {1});
+  EXPECT_THAT(WordsOf(DecodeBytes(file.U8(0x3B).Bytes())), ElementsAre(0U, 0U));
+}
+
+TEST(Gif, A_screen_without_a_size_is_as_large_as_the_frame) {
+  auto file = Screen(0, 0);
+  AddFrame(file, 0, 0, 2, 1, false, {1, 2});
+  EXPECT_THAT(WordsOf(DecodeBytes(file.U8(0x3B).Bytes())), ElementsAre(red, green));
+}
+
 TEST(Gif, Depth_is_that_of_the_first_frames_table) {
   auto file = Screen(1, 1);
   EXPECT_EQ(OpenBytes(file.Bytes())->Facts().bitsPerPixel, 2);
