@@ -144,7 +144,7 @@ class Tables {
   }
 
   // A place of the pixels that leaves no room for a single colour is a slip of the writer where the file is
-  // long enough for colours and pixels.
+  // long enough for all colours and all pixels.
   bool IsOffsetBelieved(const DibHeader& header) const {
     if (options_.pixelOffset < fields_.headerBytes) return false;
     const bool indexed = fields_.bits >= 1 && fields_.bits <= 8;
@@ -155,7 +155,7 @@ class Tables {
     const std::uint64_t pixels = header.coding == DibCoding::Plain
                                      ? header.RowBytes() * static_cast<std::uint64_t>(header.size.height)
                                      : 0;
-    return reader_.Position() + colours * EntryBytes() + pixels > options_.fileSize;
+    return options_.headerPlace + reader_.Position() + colours * EntryBytes() + pixels > options_.fileSize;
   }
 
   // A table may be shorter than the depth allows: no entry stands beyond the place of the pixels.

@@ -23,6 +23,8 @@ struct DibOptions {
   PictureLimits limits;
   // Length of the whole file, which bounds what the header may ask for.
   std::uint64_t fileSize = 0;
+  // How many bytes of it stand before the header.
+  std::uint64_t headerPlace = 0;
   // An icon's bitmap: the stated height counts the mask too.
   bool icon = false;
   // Where the pixels begin, counted from the header, when something outside says so; 0 when they follow at

@@ -208,6 +208,10 @@ TEST(Bmp, An_offset_that_can_not_be_is_not_believed) {
   // None, in the headers, without room for a single colour, behind the file.
   for (const std::uint32_t value : {0U, 14U, 53U, 54U, 57U, 9999U})
     EXPECT_THAT(WordsOf(DecodeBytes(WithNumber(offset, value))), ElementsAre(green)) << value;
+  // A file that is too short for colours and pixels may mean it.
+  auto cut = WithNumber(offset, 54);
+  cut.pop_back();
+  EXPECT_THAT(WordsOf(DecodeBytes(cut)), ElementsAre(black));
 }
 
 TEST(Bmp, A_bitmap_array_shows_its_first_bitmap) {

@@ -71,6 +71,7 @@ class BmpDecoder final : public Decoder {
     DibOptions dibOptions;
     dibOptions.limits = options.limits;
     dibOptions.fileSize = data.Size();
+    dibOptions.headerPlace = places.header;
     // An offset beyond the file's end is a slip of the writer; the pixels then follow the colours.
     if (places.pixels > places.header && places.pixels < data.Size()) {
       dibOptions.pixelOffset = places.pixels - places.header;
