@@ -191,6 +191,37 @@ TEST(Gem, A_pattern_longer_than_the_file_is_cut) {
   EXPECT_EQ(Decoded(file)[0], black);
 }
 
+TEST(Gem, A_header_longer_than_the_file_leaves_the_picture_white) {
+  auto file = Start({.words = 779, .planes = 8});
+  file.Text("XIMG").Fill(20);
+  EXPECT_EQ(Decoded(file), std::vector<std::uint32_t>(8, white));
+}
+
+TEST(Gem, Five_to_seven_planes_without_a_palette_are_greys_from_white_to_black) {
+  for (const unsigned planes : {5U, 6U, 7U}) {
+    auto file = Start({.planes = planes});
+    for (unsigned plane = 0; plane < planes; ++plane) file.Add({0x80, 1, 0x80});
+    const auto decoder = OpenBytes(file.Bytes(), ".img");
+    EXPECT_EQ(decoder->Facts().bitsPerPixel, 8);
+    EXPECT_THAT(WordsOf(decoder->Decode({})),
+                ElementsAre(black, white, white, white, white, white, white, white));
+  }
+}
+
+TEST(Gem, Fifteen_planes_hold_five_bits_a_component) {
+  auto file = Start({.words = 9, .planes = 15, .width = 2});
+  file.U16Be(0).Add({0x80, 4, 0x7C, 0x00, 0x03, 0xE0});
+  const auto decoder = OpenBytes(file.Bytes(), ".img");
+  EXPECT_EQ(decoder->Facts().bitsPerPixel, 16);
+  EXPECT_THAT(WordsOf(decoder->Decode({})), ElementsAre(red, green));
+}
+
+TEST(Gem, Thirty_two_planes_leave_the_first_byte_out) {
+  auto file = Start({.words = 11, .planes = 32, .width = 1});
+  file.Text("XIMG").U16Be(0).Add({0x80, 4, 9, 0xFF, 0, 0});
+  EXPECT_THAT(Decoded(file), ElementsAre(red));
+}
+
 TEST(Gem, Drawings_of_the_same_name_are_refused) {
   ByteWriter drawing;
   drawing.U16Be(0xFFFF).U16Le(15).Fill(40);

@@ -53,6 +53,14 @@ TEST(Mac, Header_versions_0_2_and_3_occur) {
   EXPECT_THROW(OpenBytes(Start(0x3B206D61).U8(0).Bytes(), ".mac"), RunTimeError);
 }
 
+TEST(Mac, Bytes_behind_the_last_row_mean_nothing) {
+  auto file = Start(2);
+  for (int i = 0; i < 406; ++i) file.Add({0x81, 0xFF});  // 128 bytes each, 128 more than there are
+  const Pixels pixels = DecodeBytes(file.Fill(300, 0x7F).Bytes(), ".mac");
+  EXPECT_EQ(pixels.GetSize(), macSize);
+  EXPECT_EQ(pixels.Row(719)[575], black);
+}
+
 TEST(Mac, What_a_cut_file_lacks_is_white) {
   const Pixels pixels = DecodeBytes(Start(0).Add({0x81, 0xFF}).Bytes(), ".mac");
   EXPECT_EQ(pixels.Row(0)[575], black);

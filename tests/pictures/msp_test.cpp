@@ -69,6 +69,18 @@ TEST(Msp, A_wrong_checksum_is_forgiven) {
   EXPECT_NO_THROW(OpenBytes(file));
 }
 
+TEST(Msp, Bytes_behind_the_rows_mean_nothing) {
+  auto file = Start("DanM", 8, 1);
+  EXPECT_EQ(WordsOf(DecodeBytes(file.U8(0).Fill(99, 0x55).Bytes())), std::vector<std::uint32_t>(8, black));
+}
+
+TEST(Msp, What_a_cut_file_of_version_1_lacks_is_white) {
+  auto file = Start("DanM", 8, 2);
+  const Pixels pixels = DecodeBytes(file.U8(0).Bytes());
+  EXPECT_EQ(RowOf(pixels, 0), std::vector<std::uint32_t>(8, black));
+  EXPECT_EQ(RowOf(pixels, 1), std::vector<std::uint32_t>(8, white));
+}
+
 TEST(Msp, A_list_of_rows_that_is_longer_than_the_file_ends_in_white) {
   auto file = Start("LinS", 8, 500);
   file.U16Le(7).U8(1);
