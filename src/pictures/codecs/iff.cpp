@@ -142,7 +142,7 @@ class IffDecoder final : public FileDecoder {
 
   std::size_t RowStrides() const {
     if (picture_.kind != IffKind::Interleaved && picture_.kind != IffKind::Contiguous) return 1;
-    return static_cast<std::size_t>(picture_.planes + (HasMaskPlane() ? 1 : 0));
+    return static_cast<std::size_t>(picture_.planes) + (HasMaskPlane() ? 1 : 0);
   }
 
   // The stored length of the rows is not trusted; nobody packs them into more than this.
