@@ -237,6 +237,7 @@ void MeasureOwn() {
   PrintSpeed("PBM, raw", EncodePbm(two, PnmKind::Raw), ".pbm", drawing, plain);
   PrintSpeed("ILBM, 4 planes", EncodeIlbm(few, IffForm::Plain), ".iff", drawing, plain);
   PrintSpeed("ILBM, 24 planes", EncodeIlbm(pixels, IffForm::Plain), ".iff", drawing, plain);
+  PrintSpeed("DEEP, 24 bits", EncodeDeep(pixels, IffForm::Plain), ".iff", drawing, plain);
   PrintSpeed("PBM chunks, 8 bits", EncodeLbm(many, IffForm::Plain), ".lbm", drawing, plain);
   PrintSpeed("BMP run-length, 8 bits", EncodeRunLengthBmp(many), ".bmp", drawing, packed);
   PrintSpeed("BMP run-length, 4 bits", EncodeRunLengthBmp(few), ".bmp", drawing, packed);
@@ -250,6 +251,8 @@ void MeasureOwn() {
   PrintSpeed("PCX, 1 bit", EncodePcx(two), ".pcx", drawing, packed);
   PrintSpeed("ILBM run-length, 8 planes", EncodeIlbm(many), ".iff", drawing, packed);
   PrintSpeed("ILBM run-length, 24 planes", EncodeIlbm(striped), ".iff", drawing, packed);
+  PrintSpeed("RGB8", EncodeColourRuns(striped), ".iff", drawing, packed);
+  PrintSpeed("DEEP run-length, 24 bits", EncodeDeep(striped), ".iff", drawing, packed);
   PrintSpeed("PBM chunks run-length, 8 bits", EncodeLbm(many), ".lbm", drawing, packed);
   PrintSpeed("GEM, 1 plane", EncodeGem(two), ".img", drawing, packed);
   PrintSpeed("XIMG, 8 planes", EncodeXimg(many), ".img", drawing, packed);

@@ -3,12 +3,32 @@
 #include <gmock/gmock.h>
 
 #include "base/run_time_error.h"
+#include "gallery/encoders/iff_encoder.h"
 #include "pictures/support/iff_file.h"
+#include "pictures/support/patterns.h"
 
 namespace lumidex::iff {
 namespace {
 
 using testing::ElementsAre;
+
+TEST(IffTrueColour, Runs_of_colours_come_back) {
+  const Pixels pattern = ColourPattern({37, 23});
+  const auto file = EncodeColourRuns(pattern);
+  EXPECT_EQ(OpenBytes(file)->Facts().bitsPerPixel, 24);
+  EXPECT_EQ(WordsOf(DecodeBytes(file)), WordsOf(pattern));
+}
+
+TEST(IffTrueColour, Deep_pictures_come_back) {
+  for (const auto form : {IffForm::Plain, IffForm::Packed}) {
+    for (const auto format : {PixelFormat::Rgb, PixelFormat::Argb}) {
+      const Pixels pattern = ColourPattern({37, 23}, format);
+      const auto file = EncodeDeep(pattern, form);
+      EXPECT_EQ(OpenBytes(file)->Facts().bitsPerPixel, format == PixelFormat::Rgb ? 24 : 32);
+      EXPECT_EQ(WordsOf(DecodeBytes(file)), WordsOf(pattern));
+    }
+  }
+}
 
 TEST(IffTrueColour, Colours_may_come_in_runs_of_24_bits) {
   ByteWriter body;

@@ -26,8 +26,9 @@ std::vector<std::uint8_t> UnpackHuffman(Bytes tree, Bytes coded, std::size_t siz
     const std::size_t at = static_cast<std::size_t>(index) * 2;
     return static_cast<std::int16_t>(tree[at] << 8 | tree[at + 1]);
   };
-  // No value takes less than one bit.
-  size = std::min(size, coded.size() * 8);
+  // No value takes less than one bit, and no picture has more changes than this.
+  constexpr std::size_t most = std::size_t{4} << 20;
+  size = std::min({size, coded.size() * 8, most});
   std::int64_t place = root;
   for (std::size_t bit = 0; unpacked.size() < size && bit < coded.size() * 8; ++bit) {
     const bool one = (coded[bit / 8] >> (7 - bit % 8) & 1) != 0;

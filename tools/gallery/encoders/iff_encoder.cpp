@@ -20,6 +20,7 @@ struct Parts {
   Size size;
   int planes = 0;
   IffForm form = IffForm::Packed;
+  std::uint32_t compression = 1;  // of packed forms
   Colours colours;
   std::uint32_t displayMode = 0;
   ByteWriter body;
@@ -30,7 +31,13 @@ std::vector<std::uint8_t> Encode(const Parts& parts) {
   const auto height = static_cast<std::uint32_t>(parts.size.height);
   ByteWriter header;
   header.U16Be(width).U16Be(height).U32Be(0).U8(static_cast<std::uint32_t>(parts.planes)).U8(0);
-  header.U8(parts.form == IffForm::Packed ? 1 : 0).U8(0).U16Be(0).U8(1).U8(1).U16Be(width).U16Be(height);
+  header.U8(parts.form == IffForm::Packed ? parts.compression : 0)
+      .U8(0)
+      .U16Be(0)
+      .U8(1)
+      .U8(1)
+      .U16Be(width)
+      .U16Be(height);
   ByteWriter chunks;
   chunks.Text(parts.type);
   WriteChunk(chunks, "BMHD", header);
@@ -64,6 +71,20 @@ void WritePlanes(ByteWriter& body, std::span<const std::uint8_t> codes, int plan
     std::vector<std::uint8_t> row = PackPlane(codes, plane);
     row.resize(stride);
     WriteRow(body, row, form);
+  }
+}
+
+// Calls put(colour, count) for each stretch of one colour, at most `longest` of it at once.
+template <class Put>
+void ForEachRun(const Pixels& pixels, std::size_t longest, Put put) {
+  for (int y = 0; y < pixels.Height(); ++y) {
+    const auto row = pixels.Row(y);
+    for (std::size_t x = 0; x < row.size();) {
+      std::size_t end = x + 1;
+      while (end < row.size() && end - x < longest && row[end] == row[x]) ++end;
+      put(row[x], end - x);
+      x = end;
+    }
   }
 }
 
@@ -134,6 +155,44 @@ std::vector<std::uint8_t> EncodeHoldAndModify(const Pixels& pixels, const Colour
     WritePlanes(parts.body, codes, 6, parts.form);
   }
   return Encode(parts);
+}
+
+std::vector<std::uint8_t> EncodeColourRuns(const Pixels& pixels) {
+  constexpr std::size_t longest = 127;
+  Parts parts{
+      .type = "RGB8", .size = pixels.GetSize(), .planes = 25, .compression = 4, .colours = {}, .body = {}};
+  ForEachRun(pixels, longest, [&](std::uint32_t colour, std::size_t count) {
+    parts.body.U32Be(colour << 8 | static_cast<std::uint32_t>(count));
+  });
+  return Encode(parts);
+}
+
+std::vector<std::uint8_t> EncodeDeep(const Pixels& pixels, IffForm form) {
+  constexpr std::size_t longest = 128;
+  const bool packed = form == IffForm::Packed;
+  const std::uint32_t elements = pixels.Format() == PixelFormat::Rgb ? 3 : 4;
+  const auto width = static_cast<std::uint32_t>(pixels.Width());
+  const auto height = static_cast<std::uint32_t>(pixels.Height());
+  ByteWriter screen, pixel, place, body;
+  screen.U16Be(width).U16Be(height).U16Be(packed ? 1 : 0).U8(1).U8(1);
+  pixel.U32Be(elements);
+  for (std::uint32_t kind = 1; kind <= elements; ++kind)
+    pixel.U16Be(kind).U16Be(8);  // red, green, blue, alpha
+  place.U16Be(width).U16Be(height).U32Be(0);
+  ForEachRun(pixels, packed ? longest : 1, [&](std::uint32_t colour, std::size_t count) {
+    if (packed) body.U8(count == 1 ? 0 : 257 - static_cast<std::uint32_t>(count));
+    body.U8(colour >> 16).U8(colour >> 8).U8(colour);
+    if (elements == 4) body.U8(colour >> 24);
+  });
+  ByteWriter chunks;
+  chunks.Text("DEEP");
+  WriteChunk(chunks, "DGBL", screen);
+  WriteChunk(chunks, "DPEL", pixel);
+  WriteChunk(chunks, "DLOC", place);
+  WriteChunk(chunks, "DBOD", body);
+  ByteWriter file;
+  WriteChunk(file, "FORM", chunks);
+  return file.Take();
 }
 
 std::vector<std::uint8_t> EncodeLbm(const IndexedPicture& picture, IffForm form) {

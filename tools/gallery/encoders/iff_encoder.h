@@ -1,5 +1,5 @@
 #pragma once
-// IFF pictures: interleaved planes (ILBM) and chunky rows (PBM), packed or plain.
+// IFF pictures: interleaved planes (ILBM), chunky rows (PBM) and whole colours (RGB8, DEEP), packed or plain.
 
 #include "gallery/encoders/indexed.h"
 
@@ -14,6 +14,10 @@ std::vector<std::uint8_t> EncodeIlbm(const Pixels& pixels, IffForm form = IffFor
 // Six planes of hold-and-modify: 4096 colours around the 16 of `base`, where each pixel is a colour of `base`
 // or changes one component of its left neighbour, whatever comes closest.
 std::vector<std::uint8_t> EncodeHoldAndModify(const Pixels& pixels, const Colours& base);
+// Runs of 24-bit colours (RGB8); alpha is left out.
+std::vector<std::uint8_t> EncodeColourRuns(const Pixels& pixels);
+// Three bytes a pixel, or four when the pixels have alpha (DEEP).
+std::vector<std::uint8_t> EncodeDeep(const Pixels& pixels, IffForm form = IffForm::Packed);
 // One byte a pixel, what DOS programs call LBM.
 std::vector<std::uint8_t> EncodeLbm(const IndexedPicture& picture, IffForm form = IffForm::Packed);
 
