@@ -85,8 +85,23 @@ TEST(IffTrueColour, Deep_pictures_may_be_packed_by_whole_pixels) {
   EXPECT_THAT(WordsIn(file), ElementsAre(0xFF010203U, 0xFF010203U, 0xFF010203U, 0xFF040506U));
 }
 
+TEST(IffTrueColour, Deep_pictures_may_be_coded_by_steps_from_pixel_to_pixel) {
+  ByteWriter screen, elements, steps;
+  screen.U16Be(3).U16Be(2).U16Be(5).U16Be(0);
+  elements.U32Be(3).U16Be(1).U16Be(8).U16Be(2).U16Be(8).U16Be(3).U16Be(8);
+  steps.U16Be(0).U16Be(1).U16Be(0xFFFF).U16Be(100).Fill(24);
+  const auto open = [&](const ByteWriter& body) {
+    return Group("FORM", "DEEP",
+                 {Chunk("DGBL", screen), Chunk("DPEL", elements), Chunk("TVDC", steps), Chunk("DBOD", body)});
+  };
+  // Red 1, 0, 100; green 100 three times; blue 0 three times. Then red alone.
+  const auto file = open(Bytes({0x12, 0x30, 0x30, 0x10, 0x02, 0x11, 0x10}));
+  EXPECT_THAT(WordsIn(file),
+              ElementsAre(0xFF016400U, 0xFF006400U, 0xFF646400U, blankPixel, blankPixel, blankPixel));
+}
+
 TEST(IffTrueColour, Deep_pictures_of_other_kinds_are_refused) {
-  EXPECT_THROW(OpenBytes(Deep(5, {1, 2, 3}, Bytes({0})).Bytes()), RunTimeError);
+  EXPECT_THROW(OpenBytes(Deep(2, {1, 2, 3}, Bytes({0})).Bytes()), RunTimeError);
   EXPECT_THROW(OpenBytes(Deep(0, {}, Bytes({0})).Bytes()), RunTimeError);
   EXPECT_THROW(OpenBytes(Deep(0, {1, 2, 3}, Bytes({0}), 16).Bytes()), RunTimeError);
 }

@@ -48,7 +48,7 @@ TEST(Pnm, Of_several_pictures_the_first_is_shown) {
 }
 
 TEST(Pnm, Maps_of_black_and_white_have_1_for_white) {
-  const auto file = File("P7\r\nWIDTH 2\r\nHEIGHT 1\r\nDEPTH 1\r\nMAXVAL 1\r\nENDHDR\r\n", {1, 0});
+  const auto file = File("P7\r\nWIDTH\t2\r\nHEIGHT 1\r\nDEPTH 1\r\nMAXVAL 1\r\nENDHDR\r\n", {1, 0});
   EXPECT_EQ(OpenBytes(file, ".pnm")->Facts().bitsPerPixel, 1);
   EXPECT_THAT(WordsOf(DecodeBytes(file, ".pnm")), ElementsAre(white, black));
 }

@@ -17,7 +17,7 @@
 namespace lumidex {
 namespace {
 
-enum Compression { Plain = 0, Packed = 1, Columns = 2, Runs = 4 };
+enum Compression { Plain = 0, Packed = 1, Columns = 2, Runs = 4, Steps = 5 };
 
 constexpr int rgb8Planes = 25, rgbnPlanes = 13;  // the last is not of the colour
 
@@ -157,6 +157,8 @@ class IffDecoder final : public FileDecoder {
   int PaintBody(Pixels& pixels) const {
     if (picture_.kind == IffKind::ColourRuns)
       return UnpackColourRuns(Body(), picture_.planes == rgb8Planes, pixels);
+    if (picture_.kind == IffKind::Deep && picture_.compression == Steps)
+      return UnpackDeepSteps(Body(), picture_.elements, picture_.steps, pixels);
     if (picture_.kind == IffKind::Deep)
       return UnpackDeepPixels(Body(), picture_.elements, picture_.compression == Packed, pixels);
     RowPainter painter(picture_, mode_, LineColoursOf(Data(), picture_));
@@ -242,7 +244,8 @@ void CheckDeep(const IffPicture& picture) {
   const auto isByte = [](const DeepElement& element) { return element.bits == 8; };
   if (picture.elements.empty() || !std::ranges::all_of(picture.elements, isByte))
     Refuse("IFF: only deep pictures of 8 bits a component are supported");
-  if (picture.compression > Packed) Refuse("IFF: this compression of deep pictures is not supported");
+  if (picture.compression > Packed && picture.compression != Steps)
+    Refuse("IFF: this compression of deep pictures is not supported");
 }
 
 }  // namespace

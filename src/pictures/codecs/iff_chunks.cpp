@@ -207,6 +207,9 @@ IffPicture FindIffPicture(const PictureData& data) {
       ReadDeepPlace(content(4), picture);
     } else if (chunk->id == Id("DPEL")) {
       ReadDeepElements(content(4 + 4 * 16), picture);
+    } else if (chunk->id == Id("TVDC")) {
+      ByteReader reader = content(2 * picture.steps.size());
+      for (int& step : picture.steps) step = reader.S16Be();
     } else if (chunk->id == Id("BODY") || chunk->id == Id("ABIT") || chunk->id == Id("DBOD")) {
       if (picture.bodyOffset != 0) break;
       picture.bodyOffset = chunk->offset;

@@ -28,7 +28,7 @@ struct IffPicture {
   Size size;
   int planes = 0;
   int masking = 0;      // 1 a mask plane follows the others, 2 one colour is transparent
-  int compression = 0;  // 0 none, 1 PackBits, 2 columns in chunks of their own, 4 runs of colours
+  int compression = 0;  // 0 none, 1 PackBits, 2 columns in chunks of their own, 4 runs of colours, 5 steps
   int transparentIndex = 0;
   // The display mode of the Amiga, where the file tells it.
   std::optional<std::uint32_t> displayMode;
@@ -39,6 +39,7 @@ struct IffPicture {
   std::uint64_t lineColoursOffset = 0;
   std::uint64_t lineColoursLength = 0;
   std::vector<DeepElement> elements;  // of a pixel, where the kind is Deep
+  DeepSteps steps{};                  // where the compression is 5
   // Where the rows lie.
   std::uint64_t bodyOffset = 0;
 };

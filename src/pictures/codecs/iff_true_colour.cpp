@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <span>
+#include <utility>
 
 #include "pictures/byte_reader.h"
 #include "pictures/palettes.h"
@@ -38,7 +39,46 @@ class DeepLayout {
   std::array<int, 4> places_{-1, -1, -1, -1};  // red, green, blue, alpha
 };
 
+// One component of one row of steps; false when the input ended before its last pixel.
+bool ReadSteps(ByteReader& reader, const DeepSteps& steps, std::span<std::uint8_t> values) {
+  int pending = -1;  // the half byte still to come
+  const auto half = [&]() -> unsigned {
+    if (pending >= 0) return static_cast<unsigned>(std::exchange(pending, -1));
+    const unsigned byte = reader.U8();
+    pending = static_cast<int>(byte & 15);
+    return byte >> 4;
+  };
+  std::uint8_t value = 0;
+  for (std::size_t x = 0; x < values.size();) {
+    const int step = steps[half()];
+    if (reader.WasCut()) return false;
+    value = static_cast<std::uint8_t>(value + step);
+    const std::size_t count = step != 0 ? 1 : std::min<std::size_t>(half() + 1, values.size() - x);
+    std::ranges::fill(values.subspan(x, count), value);
+    x += count;
+  }
+  return true;
+}
+
 }  // namespace
+
+int UnpackDeepSteps(Bytes body, const std::vector<DeepElement>& elements, const DeepSteps& steps,
+                    Pixels& pixels) {
+  const DeepLayout layout(elements);
+  ByteReader reader(body);
+  const std::size_t width = static_cast<std::size_t>(pixels.Width());
+  std::vector<std::uint8_t> line(width), row(width * elements.size());
+  for (int y = 0; y < pixels.Height(); ++y) {
+    for (std::size_t i = 0; i < elements.size(); ++i) {
+      if (!ReadSteps(reader, steps, line)) return y;
+      for (std::size_t x = 0; x < width; ++x) row[x * elements.size() + i] = line[x];
+    }
+    const auto target = pixels.Row(y);
+    for (std::size_t x = 0; x < width; ++x)
+      target[x] = layout.Join(Bytes(row).subspan(x * elements.size(), elements.size()));
+  }
+  return pixels.Height();
+}
 
 int UnpackColourRuns(Bytes body, bool wide, Pixels& pixels) {
   ByteReader reader(body);

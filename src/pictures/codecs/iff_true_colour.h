@@ -2,6 +2,7 @@
 // IFF pictures that keep whole colours instead of planes: RGB8 and RGBN of the ray tracers, and DEEP of the
 // paint programs for frame buffers.
 
+#include <array>
 #include <cstdint>
 #include <vector>
 
@@ -21,6 +22,15 @@ struct DeepElement {
 // colour and three that count. Where the count is 0 a byte follows with it, and a word where that is 0 too.
 // Both return how many rows were whole.
 int UnpackColourRuns(Bytes body, bool wide, Pixels& pixels);
+
+// The sixteen steps by which a component may differ from its left neighbour.
+using DeepSteps = std::array<int, 16>;
+
+// Rows of `elements` one behind the other, each component as half bytes that choose a step from the left
+// neighbour (0 for the first pixel); behind a choice of step 0 a half byte counts pixels like the last one,
+// less one. Each component of a row begins with a whole byte. As below.
+int UnpackDeepSteps(Bytes body, const std::vector<DeepElement>& elements, const DeepSteps& steps,
+                    Pixels& pixels);
 
 // Pixels made of `elements`, of eight bits each; `packed`: in runs of whole pixels, counted as PackBits
 // counts bytes. Alpha is left straight.

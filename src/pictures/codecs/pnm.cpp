@@ -132,7 +132,7 @@ void ReadPamHeader(Characters& file, Header& header) {
   for (;;) {
     const std::string line = file.Line();
     if (line.starts_with("ENDHDR")) break;
-    const std::size_t space = line.find(' ');
+    const std::size_t space = line.find_first_of(" \t");
     const std::string word = line.substr(0, space);
     if (line.empty() || line[0] == '#' || word == "TUPLTYPE") {
       if (file.Next() < 0) Refuse("the header is cut");
