@@ -43,12 +43,16 @@ void DeclareOpaqueIfSo(Pixels& pixels) {
   pixels.SetFormat(all == AlphaMask ? PixelFormat::Rgb : PixelFormat::Argb);
 }
 
-void SettleAlpha(Pixels& pixels) {
+bool HasVisiblePixel(const Pixels& pixels) {
   std::uint32_t any = 0;
   for (int y = 0; y < pixels.Height() && any == 0; ++y) {
     for (const std::uint32_t word : pixels.Row(y)) any |= word & AlphaMask;
   }
-  if (any != 0) return DeclareOpaqueIfSo(pixels);
+  return any != 0;
+}
+
+void SettleAlpha(Pixels& pixels) {
+  if (HasVisiblePixel(pixels)) return DeclareOpaqueIfSo(pixels);
   for (int y = 0; y < pixels.Height(); ++y) {
     for (std::uint32_t& word : pixels.Row(y)) word |= AlphaMask;
   }

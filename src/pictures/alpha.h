@@ -14,6 +14,9 @@ void SettleAlpha(Pixels& pixels, int rows);
 // Straight alpha: colours under alpha 0 become 0, and Format() becomes Rgb when every pixel is opaque.
 void DeclareOpaqueIfSo(Pixels& pixels);
 
+// True when anything is seen: some alpha is above 0.
+bool HasVisiblePixel(const Pixels& pixels);
+
 // The same picture with premultiplied alpha; Rgb pixels are shared, not copied.
 Pixels Premultiplied(const Pixels& pixels);
 

@@ -60,6 +60,19 @@ TEST(Icon, The_mask_makes_pixels_transparent) {
   EXPECT_THAT(WordsOf(DecodeBytes(File(1, {TwoOf24Bits(0x40)}))), ElementsAre(0xFFFF0000U, 0U));
 }
 
+TEST(Icon, What_would_invert_the_screen_is_transparent_beside_other_pixels) {
+  EXPECT_THAT(WordsOf(DecodeBytes(File(2, {TwoOf24Bits(0x80)}))), ElementsAre(0U, 0xFF00FF00U));
+}
+
+TEST(Icon, What_does_nothing_but_invert_the_screen_is_shown_as_over_white) {
+  EXPECT_THAT(WordsOf(DecodeBytes(File(2, {TwoOf24Bits(0xC0)}))), ElementsAre(0xFF00FFFFU, 0xFFFF00FFU));
+  auto beam = Header(3, 1, 1);
+  beam.U32Le(0).U32Le(0xFFFFFF).Add({0x40, 0, 0, 0}).Add({0xE0, 0, 0, 0});
+  EXPECT_THAT(WordsOf(DecodeBytes(File(2, {{beam.Take(), 3}}))), ElementsAre(0U, 0xFF000000U, 0U));
+  // Colours beside alpha that is 0 are left over from a picture that was cleared.
+  EXPECT_THAT(WordsOf(DecodeBytes(File(2, {TwoOf32Bits(0, 0, 0xC0)}))), ElementsAre(0U, 0U));
+}
+
 TEST(Icon, Alpha_of_its_own_makes_the_mask_count_for_nothing) {
   EXPECT_THAT(WordsOf(DecodeBytes(File(1, {TwoOf32Bits(128, 255, 0xC0)}))),
               ElementsAre(0x80FF0000U, 0xFF00FF00U));

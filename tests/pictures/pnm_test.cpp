@@ -87,6 +87,17 @@ TEST(Pnm, What_is_missing_stays_blank) {
   EXPECT_THAT(WordsOf(DecodeBytes(File("P2 2 1 255 9 oops"))), ElementsAre(0xFF090909U, blankPixel));
 }
 
+TEST(Pnm, Maps_of_floating_point_numbers_are_refused_by_name) {
+  for (const char* text : {"PF\n1 1\n-1.0\n", "Pf 1 1 1.0 "}) {
+    try {
+      OpenBytes(File(text), ".ppm");
+      FAIL();
+    } catch (const RunTimeError& error) {
+      EXPECT_THAT(error.what(), testing::HasSubstr("floating-point"));
+    }
+  }
+}
+
 class PnmRefusal : public testing::TestWithParam<const char*> {};
 
 TEST_P(PnmRefusal, Is_an_invalid_picture) {

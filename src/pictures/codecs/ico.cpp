@@ -54,8 +54,14 @@ class DibIconDecoder final : public Decoder {
       if (HasVisiblePixel(pixels)) return pixels;
     }
     // Without alpha of its own the mask says what is seen.
+    const Bytes mask = Bytes(bytes).subspan(std::min(ColourBytes(), bytes.size()));
     Pixels pixels = DecodeDib(header_, bytes, limits_);
-    ApplyMask(Bytes(bytes).subspan(std::min(ColourBytes(), bytes.size())), pixels);
+    ApplyMask(mask, pixels, [](std::uint32_t) { return 0U; });
+    if (header_.bitsPerPixel == 32 || HasVisiblePixel(pixels)) return pixels;
+    // Under the mask, colours other than black invert the screen. Cursors made of nothing else, as those for
+    // text, are shown as they look over white.
+    pixels = DecodeDib(header_, bytes, limits_);
+    ApplyMask(mask, pixels, [](std::uint32_t word) { return word == blackPixel ? 0U : word ^ 0xFFFFFFU; });
     return pixels;
   }
 
@@ -72,21 +78,15 @@ class DibIconDecoder final : public Decoder {
   std::size_t ColourBytes() const { return header_.RowBytes() * Height(); }
   std::size_t MaskRowBytes() const { return (static_cast<std::size_t>(header_.size.width) + 31) / 32 * 4; }
 
-  static bool HasVisiblePixel(const Pixels& pixels) {
-    for (int y = 0; y < pixels.Height(); ++y) {
-      if (std::ranges::any_of(pixels.Row(y), [](std::uint32_t word) { return word >> 24 != 0; })) return true;
-    }
-    return false;
-  }
-
-  // A mask that is missing or short leaves pixels visible.
-  void ApplyMask(Bytes mask, Pixels& pixels) const {
+  // Changes the pixels whose bit in the mask is set. A mask that is missing or short leaves pixels visible.
+  template <class Change>
+  void ApplyMask(Bytes mask, Pixels& pixels, Change change) const {
     for (std::size_t row = 0; row < Height(); ++row) {
       const int y = static_cast<int>(header_.topDown ? row : Height() - 1 - row);
       auto words = pixels.Row(y);
       for (std::size_t x = 0; x < words.size(); ++x) {
         const std::size_t at = row * MaskRowBytes() + x / 8;
-        if (at < mask.size() && (mask[at] >> (7 - x % 8) & 1) != 0) words[x] = 0;
+        if (at < mask.size() && (mask[at] >> (7 - x % 8) & 1) != 0) words[x] = change(words[x]);
       }
     }
     DeclareOpaqueIfSo(pixels);

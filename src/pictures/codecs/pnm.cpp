@@ -312,15 +312,22 @@ class PnmDecoder final : public Decoder {
   mutable std::vector<std::uint8_t> levels_;
 };
 
+// Taken here to be refused by name.
+bool IsFloatMap(Bytes head) {
+  return head[1] == 'F' || head[1] == 'f';
+}
+
 }  // namespace
 
 Match MatchPnm(const PictureData& data) {
   const Bytes head = data.Head();
-  if (head.size() < 3 || head[0] != 'P' || head[1] < '1' || head[1] > '7') return Match::No;
-  return IsBlank(head[2]) || head[2] == '#' ? Match::Sure : Match::No;
+  if (head.size() < 3 || head[0] != 'P' || !(IsBlank(head[2]) || head[2] == '#')) return Match::No;
+  if (IsFloatMap(head)) return Match::Maybe;
+  return head[1] >= '1' && head[1] <= '7' ? Match::Sure : Match::No;
 }
 
 std::unique_ptr<Decoder> OpenPnm(const PictureData& data, const OpenOptions& options) {
+  if (IsFloatMap(data.Head())) Refuse("maps of floating-point numbers are not supported");
   return std::make_unique<PnmDecoder>(data, options);
 }
 
