@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include "gallery/encoders/plus_writer.h"
 #include "gallery/encoders/png_encoder.h"
 #include "pictures/support/drawn.h"
-#include "pictures/support/plus_writer.h"
 
 namespace lumidex {
 namespace {

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "pictures/metafile/hatches.h"
 #include "pictures/metafile/outlining.h"
 #include "pictures/metafile/surfaces.h"
 
@@ -14,6 +15,7 @@ constexpr double perLetter = 1500;
 constexpr double perNewLetter = 30000;
 constexpr double perHatchedPixel = 3;
 constexpr double perTiledPixel = 12;
+constexpr double perPlacedPixel = 40;
 constexpr double perCopiedPixel = 6;
 
 // More dashes than this in one stroke are not told apart any more.
@@ -56,9 +58,12 @@ Box Canvas::Visible(const Clip& clip, const Box& bounds) {
 
 double Canvas::InkCost(const Ink& ink, const Box& visible) const {
   if (ink.kind == Ink::Kind::Hatched) return perHatchedPixel * visible.Area();
+  if (ink.kind == Ink::Kind::Shaded && ink.shading)
+    return ShadingCost(*ink.shading, ink.shadingToSheet, visible);
   if (ink.kind != Ink::Kind::Tiled) return 0;
   const double tile = static_cast<double>(ink.tile.Width()) * ink.tile.Height();
-  return perTiledPixel * visible.Area() + (HoldsTile(ink.tile) ? 0 : perCopiedPixel * tile);
+  return (ink.tileMap ? perPlacedPixel : perTiledPixel) * visible.Area() +
+         (HoldsTile(ink.tile) ? 0 : perCopiedPixel * tile);
 }
 
 bool Canvas::HoldsTile(const Pixels& tile) const {
@@ -73,15 +78,19 @@ cairo_surface_t* Canvas::TileSurface(const Pixels& tile) {
   return tileSurface_.get();
 }
 
-void Canvas::SetInk(cairo_t* context, const Ink& ink) {
+void Canvas::SetInk(cairo_t* context, const Ink& ink, const Box& visible) {
   CairoPattern pattern;
+  const bool placeable = !ink.tileMap || ink.tileMap->IsUsable();
   if (ink.kind == Ink::Kind::Hatched) {
     pattern = HatchPattern(ink.hatch, ink.color, ink.background, ink.origin);
-  } else if (ink.kind == Ink::Kind::Tiled && !ink.tile.IsEmpty()) {
-    pattern = TilePattern(TileSurface(ink.tile), ink.origin, ink.tileScale);
-  } else {
-    pattern = SolidPattern(ink.color, ink.opacity);
+  } else if (ink.kind == Ink::Kind::Tiled && !ink.tile.IsEmpty() && placeable) {
+    pattern = TilePattern(TileSurface(ink.tile), ink);
+  } else if (ink.kind == Ink::Kind::Shaded && ink.shading) {
+    pattern = ink.shading->kind == Shading::Kind::Line
+                  ? LinePattern(*ink.shading, ink.shadingToSheet)
+                  : CentrePattern(*ink.shading, ink.shadingToSheet, visible);
   }
+  if (!pattern) pattern = SolidPattern(ink.color, ink.opacity);
   cairo_set_source(context, pattern.get());
 }
 

@@ -13,6 +13,7 @@
 #include "pictures/metafile/clip.h"
 #include "pictures/metafile/mixing.h"
 #include "pictures/metafile/path.h"
+#include "pictures/metafile/shading.h"
 #include "pictures/metafile/text_face.h"
 #include "pictures/metafile/work_budget.h"
 #include "pictures/pixels.h"
@@ -23,15 +24,21 @@ enum class FillRule { EvenOdd, Winding };
 
 // What an area or line is painted with; colours are 0xRRGGBB.
 struct Ink {
-  enum class Kind { None, Solid, Hatched, Tiled };
+  enum class Kind { None, Solid, Hatched, Tiled, Shaded };
   Kind kind = Kind::None;
   std::uint32_t color = 0;
-  int hatch = 0;                              // 0 to 5: across, down, falling, rising, cross, diagonal cross
+  int hatch = 0;                              // as in hatches.h
   std::optional<std::uint32_t> background{};  // between the lines of a hatch; absent leaves the picture there
   Pixels tile{};
   Point origin{};
   double tileScale = 1;  // pixels of the result per pixel of the tile
-  double opacity = 1;    // of a solid colour
+  // Of tiles that are not laid on the device's pixels: from their pixels to the sheet (in a brush: to the
+  // drawing's coordinates), and what follows at their edges.
+  std::optional<Matrix> tileMap{};
+  cairo_extend_t tileEdge = CAIRO_EXTEND_REPEAT;
+  std::shared_ptr<const Shading> shading{};
+  Matrix shadingToSheet{};
+  double opacity = 1;  // of a solid colour
 };
 
 struct StrokeStyle {
@@ -102,7 +109,8 @@ class Canvas {
   // Paints `shape`, whose drawing costs `cost`, with a binary operation.
   void PaintShape(const Clip& clip, const Box& visible, const Ink& ink, int operation, double cost,
                   const Draw& shape);
-  void SetInk(cairo_t* context, const Ink& ink);
+  // Sets the ink for painting within `visible`.
+  void SetInk(cairo_t* context, const Ink& ink, const Box& visible);
   // What `ink` costs beyond a plain colour.
   double InkCost(const Ink& ink, const Box& visible) const;
   bool HoldsTile(const Pixels& tile) const;

@@ -30,11 +30,12 @@ class Flooder {
 
   template <class Passes>
   void Run(int startX, int startY, Passes passes) {
+    if (!data_) return;
     const auto open = [&](int x, int y) {
       return Mark(x, y) == 0 && passes(pixels_.Row(top_ + y).data()[left_ + x]);
     };
     std::vector<std::pair<int, int>> seeds;
-    if (data_ && open(startX - left_, startY - top_)) seeds.emplace_back(startX - left_, startY - top_);
+    if (open(startX - left_, startY - top_)) seeds.emplace_back(startX - left_, startY - top_);
     while (!seeds.empty()) {
       const auto [x, y] = seeds.back();
       seeds.pop_back();
@@ -87,7 +88,7 @@ void Canvas::Flood(const Clip& clip, Point at, std::uint32_t color, bool surface
   }
   cairo_surface_mark_dirty(mask.get());
   Paint(clip, visible, [&](cairo_t* context) {
-    SetInk(context, ink);
+    SetInk(context, ink, visible);
     cairo_mask_surface(context, mask.get(), 0, 0);
   });
 }

@@ -56,7 +56,7 @@ void Canvas::PaintBits(const Clip& clip, const Box& visible, int operation, cair
     }
     if (UsesPattern(operation) && pattern.kind != Ink::Kind::None) {
       const CairoContext painter(cairo_create(patterns.get()));
-      SetInk(painter.get(), pattern);
+      SetInk(painter.get(), pattern, band);
       cairo_paint(painter.get());
     }
     cairo_surface_flush(surface_.get());
@@ -92,7 +92,7 @@ void Canvas::PaintShape(const Clip& clip, const Box& visible, const Ink& ink, in
     used = {.kind = Ink::Kind::Solid, .color = operation == blackPen ? 0x000000U : 0xFFFFFFU};
   if (!budget_.Spend(cost + InkCost(used, visible))) return;
   Paint(clip, visible, [&](cairo_t* context) {
-    SetInk(context, used);
+    SetInk(context, used, visible);
     shape(context);
   });
 }

@@ -62,6 +62,8 @@ std::uint32_t Drawing::Color(std::uint32_t stored) const {
 Ink Drawing::Completed(const Ink& ink) const {
   Ink result = ink;
   if (ink.kind == Ink::Kind::Hatched && state_.opaqueBackground) result.background = state_.backgroundColor;
+  if (ink.tileMap) result.tileMap = ink.tileMap->Then(LogicalToSheet());
+  if (ink.shading) result.shadingToSheet = ink.shading->map.Then(LogicalToSheet());
   result.origin = device_.toSheet.Apply(state_.brushOrigin);
   result.tileScale = UnitOnSheet();
   return result;

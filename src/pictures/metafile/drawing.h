@@ -114,6 +114,9 @@ class Drawing {
   void KeepClip() { state_.base = state_.clip; }
 
   void Text(const TextLine& line);
+  // How wide letters of the selected font are without further spacing, logical units; 0 when the budget is
+  // spent.
+  double TextWidth(const std::string& text);
 
   void Transfer(const Blit& blit, const Pixels& image);
   // A raster operation that takes no image.
@@ -155,6 +158,10 @@ class Drawing {
   void BoxShape(const Box& box, bool filled, const AddToPath& add, bool continues = false);
   Matrix BlitMatrix(const Blit& blit) const;
   Path SheetBox(const Box& logical) const;
+  const TextFace& SelectedFace();
+  // The height of an em of the selected font, logical units.
+  double EmHeight(const TextFace& face) const;
+  double EmWidth(const TextFace& face) const;
   Matrix TextMatrix(double width, double height, Point at) const;
   // Moves the current position by so much on the sheet.
   void MoveOnSheet(Point by);

@@ -29,7 +29,7 @@ constexpr Substitute substitutes[] = {
 
 std::string FamilyOf(const Font& font) {
   // Names that begin so ask for letters lying on their side, for text that runs downwards.
-  const std::string name = font.family.starts_with('@') ? font.family.substr(1) : font.family;
+  std::string name = font.family.starts_with('@') ? font.family.substr(1) : font.family;
   for (const Substitute& substitute : substitutes)
     if (HasSameLetters(name, substitute.name)) return substitute.family;
   if (HasSameLetters(name, "Symbol")) return "sans-serif";
@@ -71,6 +71,28 @@ Matrix Drawing::TextMatrix(double width, double height, Point at) const {
   return result;
 }
 
+const TextFace& Drawing::SelectedFace() {
+  const Font& font = state_.font;
+  return faces_.Get(FamilyOf(font), font.weight > 550, font.italic);
+}
+
+double Drawing::EmHeight(const TextFace& face) const {
+  const double height = state_.font.height;
+  if (height == 0) return 12 / std::max(1e-6, std::abs(PageToDevice().yy));
+  return height > 0 ? height / (face.Ascent() + face.Descent()) : -height;
+}
+
+double Drawing::EmWidth(const TextFace& face) const {
+  const double width = std::abs(state_.font.width);
+  return width != 0 ? width / face.MeanAdvance() : EmHeight(face);
+}
+
+double Drawing::TextWidth(const std::string& text) {
+  if (!canvas_.Budget().Spend(perUnit)) return 0;
+  const TextFace& face = SelectedFace();
+  return face.Advance(text) * EmWidth(face);
+}
+
 void Drawing::Text(const TextLine& line) {
   const Font& font = state_.font;
   const Ink background{.kind = Ink::Kind::Solid, .color = state_.backgroundColor};
@@ -83,11 +105,9 @@ void Drawing::Text(const TextLine& line) {
   if (line.clipToBox)
     canvas_.CombineClip(clip, state_.base, SheetBox(line.box), FillRule::Winding, ClipMode::And);
 
-  const TextFace& face = faces_.Get(FamilyOf(font), font.weight > 550, font.italic);
-  double height = std::abs(font.height);
-  if (font.height > 0) height /= face.Ascent() + face.Descent();
-  if (font.height == 0) height = 12 / std::max(1e-6, std::abs(PageToDevice().yy));
-  double width = font.width != 0 ? std::abs(font.width) / face.MeanAdvance() : height;
+  const TextFace& face = SelectedFace();
+  const double height = EmHeight(face);
+  double width = EmWidth(face);
   if (!(width > 0) || !(height > 0)) return;
 
   // All lengths along the line from here on are in ems of `width`.

@@ -233,6 +233,7 @@ std::vector<Letter> LettersFromUtf16(Bytes text, const Font& font) {
     // Fonts with an encoding of their own keep it at 0xF000 for programs that know Unicode only.
     const unsigned plain = code >= 0xF000 && code < 0xF100 ? code - 0xF000 : code;
     const char32_t own = plain < 0x100 ? OwnLetter(plain, font) : 0;
+    letter.endsLine = code == '\n';
     if (own) {
       letter.text = Utf8(own);
     } else if (!IsControl(plain)) {

@@ -13,6 +13,7 @@ namespace lumidex::metafile {
 struct Letter {
   std::string text;       // UTF-8
   std::size_t codes = 1;  // how many of the stored codes it took
+  bool endsLine = false;
 };
 
 // Text in the code page of the font's character set.

@@ -21,6 +21,11 @@ class Path {
 
   void AddPolyline(std::span<const Point> points, bool closed);
   void AddBox(const Box& box);
+  static Path OfBox(const Box& box) {
+    Path path;
+    path.AddBox(box);
+    return path;
+  }
   void AddEllipse(const Box& box);
   // `cornerWidth` and `cornerHeight` are the axes of the corner ellipses.
   void AddRoundBox(const Box& box, double cornerWidth, double cornerHeight);

@@ -6,6 +6,7 @@
 #include "pictures/metafile/embedded_image.h"
 #include "pictures/metafile/emf_reading.h"
 #include "pictures/metafile/letters.h"
+#include "pictures/metafile/plus_brushes.h"
 
 namespace lumidex::metafile::plus {
 namespace {
@@ -14,45 +15,12 @@ namespace {
 constexpr unsigned brushKind = 1, penKind = 2, pathKind = 3, regionKind = 4, imageKind = 5, fontKind = 6,
                    formatKind = 7;
 
-constexpr std::uint32_t narrowPoints = 0x4000, relativePoints = 0x800, packedTypes = 0x1000;
-
 // A number of 7 or 15 bits with its sign.
 double PackedNumber(ByteReader& reader) {
   const unsigned first = reader.U8();
   if (!(first & 0x80)) return static_cast<int>(first & 0x7F) - static_cast<int>((first & 0x40) << 1);
   const unsigned value = (first & 0x7F) << 8 | reader.U8();
   return static_cast<int>(value) - static_cast<int>((value & 0x4000) << 1);
-}
-
-std::uint32_t Mean(std::uint32_t a, std::uint32_t b) {
-  std::uint32_t mean = 0;
-  for (const int shift : {0, 8, 16, 24}) mean |= ((a >> shift & 0xFF) + (b >> shift & 0xFF)) / 2 << shift;
-  return mean;
-}
-
-// Shadings are drawn in their middle colour, hatches in that of their lines.
-Brush ReadBrush(ByteReader& reader) {
-  reader.Skip(4);
-  switch (reader.U32Le()) {
-    case 0:
-      return SolidBrush(reader.U32Le());
-    case 1:
-      reader.Skip(4);
-      return SolidBrush(reader.U32Le());
-    case 3: {  // from a centre to an outline
-      reader.Skip(8);
-      const std::uint32_t centre = reader.U32Le();
-      reader.Skip(8);
-      return SolidBrush(reader.U32Le() > 0 ? Mean(centre, reader.U32Le()) : centre);
-    }
-    case 4: {  // along a line
-      reader.Skip(24);
-      const std::uint32_t start = reader.U32Le();
-      return SolidBrush(Mean(start, reader.U32Le()));
-    }
-    default:
-      return Brush{};
-  }
 }
 
 Pen BasicPen(std::uint32_t width) {
@@ -67,7 +35,7 @@ void SetDashes(Pen& pen, int lineStyle) {
               (lineStyle >= 1 && lineStyle <= 4 ? static_cast<unsigned>(lineStyle) : 0U);
 }
 
-PenObject ReadPen(ByteReader& reader) {
+PenObject ReadPen(ByteReader& reader, WorkBudget& budget) {
   PenObject object{.pen = BasicPen(1)};
   Pen& pen = object.pen;
   reader.Skip(8);
@@ -106,62 +74,43 @@ PenObject ReadPen(ByteReader& reader) {
   if (has(10)) reader.Skip(std::min<std::size_t>(std::size_t{reader.U32Le()} * 4, reader.Remaining()));
   for (const unsigned cap : {11U, 12U})
     if (has(cap)) reader.Skip(std::min<std::size_t>(reader.U32Le(), reader.Remaining()));
-  pen.ink = ReadBrush(reader);
+  pen.ink = ReadBrush(reader, budget);
   return object;
 }
 
-Path ReadPath(ByteReader& reader) {
-  constexpr unsigned kindMask = 0xF, start = 0, curve = 3, closes = 0x80;
-  reader.Skip(4);
-  const std::uint32_t count = reader.U32Le(), flags = reader.U32Le();
-  const std::vector<Point> points =
-      ReadPoints(reader, count, (flags & narrowPoints) != 0, (flags & relativePoints) != 0);
-  std::vector<unsigned> types;
-  while (types.size() < points.size() && !reader.AtEnd()) {
-    // Packed types come as a length and a type that holds for so many points.
-    std::size_t times = 1;
-    if (flags & packedTypes) times = reader.U8() & 0x3F;
-    types.insert(types.end(), std::min(times, points.size() - types.size()), reader.U8());
-  }
-  Path path;
-  for (std::size_t i = 0; i < types.size(); ++i) {
-    const unsigned kind = types[i] & kindMask;
-    std::size_t last = i;
-    if (kind == start) {
-      path.MoveTo(points[i]);
-    } else if (kind == curve && i + 2 < types.size()) {
-      last = i + 2;
-      path.CurveTo(points[i], points[i + 1], points[last]);
-    } else {
-      path.LineTo(points[i]);
-    }
-    if (types[last] & closes) path.Close();
-    i = last;
-  }
-  return path;
-}
-
-// Of clips made of several, the first part is taken.
+// A tree of combinations, as far as each joins one more part to all before it; of others, the first part is
+// taken. Deeper trees than any program makes are cut.
 ClipObject ReadClip(ByteReader& reader) {
-  constexpr std::uint32_t box = 0x10000000, outline = 0x10000001, nothing = 0x10000002,
-                          everything = 0x10000003;
+  constexpr std::uint32_t lastMode = 5, box = 0x10000000, outline = 0x10000001, nothing = 0x10000002;
+  constexpr std::size_t mostParts = 64;
   reader.Skip(8);
+  std::vector<unsigned> modes;
+  ClipObject clip;
   while (reader.Remaining() >= 4) {
     const std::uint32_t kind = reader.U32Le();
-    if (kind == everything) return {.everything = true, .outline = {}};
-    if (kind == nothing) return {};
-    ClipObject clip;
+    if (kind >= 1 && kind <= lastMode && clip.parts.empty() && modes.size() < mostParts) {
+      modes.push_back(kind);
+      continue;
+    }
+    ClipPart part;
     if (kind == box) {
-      clip.outline.AddBox(ReadBox(reader, false));
-      return clip;
-    }
-    if (kind == outline) {
+      part.outline.AddBox(ReadBox(reader, false));
+    } else if (kind == outline) {
       ByteReader path = reader.Sub(reader.U32Le());
-      clip.outline = ReadPath(path);
-      return clip;
+      part.outline = ReadPath(path);
+    } else if (kind != nothing) {
+      part.everything = true;
     }
+    if (!clip.parts.empty()) {
+      part.mode = modes.back();
+      modes.pop_back();
+    }
+    clip.parts.push_back(std::move(part));
+    const bool known = kind >= box;
+    if (modes.empty() || !known) break;
   }
-  return {.everything = true, .outline = {}};
+  if (clip.parts.empty()) clip.parts.push_back({.everything = true});
+  return clip;
 }
 
 FontObject ReadFont(ByteReader& reader) {
@@ -182,10 +131,14 @@ FontObject ReadFont(ByteReader& reader) {
 }
 
 TextFormat ReadFormat(ByteReader& reader) {
-  reader.Skip(12);
-  const std::uint32_t across = reader.U32Le();
-  return {static_cast<int>(std::min<std::uint32_t>(across, 2)),
-          static_cast<int>(std::min<std::uint32_t>(reader.U32Le(), 2))};
+  constexpr std::uint32_t oneLine = 0x1000;
+  reader.Skip(4);
+  TextFormat format;
+  format.wraps = (reader.U32Le() & oneLine) == 0;
+  reader.Skip(4);
+  format.across = static_cast<int>(std::min<std::uint32_t>(reader.U32Le(), 2));
+  format.down = static_cast<int>(std::min<std::uint32_t>(reader.U32Le(), 2));
+  return format;
 }
 
 // How pixels are stored, and the colours of those of up to 8 bits.
@@ -252,12 +205,6 @@ std::optional<Pixels> DecodeBitmapPixels(ByteReader& reader, Size size, int stri
 
 }  // namespace
 
-Brush SolidBrush(std::uint32_t argb) {
-  return {.kind = argb >> 24 == 0 ? Ink::Kind::None : Ink::Kind::Solid,
-          .color = argb & 0xFFFFFF,
-          .opacity = static_cast<double>(argb >> 24) / 255};
-}
-
 std::vector<Point> ReadPoints(ByteReader& reader, std::size_t count, bool narrow, bool relative) {
   const std::size_t least = relative ? 2 : narrow ? 4 : 8;
   std::vector<Point> points(std::min(count, reader.Remaining() / least));
@@ -284,13 +231,45 @@ Box ReadBox(ByteReader& reader, bool narrow) {
   return {corners[0].x, corners[0].y, corners[0].x + corners[1].x, corners[0].y + corners[1].y};
 }
 
-Object ReadObject(unsigned kind, Bytes bytes) {
+Path ReadPath(ByteReader& reader) {
+  constexpr std::uint32_t narrowPoints = 0x4000, relativePoints = 0x800, packedTypes = 0x1000;
+  constexpr unsigned kindMask = 0xF, start = 0, curve = 3, closes = 0x80;
+  reader.Skip(4);
+  const std::uint32_t count = reader.U32Le(), flags = reader.U32Le();
+  const std::vector<Point> points =
+      ReadPoints(reader, count, (flags & narrowPoints) != 0, (flags & relativePoints) != 0);
+  std::vector<unsigned> types;
+  while (types.size() < points.size() && !reader.AtEnd()) {
+    // Packed types come as a length and a type that holds for so many points.
+    std::size_t times = 1;
+    if (flags & packedTypes) times = reader.U8() & 0x3F;
+    types.insert(types.end(), std::min(times, points.size() - types.size()), reader.U8());
+  }
+  Path path;
+  for (std::size_t i = 0; i < types.size(); ++i) {
+    const unsigned kind = types[i] & kindMask;
+    std::size_t last = i;
+    if (kind == start) {
+      path.MoveTo(points[i]);
+    } else if (kind == curve && i + 2 < types.size()) {
+      last = i + 2;
+      path.CurveTo(points[i], points[i + 1], points[last]);
+    } else {
+      path.LineTo(points[i]);
+    }
+    if (types[last] & closes) path.Close();
+    i = last;
+  }
+  return path;
+}
+
+Object ReadObject(unsigned kind, Bytes bytes, WorkBudget& budget) {
   ByteReader reader(bytes);
   switch (kind) {
     case brushKind:
-      return ReadBrush(reader);
+      return ReadBrush(reader, budget);
     case penKind:
-      return ReadPen(reader);
+      return ReadPen(reader, budget);
     case pathKind:
       return ReadPath(reader);
     case regionKind:

@@ -27,6 +27,7 @@ struct FontObject {
 struct TextFormat {
   int across = 0;  // 0 near, 1 in the middle, 2 far
   int down = 0;
+  bool wraps = true;
 };
 
 // Decoded when it is drawn.
@@ -34,18 +35,22 @@ struct ImageObject {
   std::vector<std::uint8_t> bytes;
 };
 
-struct ClipObject {
+struct ClipPart {
+  unsigned mode = 0;  // how it joins the parts before it, as in the records that set a clip
   bool everything = false;
-  Path outline;
+  Path outline{};  // else, empty for nothing
+};
+
+struct ClipObject {
+  std::vector<ClipPart> parts;  // at least one
 };
 
 using Object =
     std::variant<std::monostate, Brush, PenObject, Path, ImageObject, FontObject, TextFormat, ClipObject>;
 
 // Reads an object of the kind that the record names; nothing for kinds without a use here.
-Object ReadObject(unsigned kind, Bytes bytes);
-// A solid colour, 0xAARRGGBB.
-Brush SolidBrush(std::uint32_t argb);
+Object ReadObject(unsigned kind, Bytes bytes, WorkBudget& budget);
+Path ReadPath(ByteReader& reader);
 // Up to `count` points, as fractions or, when `narrow`, as 16-bit numbers; `relative` ones follow each other.
 std::vector<Point> ReadPoints(ByteReader& reader, std::size_t count, bool narrow, bool relative);
 // Left, top, width and height.

@@ -3,35 +3,21 @@
 #include <numbers>
 
 #include "pictures/metafile/emf_reading.h"
-#include "pictures/metafile/letters.h"
 #include "pictures/metafile/nested.h"
 
 namespace lumidex::metafile::plus {
 namespace {
 
 constexpr std::size_t recordHeaderBytes = 12;
-constexpr unsigned colourInstead = 0x8000, continued = 0x8000, closes = 0x2000, appends = 0x2000;
+constexpr unsigned continued = 0x8000, appends = 0x2000;
 constexpr std::size_t mostSaved = 1000;  // below the drawing's own bound
-
-Path BoxPath(const Box& box) {
-  Path path;
-  path.AddBox(box);
-  return path;
-}
-
-// Part of the ellipse in `box`, angles in degrees clockwise from the right.
-Path ArcPath(const Box& box, double start, double sweep, bool pie) {
-  const double toRadians = std::numbers::pi / 180;
-  Path path;
-  if (pie) path.MoveTo({(box.left + box.right) / 2, (box.top + box.bottom) / 2});
-  path.AddArc(box, start * toRadians, sweep * toRadians, pie);
-  if (pie) path.Close();
-  return path;
-}
 
 }  // namespace
 
-Player::Player(Drawing drawing) : drawing_(std::move(drawing)) {}
+Player::Player(Drawing drawing) : drawing_(std::move(drawing)) {
+  // Hatches say themselves what stands between their lines.
+  drawing_.State().opaqueBackground = false;
+}
 
 void Player::Play(Bytes records) {
   WorkBudget& budget = drawing_.Sheet().Budget();
@@ -70,7 +56,7 @@ void Player::PlayObject(Record& record) {
     if (pending_.size() < total) return;
     bytes = pending_;
   }
-  objects_[record.ObjectNumber()] = ReadObject(kind, bytes);
+  objects_[record.ObjectNumber()] = ReadObject(kind, bytes, drawing_.Sheet().Budget());
   if (decodedNumber_ == record.ObjectNumber()) decoded_.reset();
   pending_.clear();
 }
@@ -182,6 +168,18 @@ void Player::Clip(const Path& path, unsigned mode) {
   drawing_.ClipToPath(modes[std::min<std::size_t>(mode, modes.size() - 1)]);
 }
 
+void Player::ClipTo(const ClipObject& clip, unsigned mode) {
+  if (clip.parts.size() > 1 && mode > 1) return Clip(clip.parts.front().outline, mode);
+  for (const ClipPart& part : clip.parts) {
+    const unsigned joins = part.mode != 0 ? part.mode : mode;
+    if (!part.everything) {
+      Clip(part.outline, joins);
+    } else if (joins == 0) {
+      drawing_.ResetClip();
+    }
+  }
+}
+
 bool Player::PlayClip(Record& record) {
   const unsigned mode = record.flags >> 8 & 0xF;
   switch (record.type) {
@@ -189,154 +187,17 @@ bool Player::PlayClip(Record& record) {
       drawing_.ResetClip();
       return true;
     case 0x4032:
-      Clip(BoxPath(ReadBox(record.reader, false)), mode);
+      Clip(Path::OfBox(ReadBox(record.reader, false)), mode);
       return true;
     case 0x4033:
       if (const auto* path = Get<Path>(record.ObjectNumber())) Clip(*path, mode);
       return true;
     case 0x4034:
-      if (const auto* clip = Get<ClipObject>(record.ObjectNumber())) {
-        if (!clip->everything) {
-          Clip(clip->outline, mode);
-        } else if (mode == 0) {
-          drawing_.ResetClip();
-        }
-      }
+      if (const auto* clip = Get<ClipObject>(record.ObjectNumber())) ClipTo(*clip, mode);
       return true;
     case 0x4035: {
       const double x = ReadFloat(record.reader);
       drawing_.OffsetClip({x, ReadFloat(record.reader)});
-      return true;
-    }
-    default:
-      return false;
-  }
-}
-
-Brush Player::ReadFillBrush(Record& record) const {
-  const std::uint32_t word = record.reader.U32Le();
-  if (record.flags & colourInstead) return SolidBrush(word);
-  const auto* brush = Get<Brush>(word);
-  return brush ? *brush : Brush{};
-}
-
-void Player::Fill(const Path& path, const Brush& brush) {
-  DeviceState& state = drawing_.State();
-  state.pen = {.style = pen_style::null, .dashes = {}};
-  state.brush = brush;
-  drawing_.Shape(path, true);
-}
-
-void Player::Stroke(const Path& path, std::uint32_t pen) {
-  const auto* object = Get<PenObject>(pen);
-  if (!object) return;
-  Pen& chosen = drawing_.State().pen;
-  chosen = object->pen;
-  chosen.width = Length(chosen.width, object->unit);
-  for (double& dash : chosen.dashes) dash = Length(dash, object->unit);
-  drawing_.Shape(path, false);
-}
-
-Path Player::ReadPoly(Record& record, std::uint32_t count, bool closed) const {
-  Path path;
-  path.AddPolyline(ReadPoints(record.reader, count, record.HasNarrowPoints(), record.HasRelativePoints()),
-                   closed);
-  return path;
-}
-
-bool Player::PlayFill(Record& record) {
-  ByteReader& reader = record.reader;
-  const bool narrow = record.HasNarrowPoints();
-  const auto boxes = [&] {
-    Path path;
-    for (std::uint32_t count = reader.U32Le(); count > 0 && reader.Remaining() >= 8; --count)
-      path.AddBox(ReadBox(reader, narrow));
-    return path;
-  };
-  switch (record.type) {
-    case 0x4009: {
-      const Box sheet = drawing_.Sheet().Area();
-      const std::uint32_t colour = reader.U32Le();
-      drawing_.Sheet().Fill(drawing_.State().clip, BoxPath(sheet), FillRule::Winding, SolidBrush(colour),
-                            copyPen);
-      return true;
-    }
-    case 0x400A: {
-      const Brush brush = ReadFillBrush(record);
-      Fill(boxes(), brush);
-      return true;
-    }
-    case 0x400C: {
-      const Brush brush = ReadFillBrush(record);
-      Fill(ReadPoly(record, reader.U32Le(), true), brush);
-      return true;
-    }
-    case 0x400E: {
-      const Brush brush = ReadFillBrush(record);
-      Path path;
-      path.AddEllipse(ReadBox(reader, narrow));
-      Fill(path, brush);
-      return true;
-    }
-    case 0x4010: {
-      const Brush brush = ReadFillBrush(record);
-      const double start = ReadFloat(reader), sweep = ReadFloat(reader);
-      Fill(ArcPath(ReadBox(reader, narrow), start, sweep, true), brush);
-      return true;
-    }
-    case 0x4013: {
-      const Brush brush = ReadFillBrush(record);
-      if (const auto* clip = Get<ClipObject>(record.ObjectNumber())) Fill(clip->outline, brush);
-      return true;
-    }
-    case 0x4014: {
-      const Brush brush = ReadFillBrush(record);
-      if (const auto* path = Get<Path>(record.ObjectNumber())) Fill(*path, brush);
-      return true;
-    }
-    default:
-      return false;
-  }
-}
-
-bool Player::PlayLine(Record& record) {
-  ByteReader& reader = record.reader;
-  const bool narrow = record.HasNarrowPoints();
-  const unsigned pen = record.ObjectNumber();
-  switch (record.type) {
-    case 0x400B: {
-      Path path;
-      for (std::uint32_t count = reader.U32Le(); count > 0 && reader.Remaining() >= 8; --count)
-        path.AddBox(ReadBox(reader, narrow));
-      Stroke(path, pen);
-      return true;
-    }
-    case 0x400D:
-      Stroke(ReadPoly(record, reader.U32Le(), (record.flags & closes) != 0), pen);
-      return true;
-    case 0x400F: {
-      Path path;
-      path.AddEllipse(ReadBox(reader, narrow));
-      Stroke(path, pen);
-      return true;
-    }
-    case 0x4011:
-    case 0x4012: {
-      const double start = ReadFloat(reader), sweep = ReadFloat(reader);
-      Stroke(ArcPath(ReadBox(reader, narrow), start, sweep, record.type == 0x4011), pen);
-      return true;
-    }
-    case 0x4015:
-      if (const auto* path = Get<Path>(record.ObjectNumber())) Stroke(*path, reader.U32Le());
-      return true;
-    case 0x4019: {
-      const std::uint32_t count = reader.U32Le();
-      const auto points = ReadPoints(reader, count, narrow, record.HasRelativePoints());
-      Path path;
-      if (!points.empty()) path.MoveTo(points.front());
-      for (std::size_t i = 1; i + 3 <= points.size(); i += 3)
-        path.CurveTo(points[i], points[i + 1], points[i + 2]);
-      Stroke(path, pen);
       return true;
     }
     default:

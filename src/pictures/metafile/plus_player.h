@@ -1,10 +1,11 @@
 #pragma once
 // Plays the later "plus" records, which stand in comments of an enhanced metafile, for files that hold
-// nothing else. What is not told apart here: shadings (one colour) and the effects of pictures.
+// nothing else. The effects of pictures are left out.
 
 #include <array>
 
 #include "pictures/metafile/drawing.h"
+#include "pictures/metafile/letters.h"
 #include "pictures/metafile/plus_objects.h"
 
 namespace lumidex::metafile::plus {
@@ -49,13 +50,19 @@ class Player {
   void Fill(const Path& path, const Brush& brush);
   void Stroke(const Path& path, std::uint32_t pen);
   void Clip(const Path& path, unsigned mode);
+  void ClipTo(const ClipObject& clip, unsigned mode);
+  void FillArea(const ClipObject& area, const Brush& brush);
   void UpdateWorld();
   double UnitsOfDevice(Unit unit) const;
   // In units of the drawing.
   double Length(double length, Unit unit) const;
   void PlayString(Record& record);
+  // Cut into lines: at line ends and, where `room` is above 0, before words that would reach beyond it.
+  std::vector<TextLine> Lines(const std::vector<Letter>& letters, double room);
   void PlayGlyphs(Record& record);
   void UseFont(const FontObject& font, const Brush& brush);
+  // A curve through points.
+  Path ReadSpline(Record& record, double tension, bool closed) const;
   Path ReadPoly(Record& record, std::uint32_t count, bool closed) const;
   const Pixels* ImageOf(unsigned number);
   void Restore(std::uint32_t number);

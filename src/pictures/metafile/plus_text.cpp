@@ -25,6 +25,40 @@ bool Player::PlayText(Record& record) {
   }
 }
 
+std::vector<TextLine> Player::Lines(const std::vector<Letter>& letters, double room) {
+  std::vector<TextLine> lines(1);
+  std::vector<TextUnit> word;
+  double used = 0, wordWidth = 0;
+  const auto endWord = [&] {
+    // A word alone stays on its line however long it is.
+    if (room > 0 && used + wordWidth > room && !lines.back().units.empty()) {
+      lines.emplace_back();
+      used = 0;
+    }
+    lines.back().units.insert(lines.back().units.end(), word.begin(), word.end());
+    used += wordWidth;
+    word.clear();
+    wordWidth = 0;
+  };
+  for (const Letter& letter : letters) {
+    const double width = room > 0 ? drawing_.TextWidth(letter.text) : 0;
+    if (letter.endsLine) {
+      endWord();
+      lines.emplace_back();
+      used = 0;
+    } else if (letter.text == " ") {
+      endWord();
+      lines.back().units.push_back({letter.text});
+      used += width;
+    } else {
+      word.push_back({letter.text});
+      wordWidth += width;
+    }
+  }
+  endWord();
+  return lines;
+}
+
 void Player::PlayString(Record& record) {
   ByteReader& reader = record.reader;
   const Brush brush = ReadFillBrush(record);
@@ -36,15 +70,9 @@ void Player::PlayString(Record& record) {
   if (!font || brush.kind == Ink::Kind::None) return;
   UseFont(*font, brush);
 
-  std::vector<TextLine> lines(1);
   const Bytes text = reader.Take(std::size_t{count} * 2);
-  for (const Letter& letter : LettersFromUtf16(text, font->font)) {
-    if (letter.text == "\n") {
-      lines.emplace_back();
-    } else if (letter.text != "\r") {
-      lines.back().units.push_back({letter.text, 0});
-    }
-  }
+  const double room = format.wraps && box.Width() > 0 ? box.Width() : 0;
+  std::vector<TextLine> lines = Lines(LettersFromUtf16(text, font->font), room);
   constexpr std::array aligns = {0U, text_align::centre, text_align::right};
   DeviceState& state = drawing_.State();
   state.textAlign = aligns[static_cast<std::size_t>(format.across)];

@@ -1,7 +1,5 @@
 #include "pictures/metafile/surfaces.h"
 
-#include <array>
-
 namespace lumidex::metafile {
 namespace {
 
@@ -43,26 +41,19 @@ CairoSurface CopiedPart(const Pixels& pixels, const Box& part) {
   return surface;
 }
 
-// A pattern that reads its surface through the inverse of `toSheet`.
 CairoPattern SurfacePattern(cairo_surface_t* surface, const Matrix& toSheet) {
   CairoPattern pattern(cairo_pattern_create_for_surface(surface));
-  cairo_matrix_t matrix;
-  cairo_matrix_init(&matrix, toSheet.xx, toSheet.yx, toSheet.xy, toSheet.yy, toSheet.x0, toSheet.y0);
-  if (cairo_matrix_invert(&matrix) == CAIRO_STATUS_SUCCESS) cairo_pattern_set_matrix(pattern.get(), &matrix);
+  MapPattern(pattern.get(), toSheet);
   return pattern;
 }
 
-// Each row of the eight by eight cell, its leftmost pixel in the highest bit.
-constexpr std::array<std::array<std::uint8_t, 8>, 6> hatchRows = {{
-    {0, 0, 0, 0xFF, 0, 0, 0, 0},
-    {0x10, 0x10, 0x10, 0x10, 0x10, 0x10, 0x10, 0x10},
-    {0x80, 0x40, 0x20, 0x10, 0x08, 0x04, 0x02, 0x01},
-    {0x01, 0x02, 0x04, 0x08, 0x10, 0x20, 0x40, 0x80},
-    {0x10, 0x10, 0x10, 0xFF, 0x10, 0x10, 0x10, 0x10},
-    {0x81, 0x42, 0x24, 0x18, 0x18, 0x24, 0x42, 0x81},
-}};
-
 }  // namespace
+
+void MapPattern(cairo_pattern_t* pattern, const Matrix& toSheet) {
+  cairo_matrix_t matrix;
+  cairo_matrix_init(&matrix, toSheet.xx, toSheet.yx, toSheet.xy, toSheet.yy, toSheet.x0, toSheet.y0);
+  if (cairo_matrix_invert(&matrix) == CAIRO_STATUS_SUCCESS) cairo_pattern_set_matrix(pattern, &matrix);
+}
 
 CairoSurface SharedSurface(Pixels& pixels, cairo_format_t format) {
   return CairoSurface(cairo_image_surface_create_for_data(reinterpret_cast<unsigned char*>(pixels.Data()),
@@ -88,36 +79,22 @@ CairoPattern SolidPattern(std::uint32_t color, double opacity) {
                                                 (color & 0xFF) / 255.0, opacity));
 }
 
-CairoPattern HatchPattern(int hatch, std::uint32_t color, std::optional<std::uint32_t> background,
-                          Point origin) {
-  const CairoSurface surface(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, 8, 8));
-  const auto& rows = hatchRows[static_cast<std::size_t>(std::clamp(hatch, 0, 5))];
-  for (int y = 0; y < 8; ++y) {
-    std::uint32_t* const row = SurfaceRow(surface.get(), y);
-    if (!row) break;
-    for (int x = 0; x < 8; ++x) {
-      const bool line = rows[static_cast<std::size_t>(y)] >> (7 - x) & 1;
-      row[x] = line ? color | 0xFF000000u : background ? *background | 0xFF000000u : 0;
-    }
-  }
-  cairo_surface_mark_dirty(surface.get());
-  CairoPattern pattern =
-      SurfacePattern(surface.get(), {.x0 = std::floor(origin.x), .y0 = std::floor(origin.y)});
-  cairo_pattern_set_extend(pattern.get(), CAIRO_EXTEND_REPEAT);
-  cairo_pattern_set_filter(pattern.get(), CAIRO_FILTER_NEAREST);
-  return pattern;
-}
-
 CairoSurface CopiedSurface(const Pixels& pixels) {
   return CopiedPart(pixels, WholeOf(pixels));
 }
 
-CairoPattern TilePattern(cairo_surface_t* tile, Point origin, double scale) {
-  const double size = std::clamp(scale, 1 / 16.0, 64.0);
-  CairoPattern pattern =
-      SurfacePattern(tile, {.xx = size, .yy = size, .x0 = std::floor(origin.x), .y0 = std::floor(origin.y)});
-  cairo_pattern_set_extend(pattern.get(), CAIRO_EXTEND_REPEAT);
-  cairo_pattern_set_filter(pattern.get(), size < 1 ? CAIRO_FILTER_BILINEAR : CAIRO_FILTER_NEAREST);
+CairoPattern TilePattern(cairo_surface_t* tile, const Ink& ink) {
+  CairoPattern pattern;
+  if (ink.tileMap) {
+    pattern = SurfacePattern(tile, *ink.tileMap);
+    cairo_pattern_set_filter(pattern.get(), CAIRO_FILTER_BILINEAR);
+  } else {
+    const double size = std::clamp(ink.tileScale, 1 / 16.0, 64.0);
+    pattern = SurfacePattern(
+        tile, {.xx = size, .yy = size, .x0 = std::floor(ink.origin.x), .y0 = std::floor(ink.origin.y)});
+    cairo_pattern_set_filter(pattern.get(), size < 1 ? CAIRO_FILTER_BILINEAR : CAIRO_FILTER_NEAREST);
+  }
+  cairo_pattern_set_extend(pattern.get(), ink.tileEdge);
   return pattern;
 }
 

@@ -17,9 +17,9 @@ CairoSurface BlankSurface(const Box& box, cairo_format_t format);
 std::uint32_t* SurfaceRow(cairo_surface_t* surface, int y);
 
 CairoPattern SolidPattern(std::uint32_t color, double opacity = 1);
-CairoPattern HatchPattern(int hatch, std::uint32_t color, std::optional<std::uint32_t> background,
-                          Point origin);
-CairoPattern TilePattern(cairo_surface_t* tile, Point origin, double scale);
+// Makes the pattern read its source through the inverse of `toSheet`.
+void MapPattern(cairo_pattern_t* pattern, const Matrix& toSheet);
+CairoPattern TilePattern(cairo_surface_t* tile, const Ink& ink);
 // A copy in the renderer's own form.
 CairoSurface CopiedSurface(const Pixels& pixels);
 

@@ -21,10 +21,12 @@ inline std::uint32_t Float(float value) {
   return std::bit_cast<std::uint32_t>(value);
 }
 
-// Collects records and puts them into comments of a drawing of 100 by 100 pixels.
+// Collects records and puts them into a comment of a square drawing.
 class PlusWriter {
  public:
-  explicit PlusWriter(bool dual = false) { Record(0x4001, dual ? 1 : 0, {0xDBC01002, 1, 96, 96}); }
+  explicit PlusWriter(bool dual = false, int side = 100) : side_(side) {
+    Record(0x4001, dual ? 1 : 0, {0xDBC01002, 1, 96, 96});
+  }
 
   PlusWriter& Record(unsigned type, unsigned flags, std::initializer_list<std::uint32_t> words,
                      std::span<const std::uint8_t> tail = {}) {
@@ -45,15 +47,19 @@ class PlusWriter {
     return Record(0x400A, colourInstead | narrow, {colour, 1}, box.Take());
   }
 
-  std::vector<std::uint8_t> File() {
+  // The bytes of the records so far.
+  std::size_t Size() const { return records_.Size(); }
+
+  std::vector<std::uint8_t> File() const {
     ByteWriter comment;
     comment.Append("EMF+").Append(records_.Bytes());
-    EmfWriter writer(100, 100);
+    EmfWriter writer(side_, side_);
     writer.Record(70, {static_cast<std::int64_t>(comment.Size())}, comment.Bytes());
     return writer.File();
   }
 
  private:
+  int side_;
   ByteWriter records_;
 };
 
