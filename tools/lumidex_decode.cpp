@@ -1,6 +1,9 @@
 // lumidex-decode: prints what each picture file is and a hash of its pixels, one line a file.
 
+#include <nettle/sha2.h>
+
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cstdio>
 #include <fstream>
@@ -12,7 +15,6 @@
 #include "base/run_time_error.h"
 #include "pictures/codec.h"
 #include "platform/posix/file_source.h"
-#include "sha256.h"
 
 namespace lumidex {
 namespace {
@@ -75,14 +77,21 @@ void RowBytes(std::span<const std::uint32_t> row, std::vector<std::uint8_t>& byt
   }
 }
 
+// The SHA-256 of the pixels in lower-case hexadecimal.
 std::string Hash(const Pixels& pixels) {
-  Sha256 hash;
+  sha256_ctx hash;
+  sha256_init(&hash);
   std::vector<std::uint8_t> bytes;
   for (int y = 0; y < pixels.Height(); ++y) {
     RowBytes(pixels.Row(y), bytes);
-    hash.Add(bytes);
+    sha256_update(&hash, bytes.size(), bytes.data());
   }
-  return hash.Finish();
+  std::array<std::uint8_t, SHA256_DIGEST_SIZE> digest{};
+  sha256_digest(&hash, digest.size(), digest.data());
+  std::string text;
+  for (const std::uint8_t byte : digest)
+    for (const int digit : {byte >> 4, byte & 15}) text += "0123456789abcdef"[digit];
+  return text;
 }
 
 void WritePam(const Pixels& pixels, const std::string& path) {
