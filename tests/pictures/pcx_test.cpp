@@ -126,6 +126,12 @@ TEST(Pcx, CGA_settings_of_version_5_are_told_by_the_second_entry) {
   EXPECT_THAT(decode({0, 0, 0, 0, 100, 100}), ElementsAre(ega16[0], ega16[3], ega16[5], ega16[7]));
 }
 
+TEST(Pcx, Four_colours_of_version_5_are_taken_when_there_are_more_than_settings) {
+  auto file = Start({.bits = 2, .right = 3, .colours = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12}});
+  file.Add({0x1B, 0});
+  EXPECT_THAT(WordsIn(file), ElementsAre(0xFF010203U, 0xFF040506U, 0xFF070809U, 0xFF0A0B0CU));
+}
+
 TEST(Pcx, Colours_behind_the_rows_need_no_mark) {
   auto file = Start({});
   file.Add({1, 2});

@@ -57,6 +57,12 @@ TEST(Tga, Mapped_pictures_come_back) {
   EXPECT_EQ(WordsOf(DecodeBytes(file, ".tga")), WordsOf(Expand(picture)));
 }
 
+TEST(Tga, A_colour_map_of_bytes_holds_greys) {
+  auto file = Start({.type = 1, .mapFlag = 1, .mapCount = 2, .mapBits = 8, .depth = 8});
+  file.Add({0x40, 0xFF, 1, 0});
+  EXPECT_THAT(WordsIn(file), ElementsAre(0xFFFFFFFFU, 0xFF404040U));
+}
+
 TEST(Tga, Pictures_with_alpha_come_back) {
   const Pixels pattern = ColourPattern({37, 23}, PixelFormat::Argb);
   const Pixels decoded = DecodeBytes(EncodeTga(pattern), ".tga");

@@ -93,6 +93,12 @@ std::array<std::uint32_t, 4> CgaColoursOf(const Header& header) {
   return CgaColours(green > blue ? 0 : 1, std::max(green, blue) > 200, background);
 }
 
+// Newer writers put the four colours themselves there; adapter settings leave the third and the fourth empty.
+bool HasFourColours(const Header& header) {
+  return header.version >= 5 && std::ranges::any_of(std::span(header.colours).subspan(6, 6),
+                                                    [](std::uint8_t byte) { return byte != 0; });
+}
+
 Palette HeaderPalette(const Header& header) {
   Palette palette = BlackPalette();
   ByteReader reader(header.colours);
@@ -105,7 +111,7 @@ Palette HeaderPalette(const Header& header) {
 Palette SmallPalette(const Header& header) {
   if (header.Depth() == 1) return TwoColours(blackPixel, whitePixel);
   Palette palette = BlackPalette();
-  if (header.bits == 2) {
+  if (header.bits == 2 && !HasFourColours(header)) {
     std::ranges::copy(CgaColoursOf(header), palette.begin());
     return palette;
   }

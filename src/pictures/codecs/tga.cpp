@@ -61,8 +61,13 @@ bool IsOneOf(unsigned value, std::initializer_list<unsigned> values) {
   return std::ranges::find(values, value) != values.end();
 }
 
-bool IsMapDepth(unsigned bits) {
+bool IsColourDepth(unsigned bits) {
   return IsOneOf(bits, {15, 16, 24, 32});
+}
+
+// Entries of a byte are greys.
+bool IsMapDepth(unsigned bits) {
+  return bits == 8 || IsColourDepth(bits);
 }
 
 bool HasPlausibleDepth(const Header& header) {
@@ -70,7 +75,7 @@ bool HasPlausibleDepth(const Header& header) {
     case 1:
       return IsOneOf(header.depth, {8, 16});
     case 2:
-      return IsMapDepth(header.depth);
+      return IsColourDepth(header.depth);
     default:
       return IsOneOf(header.depth, {8, 16, 24, 32}) || (header.depth == 1 && !header.IsPacked());
   }
@@ -142,7 +147,10 @@ ColourMap ReadMap(const Header& header, Bytes entries) {
   const std::size_t entryBytes = EntryBytes(header.mapBits);
   const std::size_t first = std::min<std::size_t>(header.mapFirst, map.size());
   const std::size_t count = std::min(map.size() - first, entryBytes ? entries.size() / entryBytes : 0);
-  const Stored form = entryBytes == 2 ? Stored::Colour16 : entryBytes == 3 ? Stored::Bgr24 : Stored::Bgra32;
+  const Stored form = entryBytes == 1   ? Stored::Grey8
+                      : entryBytes == 2 ? Stored::Colour16
+                      : entryBytes == 3 ? Stored::Bgr24
+                                        : Stored::Bgra32;
   Convert(form, {}, entries.first(count * entryBytes), std::span(map).subspan(first, count));
   return map;
 }
