@@ -15,6 +15,7 @@ namespace {
 constexpr std::size_t chunkHead = 8;
 constexpr std::size_t groupHead = 12;
 constexpr int mostChunks = 10'000;
+constexpr std::uint32_t mostDeepElements = 16;
 
 [[noreturn]] void Refuse(const char* reason) {
   throw RunTimeError(ErrorNumber::InvalidPicture, reason);
@@ -133,14 +134,60 @@ void ReadDeepPlace(ByteReader reader, IffPicture& picture) {
 }
 
 void ReadDeepElements(ByteReader reader, IffPicture& picture) {
-  constexpr std::uint32_t mostElements = 16;
-  const std::uint32_t count = std::min(reader.U32Be(), mostElements);
+  const std::uint32_t count = std::min(reader.U32Be(), mostDeepElements);
   picture.elements.clear();
   picture.planes = 0;
   for (std::uint32_t i = 0; i < count && reader.Remaining() >= 4; ++i) {
     const unsigned kind = reader.U16Be(), bits = reader.U16Be();
     picture.elements.push_back({kind, bits});
     picture.planes += static_cast<int>(bits);
+  }
+}
+
+void KeepLineColours(IffLineColoursKind kind, const Chunk& chunk, IffPicture& picture) {
+  picture.lineColours = kind;
+  picture.lineColoursOffset = chunk.offset;
+  picture.lineColoursLength = chunk.length;
+}
+
+// Takes what a chunk of a picture tells; those that mean nothing here are passed over.
+void ReadChunk(const Chunk& chunk, FileWindow& window, IffPicture& picture) {
+  const auto content = [&](std::size_t most) {
+    return ByteReader(
+        window.At(chunk.offset, static_cast<std::size_t>(std::min<std::uint64_t>(most, chunk.length))));
+  };
+  switch (chunk.id) {
+    case Id("BMHD"):
+      return ReadBitmapHeader(content(20), picture);
+    case Id("CMAP"):
+      return ReadColours(content(768), picture);
+    case Id("CAMG"):
+      picture.displayMode = content(4).U32Be();
+      return;
+    case Id("SHAM"):
+      return KeepLineColours(IffLineColoursKind::Sliced, chunk, picture);
+    case Id("CTBL"):
+      return KeepLineColours(IffLineColoursKind::Table, chunk, picture);
+    case Id("PCHG"):
+      return KeepLineColours(IffLineColoursKind::Changes, chunk, picture);
+    case Id("DGBL"):
+      return ReadDeepHeader(content(6), picture);
+    case Id("DLOC"):
+      return ReadDeepPlace(content(4), picture);
+    case Id("DPEL"):
+      return ReadDeepElements(content(4 + 4 * mostDeepElements), picture);
+    case Id("TVDC"): {
+      ByteReader reader = content(2 * picture.steps.size());
+      for (int& step : picture.steps) step = reader.S16Be();
+      return;
+    }
+    case Id("BODY"):
+    case Id("ABIT"):
+    case Id("DBOD"):
+      if (picture.bodyOffset == 0) picture.bodyOffset = chunk.offset;
+      return;
+    default:
+      return;
   }
 }
 
@@ -177,47 +224,14 @@ IffPicture FindIffPicture(const PictureData& data) {
   const std::uint64_t start = group->offset + 4;
   ChunkWalk walk(window, start);
   bool hasHeader = false;
-  const auto lineColours = [&](IffLineColoursKind kind, const Chunk& chunk) {
-    picture.lineColours = kind;
-    picture.lineColoursOffset = chunk.offset;
-    picture.lineColoursLength = chunk.length;
-  };
   while (const auto chunk = walk.Next()) {
-    const auto content = [&](std::size_t most) {
-      return ByteReader(
-          window.At(chunk->offset, static_cast<std::size_t>(std::min<std::uint64_t>(most, chunk->length))));
-    };
-    if (chunk->id == Id("BMHD") && !hasHeader) {
-      ReadBitmapHeader(content(20), picture);
-      hasHeader = true;
-    } else if (chunk->id == Id("CMAP")) {
-      ReadColours(content(768), picture);
-    } else if (chunk->id == Id("CAMG")) {
-      picture.displayMode = content(4).U32Be();
-    } else if (chunk->id == Id("SHAM")) {
-      lineColours(IffLineColoursKind::Sliced, *chunk);
-    } else if (chunk->id == Id("CTBL")) {
-      lineColours(IffLineColoursKind::Table, *chunk);
-    } else if (chunk->id == Id("PCHG")) {
-      lineColours(IffLineColoursKind::Changes, *chunk);
-    } else if (chunk->id == Id("DGBL")) {
-      ReadDeepHeader(content(6), picture);
-      hasHeader = true;
-    } else if (chunk->id == Id("DLOC")) {
-      ReadDeepPlace(content(4), picture);
-    } else if (chunk->id == Id("DPEL")) {
-      ReadDeepElements(content(4 + 4 * 16), picture);
-    } else if (chunk->id == Id("TVDC")) {
-      ByteReader reader = content(2 * picture.steps.size());
-      for (int& step : picture.steps) step = reader.S16Be();
-    } else if (chunk->id == Id("BODY") || chunk->id == Id("ABIT") || chunk->id == Id("DBOD")) {
-      if (picture.bodyOffset != 0) break;
-      picture.bodyOffset = chunk->offset;
-      // Some writers put the colours behind the rows.
-      if (picture.colourCount > 0 || picture.planes > 8) break;
-    } else if (chunk->id == form) {
-      break;
-    }
+    const bool header = chunk->id == Id("BMHD") || chunk->id == Id("DGBL");
+    // Of two headers the first one counts.
+    if (!header || !hasHeader) ReadChunk(*chunk, window, picture);
+    hasHeader = hasHeader || header;
+    if (chunk->id == form) break;
+    // Some writers put the colours behind the rows.
+    if (picture.bodyOffset != 0 && (picture.colourCount > 0 || picture.planes > 8)) break;
   }
   if (!hasHeader) Refuse("IFF: the picture has no bitmap header");
   // Without a palette of its own, that of the first row is all there is.
