@@ -280,5 +280,42 @@ TEST(EmfRecords, A_mask_may_choose_the_other_way_round) {
   EXPECT_EQ(ColorAt(pixels, 11, 10), red);
 }
 
+// A bitmap of one bit a pixel, eight by eight, black on its left half.
+std::vector<std::uint8_t> HalfBlack(std::uint32_t firstColor) {
+  ByteWriter bitmap;
+  for (const std::uint32_t word :
+       {40U, 8U, 8U, 1U | 1U << 16, 0U, 32U, 0U, 0U, 2U, 0U, firstColor, 0xFFFFFFU})
+    bitmap.U32Le(word);
+  for (int i = 0; i < 8; ++i) bitmap.Add({0x0F, 0, 0, 0});
+  return bitmap.Take();
+}
+
+TEST(EmfRecords, A_brush_of_one_bit_takes_the_text_colours_of_its_use) {
+  const auto drawn = [](unsigned type, std::uint32_t firstColor) {
+    EmfWriter writer = EmfSheet(red);
+    writer.Record(type, {2, 0, 32, 48, 80, 32}, HalfBlack(firstColor)).Select(2);
+    writer.Record(24, {0x00FF00}).Record(25, {0xFF0000});
+    writer.Rectangle(0, 0, 99, 79);
+    return Drawn(writer.Record(24, {0x0000FF}).Rectangle(0, 80, 99, 99).File());
+  };
+  EXPECT_EQ(ColorAt(drawn(93, 0), 1, 1), green);
+  EXPECT_EQ(ColorAt(drawn(93, 0), 1, 81), red);
+  EXPECT_EQ(ColorAt(drawn(93, 0), 5, 1), blue);
+  EXPECT_EQ(ColorAt(drawn(93, red), 1, 1), red);
+  EXPECT_EQ(ColorAt(drawn(94, 0), 1, 1), black);
+}
+
+TEST(WmfRecords, A_pattern_of_one_bit_takes_the_text_colours_of_its_use) {
+  const auto drawn = [](int style) {
+    WmfWriter writer = WmfSheet(red);
+    writer.Record(0x0142, {style, 0}, HalfBlack(0)).Select(2);
+    writer.Record(0x0209, {static_cast<std::int16_t>(0xFF00), 0}).Record(0x0201, {0, 0xFF});
+    return Drawn(writer.Rectangle(0, 0, 100, 100).File());
+  };
+  EXPECT_EQ(ColorAt(drawn(3), 1, 1), green);
+  EXPECT_EQ(ColorAt(drawn(3), 5, 1), blue);
+  EXPECT_EQ(ColorAt(drawn(5), 1, 1), black);
+}
+
 }  // namespace
 }  // namespace lumidex

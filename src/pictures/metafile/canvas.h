@@ -30,6 +30,9 @@ struct Ink {
   int hatch = 0;                              // as in hatches.h
   std::optional<std::uint32_t> background{};  // between the lines of a hatch; absent leaves the picture there
   Pixels tile{};
+  // The tile's black and white stand for the text and background colours at the time of painting. Replaced
+  // before the ink comes here.
+  bool takesTextColors = false;
   Point origin{};
   double tileScale = 1;  // pixels of the result per pixel of the tile
   // Of tiles that are not laid on the device's pixels: from their pixels to the sheet (in a brush: to the

@@ -10,6 +10,7 @@ constexpr std::size_t mostSaved = 1024;
 
 // Mapping a point and copying it from one path to the next.
 constexpr double perPoint = 60;
+constexpr double perRecoloredPixel = 6;
 // One path of a bracket; no drawing needs more, and letters could make it any length.
 constexpr std::size_t mostPathPoints = std::size_t{1} << 20;
 
@@ -59,13 +60,31 @@ std::uint32_t Drawing::Color(std::uint32_t stored) const {
   return (stored & 0xFF) << 16 | (stored & 0xFF00) | (stored >> 16 & 0xFF);
 }
 
-Ink Drawing::Completed(const Ink& ink) const {
+Ink Drawing::Completed(const Ink& ink) {
   Ink result = ink;
   if (ink.kind == Ink::Kind::Hatched && state_.opaqueBackground) result.background = state_.backgroundColor;
+  if (ink.takesTextColors) result.tile = InTextColors(ink.tile);
   if (ink.tileMap) result.tileMap = ink.tileMap->Then(LogicalToSheet());
   if (ink.shading) result.shadingToSheet = ink.shading->map.Then(LogicalToSheet());
   result.origin = device_.toSheet.Apply(state_.brushOrigin);
   result.tileScale = UnitOnSheet();
+  return result;
+}
+
+Pixels Drawing::InTextColors(const Pixels& tile) {
+  auto& last = inTextColors_;
+  if (tile.IsEmpty()) return tile;
+  if (last.tile.Data() == tile.Data() && last.text == state_.textColor &&
+      last.background == state_.backgroundColor)
+    return last.result;
+  const double pixels = static_cast<double>(tile.Width()) * tile.Height();
+  if (!canvas_.Budget().Spend(perRecoloredPixel * pixels)) return tile;
+  Pixels result = Pixels::MakeUnfilled(tile.GetSize(), PixelFormat::Rgb);
+  for (int y = 0; y < result.Height(); ++y)
+    std::ranges::transform(tile.Row(y), result.Row(y).begin(), [&](std::uint32_t word) {
+      return 0xFF000000U | ((word & 0xFFFFFF) == 0 ? state_.textColor : state_.backgroundColor);
+    });
+  last = {tile, result, state_.textColor, state_.backgroundColor};
   return result;
 }
 

@@ -142,7 +142,8 @@ class Drawing {
   Matrix PageToDevice() const;
   Path RegionOnSheet(std::span<const Box> boxes) const;
   // The selected brush or a pen's ink with what the state adds to it.
-  Ink Completed(const Ink& ink) const;
+  Ink Completed(const Ink& ink);
+  Pixels InTextColors(const Pixels& tile);
   StrokeStyle PenStyle() const;
   // Pays for handling so many points; false when they are too many.
   bool AffordPoints(std::size_t count);
@@ -176,6 +177,11 @@ class Drawing {
   Path path_;  // on the sheet
   bool pathWidened_ = false;
   TextFaces faces_;
+  // The tile that took on the text colours last, and what it became.
+  struct {
+    Pixels tile, result;
+    std::uint32_t text = 0, background = 0;
+  } inTextColors_;
 };
 
 }  // namespace lumidex::metafile

@@ -52,6 +52,13 @@ std::optional<Pixels> KeptTile(std::optional<EmbeddedImage> image, WorkBudget& b
   return std::move(image->pixels);
 }
 
+bool IsBlackAndWhite(const Pixels& pixels) {
+  for (int y = 0; y < pixels.Height(); ++y)
+    for (const std::uint32_t word : pixels.Row(y))
+      if ((word & 0xFFFFFF) != 0 && (word & 0xFFFFFF) != 0xFFFFFF) return false;
+  return true;
+}
+
 std::optional<EmbeddedImage> DecodeBitmap(const BitmapSource& source, WorkBudget& budget) {
   ByteReader reader(source.header);
   const std::uint32_t headerBytes = reader.U32Le();

@@ -33,6 +33,8 @@ std::optional<Pixels> DecodeDeviceBitmap(Bytes bytes, std::size_t pixelOffset, s
                                          std::uint32_t ones, WorkBudget& budget);
 // The pixels of an image that an object keeps for the rest of the drawing; nothing when they are too many.
 std::optional<Pixels> KeptTile(std::optional<EmbeddedImage> image, WorkBudget& budget);
+// Whether the pixels have no colours but these two.
+bool IsBlackAndWhite(const Pixels& pixels);
 // A whole picture file, of any kind but metafiles.
 std::optional<Pixels> DecodeFile(Bytes bytes, WorkBudget& budget);
 

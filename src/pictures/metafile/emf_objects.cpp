@@ -80,7 +80,7 @@ bool EmfPlayer::PlayObject(unsigned type, Record& record) {
   } else if (type == 95) {
     object = ReadExtendedPen(record);
   } else {
-    object = ReadTiledBrush(record);
+    object = ReadTiledBrush(record, type == 93);
   }
   objects_.Set(number, std::move(object));
   return true;
@@ -115,12 +115,13 @@ Object EmfPlayer::ReadExtendedPen(Record& record) {
   return pen;
 }
 
-Object EmfPlayer::ReadTiledBrush(Record& record) {
+Object EmfPlayer::ReadTiledBrush(Record& record, bool takesTextColors) {
   const std::uint32_t usage = record.reader.U32Le();
   auto tile = KeptTile(DecodeAt(record, ReadPlace(record.reader), usage), drawing_.Sheet().Budget());
   if (!tile) return Brush{};
   Brush brush{.kind = Ink::Kind::Tiled};
   brush.tile = *std::move(tile);
+  brush.takesTextColors = takesTextColors && IsBlackAndWhite(brush.tile);
   return brush;
 }
 

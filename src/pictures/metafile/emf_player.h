@@ -62,7 +62,7 @@ class EmfPlayer {
   // One of the file's own or of those that need no making.
   Object ObjectAt(std::uint32_t number) const;
   Object ReadExtendedPen(Record& record);
-  Object ReadTiledBrush(Record& record);
+  Object ReadTiledBrush(Record& record, bool takesTextColors);
 
   struct BitmapPlace {
     std::uint32_t headerAt = 0, headerBytes = 0, bitsAt = 0, bitsBytes = 0;

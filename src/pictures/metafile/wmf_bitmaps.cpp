@@ -26,7 +26,8 @@ Brush WmfPlayer::TiledBrush(ByteReader& record, bool deviceBitmap) {
                                          state.backgroundColor, budget))
       image = EmbeddedImage{*std::move(pixels), true};
   } else {
-    record.Skip(2);
+    constexpr unsigned patternStyle = 3;
+    brush.takesTextColors = record.U16Le() == patternStyle;
     const bool usesPalette = record.U16Le() == 1;
     image = DecodeBitmap({.header = record.Take(record.Remaining()),
                           .bits = {},
@@ -37,6 +38,7 @@ Brush WmfPlayer::TiledBrush(ByteReader& record, bool deviceBitmap) {
   auto tile = KeptTile(std::move(image), budget);
   if (!tile) return Brush{};
   brush.tile = *std::move(tile);
+  brush.takesTextColors = brush.takesTextColors && IsBlackAndWhite(brush.tile);
   return brush;
 }
 
