@@ -4,6 +4,7 @@
 
 #include "base/run_time_error.h"
 #include "pictures/support/byte_writer.h"
+#include "pictures/support/library_writers.h"
 
 namespace lumidex {
 namespace {
@@ -227,6 +228,40 @@ TEST(Bmp, Without_a_file_header_the_extension_decides) {
   file.U32Le(40).U32Le(1).U32Le(1).U16Le(1).U16Le(24).Fill(24).Add({0, 0, 255, 0});
   EXPECT_THAT(WordsOf(DecodeBytes(file.Bytes(), ".dib")), ElementsAre(red));
   EXPECT_THROW(OpenBytes(file.Bytes(), ".txt"), RunTimeError);
+}
+
+TEST(Bmp, The_oldest_header_may_lack_a_file_header_too) {
+  ByteWriter file;
+  file.U32Le(12).U16Le(1).U16Le(1).U16Le(1).U16Le(24).Add({0, 0, 255, 0});
+  EXPECT_THAT(WordsOf(DecodeBytes(file.Bytes(), ".dib")), ElementsAre(red));
+}
+
+TEST(Bmp, A_bitmap_array_of_something_else_is_refused_by_name) {
+  ByteWriter file;
+  file.Text("BA").Fill(12).Text("IC").Fill(80);
+  try {
+    OpenBytes(file.Bytes(), ".bmp");
+    FAIL();
+  } catch (const RunTimeError& error) {
+    EXPECT_THAT(error.what(), testing::HasSubstr("array holds no bitmap"));
+  }
+}
+
+TEST(Bmp, The_pixels_may_be_a_JPEG_or_PNG_file) {
+  const std::vector<std::uint8_t> samples(4 * 3 * 3, 200);
+  const auto open = [](std::uint32_t compression, const std::vector<std::uint8_t>& picture) {
+    // The size in the header is not believed: the file inside knows its own.
+    return OpenBytes(Start({.width = 9, .height = 9, .compression = compression}, 0).Add(picture).Bytes());
+  };
+  for (const auto& decoder :
+       {open(4, WriteJpeg({4, 3}, samples, {})), open(5, WritePng({4, 3}, samples, {}))}) {
+    EXPECT_EQ(decoder->Facts().format, "BMP");
+    EXPECT_EQ(decoder->Facts().bitsPerPixel, 24);
+    const Pixels pixels = decoder->Decode({});
+    EXPECT_EQ(pixels.GetSize(), (Size{4, 3}));
+    EXPECT_EQ(pixels.Row(1)[2] & 0xFF, 200U);
+  }
+  EXPECT_THROW(open(5, {1, 2, 3, 4}), RunTimeError);
 }
 
 TEST(Bmp, Missing_rows_stay_blank) {

@@ -78,6 +78,12 @@ TEST(Gif, A_frame_beyond_the_screen_is_cut) {
   EXPECT_THAT(WordsOf(DecodeBytes(file.U8(0x3B).Bytes())), ElementsAre(0U, red));
 }
 
+TEST(Gif, An_interlaced_frame_beyond_the_screen_is_cut) {
+  auto file = Screen(1, 2);
+  AddFrame(file, 0, 0, 1, 8, true, {1, 3, 3, 3, 2, 3, 3, 3});
+  EXPECT_THAT(WordsOf(DecodeBytes(file.U8(0x3B).Bytes())), ElementsAre(red, green));
+}
+
 TEST(Gif, The_transparent_colour_is_not_drawn) {
   auto file = Screen(2, 1);
   AddTransparency(file, 1);

@@ -197,6 +197,10 @@ TEST(Iff, What_holds_no_readable_picture_is_refused) {
   EXPECT_THROW(open({.planes = 255}), RunTimeError);
   EXPECT_THROW(open({.compression = 3}), RunTimeError);
   EXPECT_THROW(open({.planes = 24, .compression = 2}), RunTimeError);
+  for (const unsigned compression : {1U, 2U}) {
+    const auto contiguous = Group("FORM", "ACBM", {BitmapHeader({.compression = compression}), body});
+    EXPECT_THROW(OpenBytes(contiguous.Bytes()), RunTimeError);
+  }
   EXPECT_THROW(OpenBytes(Group("FORM", "8SVX", {body}).Bytes(), ".iff"), RunTimeError);
   EXPECT_THROW(OpenBytes(Group("CAT ", "8SVX", {Group("FORM", "8SVX", {body})}).Bytes(), ".iff"),
                RunTimeError);

@@ -70,6 +70,15 @@ ByteWriter Deep(unsigned compression, std::initializer_list<std::uint32_t> eleme
                {Chunk("DGBL", screen), Chunk("DPEL", pixel), Chunk("DLOC", place), Chunk("DBOD", body)});
 }
 
+TEST(IffTrueColour, Runs_of_colours_of_other_kinds_are_refused) {
+  const auto open = [](const Header& header) {
+    return OpenBytes(Group("FORM", "RGB8", {BitmapHeader(header), Chunk("BODY", Bytes({0}))}).Bytes());
+  };
+  EXPECT_NO_THROW(open({.planes = 25, .compression = 4}));
+  EXPECT_THROW(open({.planes = 24, .compression = 4}), RunTimeError);
+  EXPECT_THROW(open({.planes = 25, .compression = 1}), RunTimeError);
+}
+
 TEST(IffTrueColour, Deep_pictures_tell_what_their_bytes_are) {
   const auto file = Deep(0, {1, 2, 3}, Bytes({1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12}));
   EXPECT_EQ(DepthIn(file), 24);

@@ -67,6 +67,18 @@ TEST(Pnm, Two_bytes_a_sample_have_the_high_one_first) {
   EXPECT_THAT(WordsOf(DecodeBytes(file)), ElementsAre(0xFFFF8001U));
 }
 
+TEST(Pnm, Samples_of_colours_are_red_green_blue) {
+  EXPECT_THAT(WordsOf(DecodeBytes(File("P6 2 1 255 ", {1, 2, 3, 4, 5, 6}))),
+              ElementsAre(0xFF010203U, 0xFF040506U));
+  EXPECT_THAT(WordsOf(DecodeBytes(File("P3 1 1 255 1 2 3"))), ElementsAre(0xFF010203U));
+}
+
+TEST(Pnm, Grey_may_have_alpha) {
+  const auto file = File("P7\nWIDTH 2\nHEIGHT 1\nDEPTH 2\nMAXVAL 255\nENDHDR\n", {7, 128, 9, 0});
+  EXPECT_EQ(OpenBytes(file)->Facts().bitsPerPixel, 16);
+  EXPECT_THAT(WordsOf(DecodeBytes(file)), ElementsAre(0x80070707U, 0U));
+}
+
 TEST(Pnm, A_map_with_alpha_is_read) {
   const auto file =
       File("P7\nWIDTH 1\nHEIGHT 1\n# note\nDEPTH 4\nMAXVAL 255\nTUPLTYPE RGB_ALPHA\nENDHDR\n", {1, 2, 3, 4});

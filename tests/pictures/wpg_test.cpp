@@ -150,6 +150,14 @@ TEST(Wpg, Version_2_may_be_plain_and_true_colour) {
   EXPECT_THAT(WordsIn(file), ElementsAre(red));
 }
 
+TEST(Wpg, Lengths_of_records_take_one_three_or_five_bytes) {
+  const ByteWriter bitmap = Bitmap1(1, 1, 1, {1, 0x80});
+  auto medium = Start(1).U8(0x05).U8(0xFF).U16Le(300).Fill(300);
+  EXPECT_THAT(WordsIn(Record1(medium, 0x0B, bitmap)), ElementsAre(white));
+  auto longest = Start(1).U8(0x05).U8(0xFF).U16Le(0x8001).U16Le(2).Fill(0x10002);
+  EXPECT_THAT(WordsIn(Record1(longest, 0x0B, bitmap)), ElementsAre(white));
+}
+
 TEST(Wpg, A_map_shorter_than_it_says_gives_the_colours_it_has) {
   ByteWriter map;
   map.U16Le(0).U16Le(256).Add({255, 0, 0, 0, 255, 0});

@@ -118,8 +118,10 @@ class BmpDecoder final : public Decoder {
 
 Match MatchBmp(const PictureData& data) {
   const Bytes head = data.Head();
-  if (StartsWith(head, "BA") && StartsWith(head.subspan(std::min(ArrayHeaderBytes, head.size())), "BM")) {
-    return Match::Sure;
+  // Arrays of icons and pointers are taken to be refused by name.
+  if (StartsWith(head, "BA")) {
+    return StartsWith(head.subspan(std::min(ArrayHeaderBytes, head.size())), "BM") ? Match::Sure
+                                                                                   : Match::Maybe;
   }
   if (StartsWith(head, "BM")) {
     ByteReader reader(head);
