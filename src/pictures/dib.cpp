@@ -275,9 +275,4 @@ Pixels DecodeDib(const DibHeader& header, Bytes bytes, const PictureLimits& limi
   return {};
 }
 
-Pixels DecodePackedDib(Bytes bytes, const DibOptions& options) {
-  const DibHeader header = ReadDibHeader(bytes, options);
-  return DecodeDib(header, bytes.subspan(std::min(bytes.size(), header.pixelOffset)), options.limits);
-}
-
 }  // namespace lumidex

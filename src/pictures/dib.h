@@ -60,7 +60,4 @@ std::unique_ptr<Decoder> OpenDibFile(DibCoding coding, std::shared_ptr<const Byt
 // The pixels of Plain and BitFields, without holding all of the pixels' bytes at once.
 Pixels DecodeDibRows(const DibHeader& header, const DibPixelSource& source, const PictureLimits& limits = {});
 
-// A header, its colours and its pixels in one piece, as metafiles hold them.
-Pixels DecodePackedDib(Bytes bytes, const DibOptions& options = {});
-
 }  // namespace lumidex

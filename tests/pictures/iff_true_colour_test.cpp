@@ -107,6 +107,8 @@ TEST(IffTrueColour, Deep_pictures_may_be_coded_by_steps_from_pixel_to_pixel) {
   const auto file = open(Bytes({0x12, 0x30, 0x30, 0x10, 0x02, 0x11, 0x10}));
   EXPECT_THAT(WordsIn(file),
               ElementsAre(0xFF016400U, 0xFF006400U, 0xFF646400U, blankPixel, blankPixel, blankPixel));
+  const auto whole = open(Bytes({0x12, 0x30, 0x30, 0x10, 0x02, 0x11, 0x10, 0x02, 0x02}));
+  EXPECT_EQ(WordsIn(whole)[5], 0xFF030000U);
 }
 
 TEST(IffTrueColour, Deep_pictures_of_other_kinds_are_refused) {

@@ -168,6 +168,23 @@ TEST(Tga, A_map_may_have_entries_of_two_three_and_four_bytes) {
   }
 }
 
+TEST(Tga, Indices_may_have_sixteen_bits) {
+  for (const unsigned type : {1U, 9U}) {
+    auto file =
+        Start({.type = type, .mapFlag = 1, .mapFirst = 300, .mapCount = 2, .mapBits = 24, .depth = 16});
+    file.Add({0, 0, 255, 0, 255, 0});
+    if (type == 9) file.U8(1);
+    EXPECT_THAT(WordsIn(file.U16Le(300).U16Le(301)), ElementsAre(red, green));
+    EXPECT_EQ(OpenBytes(file.Bytes(), ".tga")->Facts().bitsPerPixel, 16);
+  }
+}
+
+TEST(Tga, A_cut_inside_a_packet_leaves_the_row_blank) {
+  auto file = Start({.type = 10, .height = 2});
+  file.Add({0x81, 0, 0, 255, 1, 0, 255, 0, 0, 255});
+  EXPECT_THAT(WordsIn(file), ElementsAre(red, red, blankPixel, blankPixel));
+}
+
 TEST(Tga, Bytes_behind_the_pixels_mean_nothing) {
   auto file = Start({});
   EXPECT_THAT(WordsIn(file.Add({0, 0, 255, 0, 255, 0}).Fill(100, 0x77)), ElementsAre(red, green));

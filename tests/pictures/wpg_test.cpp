@@ -158,6 +158,12 @@ TEST(Wpg, Lengths_of_records_take_one_three_or_five_bytes) {
   EXPECT_THAT(WordsIn(Record1(longest, 0x0B, bitmap)), ElementsAre(white));
 }
 
+TEST(Wpg, True_colour_may_be_run_length_coded) {
+  EXPECT_THAT(WordsIn(Record1(Start(1), 0x0B, Bitmap1(1, 1, 24, {3, 255, 0, 0}))), ElementsAre(red));
+  const Form2 form{.depthCode = 8, .compression = 1};
+  EXPECT_THAT(WordsIn(Record2(Start(2), 0x0E, Bitmap2(form, {2, 0, 255, 0}))), ElementsAre(green));
+}
+
 TEST(Wpg, A_map_shorter_than_it_says_gives_the_colours_it_has) {
   ByteWriter map;
   map.U16Le(0).U16Le(256).Add({255, 0, 0, 0, 255, 0});

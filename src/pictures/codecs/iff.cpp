@@ -31,7 +31,6 @@ int DepthOf(const IffPicture& picture, IffMode mode) {
 IffLineColours LineColoursOf(const PictureData& data, const IffPicture& picture) {
   constexpr std::uint64_t most = std::uint64_t{4} << 20;
   constexpr std::uint32_t interlaced = 4;
-  if (picture.lineColours == IffLineColoursKind::None) return {};
   const std::vector<std::uint8_t> chunk = data.Stretch(
       picture.lineColoursOffset, static_cast<std::size_t>(std::min(picture.lineColoursLength, most)));
   const bool mayPairRows = (picture.displayMode.value_or(interlaced) & interlaced) != 0;
