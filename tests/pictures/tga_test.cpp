@@ -106,6 +106,13 @@ TEST(Tga, A_map_beside_true_colour_is_passed_over) {
   EXPECT_THAT(WordsIn(file), ElementsAre(red, green));
 }
 
+TEST(Tga, A_map_of_no_known_depth_is_refused_only_where_it_is_needed) {
+  auto beside = Start({.mapFlag = 1, .mapCount = 2, .mapBits = 12});
+  EXPECT_THAT(WordsIn(beside.Add({9, 9, 9, 9}).Add({0, 0, 255, 0, 255, 0})), ElementsAre(red, green));
+  auto needed = Start({.type = 1, .mapFlag = 1, .mapCount = 2, .mapBits = 12, .depth = 8});
+  EXPECT_THROW(OpenBytes(needed.Add({9, 9, 9, 9, 0, 1}).Bytes(), ".tga"), RunTimeError);
+}
+
 TEST(Tga, A_mapped_picture_without_a_map_is_grey) {
   auto file = Start({.type = 1, .depth = 8});
   file.Add({0, 128});

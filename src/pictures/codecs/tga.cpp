@@ -373,7 +373,7 @@ std::unique_ptr<Decoder> OpenTga(const PictureData& data, const OpenOptions& opt
   const Header header = ReadHeader(data.Head());
   if (header.type >= 32) Refuse("TGA: Huffman coding is not supported");
   if (!HasPlausibleDepth(header)) Refuse("TGA: this depth does not occur");
-  if (header.hasMap && header.mapCount > 0 && !IsMapDepth(header.mapBits))
+  if (header.IsMapped() && header.hasMap && header.mapCount > 0 && !IsMapDepth(header.mapBits))
     Refuse("TGA: this depth of the colour map does not occur");
   return std::make_unique<TgaDecoder>(data, header, options);
 }
