@@ -1,6 +1,6 @@
 // What files made to be costly take: processor time against 2 s, memory against 512 MiB, for each file of at
-// most 1 MiB. Without arguments the metafiles of hostile_drawings.h and hostile_plus_drawings.h, else the
-// files named (a folder: all in it). Each is decoded in a process of its own.
+// most 1 MiB. Without arguments those of the hostile_*.h here, else the files named (a folder: all in it).
+// Each is decoded in a process of its own.
 
 #include <sys/resource.h>
 #include <sys/wait.h>
@@ -15,6 +15,7 @@
 
 #include "base/run_time_error.h"
 #include "hostile_plus_drawings.h"
+#include "hostile_rasters.h"
 #include "pictures/codec.h"
 
 namespace {
@@ -85,9 +86,9 @@ int main(int argc, char** argv) {
       if (entry.is_regular_file()) MeasureFile(entry.path(), worst);
   }
   if (argc == 1) {
-    for (const auto* drawings : {&HostileDrawings(), &HostilePlusDrawings()})
-      for (const HostileDrawing& drawing : *drawings)
-        Measure(std::string(drawing.name), std::string(drawing.extension), drawing.make(), worst);
+    for (const auto* files : {&HostileDrawings(), &HostilePlusDrawings(), &HostileRasters()})
+      for (const HostileFile& file : *files)
+        Measure(std::string(file.name), std::string(file.extension), file.make(), worst);
   }
   std::printf("worst: %.3f s, %.2f of the limit; %.0f MiB, %.2f of the limit\n", worst.seconds,
               worst.seconds / mostSeconds, worst.mebibytes, worst.mebibytes / mostMebibytes);

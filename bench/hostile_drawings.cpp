@@ -298,8 +298,8 @@ std::vector<std::uint8_t> SmallRecords() {
 
 }  // namespace
 
-const std::vector<HostileDrawing>& HostileDrawings() {
-  static const std::vector<HostileDrawing> drawings = {
+const std::vector<HostileFile>& HostileDrawings() {
+  static const std::vector<HostileFile> drawings = {
       {"many crossing polygons", ".emf", ManyCrossingPolygons},
       {"some crossing polygons", ".emf", SomeCrossingPolygons},
       {"few crossing polygons", ".emf", FewCrossingPolygons},

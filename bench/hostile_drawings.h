@@ -7,12 +7,12 @@
 
 namespace lumidex {
 
-struct HostileDrawing {
+struct HostileFile {
   std::string_view name;
   std::string_view extension;
   std::vector<std::uint8_t> (*make)();
 };
 
-const std::vector<HostileDrawing>& HostileDrawings();
+const std::vector<HostileFile>& HostileDrawings();
 
 }  // namespace lumidex

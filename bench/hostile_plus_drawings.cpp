@@ -224,8 +224,8 @@ File FramedRegions() {
 
 }  // namespace
 
-const std::vector<HostileDrawing>& HostilePlusDrawings() {
-  static const std::vector<HostileDrawing> drawings = {
+const std::vector<HostileFile>& HostilePlusDrawings() {
+  static const std::vector<HostileFile> drawings = {
       {"shadings along a line", ".emf", LineShadings},
       {"shadings from a centre", ".emf", CentreShadings},
       {"shadings of many corners", ".emf", CentreShadingsOfManyCorners},

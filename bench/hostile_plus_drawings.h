@@ -6,6 +6,6 @@
 
 namespace lumidex {
 
-const std::vector<HostileDrawing>& HostilePlusDrawings();
+const std::vector<HostileFile>& HostilePlusDrawings();
 
 }  // namespace lumidex
