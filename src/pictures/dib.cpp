@@ -113,7 +113,6 @@ class Tables {
   }
 
   void Read(DibHeader& header) {
-    const bool os2 = IsOs2(fields_.headerBytes);
     if (header.coding == DibCoding::BitFields && fields_.headerBytes < 52) {
       const std::size_t count = fields_.compression == 6 ? 4 : 3;
       for (std::size_t i = 0; i < count; ++i) header.masks[i] = reader_.U32Le();
@@ -123,7 +122,7 @@ class Tables {
     UseDefaultMasks(header);
     header.colours = BlackPalette();
     const bool stated = IsOffsetBelieved(header);
-    const std::uint64_t count = ColourCount(os2, stated);
+    const std::uint64_t count = ColourCount(stated);
     for (std::size_t i = 0; i < std::min<std::uint64_t>(count, 256); ++i) header.colours[i] = Colour();
     const std::uint64_t rest = count > 256 ? (count - 256) * EntryBytes() : 0;
     const std::uint64_t end = reader_.Position() + rest;
@@ -138,32 +137,35 @@ class Tables {
     if (header.bitsPerPixel == 32) header.masks = {0xFF0000, 0xFF00, 0xFF, 0};
   }
 
+  bool IsIndexed() const { return fields_.bits >= 1 && fields_.bits <= 8; }
+
+  // The colours of a bitmap that does not count them.
+  std::uint64_t UsualCount() const { return IsIndexed() ? std::uint64_t{1} << fields_.bits : 0; }
+
   std::uint64_t EntryBytes() const {
     if (options_.outsideColours) return 2;
     return fields_.headerBytes == Core ? 3 : 4;
   }
 
-  // A place of the pixels that leaves no room for a single colour is a slip of the writer where the file is
-  // long enough for all colours and all pixels.
+  // A place of the pixels inside the masks, or that leaves no room for a single colour, is a slip of the
+  // writer where the file is long enough for masks, colours and pixels.
   bool IsOffsetBelieved(const DibHeader& header) const {
     if (options_.pixelOffset < fields_.headerBytes) return false;
-    const bool indexed = fields_.bits >= 1 && fields_.bits <= 8;
-    if (!indexed || options_.pixelOffset >= reader_.Position() + EntryBytes()) return true;
-    const std::uint64_t most = std::uint64_t{1} << fields_.bits;
+    if (options_.pixelOffset >= reader_.Position() + (IsIndexed() ? EntryBytes() : 0)) return true;
     const std::uint64_t colours =
-        fields_.coloursUsed == 0 ? most : std::min<std::uint64_t>(fields_.coloursUsed, most);
-    const std::uint64_t pixels = header.coding == DibCoding::Plain
-                                     ? header.RowBytes() * static_cast<std::uint64_t>(header.size.height)
-                                     : 0;
+        fields_.coloursUsed == 0 ? UsualCount() : std::min<std::uint64_t>(fields_.coloursUsed, UsualCount());
+    const bool plain = header.coding == DibCoding::Plain || header.coding == DibCoding::BitFields;
+    const std::uint64_t pixels =
+        plain ? header.RowBytes() * static_cast<std::uint64_t>(header.size.height) : 0;
     return options_.headerPlace + reader_.Position() + colours * EntryBytes() + pixels > options_.fileSize;
   }
 
   // A table may be shorter than the depth allows: no entry stands beyond the place of the pixels.
-  std::uint64_t ColourCount(bool os2, bool isOffsetBelieved) const {
-    std::uint64_t count = fields_.coloursUsed;
-    const bool indexed = fields_.bits >= 1 && fields_.bits <= 8;
-    if (count == 0 && indexed) count = std::uint64_t{1} << fields_.bits;
-    if (!indexed && (os2 || fields_.headerBytes == Core)) count = fields_.coloursUsed;
+  std::uint64_t ColourCount(bool isOffsetBelieved) const {
+    std::uint64_t count = fields_.coloursUsed == 0 ? UsualCount() : fields_.coloursUsed;
+    // More than the file can hold is as good as nothing said.
+    const std::uint64_t fileSize = std::max<std::uint64_t>(options_.fileSize, reader_.Size());
+    if (reader_.Position() + count * EntryBytes() > fileSize) count = std::min(count, UsualCount());
     if (isOffsetBelieved && options_.pixelOffset > reader_.Position()) {
       count = std::min<std::uint64_t>(count, (options_.pixelOffset - reader_.Position()) / EntryBytes());
     }

@@ -204,6 +204,18 @@ TEST(Bmp, More_colours_than_there_is_room_for_are_not_believed) {
     EXPECT_THAT(WordsOf(DecodeBytes(WithNumber(colours, value))), ElementsAre(green));
 }
 
+TEST(Bmp, More_colours_than_the_file_is_long_are_not_believed_without_an_offset_either) {
+  const auto start = [](unsigned bits) {
+    ByteWriter file;
+    file.U32Le(40).U32Le(1).U32Le(1).U16Le(1).U16Le(bits).Fill(16).U32Le(0xFFFFFFF0).U32Le(0);
+    return file;
+  };
+  auto two = start(1).Add({0, 0, 255, 0}).Add({0, 255, 0, 0}).Add({0x80, 0, 0, 0});
+  EXPECT_THAT(WordsOf(DecodeBytes(two.Bytes(), ".dib")), ElementsAre(green));
+  auto many = start(24).Add({255, 0, 0, 0});
+  EXPECT_THAT(WordsOf(DecodeBytes(many.Bytes(), ".dib")), ElementsAre(blue));
+}
+
 TEST(Bmp, An_offset_that_can_not_be_is_not_believed) {
   constexpr std::size_t offset = 10;
   // None, in the headers, without room for a single colour, behind the file.
@@ -213,6 +225,12 @@ TEST(Bmp, An_offset_that_can_not_be_is_not_believed) {
   auto cut = WithNumber(offset, 54);
   cut.pop_back();
   EXPECT_THAT(WordsOf(DecodeBytes(cut)), ElementsAre(black));
+}
+
+TEST(Bmp, An_offset_inside_the_masks_is_not_believed) {
+  auto file = Start({.width = 1, .height = 1, .bits = 16, .compression = 3}, 0);
+  file.U32Le(0xF800).U32Le(0x07E0).U32Le(0x001F).U16Le(0x07E0).U16Le(0);
+  EXPECT_THAT(WordsOf(DecodeBytes(file.Bytes())), ElementsAre(green));
 }
 
 TEST(Bmp, A_bitmap_array_shows_its_first_bitmap) {
