@@ -317,5 +317,39 @@ TEST(WmfRecords, A_pattern_of_one_bit_takes_the_text_colours_of_its_use) {
   EXPECT_EQ(ColorAt(drawn(5), 1, 1), black);
 }
 
+// Two by one pixels, stretched over the sheet.
+void Stretch(EmfWriter& writer, std::uint32_t left, std::uint32_t right, std::uint32_t operation) {
+  ByteWriter header, bits;
+  for (const std::uint32_t word : {40U, 2U, 1U, 1U | 32U << 16, 0U, 0U, 0U, 0U, 0U, 0U}) header.U32Le(word);
+  bits.U32Le(left).U32Le(right);
+  writer.StretchDib(0, 0, 100, 100, header.Take(), bits.Take(), 2, 1, operation);
+}
+
+TEST(EmfRecords, A_scaled_mask_and_its_picture_leave_no_stray_colours) {
+  constexpr std::uint32_t sourceAnd = 0x008800C6, sourcePaint = 0x00EE0086, below = 0x7F6055;
+  EmfWriter writer = EmfSheet(below);
+  writer.Rectangle(0, 0, 99, 99);
+  // Keeps the left half and puts red into the right one.
+  Stretch(writer, white, black, sourceAnd);
+  Stretch(writer, black, red, sourcePaint);
+  const Pixels pixels = Drawn(writer.File());
+  EXPECT_EQ(ColorAt(pixels, 5, 50), below);
+  EXPECT_EQ(ColorAt(pixels, 95, 50), red);
+  // Between them one turns into the other step by step.
+  for (int x = 1; x < 100; ++x) {
+    EXPECT_GE(ColorAt(pixels, x, 50) >> 16, ColorAt(pixels, x - 1, 50) >> 16) << x;
+    EXPECT_LE(ColorAt(pixels, x, 50) & 0xFF, ColorAt(pixels, x - 1, 50) & 0xFF) << x;
+  }
+}
+
+TEST(EmfRecords, A_scaled_bitmap_keeps_its_colours_in_an_operation_on_bits) {
+  constexpr std::uint32_t sourceInvert = 0x00660046;
+  EmfWriter writer = EmfSheet(red);
+  Stretch(writer, 0x102030, 0xF0E0D0, sourceInvert);
+  const Pixels pixels = Drawn(writer.File());
+  EXPECT_EQ(ColorAt(pixels, 45, 50), 0x102030 ^ white);
+  EXPECT_EQ(ColorAt(pixels, 55, 50), 0xF0E0D0 ^ white);
+}
+
 }  // namespace
 }  // namespace lumidex

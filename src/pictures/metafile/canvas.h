@@ -106,8 +106,9 @@ class Canvas {
   // Lets `draw` paint what shows of `bounds` through the clip.
   void Paint(const Clip& clip, const Box& bounds, const Draw& draw);
   // Paints `shape`, a fill or stroke of a path, in the colours that a ternary operation gives bit by bit;
-  // a pattern of no ink and a source that is null count as black.
-  void PaintBits(const Clip& clip, const Box& visible, int operation, cairo_pattern_t* source,
+  // a pattern of no ink and a source that is null count as black. With `smoothed`, a masking operation works
+  // on channels instead.
+  void PaintBits(const Clip& clip, const Box& visible, int operation, cairo_pattern_t* source, bool smoothed,
                  const Ink& pattern, const Draw& shape);
   // Paints `shape`, whose drawing costs `cost`, with a binary operation.
   void PaintShape(const Clip& clip, const Box& visible, const Ink& ink, int operation, double cost,

@@ -45,7 +45,7 @@ void Canvas::Paint(const Clip& clip, const Box& bounds, const Draw& draw) {
 }
 
 void Canvas::PaintBits(const Clip& clip, const Box& visible, int operation, cairo_pattern_t* source,
-                       const Ink& pattern, const Draw& shape) {
+                       bool smoothed, const Ink& pattern, const Draw& shape) {
   ForEachBand(visible, mostBitsPixels, [&](const Box& band) {
     const CairoSurface sources = BlankSurface(band, CAIRO_FORMAT_RGB24);
     const CairoSurface patterns = BlankSurface(band, CAIRO_FORMAT_RGB24);
@@ -67,7 +67,9 @@ void Canvas::PaintBits(const Clip& clip, const Box& visible, int operation, cair
       const std::uint32_t* const brush = SurfaceRow(patterns.get(), y);
       const std::uint32_t* const below = pixels_.Row(top + y).data() + left;
       if (!from || !brush) return;
-      for (int x = 0; x < width; ++x) from[x] = Combine(operation, brush[x], from[x], below[x]);
+      for (int x = 0; x < width; ++x)
+        from[x] = smoothed ? CombineSmoothed(operation, from[x], below[x])
+                           : Combine(operation, brush[x], from[x], below[x]);
     }
     cairo_surface_mark_dirty(sources.get());
     Paint(clip, band, [&](cairo_t* context) {
@@ -84,7 +86,7 @@ void Canvas::PaintShape(const Clip& clip, const Box& visible, const Ink& ink, in
   if (known && operation != copyPen && operation != blackPen && operation != whitePen) {
     const double bands = 1 + visible.Area() / mostBitsPixels;
     if (budget_.Spend(cost * bands + perBitsPixel * visible.Area() + InkCost(ink, visible)))
-      PaintBits(clip, visible, TernaryOf(operation), nullptr, ink, shape);
+      PaintBits(clip, visible, TernaryOf(operation), nullptr, false, ink, shape);
     return;
   }
   Ink used = ink;
@@ -129,7 +131,10 @@ void Canvas::Transfer(const Clip& clip, const Path& area, int rasterOperation, c
   if (visible.IsEmpty()) return;
   const double cost = perBitsPixel + (placed ? placed->CostPerPixel() : 0);
   if (!budget_.Spend(perShape + cost * visible.Area() + InkCost(pattern, visible))) return;
-  PaintBits(clip, visible, rasterOperation, placed ? placed->pattern.get() : nullptr, pattern,
+  const bool smoothed = placed && placed->scaled && IsMasking(rasterOperation);
+  // The bits of colours that smoothing made up would come out as noise.
+  if (placed && !smoothed) cairo_pattern_set_filter(placed->pattern.get(), CAIRO_FILTER_NEAREST);
+  PaintBits(clip, visible, rasterOperation, placed ? placed->pattern.get() : nullptr, smoothed, pattern,
             [&](cairo_t* context) {
               Trace(context, outline);
               cairo_fill(context);

@@ -30,6 +30,25 @@ constexpr std::uint32_t Combine(int operation, std::uint32_t pattern, std::uint3
   }
   return result;
 }
+
+// The operations that cut a shape out of the picture with a mask and put another into the hole.
+inline constexpr int sourceAnd = 0x88, notSourceAnd = 0x22, sourceOr = 0xEE, notSourceOr = 0xBB;
+constexpr bool IsMasking(int operation) {
+  return operation == sourceAnd || operation == notSourceAnd || operation == sourceOr ||
+         operation == notSourceOr;
+}
+// A masking operation with a source whose edges were smoothed when it was scaled: instead of bits, of which
+// those of half a colour mean nothing, channels are multiplied or added. For black and white it is the same.
+constexpr std::uint32_t CombineSmoothed(int operation, std::uint32_t source, std::uint32_t below) {
+  const std::uint32_t given = operation == notSourceAnd || operation == notSourceOr ? ~source : source;
+  const bool multiplies = operation == sourceAnd || operation == notSourceAnd;
+  std::uint32_t result = 0;
+  for (int shift = 0; shift < 24; shift += 8) {
+    const std::uint32_t s = given >> shift & 0xFF, d = below >> shift & 0xFF;
+    result |= (multiplies ? (s * d + 127) / 255 : s + d > 255 ? 255 : s + d) << shift;
+  }
+  return result;
+}
 constexpr bool UsesSource(int operation) {
   return ((operation >> 2) & 0x33) != (operation & 0x33);
 }

@@ -129,6 +129,7 @@ std::optional<PlacedImage> PlaceImage(const ImagePart& part) {
   cairo_pattern_set_extend(placed.pattern.get(), CAIRO_EXTEND_PAD);
   const double across = toSheet.HorizontalScale(), down = toSheet.VerticalScale();
   const bool same = std::abs(across - 1) < 1e-6 && std::abs(down - 1) < 1e-6 && toSheet.KeepsAxes();
+  placed.scaled = !same;
   cairo_pattern_set_filter(placed.pattern.get(), same ? CAIRO_FILTER_NEAREST : CAIRO_FILTER_GOOD);
   // The renderer averages over at most sixteen by sixteen pixels.
   placed.shrinking = std::clamp(1 / across, 1.0, 16.0) * std::clamp(1 / down, 1.0, 16.0);

@@ -28,6 +28,7 @@ struct PlacedImage {
   CairoPattern pattern;
   Path outline;          // on the sheet
   double shrinking = 1;  // pixels of the image per pixel of the sheet, at least 1
+  bool scaled = false;   // or turned, so that its pixels are mixed with each other
 
   double CostPerPixel() const { return 10 + 10 * shrinking; }
 };
