@@ -261,5 +261,22 @@ TEST(EmfPlusTexts, A_line_end_begins_a_line) {
   EXPECT_GT(MarksIn(TextInBox("H\nH"), 0, 13, 50, 24), 5);
 }
 
+TEST(EmfPlusTexts, Letters_given_by_their_numbers_look_like_letters) {
+  const auto marksOf = [](std::uint32_t options, unsigned code) {
+    ByteWriter tail;
+    tail.U16Le(code).U32Le(Float(20)).U32Le(Float(60));
+    ByteWriter font;
+    font.U32Le(version).U32Le(Float(40)).U32Le(0).U32Le(0).U32Le(0).U32Le(5);
+    for (const char letter : std::string_view("Arial")) font.U16Le(static_cast<unsigned char>(letter));
+    PlusWriter writer;
+    writer.Object(fontKind, 0, font.Take());
+    writer.Record(0x4036, colourInstead, {opaque | black, options, 0, 1}, tail.Take());
+    return MarksIn(Drawn(writer.File()), 0, 0, 100, 100);
+  };
+  constexpr unsigned placeOfH = 'H' - 29;
+  EXPECT_GT(marksOf(1, 'H'), 100);
+  EXPECT_EQ(marksOf(0, placeOfH), marksOf(1, 'H'));
+}
+
 }  // namespace
 }  // namespace lumidex

@@ -28,21 +28,6 @@ namespace {
 constexpr std::uint32_t fillsBox = 0x2, clipsToBox = 0x4, glyphNumbers = 0x10, noBox = 0x100,
                         smallLetters = 0x200, pairedAdvances = 0x2000;
 
-// In the fonts that came with Windows the letters stand in the order of ASCII from the fourth place on, so
-// that text given by place in the font can still be told.
-constexpr std::uint16_t firstGlyphOffset = 29;
-
-std::vector<std::uint8_t> TextFromGlyphNumbers(Bytes text) {
-  ByteReader reader(text);
-  std::vector<std::uint8_t> plain;
-  while (reader.Remaining() >= 2) {
-    const unsigned code = reader.U16Le() + firstGlyphOffset;
-    plain.push_back(static_cast<std::uint8_t>(code & 0xFF));
-    plain.push_back(static_cast<std::uint8_t>(code >> 8 & 0xFF));
-  }
-  return plain;
-}
-
 }  // namespace
 
 void EmfPlayer::PlayTextString(Record& record, bool wide) {

@@ -180,6 +180,10 @@ class Converter {
   iconv_t handle_;
 };
 
+// In the fonts that came with Windows the letters stand in the order of ASCII from the fourth place on, so
+// that text given by place in the font can still be told.
+constexpr std::uint16_t firstGlyphOffset = 29;
+
 bool IsControl(unsigned code) {
   return code < 0x20 || code == 0x7F;
 }
@@ -242,6 +246,17 @@ std::vector<Letter> LettersFromUtf16(Bytes text, const Font& font) {
     letters.push_back(std::move(letter));
   }
   return letters;
+}
+
+std::vector<std::uint8_t> TextFromGlyphNumbers(Bytes text) {
+  ByteReader reader(text);
+  std::vector<std::uint8_t> plain;
+  while (reader.Remaining() >= 2) {
+    const unsigned code = reader.U16Le() + firstGlyphOffset;
+    plain.push_back(static_cast<std::uint8_t>(code & 0xFF));
+    plain.push_back(static_cast<std::uint8_t>(code >> 8 & 0xFF));
+  }
+  return plain;
 }
 
 std::string NameFromUtf16(Bytes text) {

@@ -20,6 +20,8 @@ struct Letter {
 std::vector<Letter> LettersFromCodePage(Bytes text, const Font& font);
 // Text in UTF-16, low byte first.
 std::vector<Letter> LettersFromUtf16(Bytes text, const Font& font);
+// Text given by the letters' numbers in their font, as UTF-16.
+std::vector<std::uint8_t> TextFromGlyphNumbers(Bytes text);
 // Whether two names differ at most in the case of ASCII letters.
 bool HasSameLetters(std::string_view a, std::string_view b);
 // A font name in UTF-16 that ends at its first zero.

@@ -94,10 +94,14 @@ void Player::PlayGlyphs(Record& record) {
   reader.Skip(4);
   const std::uint32_t count = reader.U32Le();
   const auto* font = Get<FontObject>(record.ObjectNumber());
-  // The numbers of a font's own letters mean nothing without that font.
-  if (!font || !(options & areLetters) || brush.kind == Ink::Kind::None) return;
+  if (!font || brush.kind == Ink::Kind::None) return;
   const std::size_t codes = std::min<std::size_t>(count, reader.Remaining() / 10);
-  const Bytes text = reader.Take(codes * 2);
+  Bytes text = reader.Take(codes * 2);
+  std::vector<std::uint8_t> fromNumbers;
+  if (!(options & areLetters)) {
+    fromNumbers = TextFromGlyphNumbers(text);
+    text = fromNumbers;
+  }
   const auto places = ReadPoints(reader, codes, false, false);
   UseFont(*font, brush);
   drawing_.State().textAlign = text_align::baseline;
