@@ -156,6 +156,21 @@ File DrawingsInDrawings() {
   }
   return inner;
 }
+// Each level draws a large picture of its own before the drawing inside it.
+File PicturesAtEachDepth() {
+  File inner;
+  for (int level = 0; level < 5; ++level) {
+    PlusWriter writer(false, side);
+    writer.Object(imageKind, 1, StoredPixels(4000, 4000));
+    writer.Record(0x401A, narrow | 1, {0, 2, 0, 0, Float(4000), Float(4000)}, Box(9, 9));
+    ByteWriter image;
+    image.U32Le(version).U32Le(2).U32Le(3).U32Le(static_cast<std::uint32_t>(inner.size())).Append(inner);
+    writer.Object(imageKind, 0, image.Take());
+    writer.Record(0x401A, narrow, {0, 2, 0, 0, Float(1), Float(1)}, Box(wide, wide));
+    inner = writer.File();
+  }
+  return inner;
+}
 File EmptyDrawingsInside() {
   const File inner = EmfWriter(9, 9).File();
   ByteWriter image;
@@ -239,6 +254,7 @@ const std::vector<HostileFile>& HostilePlusDrawings() {
       {"regions of many parts", ".emf", RegionsOfManyParts},
       {"long splines", ".emf", LongSplines},
       {"drawings in drawings", ".emf", DrawingsInDrawings},
+      {"pictures at each depth", ".emf", PicturesAtEachDepth},
       {"empty drawings inside", ".emf", EmptyDrawingsInside},
       {"lines of another operation", ".emf", LinesOfAnotherOperation},
       {"ellipses of another operation", ".emf", EllipsesOfAnotherOperation},

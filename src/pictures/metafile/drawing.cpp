@@ -78,7 +78,9 @@ Pixels Drawing::InTextColors(const Pixels& tile) {
       last.background == state_.backgroundColor)
     return last.result;
   const double pixels = static_cast<double>(tile.Width()) * tile.Height();
-  if (!canvas_.Budget().Spend(perRecoloredPixel * pixels)) return tile;
+  WorkBudget& budget = canvas_.Budget();
+  if (!budget.Spend(perRecoloredPixel * pixels) || !budget.Keep(static_cast<double>(tile.ByteCount())))
+    return tile;
   Pixels result = Pixels::MakeUnfilled(tile.GetSize(), PixelFormat::Rgb);
   for (int y = 0; y < result.Height(); ++y)
     std::ranges::transform(tile.Row(y), result.Row(y).begin(), [&](std::uint32_t word) {

@@ -70,6 +70,7 @@ void EmfPlayer::PlayComment(ByteReader& reader) {
 
 void EmfPlayer::PlayFormats(Bytes comment, ByteReader& reader) {
   constexpr std::size_t descriptionBytes = 16;
+  plus_.ForgetPicture();
   const Box box = ReadBox(reader);
   const Matrix place{.xx = box.Width(), .yy = box.Height(), .x0 = box.left, .y0 = box.top};
   for (std::uint32_t count = reader.U32Le(); count > 0 && reader.Remaining() >= descriptionBytes; --count) {

@@ -234,6 +234,7 @@ bool Player::PlayImage(Record& record) {
   if (const auto* stored = Get<ImageObject>(record.ObjectNumber())) {
     if (const auto metafile = StoredMetafile(stored->bytes)) {
       const Point a = corners[0], b = corners[1], c = corners[2];
+      ForgetPicture();
       PlayNested(drawing_, *metafile, {b.x - a.x, b.y - a.y, c.x - a.x, c.y - a.y, a.x, a.y});
       return true;
     }

@@ -18,6 +18,9 @@ class Player {
   // The records of one comment, behind its mark. Records of files that hold their drawing as plain ones too
   // are left to those.
   void Play(Bytes records);
+  // Lets go of the picture kept for being drawn again. To be done before a metafile inside is played: each
+  // level keeping one would fill memory.
+  void ForgetPicture() { decoded_.reset(); }
 
  private:
   struct Record {
