@@ -35,6 +35,13 @@ TEST(Iff, Chunky_rows_come_back) {
   }
 }
 
+TEST(Iff, Chunky_rows_have_a_byte_a_pixel_however_many_planes_are_told) {
+  const auto file =
+      Group("FORM", "PBM ", {BitmapHeader({.planes = 4}), Colours(16), Chunk("BODY", Bytes({5, 15}))});
+  EXPECT_EQ(DepthIn(file), 8);
+  EXPECT_THAT(WordsIn(file), ElementsAre(Colour(5), Colour(15)));
+}
+
 TEST(Iff, True_colour_comes_back) {
   for (const auto format : {PixelFormat::Rgb, PixelFormat::Argb}) {
     const Pixels pattern = ColourPattern({37, 23}, format);

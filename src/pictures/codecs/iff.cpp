@@ -22,6 +22,7 @@ enum Compression { Plain = 0, Packed = 1, Columns = 2, Runs = 4, Steps = 5 };
 constexpr int rgb8Planes = 25, rgbnPlanes = 13;  // the last is not of the colour
 
 int DepthOf(const IffPicture& picture, IffMode mode) {
+  if (picture.kind == IffKind::Chunky) return 8;
   if (picture.kind == IffKind::ColourRuns) return picture.planes - 1;
   return mode == IffMode::HoldAndModify ? 24 : picture.planes;
 }
