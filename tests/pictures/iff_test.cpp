@@ -135,6 +135,16 @@ TEST(Iff, Pictures_are_found_inside_groups) {
     EXPECT_THAT(WordsIn(file), ElementsAre(Colour(0), Colour(1)));
 }
 
+TEST(Iff, Pictures_of_a_list_may_share_what_they_have_in_common) {
+  const auto body = Chunk("BODY", Bytes({0x40, 0, 0, 0}));
+  const auto shared = Group("PROP", "ILBM", {BitmapHeader({}), Colours(4)});
+  EXPECT_THAT(WordsIn(Group("LIST", "ILBM", {shared, Group("FORM", "ILBM", {body})})),
+              ElementsAre(Colour(0), Colour(1)));
+  // What a picture says itself comes first.
+  const auto own = Group("FORM", "ILBM", {BitmapHeader({.width = 1, .planes = 1}), body});
+  EXPECT_THAT(WordsIn(Group("LIST", "ILBM", {shared, own})), ElementsAre(Colour(0)));
+}
+
 TEST(Iff, Chunks_that_mean_nothing_here_are_passed_over) {
   const auto file = Group("FORM", "ILBM",
                           {Chunk("ANNO", ByteWriter().Text("odd")), BitmapHeader({}), Colours(4),

@@ -85,12 +85,19 @@ bool MayHoldPictures(const Chunk& group) {
   return group.id == list || group.id == cat || (group.id == form && group.type == Id("ANIM"));
 }
 
+struct FoundGroup {
+  Chunk group;
+  std::optional<Chunk> shared;  // what the pictures of a list have in common
+};
+
 // The first picture group from `start` on. Lengths of groups are not trusted to be the ends of groups.
-std::optional<Chunk> FindGroup(FileWindow& window, std::uint64_t start, int level = 0) {
+std::optional<FoundGroup> FindGroup(FileWindow& window, std::uint64_t start, int level = 0) {
   constexpr int deepest = 4;
   ChunkWalk walk(window, start);
+  std::optional<Chunk> shared;
   while (const auto chunk = walk.Next()) {
-    if (chunk->id == form && KindOf(chunk->type)) return chunk;
+    if (chunk->id == form && KindOf(chunk->type)) return FoundGroup{*chunk, shared};
+    if (chunk->id == Id("PROP") && KindOf(chunk->type)) shared = chunk;
     if (level < deepest && MayHoldPictures(*chunk))
       if (const auto found = FindGroup(window, chunk->offset + 4, level + 1)) return found;
     if (level == 0) break;
@@ -201,6 +208,23 @@ std::uint64_t SearchBody(const PictureData& data, std::uint64_t start) {
   return start + static_cast<std::uint64_t>(found - stretch.begin()) + chunkHead;
 }
 
+// Takes the chunks of a picture's own, or those shared by a list up to `end`. False when there was no bitmap
+// header.
+bool ReadChunks(FileWindow& window, std::uint64_t start, std::uint64_t end, IffPicture& picture) {
+  ChunkWalk walk(window, start);
+  bool hasHeader = false;
+  while (const auto chunk = walk.Next()) {
+    if (chunk->offset > end || chunk->id == form) break;
+    const bool header = chunk->id == Id("BMHD") || chunk->id == Id("DGBL");
+    // Of two headers the first one counts.
+    if (!header || !hasHeader) ReadChunk(*chunk, window, picture);
+    hasHeader = hasHeader || header;
+    // Some writers put the colours behind the rows.
+    if (picture.bodyOffset != 0 && (picture.colourCount > 0 || picture.planes > 8)) break;
+  }
+  return hasHeader;
+}
+
 }  // namespace
 
 Match MatchIffHead(Bytes head) {
@@ -216,23 +240,20 @@ Match MatchIffHead(Bytes head) {
 
 IffPicture FindIffPicture(const PictureData& data) {
   FileWindow window(data);
-  const auto group = FindGroup(window, 0);
-  if (!group) Refuse("IFF: there is no bitmap in this file");
+  const auto found = FindGroup(window, 0);
+  if (!found) Refuse("IFF: there is no bitmap in this file");
   IffPicture picture;
-  picture.kind = *KindOf(group->type);
+  picture.kind = *KindOf(found->group.type);
   picture.colours = BlackPalette();
-  const std::uint64_t start = group->offset + 4;
-  ChunkWalk walk(window, start);
   bool hasHeader = false;
-  while (const auto chunk = walk.Next()) {
-    const bool header = chunk->id == Id("BMHD") || chunk->id == Id("DGBL");
-    // Of two headers the first one counts.
-    if (!header || !hasHeader) ReadChunk(*chunk, window, picture);
-    hasHeader = hasHeader || header;
-    if (chunk->id == form) break;
-    // Some writers put the colours behind the rows.
-    if (picture.bodyOffset != 0 && (picture.colourCount > 0 || picture.planes > 8)) break;
+  if (found->shared) {
+    const std::uint64_t start = found->shared->offset;
+    hasHeader = ReadChunks(window, start + 4, start + found->shared->length, picture);
+    picture.bodyOffset = 0;  // rows are nobody's to share
   }
+  const std::uint64_t start = found->group.offset + 4;
+  // The length of the picture's own group is not trusted.
+  hasHeader = ReadChunks(window, start, data.Size(), picture) || hasHeader;
   if (!hasHeader) Refuse("IFF: the picture has no bitmap header");
   // Without a palette of its own, that of the first row is all there is.
   if (picture.lineColours != IffLineColoursKind::None && picture.colourCount == 0) picture.colourCount = 16;
