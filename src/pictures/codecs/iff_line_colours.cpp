@@ -1,4 +1,4 @@
-// PCHG follows "The PCHG ILBM chunk" of 1992; SHAM and CTBL were never described by their makers.
+// PCHG as the library of its author describes it; SHAM and CTBL were never described by their makers.
 #include "pictures/codecs/iff_line_colours.h"
 
 #include <algorithm>
