@@ -87,6 +87,13 @@ TEST(MetafileFaces, A_family_is_looked_up_once) {
   EXPECT_NE(&faces.Get("Family", true, false), &first);
 }
 
+TEST(MetafileFaces, A_family_that_can_not_exist_is_not_installed) {
+  TextFaces faces;
+  EXPECT_FALSE(faces.IsInstalled("Surely no such family"));
+  EXPECT_FALSE(faces.IsInstalled("Surely no such family"));
+  EXPECT_TRUE(faces.IsInstalled("Courier New"));
+}
+
 TEST(MetafileFaces, After_many_families_one_stands_for_the_others) {
   TextFaces faces;
   const TextFace& known = faces.Get("Family 0", false, false);

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <bit>
+#include <string_view>
 
 #include "gallery/encoders/emf_encoder.h"
 #include "gallery/encoders/wmf_encoder.h"
@@ -349,6 +350,25 @@ TEST(EmfRecords, A_scaled_bitmap_keeps_its_colours_in_an_operation_on_bits) {
   const Pixels pixels = Drawn(writer.File());
   EXPECT_EQ(ColorAt(pixels, 45, 50), 0x102030 ^ white);
   EXPECT_EQ(ColorAt(pixels, 55, 50), 0xF0E0D0 ^ white);
+}
+
+// "Hi" in a family, the byte beside it naming the kind of letters.
+int MarksOfText(std::string_view family, std::uint32_t kind) {
+  ByteWriter tail;
+  tail.U32Le(kind << 24);
+  for (const char letter : family) tail.U16Le(static_cast<unsigned char>(letter));
+  tail.Zeros(64 + 4 - tail.Size());
+  EmfWriter writer = EmfSheet(red);
+  writer.Record(82, {2, -40, 0, 0, 0, 400, 0}, tail.Take()).Select(2).Text(10, 10, "Hi");
+  return MarksIn(Drawn(writer.File()), 0, 0, 100, 100);
+}
+
+TEST(EmfRecords, A_font_that_is_not_there_gives_way_to_one_of_its_kind) {
+  constexpr std::uint32_t serifs = 0x12, plain = 0x22, oneWidth = 0x31;
+  EXPECT_EQ(MarksOfText("No such one", serifs), MarksOfText("Times New Roman", serifs));
+  EXPECT_EQ(MarksOfText("No such one", plain), MarksOfText("Arial", plain));
+  EXPECT_EQ(MarksOfText("No such one", oneWidth), MarksOfText("Courier New", oneWidth));
+  EXPECT_NE(MarksOfText("Arial", plain), MarksOfText("Courier New", plain));
 }
 
 }  // namespace

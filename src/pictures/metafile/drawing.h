@@ -159,7 +159,8 @@ class Drawing {
   void BoxShape(const Box& box, bool filled, const AddToPath& add, bool continues = false);
   Matrix BlitMatrix(const Blit& blit) const;
   Path SheetBox(const Box& logical) const;
-  const TextFace& SelectedFace();
+  // The selected font, or one in its place that has these letters.
+  const TextFace& FaceFor(const std::string& text);
   // The height of an em of the selected font, logical units.
   double EmHeight(const TextFace& face) const;
   double EmWidth(const TextFace& face) const;

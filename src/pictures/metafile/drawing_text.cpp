@@ -15,28 +15,58 @@ constexpr const char *timesFamily = "Times New Roman", *courierFamily = "Courier
 
 // Bitmap and screen fonts that no system here carries and whose names say nothing to a font matcher.
 constexpr Substitute substitutes[] = {
-    {"MS Sans Serif", "Arial"},   {"Microsoft Sans Serif", "Arial"},
-    {"MS Shell Dlg", "Arial"},    {"MS Shell Dlg 2", "Arial"},
-    {"System", "Arial"},          {"Helv", "Arial"},
-    {"Swiss", "Arial"},           {"Univers", "Arial"},
-    {"Modern", "Arial"},          {"Arial Unicode MS", "Arial"},
-    {"Tms Rmn", timesFamily},     {"MS Serif", timesFamily},
-    {"Roman", timesFamily},       {"CG Times", timesFamily},
-    {"Terminal", courierFamily},  {"Fixedsys", courierFamily},
-    {"Courier", courierFamily},   {"Lucida Console", "monospace"},
+    {"MS Sans Serif", "Arial"},
+    {"Microsoft Sans Serif", "Arial"},
+    {"MS Shell Dlg", "Arial"},
+    {"MS Shell Dlg 2", "Arial"},
+    {"System", "Arial"},
+    {"Helv", "Arial"},
+    {"Swiss", "Arial"},
+    {"Univers", "Arial"},
+    {"Modern", "Arial"},
+    {"Arial Unicode MS", "Arial"},
+    {"Tms Rmn", timesFamily},
+    {"MS Serif", timesFamily},
+    {"Roman", timesFamily},
+    {"CG Times", timesFamily},
+    {"Terminal", courierFamily},
+    {"Fixedsys", courierFamily},
+    {"Courier", courierFamily},
+    {"Lucida Console", "monospace"},
     {"Book Antiqua", "Palatino"},
+    // Wide themselves, or the first fonts of systems.
+    {"Verdana", "Verdana"},
+    {"DejaVu Sans", "DejaVu Sans"},
+    {"Noto Sans", "Noto Sans"},
 };
 
-std::string FamilyOf(const Font& font) {
+const char* FamilyOfKind(const Font& font) {
+  // The upper half of the byte names the kind of letters: 1 with serifs, 3 all of one width.
+  const int kind = font.pitchAndFamily >> 4;
+  return kind == 1 ? timesFamily : kind == 3 ? courierFamily : "Arial";
+}
+
+// Letters that the fonts for European languages have: Latin, Greek, Cyrillic and their punctuation.
+bool IsEuropean(const std::string& text) {
+  constexpr unsigned char afterCyrillic = 0xD5, punctuation = 0xE2, lastPunctuation = 0x84;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const auto lead = static_cast<unsigned char>(text[i]);
+    const bool isPunctuation = lead == punctuation && i + 1 < text.size() &&
+                               static_cast<unsigned char>(text[i + 1]) <= lastPunctuation;
+    if (lead >= afterCyrillic && !isPunctuation) return false;
+  }
+  return true;
+}
+
+std::string FamilyOf(const Font& font, const std::string& text, TextFaces& faces) {
   // Names that begin so ask for letters lying on their side, for text that runs downwards.
   std::string name = font.family.starts_with('@') ? font.family.substr(1) : font.family;
   for (const Substitute& substitute : substitutes)
     if (HasSameLetters(name, substitute.name)) return substitute.family;
-  if (HasSameLetters(name, "Symbol")) return "sans-serif";
-  if (!name.empty()) return name;
-  // The upper half of the byte names the kind of letters: 1 with serifs, 3 all of one width.
-  const int kind = font.pitchAndFamily >> 4;
-  return kind == 1 ? timesFamily : kind == 3 ? courierFamily : "Arial";
+  if (HasSameLetters(name, "Symbol") || HasSameLetters(name, "Wingdings")) return "sans-serif";
+  // In place of one that is not here, the system offers whatever is its first font, most often a wide one.
+  if (name.empty() || (IsEuropean(text) && !faces.IsInstalled(name))) return FamilyOfKind(font);
+  return name;
 }
 
 // A font in place of the one meant may run wider than the letters' given places; it is narrowed, but not
@@ -71,9 +101,9 @@ Matrix Drawing::TextMatrix(double width, double height, Point at) const {
   return result;
 }
 
-const TextFace& Drawing::SelectedFace() {
+const TextFace& Drawing::FaceFor(const std::string& text) {
   const Font& font = state_.font;
-  return faces_.Get(FamilyOf(font), font.weight > 550, font.italic);
+  return faces_.Get(FamilyOf(font, text, faces_), font.weight > 550, font.italic);
 }
 
 double Drawing::EmHeight(const TextFace& face) const {
@@ -89,7 +119,7 @@ double Drawing::EmWidth(const TextFace& face) const {
 
 double Drawing::TextWidth(const std::string& text) {
   if (!canvas_.Budget().Spend(perUnit)) return 0;
-  const TextFace& face = SelectedFace();
+  const TextFace& face = FaceFor(text);
   return face.Advance(text) * EmWidth(face);
 }
 
@@ -105,7 +135,9 @@ void Drawing::Text(const TextLine& line) {
   if (line.clipToBox)
     canvas_.CombineClip(clip, state_.base, SheetBox(line.box), FillRule::Winding, ClipMode::And);
 
-  const TextFace& face = SelectedFace();
+  std::string whole;
+  for (const TextUnit& unit : line.units) whole += unit.text;
+  const TextFace& face = FaceFor(whole);
   const double height = EmHeight(face);
   double width = EmWidth(face);
   if (!(width > 0) || !(height > 0)) return;
@@ -156,8 +188,6 @@ void Drawing::Text(const TextLine& line) {
     }
   };
   if (!line.hasAdvances && !spaced) {
-    std::string whole;
-    for (const TextUnit& unit : line.units) whole += unit.text;
     letters(whole, {}, 1);
   } else {
     Point from;

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
+#include <cstdint>
 
 #include "pictures/byte_reader.h"
 
@@ -176,7 +178,7 @@ class Converter {
   }
 
  private:
-  bool IsOpen() const { return handle_ != reinterpret_cast<iconv_t>(-1); }
+  bool IsOpen() const { return handle_ != std::bit_cast<iconv_t>(std::intptr_t{-1}); }
   iconv_t handle_;
 };
 

@@ -85,6 +85,17 @@ const TextFace& TextFaces::Get(const std::string& family, bool bold, bool italic
   return faces_.try_emplace(key, std::get<0>(key), bold, italic).first->second;
 }
 
+bool TextFaces::IsInstalled(const std::string& family) {
+  if (const auto found = installed_.find(family); found != installed_.end()) return found->second;
+  if (installed_.size() >= mostFaces) return true;
+  constexpr const char* letters = "Hamburgefonstiv 0123456789";
+  const TextFace& face = Get(family, false, false);
+  const TextFace& anyFace = Get("a family that is not there", false, false);
+  const bool same = face.Ascent() == anyFace.Ascent() && face.Descent() == anyFace.Descent() &&
+                    face.Advance(letters) == anyFace.Advance(letters);
+  return installed_[family] = !same;
+}
+
 }  // namespace lumidex::metafile
 
 #if defined(__SANITIZE_ADDRESS__)

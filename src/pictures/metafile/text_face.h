@@ -43,9 +43,12 @@ class TextFace {
 class TextFaces {
  public:
   const TextFace& Get(const std::string& family, bool bold, bool italic);
+  // False when the family has the measures of one that can not exist, and so stands for any.
+  bool IsInstalled(const std::string& family);
 
  private:
   std::map<std::tuple<std::string, bool, bool>, TextFace> faces_;
+  std::map<std::string, bool> installed_;
 };
 
 }  // namespace lumidex::metafile
