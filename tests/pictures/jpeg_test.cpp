@@ -132,6 +132,16 @@ TEST(Jpeg, What_a_cut_file_lacks_stays_blank) {
   EXPECT_THAT(RowOf(pixels, 63), testing::Each(blankPixel));
 }
 
+TEST(Jpeg, What_a_cut_file_of_arithmetic_codes_lacks_stays_blank) {
+  std::vector<std::uint8_t> samples;
+  for (unsigned i = 0; i < 64 * 64 * 3; ++i) samples.push_back(static_cast<std::uint8_t>(i * i / 7 % 251));
+  auto file = WriteJpeg({64, 64}, samples, {.arithmetic = true});
+  file.resize(file.size() / 2);
+  const Pixels pixels = DecodeBytes(file);
+  EXPECT_NE(pixels.Row(0)[0], blankPixel);
+  EXPECT_THAT(RowOf(pixels, 63), testing::Each(blankPixel));
+}
+
 TEST(Jpeg, A_second_frame_header_ends_the_scans_and_changes_nothing) {
   std::vector<std::uint8_t> file =
       EncodeJpeg(Pixels::Make({64, 48}, PixelFormat::Rgb, 0xFF336699), 90, JpegKind::Progressive);

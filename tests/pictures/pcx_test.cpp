@@ -174,6 +174,21 @@ TEST(Pcx, Rows_behind_a_cut_are_blank) {
   EXPECT_THAT(WordsIn(file), ElementsAre(0xFF010101U, 0xFF020202U, blankPixel, blankPixel));
 }
 
+TEST(Pcx, A_pixel_that_looks_like_the_mark_of_the_colours_does_not_end_a_cut_file) {
+  auto file = Start({.right = 2, .bottom = 499, .planeBytes = 3});
+  file.Fill(1200, 0x0C);
+  const Pixels pixels = DecodeBytes(file.Bytes());
+  EXPECT_NE(pixels.Row(399)[0], blankPixel);
+  EXPECT_EQ(pixels.Row(400)[0], blankPixel);
+}
+
+TEST(Pcx, Fewer_rows_than_the_header_says_end_at_the_colours) {
+  auto file = Start({.bottom = 2});
+  file.Add({1, 2, 0x0C}).Fill(768, 0x80);
+  EXPECT_THAT(WordsIn(file),
+              ElementsAre(0xFF808080U, 0xFF808080U, blankPixel, blankPixel, blankPixel, blankPixel));
+}
+
 TEST(Pcx, A_bad_header_is_refused) {
   const auto open = [](const Header& header) { OpenBytes(Start(header).Bytes(), ".pcx"); };
   EXPECT_THROW(open({.encoding = 2}), RunTimeError);

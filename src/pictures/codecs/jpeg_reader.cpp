@@ -39,9 +39,7 @@ void JpegReader::Warn(j_common_ptr info, int level) {
   JpegReader& self = Self(info);
   const bool starved = level < 0 && info->err->msg_code == JWRN_HIT_MARKER;
   // Coarse content of the later scans is no reason to blank what the first one gave.
-  if (starved && self.ended_ && self.info_.input_scan_number <= 1) {
-    self.firstEmptyRow_ = std::min(self.firstEmptyRow_, self.info_.input_iMCU_row);
-  }
+  if (starved && self.ended_ && self.info_.input_scan_number <= 1) self.MarkEmptyRow();
 }
 
 boolean JpegReader::Fill(j_decompress_ptr info) {
@@ -51,6 +49,8 @@ boolean JpegReader::Fill(j_decompress_ptr info) {
   const std::size_t count = self.source_.ReadAt(self.offset_, self.block_);
   self.offset_ += count;
   self.ended_ = count == 0;
+  // The arithmetic decoder takes the end of its bytes for zeros and warns of nothing.
+  if (self.ended_ && self.info_.arith_code != 0 && self.info_.input_scan_number == 1) self.MarkEmptyRow();
   self.manager_.next_input_byte = count == 0 ? endMarker.data() : self.block_.data();
   self.manager_.bytes_in_buffer = count == 0 ? endMarker.size() : count;
   return TRUE;

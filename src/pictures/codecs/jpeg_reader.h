@@ -1,6 +1,7 @@
 #pragma once
 // One run of libjpeg over a byte source: blocks read as needed, errors turned into a false answer.
 
+#include <algorithm>
 #include <csetjmp>
 #include <cstdio>
 #include <limits>
@@ -35,6 +36,7 @@ class JpegReader {
   const char* Message() const { return message_; }
 
  private:
+  void MarkEmptyRow() { firstEmptyRow_ = std::min(firstEmptyRow_, info_.input_iMCU_row); }
   static JpegReader& Self(j_common_ptr info) { return *static_cast<JpegReader*>(info->client_data); }
   static JpegReader& Self(j_decompress_ptr info) { return *static_cast<JpegReader*>(info->client_data); }
   static void Fail(j_common_ptr info);

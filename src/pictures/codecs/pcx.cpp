@@ -144,18 +144,14 @@ class PcxDecoder final : public FileDecoder {
   }
 
  private:
-  // The colours behind the rows have a mark before them.
+  // The colours behind the rows have a mark before them. In a file that is cut it may be a pixel.
   bool HasTrailer() const {
     if (header_.Depth() != 8 || Data().Size() < headerSize + trailerSize) return false;
     const std::vector<std::uint8_t> mark = Data().Stretch(Data().Size() - trailerSize, 1);
     return !mark.empty() && mark.front() == trailerMark;
   }
 
-  // The coded rows: what lies between the header and the palette behind them.
-  PcxRows Rows() const {
-    const std::uint64_t end = Data().Size() - (HasTrailer() ? trailerSize : 0);
-    return PcxRows(ByteStream(Data(), headerSize, end), header_.encoding != 0);
-  }
+  PcxRows Rows() const { return PcxRows(ByteStream(Data(), headerSize), header_.encoding != 0); }
 
   // The 256 colours stand behind the rows; where their mark is missing but there is room for them, the last
   // 768 bytes are taken.
@@ -209,9 +205,11 @@ class PcxDecoder final : public FileDecoder {
     std::vector<std::uint8_t> room(planeBytes_ * static_cast<std::size_t>(header_.planes));
     std::vector<std::uint8_t> indices(static_cast<std::size_t>(facts_.size.width));
     const PackedRows unpacker(header_.bits, palette);
+    const std::uint64_t trailer = Data().Size() - (HasTrailer() ? trailerSize : 0);
     // The last row may lack its padding.
     const std::size_t needed = room.size() - planeBytes_ + RowBytes(facts_.size.width, header_.bits);
     for (int y = 0; y < facts_.size.height; ++y) {
+      if (rows.Position() == trailer) return y;
       const Bytes row = rows.Next(room);
       if (row.size() < needed) return y;
       const auto target = pixels.Row(y);
