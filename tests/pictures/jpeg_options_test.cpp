@@ -2,7 +2,11 @@
 
 #include <gmock/gmock.h>
 
+#include <array>
+#include <cstdio>
 #include <set>
+
+#include <jpeglib.h>
 
 #include "gallery/encoders/jpeg_encoder.h"
 #include "pictures/support/byte_writer.h"
@@ -63,6 +67,63 @@ TEST(JpegOptions, The_transforms_differ_in_the_last_bits_only) {
   EXPECT_NE(WordsOf(slow), WordsOf(fast));
   EXPECT_LT(MeanError(slow, fast), 6.0);
   EXPECT_LT(MeanError(slow, Decoded(file, {.dct = DctMethod::FloatingPoint})), 2.0);
+}
+
+// What the library itself gives for its own names of the choices.
+std::vector<std::uint32_t> DecodedByLibrary(const std::vector<std::uint8_t>& file, J_DCT_METHOD dct,
+                                            J_DITHER_MODE dithering, const DecoderOptions& others) {
+  jpeg_decompress_struct info{};
+  jpeg_error_mgr errors{};
+  info.err = jpeg_std_error(&errors);
+  jpeg_create_decompress(&info);
+  jpeg_mem_src(&info, file.data(), static_cast<unsigned long>(file.size()));
+  jpeg_read_header(&info, TRUE);
+  info.dct_method = dct;
+  info.do_fancy_upsampling = others.fancyUpsampling ? TRUE : FALSE;
+  info.quantize_colors = others.reduceColours ? TRUE : FALSE;
+  info.desired_number_of_colors = 256;
+  info.two_pass_quantize = others.twoPassQuantize ? TRUE : FALSE;
+  info.dither_mode = dithering;
+  jpeg_start_decompress(&info);
+  std::vector<std::uint32_t> words;
+  std::vector<std::uint8_t> samples(std::size_t{info.output_width} * 3);
+  while (info.output_scanline < info.output_height) {
+    JSAMPROW row = samples.data();
+    jpeg_read_scanlines(&info, &row, 1);
+    for (std::size_t x = 0; x < info.output_width; ++x) {
+      std::array<std::uint32_t, 3> colour{};
+      for (std::size_t c = 0; c < 3; ++c)
+        colour[c] = info.quantize_colors ? info.colormap[c][samples[x]] : samples[x * 3 + c];
+      words.push_back(0xFF000000U | colour[0] << 16 | colour[1] << 8 | colour[2]);
+    }
+  }
+  jpeg_finish_decompress(&info);
+  jpeg_destroy_decompress(&info);
+  return words;
+}
+
+TEST(JpegOptions, Every_choice_gives_the_pixels_that_the_library_gives_for_it) {
+  const std::pair<DctMethod, J_DCT_METHOD> transforms[] = {{DctMethod::SlowInteger, JDCT_ISLOW},
+                                                           {DctMethod::FastInteger, JDCT_IFAST},
+                                                           {DctMethod::FloatingPoint, JDCT_FLOAT}};
+  const std::pair<DitherMode, J_DITHER_MODE> ditherings[] = {{DitherMode::None, JDITHER_NONE},
+                                                             {DitherMode::Ordered, JDITHER_ORDERED},
+                                                             {DitherMode::FloydSteinberg, JDITHER_FS}};
+  const auto file = EncodeJpeg(Slopes(), 60);
+  std::set<std::vector<std::uint32_t>> different;
+  for (const auto& [dct, libraryDct] : transforms) {
+    for (const auto& [dithering, libraryDithering] : ditherings) {
+      for (const int bits : {0, 1, 2, 3, 4, 5, 6, 7}) {
+        const DecoderOptions options{(bits & 1) != 0, dct, (bits & 2) != 0, (bits & 4) != 0, dithering};
+        const auto words = WordsOf(Decoded(file, options));
+        EXPECT_EQ(words, DecodedByLibrary(file, libraryDct, libraryDithering, options))
+            << static_cast<int>(dct) << static_cast<int>(dithering) << bits;
+        different.insert(words);
+      }
+    }
+  }
+  // Whole colours in six ways; reduced ones in all, but that two passes take ordered dithering for spreading.
+  EXPECT_EQ(different.size(), 6U + 3 * 2 * (3 + 2));
 }
 
 TEST(JpegOptions, Colours_are_reduced_to_256_at_most) {
