@@ -34,8 +34,8 @@ int main(int argc, char** argv) {
   // The conversion of whole lists is a command of the shipped program.
   app.WPaper2.mnuFileBatchConvertImages.Visible = true;
   app.WPaper2.KeepDesign();
-  if (!early.GetPicture().IsEmpty()) {
-    app.checkjpg.Picture1.OfferOpened(early.Path(), early.GetPicture());
+  if (!early.Opened().picture.IsEmpty()) {
+    app.checkjpg.Picture1.OfferOpened(early.Opened());
     desktop.AwaitPicture();
   }
   RunEvent(app, [&app] { app.WPaper2.Load(); });

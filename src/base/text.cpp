@@ -151,13 +151,17 @@ std::string LCase(std::string_view text) {
   return MapCharacters(text, [](auto code) { return utf8proc_tolower(code); });
 }
 
-double Val(std::string_view text) {
+std::optional<double> NumberAtStart(std::string_view text) {
   while (!text.empty() && (text.front() == ' ' || text.front() == '\t')) text.remove_prefix(1);
   if (text.starts_with('+')) text.remove_prefix(1);
   double value = 0;
   const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
-  if (result.ec != std::errc() || !std::isfinite(value)) return 0;
+  if (result.ec != std::errc() || !std::isfinite(value)) return {};
   return value;
+}
+
+double Val(std::string_view text) {
+  return NumberAtStart(text).value_or(0);
 }
 
 std::string Number(std::int64_t value) {

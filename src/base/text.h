@@ -3,6 +3,7 @@
 // a byte that is not valid UTF-8 counts as one character and survives every operation unchanged.
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -31,6 +32,8 @@ std::string LCase(std::string_view text);
 
 // The number at the start of the text, blanks skipped, 0 when there is none: "12 files" is 12.
 double Val(std::string_view text);
+// The same, telling text that begins with no number, or with one beyond a double, from the number 0.
+std::optional<double> NumberAtStart(std::string_view text);
 
 // A number as text without the leading blank: 12, -3, 0.25 as ".25", 1E+20.
 std::string Number(std::int64_t value);

@@ -69,7 +69,10 @@ void Gvbox::RestoreDesign() {
 void Gvbox::SetFileName(const std::string& path) {
   fileName_ = path;
   SetPicture({});
-  if (path.empty()) return;
+  if (path.empty()) {
+    opened_ = {};  // lets go of the pixels and of the file
+    return;
+  }
   failed_ = true;
   working_ = Open(path);
   fileBits_ = working_.BitsPerPixel();
@@ -80,8 +83,7 @@ void Gvbox::SetFileName(const std::string& path) {
 
 lumidex::Picture Gvbox::Open(const std::string& path) {
   Platform& platform = Owner().GetPlatform();
-  const auto facts = platform.files.Look(path);
-  const std::uint64_t stamp = facts ? facts->stamp : 0;
+  const std::uint64_t stamp = PictureStamp(platform.files, path);
   const DecoderOptions decoder = ChosenDecoding();
   if (opened_.IsFor(path, stamp, decoder)) return opened_.picture;
   lumidex::Picture picture = platform.readAhead.Find(path, stamp, decoder);
@@ -111,9 +113,8 @@ DecoderOptions Gvbox::ChosenDecoding() const {
   return options;
 }
 
-void Gvbox::OfferOpened(const std::string& path, const lumidex::Picture& picture) {
-  const auto facts = Owner().GetPlatform().files.Look(path);
-  if (facts) opened_ = {path, facts->stamp, {}, picture};
+void Gvbox::OfferOpened(OpenedPicture opened) {
+  opened_ = std::move(opened);
 }
 
 lumidex::Picture Gvbox::Usable() const {
@@ -166,7 +167,8 @@ void Gvbox::ZoomChanged(Element& owner) {
   auto& control = static_cast<Gvbox&>(owner);
   control.scrollX_ = control.ScrollX();
   control.scrollY_ = control.ScrollY();
-  control.OnImageChanged();
+  // There is nothing to see of a load that failed, and whoever answers the event would look at it.
+  if (!control.failed_) control.OnImageChanged();
 }
 
 float Gvbox::ScaleWidth() const {
@@ -259,8 +261,7 @@ void Gvbox::ColorBalance(std::int16_t red, std::int16_t green, std::int16_t blue
 
 JpegWriterOptions Gvbox::ChosenWriting() const {
   const auto number = [](const std::string& text, double without) {
-    const bool isNumber = text.find_first_of("0123456789") != std::string::npos;
-    return static_cast<int>(std::lround(std::clamp(isNumber ? Val(text) : without, 0.0, 100.0)));
+    return static_cast<int>(ToInt32(std::clamp(NumberAtStart(text).value_or(without), 0.0, 100.0)));
   };
   JpegWriterOptions options;
   options.quality = number(JPGQuality, options.quality);

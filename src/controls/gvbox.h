@@ -29,9 +29,9 @@ class Gvbox final : public Control {
   // releases the image. Raises what opening raises and leaves no picture then; fires ImageChanged after a
   // load.
   void SetFileName(const std::string& path);
-  // A picture of that path which somebody has opened already: the next SetFileName takes it as long as the
-  // file on the disk is the same.
-  void OfferOpened(const std::string& path, const lumidex::Picture& picture);
+  // A picture that somebody has opened already: the next SetFileName of its path takes it as long as the file
+  // on the disk is the same.
+  void OfferOpened(OpenedPicture opened);
 
   // Wishes to have these files decoded while the program idles, as they will be shown; see
   // ports/read_ahead.h. The file opened last is kept for going back to it.
@@ -61,12 +61,13 @@ class Gvbox final : public Control {
   Property<int> JPGDitherMethod{*this, 0, &RefuseOutside<0, 2>};
 
   // JPEG writer options. The texts are taken as typed: the number at their start, brought into 1 to 100 for
-  // the quality and 0 to 100 for the smoothing; text without a number counts as 75 and 0.
+  // the quality and 0 to 100 for the smoothing; text that begins with none counts as 75 and 0.
   Property<int> JPGOptimize{*this, 0};
   Property<std::string> JPGQuality{*this, "75"}, JPGSmoothing{*this, "0"};
 
-  // 1.0 is one image pixel on one screen pixel. A new level fires ImageChanged. A level below 0, and one at
-  // which a side of the image would be longer than MostZoomedPixels, raise InvalidPropertyValue.
+  // 1.0 is one image pixel on one screen pixel. A new level fires ImageChanged, but not after a load that
+  // failed. A level below 0, and one at which a side of the image would be longer than MostZoomedPixels,
+  // raise InvalidPropertyValue.
   Property<float> ZoomLevel{*this, 1.0F, &RefuseZoom, &ZoomChanged};
   // Up to here a 32-bit float still tells places in the zoomed image that are a 64th of a pixel apart.
   static constexpr float MostZoomedPixels = 262144.0F;

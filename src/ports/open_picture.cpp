@@ -1,5 +1,7 @@
 #include "ports/open_picture.h"
 
+#include <algorithm>
+
 #include "base/run_time_error.h"
 #include "base/text.h"
 
@@ -12,12 +14,21 @@ std::size_t ExtensionStart(const std::string& path, char separator) {
   return point == std::string::npos || point < name ? path.size() : point;
 }
 
-std::vector<std::uint8_t> PaletteFile(const FileSystem& files, const std::string& base) {
-  for (const char* ending : {".pal", ".PAL", ".Pal"}) {
-    const auto facts = files.Look(base + ending);
+// The files that may hold the palette of a picture, the first that can be read being the one. Only Dr. Halo's
+// pictures have any.
+std::vector<std::string> PalettePaths(const FileSystem& files, const std::string& path) {
+  const auto start = ExtensionStart(path, files.Separator());
+  if (LCase(path.substr(start)) != ".cut") return {};
+  const std::string base = path.substr(0, start);
+  return {base + ".pal", base + ".PAL", base + ".Pal"};
+}
+
+std::vector<std::uint8_t> PaletteFile(const FileSystem& files, const std::string& picturePath) {
+  for (const std::string& path : PalettePaths(files, picturePath)) {
+    const auto facts = files.Look(path);
     if (!facts || facts->kind != EntryKind::File) continue;
     try {
-      return PictureData(files.Open(base + ending), ".pal").Stretch(0, 65536);
+      return PictureData(files.Open(path), ".pal").Stretch(0, 65536);
     } catch (const RunTimeError&) {
       // Without its palette the picture is still shown, in greys.
     }
@@ -27,10 +38,21 @@ std::vector<std::uint8_t> PaletteFile(const FileSystem& files, const std::string
 
 }  // namespace
 
+std::uint64_t PictureStamp(const FileSystem& files, const std::string& path) {
+  const auto facts = files.Look(path);
+  if (!facts || facts->kind != EntryKind::File || facts->stamp == 0) return 0;
+  std::uint64_t stamp = facts->stamp;
+  for (const std::string& palette : PalettePaths(files, path)) {
+    const auto paletteFacts = files.Look(palette);
+    constexpr std::uint64_t odd = 0x9E3779B97F4A7C15;
+    stamp = stamp * odd + (paletteFacts ? paletteFacts->stamp : 0);
+  }
+  return std::max<std::uint64_t>(stamp, 1);
+}
+
 PictureData OpenPictureData(const FileSystem& files, const std::string& path) {
-  const auto start = ExtensionStart(path, files.Separator());
-  PictureData data(files.Open(path), LCase(path.substr(start)));
-  if (data.Extension() == ".cut") data.paletteFile = PaletteFile(files, path.substr(0, start));
+  PictureData data(files.Open(path), LCase(path.substr(ExtensionStart(path, files.Separator()))));
+  data.paletteFile = PaletteFile(files, path);
   return data;
 }
 

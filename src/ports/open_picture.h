@@ -13,4 +13,20 @@ PictureData OpenPictureData(const FileSystem& files, const std::string& path);
 // Raises what FileSystem::Open raises, and InvalidPicture when the file is no picture.
 Picture OpenPicture(const FileSystem& files, const std::string& path, const OpenOptions& options = {});
 
+// Tells one state of a picture on the disk from another: that of its file, and of its palette file where the
+// format has one. 0 when there is no such file or it can't be told.
+std::uint64_t PictureStamp(const FileSystem& files, const std::string& path);
+
+// A picture as it was opened, with all that tells whether opening it again would give the same.
+struct OpenedPicture {
+  std::string path;
+  std::uint64_t stamp = 0;  // taken before it was opened: what changed in between is found out later
+  DecoderOptions decoder;
+  Picture picture;
+
+  bool IsFor(const std::string& itsPath, std::uint64_t itsStamp, const DecoderOptions& itsDecoder) const {
+    return itsStamp != 0 && stamp == itsStamp && path == itsPath && decoder == itsDecoder;
+  }
+};
+
 }  // namespace lumidex

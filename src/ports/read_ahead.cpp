@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <exception>
 
 #include "base/run_time_error.h"
 
@@ -24,14 +25,18 @@ class StoppableSource final : public ByteSource {
   std::shared_ptr<const std::atomic<bool>> stop_;
 };
 
-// What the pixels will take. Formats that can reduce do so in eighths.
+// What the pixels will take. Formats that can reduce do so in eighths of both sides, until neither would be
+// shorter than asked for.
 std::size_t BytesFor(const Picture& picture, Size wanted) {
   const Size full = picture.GetSize();
-  const auto side = [&](int whole, int asked) {
-    const int least = picture.IsReducible() ? asked + whole / 8 + 1 : whole;
-    return static_cast<std::size_t>(std::min(whole, least));
-  };
-  return side(full.width, wanted.width) * side(full.height, wanted.height) * 4;
+  const auto eighths = [](int whole, int asked) { return (std::int64_t{asked} * 8 + whole - 1) / whole; };
+  const std::int64_t kept =
+      picture.IsReducible()
+          ? std::clamp<std::int64_t>(
+                std::max(eighths(full.width, wanted.width), eighths(full.height, wanted.height)), 1, 8)
+          : 8;
+  const auto side = [&](int whole) { return static_cast<std::size_t>((whole * kept + 7) / 8); };
+  return side(full.width) * side(full.height) * 4;
 }
 
 }  // namespace
@@ -128,16 +133,14 @@ std::optional<ReadAhead::Job> ReadAhead::StartNext() {
 }
 
 OpenedPicture ReadAhead::Open(const Job& job) const {
-  // The stamp comes first: should the file change in between, the picture is newer than its stamp says, and
-  // nobody will find it.
-  const auto facts = files_.Look(job.path);
-  if (!facts || facts->kind != EntryKind::File) throw RunTimeError(ErrorNumber::FileNotFound);
+  const std::uint64_t stamp = PictureStamp(files_, job.path);
+  if (stamp == 0) throw RunTimeError(ErrorNumber::FileNotFound);
   PictureData data = OpenPictureData(files_, job.path);
   PictureData stoppable(std::make_shared<StoppableSource>(data.SharedSource(), job.stop), data.Extension());
   stoppable.paletteFile = std::move(data.paletteFile);
   OpenOptions options;
   options.decoder = job.decoder;
-  return {job.path, facts->stamp, job.decoder, Picture::Open(stoppable, options)};
+  return {job.path, stamp, job.decoder, Picture::Open(stoppable, options)};
 }
 
 Size ReadAhead::DeviceSize(Size shown) const {
@@ -156,8 +159,11 @@ bool ReadAhead::Admit(const OpenedPicture& opened, Size wanted) {
 
 void ReadAhead::Finish(bool keep) {
   const std::scoped_lock lock(mutex_);
-  const bool wanted = Rank(running_->opened.path) < wish_.paths.size();
-  if (keep && wanted && !*running_->stop) ready_.push_back(std::move(running_->opened));
+  OpenedPicture& opened = running_->opened;
+  const bool wanted = Rank(opened.path) < wish_.paths.size();
+  // What is held may have grown since the picture was let in.
+  const bool fits = HeldBytes() + opened.picture.HeldBytes() <= budget_;
+  if (keep && wanted && fits && !*running_->stop) ready_.push_back(std::move(opened));
   running_.reset();
 }
 
@@ -172,8 +178,9 @@ bool ReadAhead::RunNext() {
     keep = Admit(opened, wanted);
     // A drawing is made at the very size it is shown at, and quickly; having it open is enough.
     if (keep && !opened.picture.IsScalable()) static_cast<void>(opened.picture.PixelsFor(wanted));
-  } catch (const RunTimeError&) {
-    // Whoever shows the picture meets the same again.
+  } catch (const std::exception&) {
+    // Whoever shows the picture meets the same again, be it a bad file or a lack of memory.
+    keep = false;
   }
   Finish(keep);
   return true;

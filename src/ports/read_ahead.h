@@ -15,19 +15,6 @@
 
 namespace lumidex {
 
-// A picture as it was opened, with all that tells whether opening it again would give the same. A stamp of 0
-// is that of no file.
-struct OpenedPicture {
-  std::string path;
-  std::uint64_t stamp = 0;  // the file's, taken before it was opened
-  DecoderOptions decoder;
-  Picture picture;
-
-  bool IsFor(const std::string& itsPath, std::uint64_t itsStamp, const DecoderOptions& itsDecoder) const {
-    return itsStamp != 0 && stamp == itsStamp && path == itsPath && decoder == itsDecoder;
-  }
-};
-
 class ReadAhead {
  public:
   // The size in designed pixels at which a picture of that full size will be shown; called on any thread.

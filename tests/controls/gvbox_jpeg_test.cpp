@@ -42,6 +42,31 @@ TEST_F(GvboxJpegTest, Decoder_options_take_effect_at_the_next_load) {
   EXPECT_EQ(Reloaded(), plain);
 }
 
+TEST_F(GvboxJpegTest, The_numbers_of_the_choices_stand_in_the_order_of_their_names) {
+  const auto opened = [&](const DecoderOptions& decoder) {
+    OpenOptions options;
+    options.decoder = decoder;
+    const Pixels pixels = OpenPicture(platform.files, "/slopes.jpg", options).FullPixels();
+    return std::vector<std::uint32_t>{pixels.Data(), pixels.Data() + pixels.ByteCount() / 4};
+  };
+  DecoderOptions decoder;
+  int number = 0;
+  for (const DctMethod dct : {DctMethod::SlowInteger, DctMethod::FastInteger, DctMethod::FloatingPoint}) {
+    box.DCTMethod = number++;
+    decoder.dct = dct;
+    EXPECT_EQ(Reloaded(), opened(decoder)) << number;
+  }
+  box.DitherMethod = 1;
+  decoder.reduceColours = true;
+  box.TwoPassQuantize = decoder.twoPassQuantize = false;
+  number = 0;
+  for (const DitherMode mode : {DitherMode::None, DitherMode::Ordered, DitherMode::FloydSteinberg}) {
+    box.JPGDitherMethod = number++;
+    decoder.dithering = mode;
+    EXPECT_EQ(Reloaded(), opened(decoder)) << number;
+  }
+}
+
 TEST_F(GvboxJpegTest, Dithering_always_reduces_the_colours_as_the_other_options_say) {
   const auto plain = Reloaded();
   box.DitherMethod = 2;
@@ -81,6 +106,35 @@ TEST_F(GvboxJpegTest, The_writer_options_are_taken_as_typed) {
   EXPECT_NE(with("75", "50", 0), at75);
   EXPECT_EQ(with("75", "101", 0), with("75", "100", 0));
   EXPECT_LT(with("75", "0", 1).size(), at75.size());
+}
+
+TEST_F(GvboxJpegTest, Text_that_does_not_begin_with_a_number_counts_as_the_usual_value) {
+  const auto with = [&](const char* quality, const char* smoothing = "0") {
+    box.JPGQuality = quality;
+    box.JPGSmoothing = smoothing;
+    return Saved();
+  };
+  const auto usual = with("75");
+  for (const char* text : {"", " ", "abc", "quality 20", "&H10", "-", ".", "inf", "nan", "1e999"}) {
+    EXPECT_EQ(with(text), usual) << text;
+    EXPECT_EQ(with("75", text), usual) << text;
+  }
+  EXPECT_EQ(with("75.5 "), with("76"));
+  EXPECT_EQ(with("74.5"), with("74"));
+  EXPECT_EQ(with(".9"), with("1"));
+  EXPECT_EQ(with("+20"), with("20"));
+  EXPECT_EQ(with("2e1"), with("20"));
+  EXPECT_EQ(with("1e3"), with("100"));
+}
+
+TEST_F(GvboxJpegTest, Saving_writes_the_whole_image_also_while_thumbnails_are_read) {
+  box.Rotate(1);
+  box.ThumbnailSize = 10;
+  Saved();
+  box.ThumbnailSize = 0;
+  box.SetFileName("/out.jpg");
+  EXPECT_EQ(box.PictureWidth(), 64);
+  EXPECT_EQ(box.PictureHeight(), 64);
 }
 
 TEST_F(GvboxJpegTest, The_dithering_has_no_say_in_saving) {

@@ -1,4 +1,5 @@
 #include "controls/gvbox_world.h"
+#include "gallery/encoders/cut_encoder.h"
 #include "gallery/encoders/emf_encoder.h"
 
 namespace lumidex {
@@ -31,6 +32,16 @@ TEST_F(GvboxTest, The_empty_path_releases_the_image) {
   EXPECT_EQ(box.PictureWidth(), 0);
 }
 
+TEST_F(GvboxTest, The_file_opened_last_is_kept_until_the_empty_path) {
+  LoadMarks();
+  const Picture first = box.Picture();
+  box.SetFileName(path);
+  EXPECT_EQ(box.Picture(), first);
+  box.SetFileName("");
+  box.SetFileName(path);
+  EXPECT_FALSE(box.Picture() == first);
+}
+
 TEST_F(GvboxTest, A_load_that_fails_leaves_nothing_usable_but_the_path) {
   LoadMarks();
   EXPECT_EQ(NumberRaisedBy([&] { box.SetFileName("/bad.bmp"); }), 481);
@@ -53,6 +64,37 @@ TEST_F(GvboxTest, The_next_load_makes_it_usable_again) {
   EXPECT_EQ(box.PictureWidth(), 4);
 }
 
+TEST_F(GvboxTest, A_picture_that_is_put_makes_it_usable_again) {
+  LoadFails();
+  const Picture picture = Picture::FromPixels(Marks({5, 2}), 24);
+  box.SetPicture(picture);
+  EXPECT_EQ(box.Picture(), picture);
+  EXPECT_EQ(box.PictureWidth(), 5);
+  EXPECT_EQ(box.FileName(), "/bad.bmp");
+}
+
+TEST_F(GvboxTest, The_empty_path_makes_an_empty_control_of_one_that_failed) {
+  LoadFails();
+  box.SetFileName("");
+  EXPECT_TRUE(box.Picture().IsEmpty());
+  EXPECT_EQ(box.BitsPerPixel(), 0);
+}
+
+TEST_F(GvboxTest, Neither_a_load_that_fails_nor_a_zoom_after_it_changes_an_image) {
+  LoadFails();
+  box.ZoomLevel = 2.0F;
+  EXPECT_TRUE(told.empty());
+  EXPECT_EQ(box.ScrollMaxX(), 0);
+}
+
+TEST_F(GvboxTest, A_directory_in_the_place_of_the_file_fails_at_the_next_load) {
+  LoadMarks();
+  platform.files.Remove(path);
+  platform.files.AddDirectory(path);
+  EXPECT_EQ(NumberRaisedBy([&] { box.SetFileName(path); }), 75);
+  EXPECT_EQ(NumberRaisedBy([&] { box.Picture(); }), 481);
+}
+
 TEST_F(GvboxTest, The_same_path_again_decodes_the_file_afresh) {
   LoadMarks();
   box.Rotate(1);
@@ -73,6 +115,69 @@ TEST_F(GvboxTest, A_file_that_is_gone_fails_at_the_next_load) {
   LoadMarks();
   platform.files.Remove(path);
   EXPECT_EQ(NumberRaisedBy([&] { box.SetFileName(path); }), 53);
+}
+
+TEST_F(GvboxTest, What_was_read_ahead_is_taken_as_long_as_the_file_stands) {
+  const auto whole = [](Size full) { return full; };
+  box.ReadFilesAhead({path}, whole);
+  EXPECT_TRUE(platform.readAhead.RunNext());
+  const Picture read = platform.readAhead.Find(path, PictureStamp(platform.files, path), {});
+  ASSERT_FALSE(read.IsEmpty());
+  box.SetFileName(path);
+  EXPECT_EQ(box.Picture(), read);
+  box.SetFileName("");
+  platform.files.AddFile(path, AsText(EncodeBmp(Marks({6, 2}))));
+  box.SetFileName(path);
+  EXPECT_EQ(box.PictureWidth(), 6);
+}
+
+TEST_F(GvboxTest, Errors_are_the_same_after_reading_ahead) {
+  platform.files.AddFile("/gone.bmp", AsText(EncodeBmp(Marks())));
+  platform.files.AddFile("/folder.bmp", AsText(EncodeBmp(Marks())));
+  platform.files.AddFile("/spoilt.bmp", AsText(EncodeBmp(Marks())));
+  platform.files.AddFile("/locked.bmp", AsText(EncodeBmp(Marks())));
+  box.ReadFilesAhead({"/bad.bmp", "/gone.bmp", "/folder.bmp", "/spoilt.bmp", "/locked.bmp"}, nullptr);
+  while (platform.readAhead.RunNext()) {
+  }
+  platform.files.Remove("/gone.bmp");
+  platform.files.Remove("/folder.bmp");
+  platform.files.AddDirectory("/folder.bmp");
+  platform.files.AddFile("/spoilt.bmp", "no picture");
+  platform.files.AddFile("/locked.bmp", "secret");
+  platform.files.SetLocked("/locked.bmp", true);
+  EXPECT_EQ(NumberRaisedBy([&] { box.SetFileName("/bad.bmp"); }), 481);
+  EXPECT_EQ(NumberRaisedBy([&] { box.SetFileName("/gone.bmp"); }), 53);
+  EXPECT_EQ(NumberRaisedBy([&] { box.SetFileName("/folder.bmp"); }), 75);
+  EXPECT_EQ(NumberRaisedBy([&] { box.SetFileName("/spoilt.bmp"); }), 481);
+  EXPECT_EQ(NumberRaisedBy([&] { box.SetFileName("/locked.bmp"); }), 70);
+}
+
+TEST_F(GvboxTest, A_picture_that_is_offered_is_taken_as_long_as_the_file_stands) {
+  const Picture offered = OpenPicture(platform.files, path);
+  const OpenedPicture opened{path, PictureStamp(platform.files, path), {}, offered};
+  box.OfferOpened(opened);
+  box.SetFileName(path);
+  EXPECT_EQ(box.Picture(), offered);
+  platform.files.AddFile(path, AsText(EncodeBmp(Marks({6, 2}))));
+  box.OfferOpened(opened);
+  box.SetFileName(path);
+  EXPECT_EQ(box.PictureWidth(), 6);
+}
+
+TEST_F(GvboxTest, A_palette_file_that_changed_is_seen_at_the_next_load) {
+  const auto writePalette = [&](std::uint32_t first) {
+    platform.files.AddFile("/halo.pal", AsText(EncodeCutPalette({first, 0xFFFFFFFFU})));
+  };
+  platform.files.AddFile("/halo.cut", AsText(EncodeCut({{1, 1}, {}, {0}})));
+  writePalette(0xFFFF0000);
+  box.SetFileName("/halo.cut");
+  EXPECT_EQ(At(0, 0), 0xFFFF0000U);
+  writePalette(0xFF0000FF);
+  box.SetFileName("/halo.cut");
+  EXPECT_EQ(At(0, 0), 0xFF0000FFU);
+  platform.files.Remove("/halo.pal");
+  box.SetFileName("/halo.cut");
+  EXPECT_EQ(At(0, 0), 0xFF000000U);
 }
 
 TEST_F(GvboxTest, Direction_1_turns_to_the_right_and_0_to_the_left) {
@@ -223,6 +328,30 @@ TEST_F(GvboxTest, A_thumbnail_fits_the_square_and_leaves_the_image_alone) {
   EXPECT_EQ(NumberRaisedBy([&] { box.ThumbnailSize = -1; }), 380);
 }
 
+TEST_F(GvboxTest, Filters_and_painting_work_on_the_whole_image_while_thumbnails_are_read) {
+  platform.files.AddFile("/wide.bmp", AsText(EncodeBmp(Marks({20, 10}))));
+  box.SetFileName("/wide.bmp");
+  box.Appearance = 0;
+  box.ThumbnailSize = 2;
+  box.Brightness(100);
+  EXPECT_EQ(box.Picture().GetSize(), (Size{2, 1}));
+  EXPECT_EQ(At(1, 0), 0xFFFFFFFFU);
+  EXPECT_EQ(box.ScaleWidth(), 20.0F);
+  box.ThumbnailSize = 0;
+  EXPECT_EQ(At(19, 9), 0xFFFFFFFFU);
+}
+
+TEST_F(GvboxTest, A_thumbnail_has_the_depth_of_the_file_and_leaves_at_least_a_pixel) {
+  box.SetPicture(Picture::FromPixels(Pixels::Make({32767, 1}, PixelFormat::Rgb, 0xFF123456), 8));
+  box.Appearance = 1;
+  for (const int square : {80, 1}) {
+    box.ThumbnailSize = square;
+    EXPECT_EQ(box.Picture().GetSize(), (Size{square, 1}));
+    EXPECT_EQ(box.Picture().BitsPerPixel(), 8);
+  }
+  EXPECT_EQ(box.PictureWidth(), 32767);
+}
+
 TEST_F(GvboxTest, A_thumbnail_never_enlarges) {
   LoadMarks();
   box.ThumbnailSize = 80;
@@ -296,6 +425,33 @@ TEST_F(GvboxTest, The_greatest_scroll_is_what_lies_outside_the_view) {
   box.ZoomLevel = 4.0F;
   EXPECT_EQ(box.ScrollMaxX(), 90);
   EXPECT_EQ(box.ScrollMaxY(), 40);
+}
+
+TEST_F(GvboxTest, The_greatest_scroll_shows_the_last_pixels_at_every_zoom) {
+  constexpr Size size{100, 60}, view{47, 31};
+  Pixels pixels = Pixels::Make(size, PixelFormat::Rgb, 0xFF000000);
+  pixels.Row(size.height - 1).back() = 0xFF123456;
+  box.SetPicture(Picture::FromPixels(pixels, 24));
+  box.Width = static_cast<float>(view.width) * 15;
+  box.Height = static_cast<float>(view.height) * 15;
+  for (const float zoom : {0.25F, 0.5F, 0.75F, 1.0F, 1.25F, 1.5F, 1.75F, 2.0F, 3.0F, 4.0F, 5.0F, 6.0F, 7.0F,
+                           8.0F, 9.0F, 10.0F}) {
+    box.ZoomLevel = zoom;
+    box.SetScrollX(1000);
+    box.SetScrollY(1000);
+    const auto seen = [&](int length) { return static_cast<double>(length) / static_cast<double>(zoom); };
+    // All of the last pixel is in the view, and no more than one behind it would be.
+    EXPECT_GE(box.ScrollX() + seen(view.width), size.width) << zoom;
+    EXPECT_GE(box.ScrollY() + seen(view.height), size.height) << zoom;
+    EXPECT_TRUE(box.ScrollX() == 0 || box.ScrollX() - 1 + seen(view.width) < size.width) << zoom;
+    EXPECT_TRUE(box.ScrollY() == 0 || box.ScrollY() - 1 + seen(view.height) < size.height) << zoom;
+    EXPECT_EQ(box.ScrollX() == 0, seen(view.width) >= size.width) << zoom;
+    // The place in the view at which the last pixel of the image begins, and that of its end.
+    const auto place = [&](int pixel, int scroll) { return static_cast<float>(pixel - scroll) * zoom * 15; };
+    const float right = place(size.width - 1, box.ScrollX()), low = place(size.height - 1, box.ScrollY());
+    EXPECT_EQ(box.PixelColor(right, low), 0x563412) << zoom;
+    EXPECT_EQ(box.PixelColor(right + zoom * 15, low), -1) << zoom;
+  }
 }
 
 TEST_F(GvboxTest, A_lower_zoom_and_a_larger_view_bring_the_scroll_back_in) {

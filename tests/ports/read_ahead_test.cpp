@@ -2,6 +2,9 @@
 
 #include <gmock/gmock.h>
 
+#include <new>
+#include <utility>
+
 #include "gallery/encoders/bmp_encoder.h"
 #include "gallery/encoders/jpeg_encoder.h"
 #include "platform/headless/headless_platform.h"
@@ -130,8 +133,9 @@ TEST_F(ReadAheadTest, A_picture_decoded_with_other_options_is_not_found) {
 TEST_F(ReadAheadTest, What_can_not_be_read_is_passed_over) {
   platform.files.AddFile("/bad.bmp", "no picture");
   platform.files.AddDirectory("/folder.bmp");
-  Want({"/bad.bmp", "/gone.bmp", "/folder.bmp", "/a.bmp"});
-  EXPECT_EQ(RunAll(), 4);
+  platform.files.AddOther("/pipe.bmp");
+  Want({"/bad.bmp", "/gone.bmp", "/folder.bmp", "/pipe.bmp", "/a.bmp"});
+  EXPECT_EQ(RunAll(), 5);
   EXPECT_TRUE(ahead.Find("/bad.bmp", Stamp("/bad.bmp"), {}).IsEmpty());
   EXPECT_FALSE(Find("/a.bmp").IsEmpty());
 }
@@ -211,6 +215,138 @@ TEST_F(ReadAheadTest, Work_that_a_wish_made_meanwhile_holds_too_goes_on) {
   EXPECT_EQ(RunAll(), 2);
   EXPECT_FALSE(Find("/a.bmp").IsEmpty());
   EXPECT_FALSE(Find("/b.bmp").IsEmpty());
+}
+
+TEST_F(ReadAheadTest, Whatever_goes_wrong_with_one_picture_the_next_is_read) {
+  const auto noMemory = [](Size full) -> Size {
+    if (full.width == 50) throw std::bad_alloc();
+    return full;
+  };
+  AddPicture("/small.bmp", {50, 50});
+  ahead.Want({}, {{"/small.bmp", "/a.bmp"}, {}, noMemory});
+  EXPECT_EQ(RunAll(), 2);
+  EXPECT_FALSE(Find("/a.bmp").IsEmpty());
+  EXPECT_TRUE(Find("/small.bmp").IsEmpty());
+}
+
+// The disk with something to do at the first read of a file behind its head: in the midst of decoding.
+class InterruptedFiles final : public FileSystem {
+ public:
+  explicit InterruptedFiles(FileSystem& files) : files_(files) {}
+  std::function<void()> whileDecoding;
+
+  char Separator() const override { return files_.Separator(); }
+  std::vector<std::string> Drives() const override { return files_.Drives(); }
+  std::string DriveOf(const std::string& path) const override { return files_.DriveOf(path); }
+  std::string CurrentDirectory() const override { return files_.CurrentDirectory(); }
+  std::string Normalised(const std::string& path) const override { return files_.Normalised(path); }
+  std::vector<DirectoryEntry> ReadDirectory(const std::string& path) const override {
+    return files_.ReadDirectory(path);
+  }
+  std::uint64_t DirectoryStamp(const std::string& path) const override { return files_.DirectoryStamp(path); }
+  std::optional<FileFacts> Look(const std::string& path) const override { return files_.Look(path); }
+  std::shared_ptr<const ByteSource> Open(const std::string& path) const override {
+    return std::make_shared<Source>(files_.Open(path), whileDecoding);
+  }
+  void Write(const std::string& path, const Produce& produce) override { files_.Write(path, produce); }
+  void WriteOver(const std::string& path, std::string_view content) override {
+    files_.WriteOver(path, content);
+  }
+  void Remove(const std::string& path) override { files_.Remove(path); }
+  void MakeDirectory(const std::string& path) override { files_.MakeDirectory(path); }
+
+ private:
+  class Source final : public ByteSource {
+   public:
+    Source(std::shared_ptr<const ByteSource> source, std::function<void()> once)
+        : source_(std::move(source)), once_(std::move(once)) {}
+    std::uint64_t Size() const override { return source_->Size(); }
+    std::size_t ReadAt(std::uint64_t offset, std::span<std::uint8_t> into) const override {
+      if (offset >= PictureData::HeadSize && once_) std::exchange(once_, {})();
+      return source_->ReadAt(offset, into);
+    }
+
+   private:
+    std::shared_ptr<const ByteSource> source_;
+    mutable std::function<void()> once_;
+  };
+  FileSystem& files_;
+};
+
+class ReadAheadWhileDecoding : public ReadAheadTest {
+ protected:
+  InterruptedFiles disk{platform.files};
+  ReadAhead reading{disk, 3 * pictureBytes};
+  int interruptions = 0;
+
+  Picture FindNow(const std::string& path) { return reading.Find(path, Stamp(path), {}); }
+  // Reads /a.bmp; `meanwhile` happens in the midst.
+  void ReadAnd(std::function<void()> meanwhile) {
+    disk.whileDecoding = [this, meanwhile = std::move(meanwhile)] {
+      ++interruptions;
+      meanwhile();
+    };
+    reading.Want({}, {{"/a.bmp"}, {}, Whole});
+    reading.RunNext();
+    EXPECT_EQ(interruptions, 1);
+  }
+};
+
+TEST_F(ReadAheadWhileDecoding, Looking_for_the_picture_finds_it_and_it_becomes_whole) {
+  Picture found;
+  ReadAnd([&] {
+    found = FindNow("/a.bmp");
+    EXPECT_FALSE(found.IsEmpty());
+    // Even when something else is asked for next: somebody has the picture now.
+    EXPECT_TRUE(FindNow("/b.bmp").IsEmpty());
+  });
+  const Pixels pixels = found.FullPixels();
+  for (int y = 0; y < 100; ++y) EXPECT_THAT(pixels.Row(y), testing::Each(0xFF123456U)) << y;
+  EXPECT_EQ(FindNow("/a.bmp"), found);
+}
+
+TEST_F(ReadAheadWhileDecoding, Looking_for_another_picture_leaves_nothing_of_it) {
+  ReadAnd([&] { EXPECT_TRUE(FindNow("/b.bmp").IsEmpty()); });
+  EXPECT_TRUE(FindNow("/a.bmp").IsEmpty());
+}
+
+TEST_F(ReadAheadWhileDecoding, A_file_that_has_changed_by_then_is_not_found) {
+  ReadAnd([&] {
+    AddPicture("/a.bmp", {50, 50});
+    EXPECT_TRUE(FindNow("/a.bmp").IsEmpty());
+  });
+  EXPECT_TRUE(FindNow("/a.bmp").IsEmpty());
+}
+
+TEST_F(ReadAheadWhileDecoding, A_current_picture_that_takes_the_room_meanwhile_keeps_it) {
+  AddPicture("/large.bmp", {150, 190});
+  const OpenedPicture large = Opened("/large.bmp");
+  large.picture.FullPixels();
+  ReadAnd([&] { reading.Want(large, {{"/a.bmp"}, {}, Whole}); });
+  EXPECT_FALSE(FindNow("/large.bmp").IsEmpty());
+  EXPECT_TRUE(FindNow("/a.bmp").IsEmpty());
+}
+
+TEST_F(ReadAheadWhileDecoding, A_reduced_picture_is_not_begun_when_its_longer_side_leaves_no_room) {
+  Pixels noise = Pixels::Make({800, 800}, PixelFormat::Rgb, 0);
+  std::uint32_t state = 1;
+  for (int y = 0; y < 800; ++y) {
+    for (std::uint32_t& word : noise.Row(y)) word = 0xFF000000U | (state = state * 1664525 + 1013904223) >> 8;
+  }
+  const auto bytes = EncodeJpeg(noise, 50);
+  platform.files.AddFile("/photo.jpg", {bytes.begin(), bytes.end()});
+  disk.whileDecoding = [this] { ++interruptions; };
+  const auto readIn = [&](std::size_t budget) {
+    interruptions = 0;
+    ReadAhead other(disk, budget);
+    // Half of its width is needed, so half of its height comes with it.
+    other.Want({}, {{"/photo.jpg"}, {}, [](Size) { return Size{400, 10}; }});
+    other.RunNext();
+    EXPECT_EQ(other.Find("/photo.jpg", Stamp("/photo.jpg"), {}).HeldBytes(), interruptions * 400U * 400 * 4);
+    return interruptions;
+  };
+  EXPECT_EQ(readIn(400U * 400 * 4), 1);
+  EXPECT_EQ(readIn(400U * 400 * 4 - 1), 0);
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include "platform/posix/idle_read_ahead.h"
 
 #include <gmock/gmock.h>
+#include <sys/stat.h>
 
 #include <filesystem>
 
@@ -86,6 +87,15 @@ TEST_F(IdleReadAheadTest, Whatever_is_found_in_the_midst_of_steps_is_whole) {
     if (step % 50 == 0) ahead.WaitUntilDone();
   }
   EXPECT_GT(found, 0);
+}
+
+TEST_F(IdleReadAheadTest, What_is_no_file_is_passed_over_without_waiting_for_it) {
+  ASSERT_EQ(mkfifo((folder / "pipe.bmp").c_str(), 0600), 0);
+  ahead.Want({}, {{folder / "pipe.bmp", folder / "gone/x.bmp", folder.Path(), Path(2)}, {}, [](Size full) {
+                    return full;
+                  }});
+  ahead.WaitUntilDone();
+  EXPECT_TRUE(Find(2).HasPixelsFor(size));
 }
 
 TEST_F(IdleReadAheadTest, What_was_found_outlives_an_end_in_the_midst_of_work) {

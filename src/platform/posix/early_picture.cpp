@@ -1,9 +1,9 @@
 #include "platform/posix/early_picture.h"
 
 #include <algorithm>
+#include <exception>
 
 #include "base/run_time_error.h"
-#include "ports/open_picture.h"
 
 namespace lumidex {
 namespace {
@@ -22,19 +22,21 @@ Size FitScreen(Size full) {
 
 EarlyPicture::EarlyPicture(const FileSystem& files, const std::string& commandLine) {
   if (commandLine.size() < 3) return;
-  path_ = commandLine.substr(1, commandLine.size() - 2);
+  opened_.path = commandLine.substr(1, commandLine.size() - 2);
+  opened_.stamp = PictureStamp(files, opened_.path);
+  if (opened_.stamp == 0) return;
   try {
-    picture_ = OpenPicture(files, path_);
+    opened_.picture = OpenPicture(files, opened_.path);
   } catch (const RunTimeError&) {
     return;
   }
   // A drawing is made at the very size it is shown at, which is not known yet.
-  if (picture_.IsScalable()) return;
-  decoding_ = std::jthread([picture = picture_] {
+  if (opened_.picture.IsScalable()) return;
+  decoding_ = std::jthread([picture = opened_.picture] {
     try {
       picture.PixelsFor(FitScreen(picture.GetSize()));
-    } catch (const RunTimeError&) {
-      // Whoever shows the picture meets the same again.
+    } catch (const std::exception&) {
+      // Whoever shows the picture meets the same again, be it a bad file or a lack of memory.
     }
   });
 }

@@ -5,8 +5,7 @@
 #include <string>
 #include <thread>
 
-#include "pictures/picture.h"
-#include "ports/file_system.h"
+#include "ports/open_picture.h"
 
 namespace lumidex {
 
@@ -16,13 +15,11 @@ class EarlyPicture {
   // nobody's business yet. Pixels are made for a screen of usual size.
   EarlyPicture(const FileSystem& files, const std::string& commandLine);
 
-  const std::string& Path() const { return path_; }
-  // Empty when there is none.
-  const Picture& GetPicture() const { return picture_; }
+  // Its picture is empty when there is none.
+  const OpenedPicture& Opened() const { return opened_; }
 
  private:
-  std::string path_;
-  Picture picture_;
+  OpenedPicture opened_;
   std::jthread decoding_;
 };
 
