@@ -24,6 +24,32 @@ TEST_F(GvboxTest, An_empty_control_reports_zeros) {
   EXPECT_EQ(box.ScaleWidth(), 0.0F);
 }
 
+TEST_F(GvboxTest, An_empty_control_gives_no_thumbnail) {
+  box.ThumbnailSize = 80;
+  EXPECT_TRUE(box.Picture().IsEmpty());
+}
+
+TEST_F(GvboxTest, A_form_that_is_unloaded_forgets_the_image) {
+  form.Load();
+  LoadMarks();
+  box.Rotate(1);
+  box.ThumbnailSize = 2;
+  form.Unload();
+  EXPECT_EQ(box.FileName(), "");
+  EXPECT_TRUE(box.Picture().IsEmpty());
+  EXPECT_EQ(box.ThumbnailSize, 0);
+}
+
+TEST_F(GvboxTest, Another_picture_is_seen_from_its_top_left) {
+  box.SetPicture(Picture::FromPixels(Pixels::Make({100, 60}, PixelFormat::Rgb, 0), 24));
+  box.SetScrollX(30);
+  box.SetScrollY(20);
+  EXPECT_EQ(box.ScrollX(), 30);
+  box.SetPicture(Picture::FromPixels(Pixels::Make({100, 60}, PixelFormat::Rgb, 0), 24));
+  EXPECT_EQ(box.ScrollX(), 0);
+  EXPECT_EQ(box.ScrollY(), 0);
+}
+
 TEST_F(GvboxTest, The_empty_path_releases_the_image) {
   LoadMarks();
   box.SetFileName("");
