@@ -149,6 +149,32 @@ TEST(MetafileLetters, The_symbol_font_has_greek_letters) {
   EXPECT_EQ(LettersFromUtf16(wide, font)[0].text, "α");
 }
 
+// What one code shows in a font.
+std::string SignIn(const char* family, std::uint8_t code) {
+  Font font;
+  font.family = family;
+  return LettersFromCodePage({&code, 1}, font).at(0).text;
+}
+
+TEST(MetafileLetters, Fonts_of_signs_show_signs_instead_of_letters) {
+  EXPECT_EQ(SignIn("Wingdings", 0xFC), "✔");
+  EXPECT_EQ(SignIn("wingdings", 'l'), "●");
+  EXPECT_EQ(SignIn("Wingdings", 0xE0), "→");
+  EXPECT_EQ(SignIn("Wingdings", 0x83), "③");
+  EXPECT_EQ(SignIn("Wingdings 2", 'R'), "☑");
+  EXPECT_EQ(SignIn("Wingdings 3", '}'), "▸");
+  EXPECT_EQ(SignIn("Webdings", 'a'), "✔");
+  EXPECT_EQ(SignIn("Monotype Sorts", '4'), "✔");
+  EXPECT_EQ(SignIn("ZapfDingbats", 'n'), "■");
+  EXPECT_EQ(SignIn("ZapfDingbats", 0xFE), "➾");
+}
+
+TEST(MetafileLetters, Of_a_sign_that_there_is_no_other_for_only_the_room_is_left) {
+  EXPECT_EQ(SignIn("Wingdings", 0xFF), " ");
+  EXPECT_EQ(SignIn("Webdings", 'Z'), " ");
+  EXPECT_EQ(SignIn("Marlett", 'a'), " ");
+}
+
 TEST(MetafileLetters, Surrogate_pairs_become_one_letter) {
   const std::uint8_t bytes[] = {0x3D, 0xD8, 0x00, 0xDE};
   const auto letters = LettersFromUtf16(bytes, {});

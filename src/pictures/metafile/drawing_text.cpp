@@ -2,6 +2,7 @@
 
 #include "pictures/metafile/drawing.h"
 #include "pictures/metafile/letters.h"
+#include "pictures/metafile/sign_fonts.h"
 
 namespace lumidex::metafile {
 namespace {
@@ -63,7 +64,7 @@ std::string FamilyOf(const Font& font, const std::string& text, TextFaces& faces
   std::string name = font.family.starts_with('@') ? font.family.substr(1) : font.family;
   for (const Substitute& substitute : substitutes)
     if (HasSameLetters(name, substitute.name)) return substitute.family;
-  if (HasSameLetters(name, "Symbol") || HasSameLetters(name, "Wingdings")) return "sans-serif";
+  if (HasOwnSigns(name)) return "sans-serif";
   // In place of one that is not here, the system offers whatever is its first font, most often a wide one.
   if (name.empty() || (IsEuropean(text) && !faces.IsInstalled(name))) return FamilyOfKind(font);
   return name;
