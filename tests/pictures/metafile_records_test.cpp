@@ -262,7 +262,7 @@ Pixels Masked(std::int64_t operations) {
   for (const std::uint32_t word : {40U, 2U, 2U, 1U | 1U << 16, 0U, 0U, 0U, 0U, 2U, 0U, 0U, 0xFFFFFFU})
     tail.U32Le(word);
   tail.Add({0x80, 0, 0, 0, 0x80, 0, 0, 0});
-  EmfWriter writer(100, 100);
+  EmfWriter writer = EmfSheet(green);
   writer.Record(78, {0, 0, 0, 0, 10,  10, 2,   2,  operations, 0, 0, one, 0,  0,   one,
                      0, 0, 0, 0, 128, 40, 168, 16, 0,          0, 0, 184, 48, 232, 8},
                 tail.Take());
@@ -279,6 +279,28 @@ TEST(EmfRecords, A_mask_may_choose_the_other_way_round) {
   const Pixels pixels = Masked(0xCCAA0029);
   EXPECT_EQ(ColorAt(pixels, 10, 10), white);
   EXPECT_EQ(ColorAt(pixels, 11, 10), red);
+}
+
+TEST(EmfRecords, A_mask_may_choose_between_any_two_operations) {
+  constexpr std::uint32_t copy = 0xCC, brush = 0xF0, invert = 0x55, blackness = 0;
+  const auto columns = [](std::uint32_t zeros, std::uint32_t ones) {
+    const Pixels pixels = Masked(zeros << 24 | ones << 16);
+    EXPECT_EQ(MarksIn(pixels, 0, 0, 100, 100), 4);
+    return std::pair(ColorAt(pixels, 10, 10), ColorAt(pixels, 11, 11));
+  };
+  EXPECT_EQ(columns(brush, copy), std::pair(red, green));
+  EXPECT_EQ(columns(copy, brush), std::pair(green, red));
+  EXPECT_EQ(columns(invert, copy), std::pair(red, black));
+  EXPECT_EQ(columns(blackness, brush), std::pair(green, black));
+}
+
+TEST(EmfRecords, A_widened_path_clips_to_what_its_stroke_covers) {
+  EmfWriter writer = EmfSheet(red);
+  writer.CreateGeometricPen(2, 0x200, 10, black).Select(2);
+  writer.Record(59, {}).MoveTo(20, 50).LineTo(80, 50).Record(60, {}).Record(66, {}).Record(67, {5});
+  const Pixels pixels = Drawn(writer.SelectStock(8).Rectangle(0, 0, 99, 99).File());
+  EXPECT_EQ(ColorAt(pixels, 50, 46), red);
+  EXPECT_EQ(MarksIn(pixels, 0, 0, 100, 100), 60 * 10);
 }
 
 // A bitmap of one bit a pixel, eight by eight, black on its left half.

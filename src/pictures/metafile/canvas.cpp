@@ -9,7 +9,6 @@
 namespace lumidex::metafile {
 namespace {
 
-constexpr double perStrokePoint = 700;
 constexpr double perLetter = 1500;
 // Drawing a letter of a size or slant that the renderer has not kept.
 constexpr double perNewLetter = 30000;
@@ -18,8 +17,6 @@ constexpr double perTiledPixel = 12;
 constexpr double perPlacedPixel = 40;
 constexpr double perCopiedPixel = 6;
 
-// More dashes than this in one stroke are not told apart any more.
-constexpr double mostDashes = 20000;
 // Letters larger than this, in pixels, are filled as outlines: the renderer would keep each as a picture.
 constexpr double largestDrawnLetter = 64;
 
@@ -108,37 +105,11 @@ void Canvas::Fill(const Clip& clip, const Path& path, FillRule rule, const Ink& 
 void Canvas::Stroke(const Clip& clip, const Path& path, const StrokeStyle& style, const Ink& ink,
                     int rasterOperation) {
   if (ink.kind == Ink::Kind::None || path.IsEmpty()) return;
-  const double width = style.width * style.pen.MeanScale();
-  const double reach = style.width * std::max(style.pen.HorizontalScale(), style.pen.VerticalScale()) *
-                       (style.join == CAIRO_LINE_JOIN_MITER ? std::max(1.0, style.miterLimit) : 1.0);
-  const Path lines = width < 1.5 ? path.WithCrispLines() : path;
-  const Box visible = Visible(clip, lines.Bounds().Grown(reach / 2));
+  const metafile::Stroke stroke(path, style);
+  const Box visible = Visible(clip, stroke.bounds);
   if (visible.IsEmpty()) return;
-  double period = 0;
-  for (const double dash : style.dashes) period += dash;
-  const double dashes = period > 0 ? lines.Length() / (period * style.pen.MeanScale()) : 0;
-  const bool dashed = dashes > 0 && dashes * static_cast<double>(style.dashes.size()) < mostDashes;
-  const double pieces = static_cast<double>(lines.PointCount()) + (dashed ? 2 * dashes : 0);
-  // Each piece has two sides, and ends as high as the line is wide.
-  const double rows = 2 * lines.EdgeRows(visible.top - reach, visible.bottom + reach) +
-                      pieces * 2 * std::min(width, visible.Height());
-  const double columns = 2 * lines.EdgeColumns(visible.left - reach, visible.right + reach);
-  const double touched = std::min(visible.Area(), lines.Length() * (width + 2) + pieces * width * width);
-  const double cost =
-      perShape + perStrokePoint * pieces + perEdgeRow * rows + perEdgeColumn * columns + perPixel * touched;
-  PaintShape(clip, visible, ink, rasterOperation, cost, [&](cairo_t* context) {
-    Trace(context, lines);
-    cairo_matrix_t pen;
-    cairo_matrix_init(&pen, style.pen.xx, style.pen.yx, style.pen.xy, style.pen.yy, 0, 0);
-    cairo_set_matrix(context, &pen);
-    cairo_set_line_width(context, style.width);
-    cairo_set_line_cap(context, style.cap);
-    cairo_set_line_join(context, style.join);
-    cairo_set_miter_limit(context, std::max(1.0, style.miterLimit));
-    cairo_set_dash(context, style.dashes.data(), dashed ? static_cast<int>(style.dashes.size()) : 0, 0);
-    cairo_stroke(context);
-    cairo_identity_matrix(context);
-  });
+  PaintShape(clip, visible, ink, rasterOperation, stroke.Cost(visible),
+             [&](cairo_t* context) { stroke.Paint(context); });
 }
 
 void Canvas::FillGradient(const Clip& clip, const Path& path, const ColorStop& first,

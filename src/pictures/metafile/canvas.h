@@ -51,6 +51,7 @@ struct StrokeStyle {
   cairo_line_join_t join = CAIRO_LINE_JOIN_ROUND;
   double miterLimit = 10;
   std::vector<double> dashes;  // lengths on and off in turn, in units of `pen`; none for a solid line
+  double dashOffset = 0;       // how far into them lines begin
 };
 
 // A stretch of a picture and where it goes.
@@ -77,6 +78,11 @@ class Canvas {
   Clip WholeClip() const { return {area_, nullptr}; }
   // Joins `path` to the clip; nothing reaches beyond `base`, within which the clip lies already.
   void CombineClip(Clip& clip, const Clip& base, const Path& path, FillRule rule, ClipMode mode);
+  // The same with another clip, and with what a stroke of `path` covers.
+  void CombineClip(Clip& clip, const Clip& base, const Clip& other, ClipMode mode);
+  void CombineClip(Clip& clip, const Clip& base, const Path& path, const StrokeStyle& style, ClipMode mode);
+  // Keeps of the clip what the image is opaque on.
+  void ClipToImage(Clip& clip, const ImagePart& part);
 
   // `rasterOperation` is a binary one, 1 to 16.
   void Fill(const Clip& clip, const Path& path, FillRule rule, const Ink& ink, int rasterOperation);
@@ -120,6 +126,10 @@ class Canvas {
   bool HoldsTile(const Pixels& tile) const;
   cairo_surface_t* TileSurface(const Pixels& tile);
   std::shared_ptr<cairo_surface_t> MakeMask();
+  // What `paint` covers with its operator, all of it within `bounds`, joins the clip.
+  using PaintCover = std::function<void(cairo_t*, cairo_operator_t)>;
+  void JoinCover(Clip& clip, const Clip& base, const Box& bounds, ClipMode mode, double cost,
+                 const PaintCover& paint);
   // The part of `bounds` that shows; empty when nothing does. Remembers the bounds for DrawnBox.
   Box Visible(const Clip& clip, const Box& bounds);
 

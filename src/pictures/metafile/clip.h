@@ -8,8 +8,9 @@
 
 namespace lumidex::metafile {
 
-// How a region or path joins the clip, numbered as in the records that name it.
-enum class ClipMode { And = 1, Or = 2, Xor = 3, Difference = 4, Copy = 5 };
+// How a region or path joins the clip, numbered as in the records that name it; the last, which takes the
+// clip out of what joins it, is known to the later records only.
+enum class ClipMode { And = 1, Or = 2, Xor = 3, Difference = 4, Copy = 5, Complement = 6 };
 
 struct Clip {
   Box box;                                // whole pixels of the picture

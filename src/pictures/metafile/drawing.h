@@ -48,6 +48,14 @@ struct Blit {
   int rasterOperation = sourceCopy;
 };
 
+Box TargetBox(const Blit& blit);
+
+// Of one bit a pixel: any colour but black is a one.
+struct Mask {
+  const Pixels& pixels;
+  Point from;  // the pixel that lies at the target's corner
+};
+
 class Drawing {
  public:
   Drawing(Canvas& canvas, const Device& device);
@@ -119,6 +127,9 @@ class Drawing {
   double TextWidth(const std::string& text);
 
   void Transfer(const Blit& blit, const Pixels& image);
+  // Transfers where the mask has ones, and with the other operation where it has zeros; the image may be null
+  // when none of the two takes one.
+  void TransferMasked(const Blit& blit, const Pixels* image, const Mask& mask, int zerosOperation);
   // A raster operation that takes no image.
   void TransferPattern(const Box& box, int rasterOperation);
   // Blends with the image's own transparency and `opacity`.

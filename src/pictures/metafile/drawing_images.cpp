@@ -1,6 +1,25 @@
 #include "pictures/metafile/drawing.h"
 
 namespace lumidex::metafile {
+namespace {
+
+constexpr double perMaskedPixel = 6;
+
+// Opaque where the mask has ones, which are not black, or its zeros.
+Pixels OpaqueWhere(const Pixels& mask, bool ones) {
+  Pixels result = Pixels::MakeUnfilled(mask.GetSize(), PixelFormat::Argb);
+  for (int y = 0; y < result.Height(); ++y)
+    std::ranges::transform(mask.Row(y), result.Row(y).begin(), [&](std::uint32_t word) {
+      return ((word & 0xFFFFFF) != 0) == ones ? 0xFF000000U : 0U;
+    });
+  return result;
+}
+
+}  // namespace
+
+Box TargetBox(const Blit& blit) {
+  return {blit.target.x, blit.target.y, blit.target.x + blit.targetSize.x, blit.target.y + blit.targetSize.y};
+}
 
 Matrix Drawing::BlitMatrix(const Blit& blit) const {
   const double across = blit.source.Width() != 0 ? blit.targetSize.x / blit.source.Width() : 0;
@@ -14,9 +33,31 @@ Matrix Drawing::BlitMatrix(const Blit& blit) const {
 
 void Drawing::Transfer(const Blit& blit, const Pixels& image) {
   const ImagePart part{image, blit.source.Normalised(), BlitMatrix(blit)};
-  const Path area = SheetBox(
-      {blit.target.x, blit.target.y, blit.target.x + blit.targetSize.x, blit.target.y + blit.targetSize.y});
+  const Path area = SheetBox(TargetBox(blit));
   canvas_.Transfer(state_.clip, area, blit.rasterOperation, &part, Completed(state_.brush));
+}
+
+void Drawing::TransferMasked(const Blit& blit, const Pixels* image, const Mask& mask, int zerosOperation) {
+  const double pixels = static_cast<double>(mask.pixels.Width()) * mask.pixels.Height();
+  const Box source = blit.source.Normalised();
+  const Point size = source.IsEmpty() ? Point{std::abs(blit.targetSize.x), std::abs(blit.targetSize.y)}
+                                      : Point{source.Width(), source.Height()};
+  Blit place = blit;
+  place.source = {mask.from.x, mask.from.y, mask.from.x + size.x, mask.from.y + size.y};
+  const Clip whole = state_.clip;
+  for (const bool ones : {true, false}) {
+    Blit part = blit;
+    if (!ones) part.rasterOperation = zerosOperation;
+    if (part.rasterOperation == keepPicture) continue;
+    if (!canvas_.Budget().Spend(perMaskedPixel * pixels)) break;
+    canvas_.ClipToImage(state_.clip, {OpaqueWhere(mask.pixels, ones), place.source, BlitMatrix(place)});
+    if (!UsesSource(part.rasterOperation)) {
+      TransferPattern(TargetBox(part), part.rasterOperation);
+    } else if (image) {
+      Transfer(part, *image);
+    }
+    state_.clip = whole;
+  }
 }
 
 void Drawing::TransferPattern(const Box& box, int rasterOperation) {

@@ -7,6 +7,7 @@ namespace lumidex::metafile {
 void Drawing::ClipToPath(ClipMode mode) {
   pathOpen_ = false;
   const Path path = std::exchange(path_, {}).Transformed({});
+  if (pathWidened_) return canvas_.CombineClip(state_.clip, state_.base, path, PenStyle(), mode);
   canvas_.CombineClip(state_.clip, state_.base, path, state_.fillRule, mode);
 }
 

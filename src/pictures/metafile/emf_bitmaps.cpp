@@ -16,10 +16,6 @@ Box MappedSource(Point from, Point size, const Matrix& map) {
   return {a.x, a.y, b.x, b.y};
 }
 
-Box TargetBox(const Blit& blit) {
-  return {blit.target.x, blit.target.y, blit.target.x + blit.targetSize.x, blit.target.y + blit.targetSize.y};
-}
-
 void MakeTransparent(Pixels& pixels, std::uint32_t color) {
   for (int y = 0; y < pixels.Height(); ++y) {
     for (std::uint32_t& word : pixels.Row(y))
@@ -133,7 +129,7 @@ void EmfPlayer::PlayMaskedBlock(Record& record) {
   // Two operations: for the mask's ones and, in the highest byte, its zeros.
   const std::uint32_t operations = reader.U32Le();
   blit.rasterOperation = static_cast<int>(operations >> 16 & 0xFF);
-  const bool inverted = operations >> 24 == sourceCopy && blit.rasterOperation == keepPicture;
+  const int zerosOperation = static_cast<int>(operations >> 24);
   const Point from = ReadPoint(reader);
   const Matrix map = ReadMatrix(reader);
   reader.Skip(4);
@@ -142,16 +138,24 @@ void EmfPlayer::PlayMaskedBlock(Record& record) {
   const Point maskFrom = ReadPoint(reader);
   const std::uint32_t maskUsage = reader.U32Le();
   const BitmapPlace maskPlace = ReadPlace(reader);
-  if (!UsesSource(blit.rasterOperation) && !inverted)
-    return drawing_.TransferPattern(TargetBox(blit), blit.rasterOperation);
-  auto image = DecodeAt(record, place, usage);
-  if (!image) return;
+  auto image = UsesSource(blit.rasterOperation) || UsesSource(zerosOperation) ? DecodeAt(record, place, usage)
+                                                                              : std::nullopt;
   blit.source = MappedSource(from, blit.targetSize, map);
   const auto mask = DecodeAt(record, maskPlace, maskUsage);
-  if (!mask) return drawing_.Transfer(blit, image->pixels);
-  // Nearly always copying and leaving alone.
-  ApplyMask(image->pixels, mask->pixels, {maskFrom.x - from.x, maskFrom.y - from.y}, inverted);
-  drawing_.Blend(blit, image->pixels, 1);
+  if (!mask && !UsesSource(blit.rasterOperation))
+    return drawing_.TransferPattern(TargetBox(blit), blit.rasterOperation);
+  if (!mask) {
+    if (image) drawing_.Transfer(blit, image->pixels);
+    return;
+  }
+  const bool copies = blit.rasterOperation == sourceCopy && zerosOperation == keepPicture;
+  const bool inverted = blit.rasterOperation == keepPicture && zerosOperation == sourceCopy;
+  if (image && (copies || inverted)) {
+    // Nearly always so, and cheaper with the mask as the image's transparency.
+    ApplyMask(image->pixels, mask->pixels, {maskFrom.x - from.x, maskFrom.y - from.y}, inverted);
+    return drawing_.Blend(blit, image->pixels, 1);
+  }
+  drawing_.TransferMasked(blit, image ? &image->pixels : nullptr, {mask->pixels, maskFrom}, zerosOperation);
 }
 
 void EmfPlayer::PlayParallelogram(Record& record) {

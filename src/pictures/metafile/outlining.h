@@ -19,6 +19,21 @@ inline constexpr double tolerance = 0.2;
 void Trace(cairo_t* context, const Path& path);
 void SetFillRule(cairo_t* context, FillRule rule);
 void ClipToBox(cairo_t* context, const Box& box);
+// Lines as they are stroked, and the box that they may touch.
+struct Stroke {
+  Stroke(const Path& path, const StrokeStyle& style);
+  // Of stroking the part in the visible box.
+  double Cost(const Box& visible) const;
+  void Paint(cairo_t* context) const;
+
+  const StrokeStyle& style;
+  Path lines;
+  Box bounds;
+
+ private:
+  // How many dashes there will be; 0 for solid lines.
+  double dashes_ = 0;
+};
 // Of filling with one colour the part of `path` that lies in `visible`.
 double FillCost(const Path& path, const Box& visible);
 
