@@ -212,6 +212,49 @@ TEST(EmfPlusRegions, An_area_of_several_parts_is_filled) {
   EXPECT_EQ(MarksIn(pixels, 0, 0, 100, 100), 50 * 50 + 100);
 }
 
+// How much of the sheet a clip leaves that is the one before, joined by `mode` with a region.
+int MarksThrough(const std::vector<std::uint8_t>& nodes, unsigned mode = 0) {
+  ByteWriter region;
+  region.U32Le(version).U32Le(0).Append(nodes);
+  PlusWriter writer;
+  writer.Object(regionKind, 0, region.Take()).Record(0x4032, 0, {0, 0, Float(60), Float(60)});
+  writer.Record(0x4034, mode << 8, {});
+  return MarksIn(Drawn(writer.FillBox(opaque | red, 0, 0, 100, 100).File()), 0, 0, 100, 100);
+}
+
+std::vector<std::uint8_t> Joined(std::uint32_t mode, const std::vector<std::uint8_t>& first,
+                                 const std::vector<std::uint8_t>& second) {
+  return ByteWriter().U32Le(mode).Append(first).Append(second).Take();
+}
+
+TEST(EmfPlusRegions, A_region_may_be_combined_of_combinations) {
+  constexpr std::uint32_t both = 1, either = 2, one = 3, without = 4, butNot = 5;
+  const auto left = BoxNode(0, 0, 50, 100), top = BoxNode(0, 0, 100, 50), corner = BoxNode(90, 90, 10, 10);
+  const auto everything = Words({0x10000003}), nothing = Words({0x10000002});
+  EXPECT_EQ(MarksThrough(Joined(without, left, Joined(both, left, top))), 2500);
+  EXPECT_EQ(MarksThrough(Joined(butNot, left, Joined(either, left, top))), 2500);
+  EXPECT_EQ(MarksThrough(Joined(one, corner, Joined(one, left, top))), 5100);
+  EXPECT_EQ(MarksThrough(Joined(either, Joined(both, left, top), Joined(without, corner, left))), 2600);
+  EXPECT_EQ(MarksThrough(Joined(without, Joined(either, left, top), Joined(both, left, top))), 5000);
+  EXPECT_EQ(MarksThrough(Joined(butNot, Joined(both, left, top), everything)), 7500);
+  EXPECT_EQ(MarksThrough(Joined(without, everything, Joined(either, nothing, left))), 5000);
+  EXPECT_EQ(MarksThrough(Joined(both, nothing, everything)), 0);
+}
+
+TEST(EmfPlusRegions, A_combined_region_joins_the_clip_before_it) {
+  constexpr std::uint32_t without = 4;
+  const auto lowerLeft = Joined(without, BoxNode(0, 0, 50, 100), BoxNode(0, 0, 100, 50));
+  EXPECT_EQ(MarksThrough(lowerLeft, 1), 50 * 10);
+  EXPECT_EQ(MarksThrough(lowerLeft, 2), 60 * 60 + 50 * 40);
+  EXPECT_EQ(MarksThrough(lowerLeft, 3), 60 * 60 + 50 * 40 - 50 * 10);
+  EXPECT_EQ(MarksThrough(lowerLeft, 4), 60 * 60 - 50 * 10);
+  EXPECT_EQ(MarksThrough(lowerLeft, 5), 50 * 40);
+}
+
+TEST(EmfPlusRegions, A_tree_without_its_last_part_hides_nothing) {
+  EXPECT_EQ(MarksThrough(ByteWriter().U32Le(1).Append(BoxNode(0, 0, 9, 9)).Take()), 10000);
+}
+
 TEST(EmfPlusCurves, A_closed_curve_runs_through_its_points) {
   PlusWriter writer;
   writer.Record(0x4016, colourInstead | narrow, {opaque | red, Float(0.5), 4},

@@ -78,38 +78,27 @@ PenObject ReadPen(ByteReader& reader, WorkBudget& budget) {
   return object;
 }
 
-// A tree of combinations, as far as each joins one more part to all before it; of others, the first part is
-// taken. Deeper trees than any program makes are cut.
+// A tree that is cut or makes no sense is everything.
 ClipObject ReadClip(ByteReader& reader) {
-  constexpr std::uint32_t lastMode = 5, box = 0x10000000, outline = 0x10000001, nothing = 0x10000002;
-  constexpr std::size_t mostParts = 64;
+  constexpr std::uint32_t lastMode = 5, box = 0x10000000, outline = 0x10000001, everything = 0x10000003;
+  constexpr std::size_t mostNodes = 65536;
   reader.Skip(8);
-  std::vector<unsigned> modes;
   ClipObject clip;
-  while (reader.Remaining() >= 4) {
+  std::size_t missing = 1;
+  while (missing > 0 && reader.Remaining() >= 4 && clip.nodes.size() < mostNodes) {
     const std::uint32_t kind = reader.U32Le();
-    if (kind >= 1 && kind <= lastMode && clip.parts.empty() && modes.size() < mostParts) {
-      modes.push_back(kind);
-      continue;
-    }
-    ClipPart part;
-    if (kind == box) {
-      part.outline.AddBox(ReadBox(reader, false));
-    } else if (kind == outline) {
+    const bool joins = kind >= 1 && kind <= lastMode;
+    if (!joins && (kind < box || kind > everything)) break;
+    ClipNode node{.mode = joins ? kind : 0, .everything = kind == everything};
+    if (kind == box) node.outline.AddBox(ReadBox(reader, false));
+    if (kind == outline) {
       ByteReader path = reader.Sub(reader.U32Le());
-      part.outline = ReadPath(path);
-    } else if (kind != nothing) {
-      part.everything = true;
+      node.outline = ReadPath(path);
     }
-    if (!clip.parts.empty()) {
-      part.mode = modes.back();
-      modes.pop_back();
-    }
-    clip.parts.push_back(std::move(part));
-    const bool known = kind >= box;
-    if (modes.empty() || !known) break;
+    clip.nodes.push_back(std::move(node));
+    missing = joins ? missing + 1 : missing - 1;
   }
-  if (clip.parts.empty()) clip.parts.push_back({.everything = true});
+  if (missing > 0) clip.nodes = {{.everything = true}};
   return clip;
 }
 

@@ -35,14 +35,15 @@ struct ImageObject {
   std::vector<std::uint8_t> bytes;
 };
 
-struct ClipPart {
-  unsigned mode = 0;  // how it joins the parts before it, as in the records that set a clip
+struct ClipNode {
+  unsigned mode = 0;  // how the two nodes behind it join, as in the records that set a clip; 0 for an area
   bool everything = false;
-  Path outline{};  // else, empty for nothing
+  Path outline{};  // of an area that is not everything; empty for nothing
 };
 
+// A tree of combinations, each before its two parts.
 struct ClipObject {
-  std::vector<ClipPart> parts;  // at least one
+  std::vector<ClipNode> nodes;  // at least one
 };
 
 using Object =

@@ -159,52 +159,6 @@ bool Player::PlayState(Record& record) {
   }
 }
 
-void Player::Clip(const Path& path, unsigned mode) {
-  constexpr std::array modes = {ClipMode::Copy, ClipMode::And,        ClipMode::Or,
-                                ClipMode::Xor,  ClipMode::Difference, ClipMode::And};
-  drawing_.BeginPath();
-  drawing_.Shape(path, false);
-  drawing_.EndPath();
-  drawing_.ClipToPath(modes[std::min<std::size_t>(mode, modes.size() - 1)]);
-}
-
-void Player::ClipTo(const ClipObject& clip, unsigned mode) {
-  if (clip.parts.size() > 1 && mode > 1) return Clip(clip.parts.front().outline, mode);
-  for (const ClipPart& part : clip.parts) {
-    const unsigned joins = part.mode != 0 ? part.mode : mode;
-    if (!part.everything) {
-      Clip(part.outline, joins);
-    } else if (joins == 0) {
-      drawing_.ResetClip();
-    }
-  }
-}
-
-bool Player::PlayClip(Record& record) {
-  const unsigned mode = record.flags >> 8 & 0xF;
-  switch (record.type) {
-    case 0x4031:
-      drawing_.ResetClip();
-      return true;
-    case 0x4032:
-      Clip(Path::OfBox(ReadBox(record.reader, false)), mode);
-      return true;
-    case 0x4033:
-      if (const auto* path = Get<Path>(record.ObjectNumber())) Clip(*path, mode);
-      return true;
-    case 0x4034:
-      if (const auto* clip = Get<ClipObject>(record.ObjectNumber())) ClipTo(*clip, mode);
-      return true;
-    case 0x4035: {
-      const double x = ReadFloat(record.reader);
-      drawing_.OffsetClip({x, ReadFloat(record.reader)});
-      return true;
-    }
-    default:
-      return false;
-  }
-}
-
 const Pixels* Player::ImageOf(unsigned number) {
   const auto* image = Get<ImageObject>(number);
   if (!image) return nullptr;

@@ -53,7 +53,9 @@ class Player {
   void Fill(const Path& path, const Brush& brush);
   void Stroke(const Path& path, std::uint32_t pen);
   void Clip(const Path& path, unsigned mode);
-  void ClipTo(const ClipObject& clip, unsigned mode);
+  void ClipTo(const ClipObject& area, unsigned mode);
+  // What the area covers of the whole sheet.
+  metafile::Clip AreaOf(const ClipObject& area);
   void FillArea(const ClipObject& area, const Brush& brush);
   void UpdateWorld();
   double UnitsOfDevice(Unit unit) const;

@@ -46,8 +46,8 @@ void Player::Stroke(const Path& path, std::uint32_t pen) {
 }
 
 void Player::FillArea(const ClipObject& area, const Brush& brush) {
-  if (area.parts.size() == 1 && !area.parts.front().everything)
-    return Fill(area.parts.front().outline, brush);
+  if (area.nodes.size() == 1 && !area.nodes.front().everything)
+    return Fill(area.nodes.front().outline, brush);
   drawing_.Save();
   ClipTo(area, 1);
   drawing_.State().world = {};
