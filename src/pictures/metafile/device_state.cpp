@@ -9,6 +9,15 @@ constexpr std::uint32_t whites[] = {0xFFFFFF, 0xC0C0C0, 0x808080, 0x404040, 0x00
 
 }  // namespace
 
+PaletteColors DefaultPalette() {
+  constexpr std::uint32_t colors[] = {0x000000, 0x800000, 0x008000, 0x808000, 0x000080, 0x800080, 0x008080,
+                                      0xC0C0C0, 0xC0DCC0, 0xA6CAF0, 0xFFFBF0, 0xA0A0A4, 0x808080, 0xFF0000,
+                                      0x00FF00, 0xFFFF00, 0x0000FF, 0xFF00FF, 0x00FFFF, 0xFFFFFF};
+  auto palette = std::make_shared<std::vector<std::uint32_t>>();
+  for (const std::uint32_t color : colors) palette->push_back(0xFF000000U | color);
+  return palette;
+}
+
 Object StockObject(unsigned number) {
   if (number <= 4) return Brush{.kind = Ink::Kind::Solid, .color = whites[number]};
   switch (number) {
@@ -30,6 +39,8 @@ Object StockObject(unsigned number) {
     case 14:
     case 17:
       return Font{.family = "Arial", .height = 16, .pitchAndFamily = 0x22};
+    case 15:
+      return DefaultPalette();
     case 18:
       return Brush{.kind = Ink::Kind::Solid, .color = 0xFFFFFF};
     default:

@@ -41,8 +41,10 @@ struct Font {
   int pitchAndFamily = 0;
 };
 
-// 0xAARRGGBB each.
-using PaletteColors = std::shared_ptr<const std::vector<std::uint32_t>>;
+// 0xAARRGGBB each; a palette that changes does so wherever it is selected.
+using PaletteColors = std::shared_ptr<std::vector<std::uint32_t>>;
+// The twenty colours that are there without making a palette.
+PaletteColors DefaultPalette();
 
 struct Region {
   std::vector<Box> boxes;  // logical units
@@ -50,7 +52,8 @@ struct Region {
 
 using Object = std::variant<std::monostate, Pen, Brush, Font, PaletteColors, Region>;
 
-// Pens, brushes and fonts that exist without being made, by their number; nothing for unknown numbers.
+// Pens, brushes, fonts and the palette that exist without being made, by their number; nothing for unknown
+// numbers.
 Object StockObject(unsigned number);
 
 namespace map_mode {
@@ -80,7 +83,7 @@ struct DeviceState {
   Pen pen;
   Brush brush{.kind = Ink::Kind::Solid, .color = 0xFFFFFF};
   Font font;
-  PaletteColors palette;
+  PaletteColors palette = DefaultPalette();
   std::uint32_t textColor = 0;
   std::uint32_t backgroundColor = 0xFFFFFF;
   bool opaqueBackground = true;

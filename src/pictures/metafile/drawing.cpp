@@ -55,7 +55,7 @@ void Drawing::Select(const Object& object) {
 }
 
 std::uint32_t Drawing::Color(std::uint32_t stored) const {
-  if (stored >> 24 == 1 && state_.palette && (stored & 0xFFFF) < state_.palette->size())
+  if (stored >> 24 == 1 && (stored & 0xFFFF) < state_.palette->size())
     return (*state_.palette)[stored & 0xFFFF] & 0xFFFFFF;
   return (stored & 0xFF) << 16 | (stored & 0xFF00) | (stored >> 16 & 0xFF);
 }

@@ -1,6 +1,7 @@
 #include "pictures/metafile/emf_player.h"
 #include "pictures/metafile/emf_reading.h"
 #include "pictures/metafile/letters.h"
+#include "pictures/metafile/palette_reading.h"
 
 namespace lumidex::metafile {
 namespace {
@@ -28,18 +29,6 @@ Font ReadFont(ByteReader& reader) {
   return font;
 }
 
-PaletteColors ReadPalette(ByteReader& reader) {
-  reader.Skip(2);
-  auto colors = std::make_shared<std::vector<std::uint32_t>>(
-      std::min<std::size_t>(reader.U16Le(), reader.Remaining() / 4));
-  for (std::uint32_t& color : *colors) {
-    const std::uint32_t red = reader.U8(), green = reader.U8(), blue = reader.U8();
-    reader.Skip(1);
-    color = 0xFF000000u | red << 16 | green << 8 | blue;
-  }
-  return colors;
-}
-
 }  // namespace
 
 bool EmfPlayer::PlayObject(unsigned type, Record& record) {
@@ -59,6 +48,19 @@ bool EmfPlayer::PlayObject(unsigned type, Record& record) {
     SelectObject(reader.U32Le());
     return true;
   }
+  if (type == 50 || type == 51) {
+    const Object object = ObjectAt(reader.U32Le());
+    if (const auto* palette = std::get_if<PaletteColors>(&object)) {
+      const std::uint32_t first = reader.U32Le();
+      if (type == 50) {
+        const std::uint32_t count = reader.U32Le();
+        ReadPaletteEntries(reader, first, count, **palette);
+      } else {
+        ResizePalette(**palette, first, drawing_.Sheet().Budget());
+      }
+    }
+    return true;
+  }
   if (!isCreation(type)) return false;
   const std::uint32_t number = reader.U32Le();
   Object object;
@@ -74,6 +76,7 @@ bool EmfPlayer::PlayObject(unsigned type, Record& record) {
     const std::uint32_t style = reader.U32Le(), color = drawing_.Color(reader.U32Le());
     object = PlainBrush(style, color, reader.U32Le());
   } else if (type == 49) {
+    reader.Skip(2);
     object = ReadPalette(reader);
   } else if (type == 82) {
     object = ReadFont(reader);
@@ -101,11 +104,12 @@ Object EmfPlayer::ReadExtendedPen(Record& record) {
   const BitmapPlace place = ReadPlace(reader);
   pen.style = reader.U32Le();
   pen.width = reader.U32Le();
-  const std::uint32_t brushStyle = reader.U32Le(), color = drawing_.Color(reader.U32Le());
-  pen.ink = PlainBrush(brushStyle, color, reader.U32Le());
+  const std::uint32_t brushStyle = reader.U32Le(), color = reader.U32Le();
+  pen.ink = PlainBrush(brushStyle, drawing_.Color(color), reader.U32Le());
   if (brushStyle == 1) pen.style = pen_style::null;
   if (brushStyle >= 3 && place.IsGiven()) {
-    if (auto tile = KeptTile(DecodeAt(record, place, 0), drawing_.Sheet().Budget())) {
+    // With a bitmap, the colour says what the bitmap's own colours are.
+    if (auto tile = KeptTile(DecodeAt(record, place, color & 0xFFFF), drawing_.Sheet().Budget())) {
       pen.ink.kind = Ink::Kind::Tiled;
       pen.ink.tile = *std::move(tile);
     }

@@ -1,4 +1,5 @@
 #include "pictures/metafile/letters.h"
+#include "pictures/metafile/palette_reading.h"
 #include "pictures/metafile/wmf_player.h"
 
 namespace lumidex::metafile {
@@ -43,18 +44,6 @@ Brush ReadBrush(ByteReader& record, const Drawing& drawing) {
   return brush;
 }
 
-PaletteColors ReadPalette(ByteReader& record) {
-  record.Skip(2);
-  auto colors = std::make_shared<std::vector<std::uint32_t>>(
-      std::min<std::size_t>(record.U16Le(), record.Remaining() / 4));
-  for (std::uint32_t& color : *colors) {
-    const std::uint32_t red = record.U8(), green = record.U8(), blue = record.U8();
-    record.Skip(1);
-    color = 0xFF000000u | red << 16 | green << 8 | blue;
-  }
-  return colors;
-}
-
 Region ReadRegion(ByteReader& record) {
   Region region;
   record.Skip(10);
@@ -86,7 +75,17 @@ bool WmfPlayer::PlayObject(unsigned function, ByteReader& record) {
       objects_.Add(ReadFont(record));
       return true;
     case 0x00F7:
+      record.Skip(2);
       objects_.Add(ReadPalette(record));
+      return true;
+    case 0x0037:
+    case 0x0436: {
+      const std::size_t first = record.U16Le(), count = record.U16Le();
+      ReadPaletteEntries(record, first, count, *drawing_.State().palette);
+      return true;
+    }
+    case 0x0139:
+      ResizePalette(*drawing_.State().palette, record.U16Le(), drawing_.Sheet().Budget());
       return true;
     case 0x06FF:
       objects_.Add(ReadRegion(record));
