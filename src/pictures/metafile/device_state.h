@@ -26,6 +26,9 @@ struct Pen {
   double width = 0;  // logical units
   Ink ink{.kind = Ink::Kind::Solid};
   std::vector<double> dashes;  // of a style of the user's own, logical units
+  double dashOffset = 0;       // how far into the dashes lines begin
+  bool roundDashes = false;
+  double miterLimit = 10;  // of the later kind; for others the state has it
 };
 
 struct Font {

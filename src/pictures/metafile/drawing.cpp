@@ -118,7 +118,11 @@ StrokeStyle Drawing::PenStyle() const {
 
   const unsigned dash = pen.style & dashMask;
   if (dash == user) {
-    for (const double length : pen.dashes) style.dashes.push_back(std::max(thin ? 1.0 : 1e-3, length));
+    // The lengths of a thin pen are those of the sheet.
+    const double scale = thin && isGeometric ? map.MeanScale() : 1;
+    for (const double length : pen.dashes)
+      style.dashes.push_back(std::max(thin ? 1.0 : 1e-3, length * scale));
+    style.dashOffset = pen.dashOffset * scale;
   } else if (dash == alternate) {
     style.dashes = {1, 1};
   } else if (dash >= 1 && dash <= 4 && isGeometric) {
@@ -126,13 +130,14 @@ StrokeStyle Drawing::PenStyle() const {
         {{3, 1}, {1, 1}, {3, 1, 1, 1}, {3, 1, 1, 1, 1, 1}}};
     for (const double multiple : multiples[dash - 1])
       if (multiple > 0) style.dashes.push_back(multiple * style.width);
+    if (!thin) style.dashOffset = pen.dashOffset;
   } else if (dash >= 1 && dash <= 4 && reach <= 1.001 * std::max(1.0, UnitOnSheet())) {
     constexpr std::array<std::array<double, 6>, 4> lengths = {
         {{18, 6}, {3, 3}, {9, 6, 3, 6}, {9, 3, 3, 3, 3, 3}}};
     for (const double length : lengths[dash - 1])
       if (length > 0) style.dashes.push_back(length * std::max(1.0, UnitOnSheet()));
   }
-  if (!style.dashes.empty() && cap == 0) style.cap = CAIRO_LINE_CAP_BUTT;
+  if (!style.dashes.empty() && cap == 0 && !pen.roundDashes) style.cap = CAIRO_LINE_CAP_BUTT;
   return style;
 }
 

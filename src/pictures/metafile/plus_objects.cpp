@@ -23,61 +23,6 @@ double PackedNumber(ByteReader& reader) {
   return static_cast<int>(value) - static_cast<int>((value & 0x4000) << 1);
 }
 
-Pen BasicPen(std::uint32_t width) {
-  return {.style = pen_style::geometric | pen_style::capFlat | pen_style::joinMiter,
-          .width = static_cast<double>(width),
-          .ink = {.kind = Ink::Kind::Solid},
-          .dashes = {}};
-}
-
-void SetDashes(Pen& pen, int lineStyle) {
-  pen.style = (pen.style & ~pen_style::dashMask) |
-              (lineStyle >= 1 && lineStyle <= 4 ? static_cast<unsigned>(lineStyle) : 0U);
-}
-
-PenObject ReadPen(ByteReader& reader, WorkBudget& budget) {
-  PenObject object{.pen = BasicPen(1)};
-  Pen& pen = object.pen;
-  reader.Skip(8);
-  const std::uint32_t given = reader.U32Le();
-  object.unit = static_cast<Unit>(std::min<std::uint32_t>(reader.U32Le(), 6));
-  pen.width = std::abs(ReadFloat(reader));
-  // What is given beyond that, one bit each, stands in the order of the bits.
-  const auto has = [&](unsigned bit) { return (given >> bit & 1) != 0; };
-  if (has(0)) reader.Skip(24);  // a map of the pen's own
-  if (has(1)) {
-    const std::uint32_t cap = reader.U32Le();
-    pen.style = (pen.style & ~pen_style::capMask) | (cap == 1   ? pen_style::capSquare
-                                                     : cap == 2 ? 0U
-                                                                : pen_style::capFlat);
-  }
-  if (has(2)) reader.Skip(4);
-  if (has(3)) {
-    const std::uint32_t join = reader.U32Le();
-    pen.style = (pen.style & ~pen_style::joinMask) | (join == 1   ? pen_style::joinBevel
-                                                      : join == 2 ? 0U
-                                                                  : pen_style::joinMiter);
-  }
-  if (has(4)) reader.Skip(4);
-  if (has(5)) SetDashes(pen, reader.S32Le());
-  if (has(6)) reader.Skip(4);
-  if (has(7)) reader.Skip(4);
-  if (has(8)) {
-    const std::uint32_t count = reader.U32Le();
-    for (std::uint32_t i = 0; i < count && reader.Remaining() >= 4; ++i) {
-      const double length = std::abs(ReadFloat(reader)) * pen.width;
-      if (i < 16) pen.dashes.push_back(length);
-    }
-    pen.style = (pen.style & ~pen_style::dashMask) | pen_style::user;
-  }
-  if (has(9)) reader.Skip(4);
-  if (has(10)) reader.Skip(std::min<std::size_t>(std::size_t{reader.U32Le()} * 4, reader.Remaining()));
-  for (const unsigned cap : {11U, 12U})
-    if (has(cap)) reader.Skip(std::min<std::size_t>(reader.U32Le(), reader.Remaining()));
-  pen.ink = ReadBrush(reader, budget);
-  return object;
-}
-
 // A tree that is cut or makes no sense is everything.
 ClipObject ReadClip(ByteReader& reader) {
   constexpr std::uint32_t lastMode = 5, box = 0x10000000, outline = 0x10000001, everything = 0x10000003;

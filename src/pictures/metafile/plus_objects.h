@@ -14,9 +14,18 @@ namespace lumidex::metafile::plus {
 // Units of lengths: those of the drawing, or fixed ones.
 enum class Unit { World = 0, Display = 1, Pixel = 2, Point = 3, Inch = 4, Document = 5, Millimetre = 6 };
 
+// What stands at the end of a line: in widths of the pen, y along the line and beyond its end at 0.
+struct LineCap {
+  Path filled{}, stroked{};
+  double inset = 0;  // how much shorter the line becomes
+  // Of the ends that the renderer has itself, its own number.
+  std::optional<unsigned> plain{};
+};
+
 struct PenObject {
-  Pen pen;
+  Pen pen;  // its ends are those of dashes
   Unit unit = Unit::World;
+  LineCap start{}, end{};
 };
 
 struct FontObject {
@@ -51,11 +60,19 @@ using Object =
 
 // Reads an object of the kind that the record names; nothing for kinds without a use here.
 Object ReadObject(unsigned kind, Bytes bytes, WorkBudget& budget);
+PenObject ReadPen(ByteReader& reader, WorkBudget& budget);
 Path ReadPath(ByteReader& reader);
 // Up to `count` points, as fractions or, when `narrow`, as 16-bit numbers; `relative` ones follow each other.
 std::vector<Point> ReadPoints(ByteReader& reader, std::size_t count, bool narrow, bool relative);
 // Left, top, width and height.
 Box ReadBox(ByteReader& reader, bool narrow);
+
+struct CappedLines {
+  Path lines;            // shortened where ends need it
+  Path filled, stroked;  // the ends
+};
+// Puts ends on all lines that have any; `width` is the pen's. Ends that cost more than is left are missing.
+CappedLines WithCaps(const Path& path, const PenObject& pen, double width, WorkBudget& budget);
 
 // The bytes of a stored picture that is a metafile; nothing of others.
 std::optional<Bytes> StoredMetafile(Bytes image);

@@ -38,11 +38,26 @@ void Player::Fill(const Path& path, const Brush& brush) {
 void Player::Stroke(const Path& path, std::uint32_t pen) {
   const auto* object = Get<PenObject>(pen);
   if (!object) return;
-  Pen& chosen = drawing_.State().pen;
-  chosen = object->pen;
-  chosen.width = Length(chosen.width, object->unit);
-  for (double& dash : chosen.dashes) dash = Length(dash, object->unit);
-  drawing_.Shape(path, false);
+  DeviceState& state = drawing_.State();
+  const double scale = world_.Then(page_).MeanScale();
+  const double width = Length(object->pen.width, object->unit);
+  const CappedLines capped =
+      WithCaps(path, *object, scale > 0 ? std::max(width, 1 / scale) : width, drawing_.Sheet().Budget());
+  state.pen = object->pen;
+  state.pen.width = width;
+  state.pen.dashOffset = Length(state.pen.dashOffset, object->unit);
+  for (double& dash : state.pen.dashes) dash = Length(dash, object->unit);
+  state.miterLimit = state.pen.miterLimit;
+  drawing_.Shape(capped.lines, false);
+  if (!capped.stroked.IsEmpty()) {
+    state.pen.style &= ~pen_style::dashMask;
+    state.pen.dashes.clear();
+    drawing_.Shape(capped.stroked, false);
+  }
+  if (capped.filled.IsEmpty()) return;
+  const FillRule rule = std::exchange(state.fillRule, FillRule::Winding);
+  Fill(capped.filled, object->pen.ink);
+  state.fillRule = rule;
 }
 
 void Player::FillArea(const ClipObject& area, const Brush& brush) {
