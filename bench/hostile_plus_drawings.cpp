@@ -128,6 +128,71 @@ File RegionsOfManyParts() {
   writer.Object(regionKind, 0, region.Take());
   return FilledPlus(std::move(writer), [](PlusWriter& w, int) { w.Record(0x4034, 0, {}); });
 }
+// A region whose every combination joins two others, as deep as so many combinations allow, used again and
+// again.
+File RegionsOfCombinations(int combinations, bool onTheRight) {
+  const auto leaf = [](int i) {
+    return Words(
+        {0x10000001, 28, version, 3, 0x4000, static_cast<std::uint32_t>(i), wide, wide << 16, 0x81010100});
+  };
+  ByteWriter region;
+  region.U32Le(version).U32Le(0);
+  if (onTheRight) {
+    for (int i = 0; i < combinations; ++i) region.U32Le(3).Append(leaf(i));
+    region.Append(leaf(0));
+  } else {
+    for (int i = 0; i < combinations; ++i) region.U32Le(3).U32Le(4).Append(leaf(i)).Append(leaf(i + 7));
+    region.Append(leaf(0));
+  }
+  PlusWriter writer(false, side);
+  writer.Object(regionKind, 0, region.Take());
+  return FilledPlus(std::move(writer), [](PlusWriter& w, int) { w.Record(0x4034, 0, {}); });
+}
+File RegionsNestedOnTheRight() {
+  return RegionsOfCombinations(60, true);
+}
+File RegionsOfManyCombinations() {
+  return RegionsOfCombinations(8000, false);
+}
+
+// A pen with the arrow or outline of so many points at both ends of its lines.
+PlusWriter CappedPen(std::span<const std::uint8_t> cap) {
+  ByteWriter pen;
+  pen.U32Le(version).U32Le(0).U32Le(3 << 11).U32Le(0).U32Le(Float(9));
+  for (int end = 0; end < 2; ++end) pen.U32Le(static_cast<std::uint32_t>(cap.size())).Append(cap);
+  pen.U32Le(version).U32Le(0).U32Le(0x80FF0000);
+  PlusWriter writer(false, side);
+  return writer.Object(penKind, 1, pen.Take());
+}
+File ShortCappedLines(PlusWriter writer) {
+  return FilledPlus(std::move(writer), [](PlusWriter& w, int) {
+    ByteWriter path;
+    constexpr std::uint32_t points = 800;
+    path.U32Le(version).U32Le(points).U32Le(0x4000);
+    for (std::uint32_t i = 0; i < points; ++i) path.U16Le(i * 7919 % wide).U16Le(i * 6007 % wide);
+    for (std::uint32_t i = 0; i < points; ++i) path.Add({static_cast<std::uint8_t>(i % 2)});
+    w.Object(pathKind, 2, path.Take());
+    for (int i = 0; i < 20; ++i) w.Record(0x4015, 2, {1});
+  });
+}
+File LinesWithArrows() {
+  return ShortCappedLines(
+      CappedPen(Words({version, 1, Float(30), Float(40), 0, 1, 0, 0, 0, Float(10), Float(1), 0, 0, 0, 0})));
+}
+File LinesWithOutlinedEnds() {
+  constexpr std::uint32_t points = 900;
+  ByteWriter outline;
+  outline.U32Le(version).U32Le(points).U32Le(0x4000);
+  for (std::uint32_t i = 0; i < points; ++i) outline.U16Le(i * 79 % 50).U16Le(i % 2 * 50);
+  for (std::uint32_t i = 0; i < points; ++i) outline.Add({static_cast<std::uint8_t>(i > 0)});
+  outline.PadTo(4);
+  ByteWriter cap;
+  for (const std::uint32_t word : {version, 0U, 3U, 0U, 0U, 0U, 0U, 0U, 0U, Float(1), 0U, 0U, 0U, 0U})
+    cap.U32Le(word);
+  for (int i = 0; i < 2; ++i) cap.U32Le(static_cast<std::uint32_t>(outline.Size())).Append(outline.Bytes());
+  return ShortCappedLines(CappedPen(cap.Bytes()));
+}
+
 File LongSplines() {
   PlusWriter writer(false, side);
   writer.Object(penKind, 1, Words({version, 0, 0, 0, Float(3), version, 0, 0xFF0000FF}));
@@ -203,6 +268,34 @@ File PolygonsOfAnotherOperation() {
     w.Record(86, {0, 0, side, side, 3000}, points.Take());
   });
 }
+// A path of many lines, widened, becomes the clip again and again.
+File WidenedClips() {
+  return FilledEmf(Tools(300), [](EmfWriter& w, int) {
+    ByteWriter points;
+    for (int i = 0; i < 200; ++i)
+      points.U16Le(static_cast<std::uint32_t>(i * 7919 % side)).U16Le(i % 2 == 0 ? 0 : wide);
+    w.Record(59, {}).Record(87, {0, 0, side, side, 200}, points.Take());
+    w.Record(60, {}).Record(66, {}).Record(67, {5});
+  });
+}
+// Two operations through a mask that is as large as a small record can ask for.
+File MaskedTransfers() {
+  constexpr std::int64_t one = std::bit_cast<std::uint32_t>(1.0F);
+  return FilledEmf(Tools(1), [](EmfWriter& w, int) {
+    const auto mask = Bitmap(4000, 4000, 1, 0, 2, std::vector<std::uint8_t>(600, 0x5A));
+    w.Record(78, {0, 0, 0, 0, 0, 0, side, side, 0x5AF00000, 0, 0, one, 0,  0,   one,
+                  0, 0, 0, 0, 0, 0, 0,    0,    0,          0, 0, 128, 48, 176, 600},
+             mask);
+  });
+}
+// The palette grows and shrinks.
+File ResizedPalettes() {
+  EmfWriter writer = Sheet();
+  for (int i = 1; i < 200; ++i) writer.Record(49, {i, 0x10300, 0xFF});
+  return FilledEmf(std::move(writer), [](EmfWriter& w, int i) {
+    w.Record(51, {i % 200, 65535}).Record(51, {i % 200, 1});
+  });
+}
 File Floods() {
   return FilledWmf(
       [](WmfWriter& w, int i) {
@@ -252,6 +345,13 @@ const std::vector<HostileFile>& HostilePlusDrawings() {
       {"hatches of the later kind", ".emf", PlusHatches},
       {"wrapped text", ".emf", WrappedText},
       {"regions of many parts", ".emf", RegionsOfManyParts},
+      {"regions nested on the right", ".emf", RegionsNestedOnTheRight},
+      {"regions of many combinations", ".emf", RegionsOfManyCombinations},
+      {"lines with arrows", ".emf", LinesWithArrows},
+      {"lines with outlined ends", ".emf", LinesWithOutlinedEnds},
+      {"widened clips", ".emf", WidenedClips},
+      {"masked transfers", ".emf", MaskedTransfers},
+      {"resized palettes", ".emf", ResizedPalettes},
       {"long splines", ".emf", LongSplines},
       {"drawings in drawings", ".emf", DrawingsInDrawings},
       {"pictures at each depth", ".emf", PicturesAtEachDepth},
