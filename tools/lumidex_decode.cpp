@@ -12,6 +12,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/out_of_memory.h"
 #include "base/run_time_error.h"
 #include "pictures/codec.h"
 #include "platform/posix/file_source.h"
@@ -143,7 +144,7 @@ int Run(const std::vector<std::string>& words) {
   bool allRead = true;
   for (std::size_t place = 0; place < arguments.files.size(); ++place) {
     try {
-      DecodeFile(arguments, place);
+      TellingOutOfMemory([&] { DecodeFile(arguments, place); });
     } catch (const RunTimeError& error) {
       std::cout << arguments.files[place] << "\terror\t" << error.what() << '\n';
       allRead = false;

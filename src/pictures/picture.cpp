@@ -4,6 +4,8 @@
 #include <mutex>
 #include <utility>
 
+#include "base/out_of_memory.h"
+
 namespace lumidex {
 
 // The mutex guards the cached pixels: a read-ahead thread may decode while the program asks.
@@ -38,7 +40,7 @@ Picture Picture::FromDecoder(std::unique_ptr<Decoder> decoder) {
 }
 
 Picture Picture::Open(const PictureData& data, const OpenOptions& options) {
-  return FromDecoder(OpenDecoder(data, options));
+  return TellingOutOfMemory([&] { return FromDecoder(OpenDecoder(data, options)); });
 }
 
 Picture Picture::FromPixels(Pixels pixels, int bitsPerPixel) {
@@ -91,7 +93,8 @@ Pixels Picture::PixelsFor(Size wanted) const {
   const bool exact = state_->facts.scalable && wanted.width > 0 && wanted.height > 0;
   const Size have = state_->pixels.GetSize();
   const bool good = exact ? have == wanted : Covers(have, wanted, state_->facts.size);
-  if (!good && state_->decoder) state_->Keep(state_->decoder->Decode({wanted}));
+  if (!good && state_->decoder)
+    state_->Keep(TellingOutOfMemory([&] { return state_->decoder->Decode({wanted}); }));
   return state_->pixels;
 }
 

@@ -2,7 +2,11 @@
 
 #include <gmock/gmock.h>
 
+#include <new>
+#include <utility>
+
 #include "gallery/encoders/jpeg_encoder.h"
+#include "number_raised.h"
 #include "pictures/support/byte_writer.h"
 
 namespace lumidex {
@@ -32,6 +36,25 @@ TEST(Picture, Released_pixels_of_a_file_are_whole_whatever_was_decoded_before) {
 
 TEST(Picture, The_empty_picture_gives_up_nothing) {
   EXPECT_TRUE(Picture::Release({}).IsEmpty());
+}
+
+// Has memory for all but the first decode.
+class HungryDecoder final : public Decoder {
+ public:
+  HungryDecoder() { facts_.size = {4, 4}; }
+  Pixels Decode(const DecodeRequest&) const override {
+    if (!std::exchange(fed_, true)) throw std::bad_alloc();
+    return Block();
+  }
+
+ private:
+  mutable bool fed_ = false;
+};
+
+TEST(Picture, A_lack_of_memory_while_decoding_is_the_programs_own_error_and_passes) {
+  const Picture picture = Picture::FromDecoder(std::make_unique<HungryDecoder>());
+  EXPECT_EQ(NumberRaisedBy([&] { picture.FullPixels(); }), 7);
+  EXPECT_EQ(picture.FullPixels().Row(3)[3], 0xFF123456U);
 }
 
 }  // namespace

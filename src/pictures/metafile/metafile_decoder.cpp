@@ -1,9 +1,8 @@
 #include "pictures/metafile/metafile_decoder.h"
 
 #include <cmath>
-#include <new>
 
-#include "base/run_time_error.h"
+#include "base/out_of_memory.h"
 
 namespace lumidex::metafile {
 namespace {
@@ -46,7 +45,7 @@ Pixels MetafileDecoder::Decode(const DecodeRequest& request) const {
   const bool possible = wanted.width > 0 && wanted.height > 0 && wanted.width <= limits_.side &&
                         wanted.height <= limits_.side &&
                         static_cast<double>(wanted.width) * wanted.height <= mostWantedPixels;
-  try {
+  return TellingOutOfMemory([&] {
     Pixels pixels = Pixels::Make(possible ? wanted : facts_.size, PixelFormat::Rgb, 0xFFFFFFFF);
     const std::vector<std::uint8_t> bytes = data_.All();
     WorkBudget budget(workPerMebibyte * std::max(1.0, static_cast<double>(bytes.size()) / (1 << 20)));
@@ -55,9 +54,7 @@ Pixels MetafileDecoder::Decode(const DecodeRequest& request) const {
     Play(bytes, canvas, {.unitToSheet = {.xx = area.Width(), .yy = area.Height()}});
     canvas.Finish();
     return pixels;
-  } catch (const std::bad_alloc&) {
-    throw RunTimeError(ErrorNumber::OutOfMemory);
-  }
+  });
 }
 
 }  // namespace lumidex::metafile
