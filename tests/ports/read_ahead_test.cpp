@@ -6,6 +6,8 @@
 #include <utility>
 
 #include "gallery/encoders/bmp_encoder.h"
+#include "gallery/encoders/cut_encoder.h"
+#include "gallery/encoders/emf_encoder.h"
 #include "gallery/encoders/jpeg_encoder.h"
 #include "platform/headless/headless_platform.h"
 
@@ -217,6 +219,26 @@ TEST_F(ReadAheadTest, Work_that_a_wish_made_meanwhile_holds_too_goes_on) {
   EXPECT_FALSE(Find("/b.bmp").IsEmpty());
 }
 
+TEST_F(ReadAheadTest, A_palette_beside_the_file_comes_with_it) {
+  const auto palette = EncodeCutPalette({0xFFFF0000U});
+  const auto picture = EncodeCut({{1, 1}, {}, {0}});
+  platform.files.AddFile("/halo.pal", {palette.begin(), palette.end()});
+  platform.files.AddFile("/halo.cut", {picture.begin(), picture.end()});
+  Want({"/halo.cut"});
+  RunAll();
+  const Picture found = ahead.Find("/halo.cut", PictureStamp(platform.files, "/halo.cut"), {});
+  EXPECT_THAT(found.FullPixels().Row(0), testing::ElementsAre(0xFFFF0000U));
+}
+
+TEST_F(ReadAheadTest, A_drawing_is_opened_and_not_yet_drawn) {
+  const auto drawing = EmfWriter(40, 20).MoveTo(1, 1).LineTo(30, 15).File();
+  platform.files.AddFile("/drawing.emf", {drawing.begin(), drawing.end()});
+  Want({"/drawing.emf"});
+  RunAll();
+  EXPECT_FALSE(Find("/drawing.emf").IsEmpty());
+  EXPECT_EQ(Find("/drawing.emf").HeldBytes(), 0U);
+}
+
 TEST_F(ReadAheadTest, Whatever_goes_wrong_with_one_picture_the_next_is_read) {
   const auto noMemory = [](Size full) -> Size {
     if (full.width == 50) throw std::bad_alloc();
@@ -234,6 +256,7 @@ class InterruptedFiles final : public FileSystem {
  public:
   explicit InterruptedFiles(FileSystem& files) : files_(files) {}
   std::function<void()> whileDecoding;
+  mutable int reads = 0;
 
   char Separator() const override { return files_.Separator(); }
   std::vector<std::string> Drives() const override { return files_.Drives(); }
@@ -246,7 +269,7 @@ class InterruptedFiles final : public FileSystem {
   std::uint64_t DirectoryStamp(const std::string& path) const override { return files_.DirectoryStamp(path); }
   std::optional<FileFacts> Look(const std::string& path) const override { return files_.Look(path); }
   std::shared_ptr<const ByteSource> Open(const std::string& path) const override {
-    return std::make_shared<Source>(files_.Open(path), whileDecoding);
+    return std::make_shared<Source>(files_.Open(path), whileDecoding, reads);
   }
   void Write(const std::string& path, const Produce& produce) override { files_.Write(path, produce); }
   void WriteOver(const std::string& path, std::string_view content) override {
@@ -258,10 +281,11 @@ class InterruptedFiles final : public FileSystem {
  private:
   class Source final : public ByteSource {
    public:
-    Source(std::shared_ptr<const ByteSource> source, std::function<void()> once)
-        : source_(std::move(source)), once_(std::move(once)) {}
+    Source(std::shared_ptr<const ByteSource> source, std::function<void()> once, int& reads)
+        : source_(std::move(source)), once_(std::move(once)), reads_(reads) {}
     std::uint64_t Size() const override { return source_->Size(); }
     std::size_t ReadAt(std::uint64_t offset, std::span<std::uint8_t> into) const override {
+      ++reads_;
       if (offset >= PictureData::HeadSize && once_) std::exchange(once_, {})();
       return source_->ReadAt(offset, into);
     }
@@ -269,6 +293,7 @@ class InterruptedFiles final : public FileSystem {
    private:
     std::shared_ptr<const ByteSource> source_;
     mutable std::function<void()> once_;
+    int& reads_;
   };
   FileSystem& files_;
 };
@@ -279,6 +304,17 @@ class ReadAheadWhileDecoding : public ReadAheadTest {
   ReadAhead reading{disk, 3 * pictureBytes};
   int interruptions = 0;
 
+  // 800 by 800 pixels that take several reads.
+  void AddNoise(const std::string& path) {
+    Pixels noise = Pixels::Make({800, 800}, PixelFormat::Rgb, 0);
+    std::uint32_t state = 1;
+    for (int y = 0; y < 800; ++y) {
+      for (std::uint32_t& word : noise.Row(y))
+        word = 0xFF000000U | (state = state * 1664525 + 1013904223) >> 8;
+    }
+    const auto bytes = EncodeJpeg(noise, 50);
+    platform.files.AddFile(path, {bytes.begin(), bytes.end()});
+  }
   Picture FindNow(const std::string& path) { return reading.Find(path, Stamp(path), {}); }
   // Reads /a.bmp; `meanwhile` happens in the midst.
   void ReadAnd(std::function<void()> meanwhile) {
@@ -327,14 +363,22 @@ TEST_F(ReadAheadWhileDecoding, A_current_picture_that_takes_the_room_meanwhile_k
   EXPECT_TRUE(FindNow("/a.bmp").IsEmpty());
 }
 
+TEST_F(ReadAheadWhileDecoding, Work_that_nobody_wants_any_longer_reads_no_further) {
+  AddNoise("/photo.jpg");
+  int readBefore = 0;
+  disk.whileDecoding = [&] {
+    ++interruptions;
+    readBefore = disk.reads;
+    reading.Want({}, {{"/b.bmp"}, {}, Whole});
+  };
+  reading.Want({}, {{"/photo.jpg"}, {}, [](Size) { return Size{1, 1}; }});
+  reading.RunNext();
+  EXPECT_EQ(interruptions, 1);
+  EXPECT_EQ(disk.reads, readBefore);
+}
+
 TEST_F(ReadAheadWhileDecoding, A_reduced_picture_is_not_begun_when_its_longer_side_leaves_no_room) {
-  Pixels noise = Pixels::Make({800, 800}, PixelFormat::Rgb, 0);
-  std::uint32_t state = 1;
-  for (int y = 0; y < 800; ++y) {
-    for (std::uint32_t& word : noise.Row(y)) word = 0xFF000000U | (state = state * 1664525 + 1013904223) >> 8;
-  }
-  const auto bytes = EncodeJpeg(noise, 50);
-  platform.files.AddFile("/photo.jpg", {bytes.begin(), bytes.end()});
+  AddNoise("/photo.jpg");
   disk.whileDecoding = [this] { ++interruptions; };
   const auto readIn = [&](std::size_t budget) {
     interruptions = 0;
