@@ -175,6 +175,13 @@ TEST(MetafileLetters, Of_a_sign_that_there_is_no_other_for_only_the_room_is_left
   EXPECT_EQ(SignIn("Marlett", 'a'), " ");
 }
 
+TEST(MetafileLetters, A_face_knows_which_letters_it_has) {
+  const TextFace face("DejaVu Sans", false, false);
+  EXPECT_TRUE(face.Has("aα"));
+  EXPECT_TRUE(face.Has(""));
+  EXPECT_FALSE(face.Has("\xF4\x8F\xBF\xBD"));
+}
+
 TEST(MetafileLetters, Surrogate_pairs_become_one_letter) {
   const std::uint8_t bytes[] = {0x3D, 0xD8, 0x00, 0xDE};
   const auto letters = LettersFromUtf16(bytes, {});

@@ -121,7 +121,7 @@ class Drawing {
   // From here on the clip can only become smaller than it is now.
   void KeepClip() { state_.base = state_.clip; }
 
-  void Text(const TextLine& line);
+  void Text(TextLine line);
   // How wide letters of the selected font are without further spacing, logical units; 0 when the budget is
   // spent.
   double TextWidth(const std::string& text);

@@ -64,7 +64,8 @@ std::string FamilyOf(const Font& font, const std::string& text, TextFaces& faces
   std::string name = font.family.starts_with('@') ? font.family.substr(1) : font.family;
   for (const Substitute& substitute : substitutes)
     if (HasSameLetters(name, substitute.name)) return substitute.family;
-  if (HasOwnSigns(name)) return "sans-serif";
+  // The one that has nearly all of the signs.
+  if (HasOwnSigns(name)) return "DejaVu Sans";
   // In place of one that is not here, the system offers whatever is its first font, most often a wide one.
   if (name.empty() || (IsEuropean(text) && !faces.IsInstalled(name))) return FamilyOfKind(font);
   return name;
@@ -124,7 +125,7 @@ double Drawing::TextWidth(const std::string& text) {
   return face.Advance(text) * EmWidth(face);
 }
 
-void Drawing::Text(const TextLine& line) {
+void Drawing::Text(TextLine line) {
   const Font& font = state_.font;
   const Ink background{.kind = Ink::Kind::Solid, .color = state_.backgroundColor};
   if (line.fillBox) canvas_.Fill(state_.clip, SheetBox(line.box), FillRule::Winding, background, copyPen);
@@ -139,6 +140,13 @@ void Drawing::Text(const TextLine& line) {
   std::string whole;
   for (const TextUnit& unit : line.units) whole += unit.text;
   const TextFace& face = FaceFor(whole);
+  if (HasOwnSigns(font.family)) {
+    whole.clear();
+    for (TextUnit& unit : line.units) {
+      if (!face.Has(unit.text)) unit.text = " ";
+      whole += unit.text;
+    }
+  }
   const double height = EmHeight(face);
   double width = EmWidth(face);
   if (!(width > 0) || !(height > 0)) return;

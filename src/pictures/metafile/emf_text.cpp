@@ -64,7 +64,7 @@ void EmfPlayer::PlayTextString(Record& record, bool wide) {
     }
     line.units.push_back(std::move(unit));
   }
-  drawing_.Text(line);
+  drawing_.Text(std::move(line));
 }
 
 void EmfPlayer::PlayTextStrings(Record& record, bool wide) {
@@ -95,7 +95,7 @@ void EmfPlayer::PlaySmallText(Record& record) {
   const Font& font = drawing_.State().font;
   for (const Letter& letter : small ? LettersFromCodePage(stored, font) : LettersFromUtf16(stored, font))
     line.units.push_back({letter.text, 0});
-  drawing_.Text(line);
+  drawing_.Text(std::move(line));
 }
 
 }  // namespace lumidex::metafile

@@ -80,7 +80,7 @@ void Player::PlayString(Record& record) {
   Point at{box.left + box.Width() * format.across / 2, box.top + (box.Height() - height) * format.down / 2};
   for (TextLine& line : lines) {
     line.at = at;
-    drawing_.Text(line);
+    drawing_.Text(std::move(line));
     at.y += lineHeight;
   }
 }
@@ -111,7 +111,7 @@ void Player::PlayGlyphs(Record& record) {
     TextLine line;
     line.at = places[place];
     line.units = {{letter.text, 0}};
-    drawing_.Text(line);
+    drawing_.Text(std::move(line));
     place += letter.codes;
   }
 }

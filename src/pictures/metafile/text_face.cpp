@@ -1,5 +1,6 @@
 #include "pictures/metafile/text_face.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace lumidex::metafile {
@@ -42,6 +43,18 @@ double TextFace::Advance(const std::string& text) const {
   cairo_text_extents_t extents{};
   cairo_scaled_font_text_extents(measuring_.get(), text.c_str(), &extents);
   return std::isfinite(extents.x_advance) ? extents.x_advance / measuringSize : 0;
+}
+
+bool TextFace::Has(const std::string& text) const {
+  cairo_glyph_t* glyphs = nullptr;
+  int count = 0;
+  const cairo_status_t status =
+      cairo_scaled_font_text_to_glyphs(measuring_.get(), 0, 0, text.c_str(), static_cast<int>(text.size()),
+                                       &glyphs, &count, nullptr, nullptr, nullptr);
+  const std::unique_ptr<cairo_glyph_t, decltype(&cairo_glyph_free)> owned(glyphs, &cairo_glyph_free);
+  // Number 0 is the box for what is missing.
+  return status == CAIRO_STATUS_SUCCESS &&
+         std::none_of(glyphs, glyphs + count, [](const cairo_glyph_t& glyph) { return glyph.index == 0; });
 }
 
 Path TextFace::Outline(const std::string& text) const {

@@ -20,6 +20,8 @@ class TextFace {
   double Descent() const { return descent_; }
   // How far `text` (UTF-8) moves the pen, in ems.
   double Advance(const std::string& text) const;
+  // Whether the font can show these letters.
+  bool Has(const std::string& text) const;
   // The mean advance of the small letters, in ems.
   double MeanAdvance() const { return meanAdvance_; }
 

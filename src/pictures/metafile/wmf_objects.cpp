@@ -143,7 +143,7 @@ bool WmfPlayer::PlayText(unsigned function, ByteReader& record) {
     for (std::size_t i = 0; line.hasAdvances && i < letter.codes; ++i) unit.advance += record.S16Le();
     line.units.push_back(std::move(unit));
   }
-  drawing_.Text(line);
+  drawing_.Text(std::move(line));
   return true;
 }
 
