@@ -159,6 +159,7 @@ TEST(JpegOptions, Each_dithering_spreads_the_colours_its_own_way) {
 TEST(JpegOptions, Greys_and_inks_are_left_alone) {
   const DecoderOptions reduced{.reduceColours = true};
   std::vector<std::uint8_t> samples;
+  samples.reserve(std::size_t{4} * 64);
   for (int i = 0; i < 4 * 64; ++i) samples.push_back(static_cast<std::uint8_t>(i * 3));
   const auto inks = WriteJpeg({8, 8}, samples, {.components = 4});
   EXPECT_EQ(WordsOf(Decoded(inks, reduced)), WordsOf(Decoded(inks, {})));

@@ -80,6 +80,9 @@ const char* CodePageOf(int charset) {
   }
 }
 
+// What iconv_open gives when it does not know a code page.
+const auto noConverter = std::bit_cast<iconv_t>(std::intptr_t{-1});
+
 class Converter {
  public:
   explicit Converter(const char* codePage) : handle_(iconv_open("UTF-8", codePage)) {}
@@ -93,17 +96,17 @@ class Converter {
   std::string Convert(Bytes bytes) const {
     if (!IsOpen()) return {};
     std::array<char, 4> from{};
-    std::copy_n(bytes.begin(), std::min(bytes.size(), from.size()), from.begin());
     std::array<char, 32> to{};
+    std::size_t inLeft = std::min(bytes.size(), from.size()), outLeft = to.size();
+    std::copy_n(bytes.begin(), inLeft, from.begin());
     char *in = from.data(), *out = to.data();
-    std::size_t inLeft = bytes.size(), outLeft = to.size();
     iconv(handle_, nullptr, nullptr, nullptr, nullptr);
     if (iconv(handle_, &in, &inLeft, &out, &outLeft) == static_cast<std::size_t>(-1)) return {};
     return {to.data(), to.size() - outLeft};
   }
 
  private:
-  bool IsOpen() const { return handle_ != std::bit_cast<iconv_t>(std::intptr_t{-1}); }
+  bool IsOpen() const { return handle_ != noConverter; }
   iconv_t handle_;
 };
 

@@ -122,8 +122,10 @@ bool TextFaces::IsInstalled(const std::string& family) {
 #ifdef LUMIDEX_LEAK_CHECKED
 // The renderer keeps the fonts it used for the next time, and the font matcher links their descriptions by
 // distances instead of pointers, which the leak checker can not follow.
+// NOLINTBEGIN(bugprone-reserved-identifier): the leak checker fixes the name.
 extern "C" const char* __lsan_default_suppressions();
 extern "C" const char* __lsan_default_suppressions() {
   return "leak:libfontconfig\n";
 }
+// NOLINTEND(bugprone-reserved-identifier)
 #endif
