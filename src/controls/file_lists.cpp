@@ -160,6 +160,14 @@ void DirList::SetListIndex(int index) {
   Changed.Emit();
 }
 
+void DirList::OpenHighlighted() {
+  try {
+    SetPath(List(listIndex_));
+  } catch (const RunTimeError&) {
+    SetListIndex(-1);
+  }
+}
+
 void DirList::UserHighlight(int index) {
   if (UserMayAct()) SetListIndex(index);
 }
@@ -167,7 +175,7 @@ void DirList::UserHighlight(int index) {
 void DirList::UserOpen(int index) {
   if (!UserMayAct()) return;
   SetListIndex(index);
-  SetPath(List(index));
+  OpenHighlighted();
 }
 
 void DirList::UserKey(int keyCode) {
@@ -240,7 +248,13 @@ void FileList::Forget() {
 
 const std::vector<std::string>& FileList::Names() const {
   if (listing_ || path_.empty()) return names_;
-  listing_ = reader_.Read(path_);
+  try {
+    listing_ = reader_.Read(path_);
+  } catch (const RunTimeError&) {
+    // A directory that has gone since it was set holds no files; whoever counts them is no place for an
+    // error.
+    listing_ = std::make_shared<DirectoryReader::Listing>();
+  }
   for (const std::string& name : listing_->files) {
     if (patterns_.Matches(name)) names_.push_back(name);
   }

@@ -59,6 +59,9 @@ class DirList final : public Control {
   void SetListIndex(int index);
 
   Event<> OnChange;
+  // Goes to the highlighted row, as the user asks for. One that can't be entered is left: the list stays
+  // where it is, on its own directory.
+  void OpenHighlighted();
   // A click highlights, a double click or Enter opens.
   void UserHighlight(int index);
   void UserOpen(int index);
@@ -89,6 +92,7 @@ class FileList final : public Control {
   void Refresh();
   // Semicolon-separated, without regard to case; empty matches nothing.
   Property<std::string> Pattern;
+  // A directory that can't be read any more has none.
   std::int16_t ListCount() const;
   // As many as there are, where ListCount ends at what 16 bits can say.
   int FileCount() const;

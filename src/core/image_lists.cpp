@@ -17,11 +17,10 @@ void RaiseCount(App& app, int by) {
   count.Caption = Number(Val(count.Caption.Get()) + by);
 }
 
-// Both ways of selecting are written, as everywhere; the second finds nothing left to change.
+// The position alone: the flag would say the same again. After a command that ran in the yields of the click
+// it would take back what that one selected, or ask for an entry that it removed.
 void SelectDisplayEntry(App& app, std::int32_t position) {
-  ListBox& list = app.WPaper2.LstRight;
-  list.SetListIndex(position);
-  list.SetSelected(position, true);
+  app.WPaper2.LstRight.SetListIndex(position);
 }
 
 void ShowCurrentIndex(App& app) {
@@ -29,14 +28,16 @@ void ShowCurrentIndex(App& app) {
 }
 
 void SayNotAvailable(App& app, const std::string& path) {
+  ++app.pictureRequests;
   UpdateStatusBar(app, ProperFileName(app, path) + " - not available", false);
 }
 
 // Brings a file up, or says that it is not there.
 void ShowFile(App& app, const std::string& path) {
   if (FileExists(app, path)) {
+    const auto request = ++app.pictureRequests;
     DisplayCurrentImage(app, path, false, GetZoomFactor(app));
-    UpdateStatusBar(app, path, true);
+    if (app.pictureRequests == request) UpdateStatusBar(app, path, true);
   } else {
     SayNotAvailable(app, path);
   }
@@ -119,11 +120,14 @@ void AddOneToDisplayList(App& app) {
   const int position = selection.ListIndex();
   if (position < 0) return;
   display.AddItem(selection.Text());
-  display.SetListIndex(display.ListCount() - 1);
+  // Taken away before the picture comes up: pressed again in those yields, Add One would add the entry twice
+  // and take its neighbour away.
   selection.RemoveItem(position);
-  RaiseCount(app, 1);
+  SelectDisplayEntry(app, display.ListCount() - 1);
+  // The list may have been emptied, or another one loaded, in the same yields.
+  if (Val(app.WPaper2.lblCount.Caption.Get()) < display.ListCount()) RaiseCount(app, 1);
   // Back to the first entry after every add, however long the list is.
-  SelectDisplayEntry(app, 0);
+  if (display.ListCount() > 0) SelectDisplayEntry(app, 0);
   UpdateEnableState(app);
   SetDisplayListExtent(app);
 }
@@ -137,9 +141,10 @@ void AddAllToDisplayList(App& app) {
       app.WPaper2.LstRight.AddItem(selection.List(position));
       RaiseCount(app, 1);
     }
+    // Emptied before the picture comes up: pressed again in those yields, Add All would add everything twice.
+    selection.Clear();
     SelectDisplayEntry(app, 0);
     SetDisplayListExtent(app);
-    selection.Clear();
   });
   UpdateEnableState(app);
 }
@@ -152,9 +157,10 @@ void RemoveOneFromDisplayList(App& app) {
     ZapDisplayList(app);
   } else {
     display.RemoveItem(position);
+    // Counted before the picture comes up: in those yields the list may be emptied, and its count with it.
+    RaiseCount(app, -1);
     SelectDisplayEntry(app, position == 0 ? 0 : position - 1);
     display.SetFocus();
-    RaiseCount(app, -1);
     app.platform.events.Yield();
     SetDisplayListExtent(app);
   }
@@ -164,6 +170,7 @@ void RemoveOneFromDisplayList(App& app) {
 
 void ZapDisplayList(App& app) {
   WPaper2Window& window = app.WPaper2;
+  ++app.pictureRequests;
   window.LstRight.Clear();
   window.lblCount.Caption = "0";
   window.CurrentPicture.Caption = "";

@@ -12,7 +12,10 @@ void UpdateStatusBar(App& app, const std::string& text, bool withImageInfo) {
   std::string name = working;
   std::string facts;
   if (withImageInfo) {
+    const auto request = app.pictureRequests;
     GetImageInfo(app, working, app.ImageWidth, app.ImageHeight, app.ImageBitsPerPixel);
+    // Another picture, asked for in the yield, is told there already.
+    if (app.pictureRequests != request) return;
     name = ProperFileName(app, working);
     facts = Number(app.ImageWidth) + " X " + Number(app.ImageHeight) + " X " + Number(app.ImageBitsPerPixel);
   }

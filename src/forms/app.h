@@ -80,6 +80,9 @@ struct App : GlobalRecord {
 
   // ExitProgram has begun; a second one, as the unloading of the main window asks for, changes nothing.
   bool exiting = false;
+  // Counts what was asked to be shown, an emptied list too: what yields while it shows a picture ends where
+  // another was asked for meanwhile.
+  std::uint64_t pictureRequests = 0;
 };
 
 }  // namespace lumidex

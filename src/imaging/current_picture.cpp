@@ -56,7 +56,9 @@ void MoveZoomCheck(App& app, int from, int to) {
 void DisplayCurrentImage(App& app, const std::string& path, bool alreadyLoaded, float zoom) {
   WPaper2Window& window = app.WPaper2;
   EventQueue& events = app.platform.events;
+  const auto request = app.pictureRequests;
   UpdateEnableState(app);
+  if (app.pictureRequests != request) return;
   window.Pointer = MousePointer::Hourglass;
   if (Trim(path).empty() || !FileExists(app, path)) {
     window.Pointer = MousePointer::Default;
@@ -64,9 +66,17 @@ void DisplayCurrentImage(App& app, const std::string& path, bool alreadyLoaded, 
   }
   window.Image1.Visible = false;
   if (!alreadyLoaded) LoadPictureFile(app, path);
-  app.CurrentImagePath = path;
-  GetImageInfo(app, path, app.ImageWidth, app.ImageHeight, app.ImageBitsPerPixel);
-  events.Yield();
+  if (app.pictureRequests == request) {
+    app.CurrentImagePath = path;
+    GetImageInfo(app, path, app.ImageWidth, app.ImageHeight, app.ImageBitsPerPixel);
+    events.Yield();
+  }
+  // Another picture was asked for in a yield, and stands there by now; or the list was emptied.
+  if (app.pictureRequests != request) {
+    window.Image1.Visible = true;
+    window.Pointer = MousePointer::Default;
+    return;
+  }
   // Read after the yields: the window may have been resized in one. Its own redraw is over then, so this one
   // is for the new area too.
   const std::int16_t areaWidth = ToInt16(static_cast<double>(window.Picture1.ScaleWidth()));
@@ -121,8 +131,10 @@ void ReadNeighboursAhead(App& app) {
 
 void LoadPictureFile(App& app, const std::string& path) {
   try {
+    const auto request = app.pictureRequests;
     app.checkjpg.Picture1.SetFileName(path);
     app.platform.events.Yield();
+    if (app.pictureRequests != request) return;
     ShowWorkingPicture(app);
     if (InStr(UCase(path), ".GIF") > 0) {
       app.WPaper2.Image1.Picture = app.platform.loader.LoadPicture(path);

@@ -44,10 +44,6 @@ void Dir1_Change(App& app) {
   for (auto& label : dialog.lblFileInfo) label->Caption = "";
 }
 
-void OpenHighlighted(Dialog& dialog) {
-  dialog.Dir1.SetPath(dialog.Dir1.List(dialog.Dir1.ListIndex()));
-}
-
 std::string LengthText(std::int16_t pixels) {
   return pixels == 0 ? "Unknown" : Number(pixels);
 }
@@ -121,9 +117,9 @@ void WireSelectPictureDirectoryForm(App& app) {
   dialog.Dir1.OnChange = [&app] { Dir1_Change(app); };
   dialog.Dir1.OnKeyPress = [&dialog](int keyCode) {
     constexpr int space = 32;
-    if (keyCode == space) OpenHighlighted(dialog);
+    if (keyCode == space) dialog.Dir1.OpenHighlighted();
   };
-  dialog.Dir1.OnLostFocus = [&dialog] { OpenHighlighted(dialog); };
+  dialog.Dir1.OnLostFocus = [&dialog] { dialog.Dir1.OpenHighlighted(); };
   dialog.File1.OnClick = [&app] { IgnoreError([&] { ShowPreview(app); }); };
   for (int i = 0; i <= 2; ++i) {
     dialog.cmdFolder(i).OnClick = [&app, i] { cmdFolder_Click(app, i); };

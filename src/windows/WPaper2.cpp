@@ -81,9 +81,11 @@ void Form_Activate(App& app) {
       app.WPaper2.Refresh();
       WPaper2_Resize(app);
       app.platform.events.Yield();
+      // A second activation in these yields has done the one-time work already.
+      const bool isFirst = !app.WPaper2.WindowActivatedOnce;
       app.WPaper2.WindowActivatedOnce = true;
       const std::string commandLine = app.platform.process.CommandLine();
-      if (!commandLine.empty()) TakeInCommandLine(app, commandLine);
+      if (isFirst && !commandLine.empty()) TakeInCommandLine(app, commandLine);
     }
     UpdateEnableState(app);
   });

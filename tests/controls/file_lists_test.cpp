@@ -113,6 +113,26 @@ TEST_F(FileLists, A_refresh_takes_in_what_has_changed_on_the_disk) {
   EXPECT_EQ(files.ReadsOf("/pics"), 2);
 }
 
+TEST_F(FileLists, A_directory_that_has_gone_holds_no_files) {
+  form.File1.SetPath("/pics");
+  ASSERT_EQ(form.File1.ListCount(), 3);
+  files.Remove("/pics");
+  form.File1.Pattern = "*.bmp";
+  EXPECT_EQ(form.File1.ListCount(), 0);
+  files.AddFile("/pics/d.bmp", "x");
+  form.File1.Refresh();
+  EXPECT_EQ(form.File1.ListCount(), 1);
+}
+
+TEST_F(FileLists, Opening_a_row_that_can_not_be_entered_stays) {
+  form.Dir1.SetPath("/pics");
+  files.SetLocked("/pics/deep", true);
+  form.Dir1.UserOpen(1);
+  EXPECT_EQ(form.Dir1.Path(), "/pics");
+  EXPECT_EQ(form.Dir1.ListIndex(), -1);
+  EXPECT_THAT(told, ElementsAre("directory"));
+}
+
 TEST_F(FileLists, Links_to_directories_are_told_apart) {
   files.AddLink("/pics/link", "/");
   form.Dir1.SetPath("/pics");
