@@ -116,7 +116,7 @@ TEST_F(FileLists, A_refresh_takes_in_what_has_changed_on_the_disk) {
 TEST_F(FileLists, A_directory_that_has_gone_holds_no_files) {
   form.File1.SetPath("/pics");
   ASSERT_EQ(form.File1.ListCount(), 3);
-  files.Remove("/pics");
+  files.RemoveTree("/pics");
   form.File1.Pattern = "*.bmp";
   EXPECT_EQ(form.File1.ListCount(), 0);
   files.AddFile("/pics/d.bmp", "x");
