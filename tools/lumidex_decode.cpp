@@ -21,11 +21,12 @@ namespace lumidex {
 namespace {
 
 constexpr const char* usage =
-    "usage: lumidex-decode [--out DIR] [--max WxH] [--facts] [--stored] FILE...\n"
+    "usage: lumidex-decode [--out DIR] [--max WxH] [--facts] [--stored] [--list FILE] FILE...\n"
     "Prints path, width, height, bits per pixel, format and the SHA-256 of the RGBA pixels, tab-separated.\n"
     "  --out DIR   also writes DIR/N.pam, N the file's place from 1\n"
     "  --max WxH   decodes no larger than needed to show the picture at this size\n"
     "  --facts     stops at the header\n"
+    "  --list FILE takes the files that FILE names, one a line, so that one run may take any number\n"
     "  --stored    leaves out turning by the orientation mark and colour conversion\n";
 
 struct Arguments {
@@ -44,6 +45,13 @@ bool ReadSize(std::string_view text, Size& size) {
   return heightError == std::errc{} && last == end && size.width > 0 && size.height > 0;
 }
 
+bool ReadList(const std::string& path, std::vector<std::string>& files) {
+  std::ifstream list(path);
+  for (std::string line; std::getline(list, line);)
+    if (!line.empty()) files.push_back(line);
+  return list.eof();
+}
+
 bool ReadArguments(const std::vector<std::string>& words, Arguments& arguments) {
   bool optionsEnded = false;
   for (std::size_t i = 0; i < words.size(); ++i) {
@@ -58,6 +66,8 @@ bool ReadArguments(const std::vector<std::string>& words, Arguments& arguments) 
       arguments.options.asStored = true;
     } else if (word == "--out" && i + 1 < words.size()) {
       arguments.out = words[++i];
+    } else if (word == "--list" && i + 1 < words.size()) {
+      if (!ReadList(words[++i], arguments.files)) return false;
     } else if (word == "--max" && i + 1 < words.size()) {
       if (!ReadSize(words[++i], arguments.most)) return false;
     } else {

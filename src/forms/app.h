@@ -2,6 +2,8 @@
 // The program: the global record, one instance of each form, and the platform. Made in `main` and in each
 // test, and handed to every routine as its first argument.
 
+#include <cstdint>
+
 #include "forms/SelectPictureDirectoryForm.h"
 #include "forms/WPaper2.h"
 #include "forms/checkjpg.h"
