@@ -5,7 +5,8 @@
 
 #include "base/delimited.h"
 #include "base/text.h"
-#include "core/list_files.h"
+#include "forms/WPaper2.h"
+#include "lists/list_files.h"
 #include "platform/headless/headless_platform.h"
 #include "windows/windows.h"
 

@@ -13,7 +13,9 @@
 #include <cstring>
 
 #include "base/text.h"
-#include "core/directory_search.h"
+#include "forms/SelectPictureDirectoryForm.h"
+#include "forms/WPaper2.h"
+#include "lists/directory_search.h"
 #include "platform/headless/headless_platform.h"
 #include "platform/posix/posix_file_system.h"
 #include "timing.h"

@@ -5,7 +5,9 @@
 #include <cstdlib>
 
 #include "base/run_time_error.h"
-#include "core/list_files.h"
+#include "core/list_text.h"
+#include "forms/WPaper2.h"
+#include "lists/list_files.h"
 #include "platform/headless/headless_platform.h"
 #include "windows/windows.h"
 

@@ -6,8 +6,9 @@
 #include <cstdlib>
 
 #include "base/run_time_error.h"
-#include "core/settings_file.h"
+#include "forms/frmPreferences.h"
 #include "platform/headless/headless_platform.h"
+#include "preferences/settings_file.h"
 #include "windows/windows.h"
 
 namespace {

@@ -1,6 +1,8 @@
 // Puts the pieces together: the ports of this system, the windows, and the program on them.
 
 #include "core/default_report.h"
+#include "forms/WPaper2.h"
+#include "forms/checkjpg.h"
 #include "platform/posix/early_picture.h"
 #include "platform/posix/file_picture_loader.h"
 #include "platform/posix/idle_read_ahead.h"

@@ -12,30 +12,29 @@ namespace {
 
 using Folders = std::set<std::string>;
 
+// The rooms of the logic, lowest first: each may know those before it, and itself.
+constexpr const char* rooms[] = {"base",       "pictures", "ports",   "controls",    "forms",
+                                 "core",       "imaging",  "lists",   "preferences", "slideshow",
+                                 "thumbnails", "batch",    "reports", "auxiliary",   "windows"};
+
 const std::map<std::string, Folders>& Allowed() {
-  static const Folders routines = {"base", "pictures", "ports",     "controls",   "forms",
-                                   "core", "imaging",  "auxiliary", "preferences"};
-  static const std::map<std::string, Folders> allowed = {
-      {"base", {"base"}},
-      {"pictures", {"base", "pictures"}},
-      {"ports", {"base", "pictures", "ports"}},
-      {"controls", {"base", "pictures", "ports", "controls"}},
-      {"forms", {"base", "pictures", "ports", "controls", "forms"}},
-      {"core", routines},
-      {"imaging", routines},
-      {"auxiliary", routines},
-      {"preferences", routines},
-      {"windows",
-       {"base", "pictures", "ports", "controls", "forms", "core", "imaging", "auxiliary", "preferences",
-        "windows"}},
-      {"platform/headless", {"base", "pictures", "ports", "controls", "platform/headless"}},
-      {"platform/posix", {"base", "pictures", "ports", "platform/posix"}},
-      {"platform/qt", {"base", "pictures", "ports", "controls", "forms", "platform/qt", "platform/posix"}},
-  };
+  static const std::map<std::string, Folders> allowed = [] {
+    std::map<std::string, Folders> all = {
+        {"platform/headless", {"base", "pictures", "ports", "controls", "platform/headless"}},
+        {"platform/posix", {"base", "pictures", "ports", "platform/posix"}},
+        {"platform/qt", {"base", "pictures", "ports", "controls", "forms", "platform/qt", "platform/posix"}},
+    };
+    Folders below;
+    for (const char* room : rooms) {
+      below.insert(room);
+      all[room] = below;
+    }
+    return all;
+  }();
   return allowed;
 }
 
-// "platform/qt" for platform/qt/views/main_view.h, "core" for core/helpers.h.
+// "platform/qt" for platform/qt/views/main_view.h, "core" for core/paths.h.
 std::string LayerOf(const std::string& path) {
   const auto first = path.find('/');
   if (first == std::string::npos) return {};

@@ -4,7 +4,10 @@
 
 #include "base/run_time_error.h"
 #include "base/text.h"
-#include "core/helpers.h"
+#include "core/paths.h"
+#include "forms/WPaper2.h"
+#include "forms/frmBackground.h"
+#include "forms/frmTip.h"
 
 namespace lumidex {
 namespace {

@@ -4,7 +4,8 @@
 
 #include "base/run_time_error.h"
 #include "base/text.h"
-#include "core/list_files.h"
+#include "core/list_text.h"
+#include "forms/WPaper2.h"
 
 namespace lumidex {
 namespace {

@@ -3,6 +3,7 @@
 #include <array>
 
 #include "base/text.h"
+#include "forms/WPaper2.h"
 
 namespace lumidex {
 namespace {

@@ -4,17 +4,40 @@
 
 #include <cstdint>
 
-#include "forms/SelectPictureDirectoryForm.h"
-#include "forms/WPaper2.h"
-#include "forms/checkjpg.h"
-#include "forms/frmBackground.h"
-#include "forms/frmPreferences.h"
-#include "forms/frmSplash.h"
-#include "forms/frmTip.h"
-#include "forms/frmlocatefiles.h"
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
 #include "ports/platform.h"
 
 namespace lumidex {
+
+class Form;
+struct WPaper2Window;
+struct frmPreferencesWindow;
+struct SelectPictureDirectoryFormWindow;
+struct checkjpgWindow;
+struct frmAboutWindow;
+struct frmlocatefilesWindow;
+struct frmSystemTrayWindow;
+struct frmAdjustColorBalanceWindow;
+struct frmAdjustContrastandBrightnessWindow;
+struct frmFilePropertiesWindow;
+struct frmMakeThumbNailsWindow;
+struct frmSplashWindow;
+struct frmstatsWindow;
+struct frmThumbNailWindow;
+struct frmZoomViewWindow;
+struct frmBackgroundWindow;
+struct frmSlideShowFullScreenWindow;
+struct frmTipWindow;
+struct frmReportWindow;
+struct frmBrowserWindow;
+struct frmConvertFileTypeWindow;
+struct frmConvertFileNameWindow;
+struct frmSelectBatchDirWindow;
 
 // The public variables, with their values at process start.
 struct GlobalRecord {
@@ -44,35 +67,42 @@ struct GlobalRecord {
 };
 
 struct App : GlobalRecord {
-  explicit App(Platform& itsPlatform) : platform(itsPlatform) {}
+  explicit App(Platform& itsPlatform);
+  ~App();
   App(const App&) = delete;
   App& operator=(const App&) = delete;
 
   Platform& platform;
 
-  // Windows with no controls of their own so far are plain forms.
-  WPaper2Window WPaper2{platform};
-  frmPreferencesWindow frmPreferences{platform};
-  SelectPictureDirectoryFormWindow SelectPictureDirectoryForm{platform};
-  checkjpgWindow checkjpg{platform};
-  Form frmAbout{platform, "frmAbout", "Korvane Lumidex - About"};
-  frmlocatefilesWindow frmlocatefiles{platform};
-  Form frmSystemTray{platform, "frmSystemTray"};
-  Form frmAdjustColorBalance{platform, "frmAdjustColorBalance"};
-  Form frmAdjustContrastandBrightness{platform, "frmAdjustContrastandBrightness"};
-  Form frmFileProperties{platform, "frmFileProperties"};
-  Form frmMakeThumbNails{platform, "frmMakeThumbNails"};
-  frmSplashWindow frmSplash{platform};
-  Form frmstats{platform, "frmstats"};
-  Form frmThumbNail{platform, "frmThumbNail"};
-  Form frmZoomView{platform, "frmZoomView"};
-  frmBackgroundWindow frmBackground{platform};
-  Form frmSlideShowFullScreen{platform, "frmSlideShowFullScreen"};
-  frmTipWindow frmTip{platform};
-  Form frmReport{platform, "frmReport"};
-  Form frmBrowser{platform, "frmBrowser"};
-  Form frmConvertFileType{platform, "frmConvertFileType", "Convert File Type"};
-  Form frmConvertFileName{platform, "frmConvertFileName"};
+ private:
+  struct AllForms;
+  const std::unique_ptr<AllForms> forms_;
+
+ public:
+  // Whoever works on a form includes its header, so that a change of one form concerns no others.
+  WPaper2Window& WPaper2;
+  frmPreferencesWindow& frmPreferences;
+  SelectPictureDirectoryFormWindow& SelectPictureDirectoryForm;
+  checkjpgWindow& checkjpg;
+  frmAboutWindow& frmAbout;
+  frmlocatefilesWindow& frmlocatefiles;
+  frmSystemTrayWindow& frmSystemTray;
+  frmAdjustColorBalanceWindow& frmAdjustColorBalance;
+  frmAdjustContrastandBrightnessWindow& frmAdjustContrastandBrightness;
+  frmFilePropertiesWindow& frmFileProperties;
+  frmMakeThumbNailsWindow& frmMakeThumbNails;
+  frmSplashWindow& frmSplash;
+  frmstatsWindow& frmstats;
+  frmThumbNailWindow& frmThumbNail;
+  frmZoomViewWindow& frmZoomView;
+  frmBackgroundWindow& frmBackground;
+  frmSlideShowFullScreenWindow& frmSlideShowFullScreen;
+  frmTipWindow& frmTip;
+  frmReportWindow& frmReport;
+  frmBrowserWindow& frmBrowser;
+  frmConvertFileTypeWindow& frmConvertFileType;
+  frmConvertFileNameWindow& frmConvertFileName;
+  frmSelectBatchDirWindow& frmSelectBatchDir;
 
   std::vector<Form*> Forms();
   // Null when there is no such form.

@@ -4,51 +4,19 @@
 #include "base/text.h"
 #include "base/widths.h"
 #include "core/enable_state.h"
-#include "core/helpers.h"
+#include "core/paths.h"
+#include "core/zoom_factor.h"
+#include "forms/WPaper2.h"
+#include "forms/checkjpg.h"
+#include "forms/frmPreferences.h"
+#include "imaging/fit.h"
+#include "imaging/working_image.h"
 
 namespace lumidex {
 namespace {
 
-// Brings the zoomed size into the picture area. Only the side that is the more oversize is brought to its
-// limit, the other follows; equal overshoots, and a side that just meets its limit, keep the size as it is.
-void FitToArea(std::int16_t& width, std::int16_t& height, std::int16_t areaWidth, std::int16_t areaHeight) {
-  const auto byWidth = [&] {
-    const auto ratio = static_cast<float>(static_cast<double>(areaWidth) / width);
-    width = areaWidth;
-    height = ToInt16(static_cast<double>(static_cast<float>(height) * ratio));
-  };
-  const auto byHeight = [&] {
-    const auto ratio = static_cast<float>(static_cast<double>(areaHeight) / height);
-    height = areaHeight;
-    width = ToInt16(static_cast<double>(static_cast<float>(width) * ratio));
-  };
-  if (width > areaWidth && height < areaHeight) {
-    byWidth();
-  } else if (width < areaWidth && height > areaHeight) {
-    byHeight();
-  } else if (width > areaWidth && height > areaHeight) {
-    if (width - areaWidth > height - areaHeight) {
-      byWidth();
-    } else if (width - areaWidth < height - areaHeight) {
-      byHeight();
-    }
-  }
-}
-
 std::int16_t Zoomed(std::int16_t length, float zoom) {
   return ToInt16(static_cast<double>(static_cast<float>(length) * zoom));
-}
-
-int CheckedZoomLevel(App& app) {
-  int level = 1;
-  while (level < 11 && !app.WPaper2.mnuEditZoomLevel(level).Checked) ++level;
-  return level;
-}
-
-void MoveZoomCheck(App& app, int from, int to) {
-  app.WPaper2.mnuEditZoomLevel(from).Checked = false;
-  app.WPaper2.mnuEditZoomLevel(to).Checked = true;
-  app.WPaper2.mnuEditZoomLevel(to).Click();
 }
 
 }  // namespace
@@ -127,83 +95,6 @@ void ReadNeighboursAhead(App& app) {
     });
     return shown;
   });
-}
-
-void LoadPictureFile(App& app, const std::string& path) {
-  try {
-    const auto request = app.pictureRequests;
-    app.checkjpg.Picture1.SetFileName(path);
-    app.platform.events.Yield();
-    if (app.pictureRequests != request) return;
-    ShowWorkingPicture(app);
-    if (InStr(UCase(path), ".GIF") > 0) {
-      app.WPaper2.Image1.Picture = app.platform.loader.LoadPicture(path);
-    } else {
-      ShowWorkingPicture(app);
-    }
-  } catch (const RunTimeError&) {
-    // An unreadable file is shown as whatever stands there already.
-  }
-  app.platform.events.Yield();
-}
-
-void ShowWorkingPicture(App& app) {
-  app.WPaper2.Image1.Picture = app.checkjpg.Picture1.Picture();
-}
-
-void GetImageInfo(App& app, const std::string&, std::int16_t& width, std::int16_t& height, float& depth) {
-  IgnoreError([&] {
-    const Gvbox& control = app.checkjpg.Picture1;
-    depth = control.BitsPerPixel();
-    width = control.PictureWidth();
-    height = control.PictureHeight();
-  });
-  app.platform.events.Yield();
-}
-
-std::string ProperCaseName(const App& app, const std::string& name) {
-  const std::string separator(1, app.platform.files.Separator());
-  std::vector<std::string> characters;
-  for (std::string_view rest = name; !rest.empty(); rest.remove_prefix(CharacterBytes(rest))) {
-    characters.emplace_back(rest.substr(0, CharacterBytes(rest)));
-  }
-  const std::size_t length = characters.size();
-  // One-based, as the rule is told; positions outside are no character.
-  const auto at = [&](std::size_t i) { return i >= 1 && i <= length ? characters[i - 1] : std::string(); };
-  const auto raise = [&](std::size_t i) {
-    if (i >= 1 && i <= length) characters[i - 1] = UCase(characters[i - 1]);
-  };
-  for (std::string& character : characters) character = LCase(character);
-  raise(1);
-  for (std::size_t i = 2; i <= length; ++i) {
-    if (at(i - 1) == " ") raise(i);
-    if (at(i) == ".") raise(++i);
-    if (at(i - 1) == separator) raise(i);
-  }
-  std::string proper;
-  for (const std::string& character : characters) proper += character;
-  return proper;
-}
-
-std::string ProperFileName(const App& app, const std::string& path) {
-  return ProperCaseName(app, path.substr(path.rfind(app.platform.files.Separator()) + 1));  // npos + 1 is 0
-}
-
-void SelectZoomLevel(App& app, int level) {
-  const float factor = ZoomFactorOf(level);
-  for (int i = 1; i <= 11; ++i) app.WPaper2.mnuEditZoomLevel(i).Checked = false;
-  app.WPaper2.mnuEditZoomLevel(level).Checked = true;
-  app.checkjpg.Picture1.ZoomLevel = factor;
-  app.CurrentImagePath = app.WPaper2.LstRight.Text();
-  DisplayCurrentImage(app, app.CurrentImagePath, true, factor);
-}
-
-void StepZoomDown(App& app) {
-  if (const int level = CheckedZoomLevel(app); level > 1) MoveZoomCheck(app, level, level - 1);
-}
-
-void StepZoomUp(App& app) {
-  if (const int level = CheckedZoomLevel(app); level < 11) MoveZoomCheck(app, level, level + 1);
 }
 
 }  // namespace lumidex

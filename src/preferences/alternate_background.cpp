@@ -1,7 +1,9 @@
 #include "preferences/alternate_background.h"
 
 #include "base/run_time_error.h"
-#include "core/helpers.h"
+#include "core/paths.h"
+#include "forms/WPaper2.h"
+#include "forms/frmPreferences.h"
 #include "imaging/save_picture.h"
 
 namespace lumidex {

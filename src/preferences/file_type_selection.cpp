@@ -1,5 +1,7 @@
 #include "preferences/file_type_selection.h"
 
+#include "forms/frmPreferences.h"
+
 namespace lumidex {
 namespace {
 

@@ -3,6 +3,7 @@
 
 #include <initializer_list>
 
+#include "controls/buttons.h"
 #include "forms/app.h"
 
 namespace lumidex {

@@ -2,8 +2,12 @@
 
 #include "base/run_time_error.h"
 #include "base/text.h"
-#include "core/helpers.h"
+#include "core/zoom_factor.h"
+#include "forms/WPaper2.h"
+#include "forms/checkjpg.h"
+#include "forms/frmPreferences.h"
 #include "imaging/current_picture.h"
+#include "imaging/proper_names.h"
 
 namespace lumidex {
 namespace {

@@ -1,5 +1,8 @@
 #include "preferences/toolbar_list.h"
 
+#include "forms/WPaper2.h"
+#include "forms/frmPreferences.h"
+
 namespace lumidex {
 
 void ApplyToolbarList(App& app) {

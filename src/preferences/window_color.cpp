@@ -1,5 +1,8 @@
 #include "preferences/window_color.h"
 
+#include "forms/WPaper2.h"
+#include "forms/frmPreferences.h"
+
 namespace lumidex {
 
 void PaintGradient(Form& form, bool red, bool green, bool blue) {

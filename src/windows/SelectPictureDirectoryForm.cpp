@@ -4,9 +4,14 @@
 
 #include "base/run_time_error.h"
 #include "base/text.h"
-#include "core/file_types.h"
-#include "core/helpers.h"
-#include "imaging/current_picture.h"
+#include "core/paths.h"
+#include "forms/SelectPictureDirectoryForm.h"
+#include "forms/WPaper2.h"
+#include "forms/checkjpg.h"
+#include "forms/frmBackground.h"
+#include "imaging/working_image.h"
+#include "lists/file_pattern.h"
+#include "preferences/pages.h"
 #include "windows/windows.h"
 
 namespace lumidex {

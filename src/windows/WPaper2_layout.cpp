@@ -1,6 +1,7 @@
 #include "windows/WPaper2_layout.h"
 
-#include "core/helpers.h"
+#include "core/zoom_factor.h"
+#include "forms/WPaper2.h"
 #include "imaging/current_picture.h"
 
 namespace lumidex {

@@ -1,9 +1,11 @@
 // The main window's items that save and load lists.
 
 #include "base/run_time_error.h"
-#include "core/helpers.h"
-#include "core/image_lists.h"
-#include "core/list_files.h"
+#include "core/list_text.h"
+#include "core/paths.h"
+#include "forms/WPaper2.h"
+#include "lists/image_lists.h"
+#include "lists/list_files.h"
 #include "windows/windows.h"
 
 namespace lumidex {

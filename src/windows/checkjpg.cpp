@@ -1,6 +1,8 @@
 // The events of the hidden form with the scratch image controls.
 
+#include "forms/checkjpg.h"
 #include "base/text.h"
+#include "forms/WPaper2.h"
 #include "windows/windows.h"
 
 namespace lumidex {

@@ -3,9 +3,13 @@
 #include <algorithm>
 
 #include "base/text.h"
-#include "core/helpers.h"
+#include "forms/WPaper2.h"
+#include "forms/checkjpg.h"
+#include "forms/frmPreferences.h"
+#include "forms/frmstats.h"
 #include "preferences/alternate_background.h"
 #include "preferences/file_type_selection.h"
+#include "preferences/pages.h"
 #include "preferences/picture_options.h"
 #include "preferences/toolbar_list.h"
 #include "preferences/window_color.h"

@@ -1,5 +1,7 @@
 // The events of the splash window.
 
+#include "forms/frmSplash.h"
+#include "forms/frmBackground.h"
 #include "windows/windows.h"
 
 namespace lumidex {

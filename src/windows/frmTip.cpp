@@ -1,8 +1,10 @@
 // The events of the tip window.
 
+#include "forms/frmTip.h"
 #include "auxiliary/tips.h"
 #include "base/run_time_error.h"
-#include "core/helpers.h"
+#include "core/topmost.h"
+#include "forms/WPaper2.h"
 #include "windows/windows.h"
 
 namespace lumidex {

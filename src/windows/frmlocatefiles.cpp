@@ -1,6 +1,7 @@
 // The events of the small search window.
 
-#include "core/helpers.h"
+#include "forms/frmlocatefiles.h"
+#include "core/topmost.h"
 #include "windows/windows.h"
 
 namespace lumidex {

@@ -1,11 +1,11 @@
 #include "core/default_report.h"
+#include "core/list_text.h"
+#include "support/test_program.h"
 
 #include <algorithm>
 #include <new>
 
 #include "base/run_time_error.h"
-#include "core/list_files.h"
-#include "core/test_program.h"
 
 namespace lumidex {
 namespace {

@@ -1,6 +1,6 @@
 #include "core/enable_state.h"
-
-#include "core/test_program.h"
+#include "forms/WPaper2.h"
+#include "support/test_program.h"
 
 namespace lumidex {
 namespace {

@@ -1,7 +1,12 @@
-#include "core/helpers.h"
 
 #include "base/run_time_error.h"
-#include "core/test_program.h"
+#include "core/paths.h"
+#include "core/topmost.h"
+#include "core/zoom_factor.h"
+#include "forms/WPaper2.h"
+#include "forms/frmTip.h"
+#include "support/test_program.h"
+#include "windows/start_and_exit.h"
 
 namespace lumidex {
 namespace {

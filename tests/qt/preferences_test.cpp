@@ -9,6 +9,9 @@
 #include <QSpinBox>
 #include <algorithm>
 
+#include "forms/WPaper2.h"
+#include "forms/checkjpg.h"
+#include "forms/frmPreferences.h"
 #include "platform/qt/views/preferences_view.h"
 #include "qt/qt_world.h"
 #include "windows/windows.h"

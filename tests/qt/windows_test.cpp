@@ -6,7 +6,11 @@
 #include <QPushButton>
 #include <QToolButton>
 
+#include "forms/SelectPictureDirectoryForm.h"
+#include "forms/WPaper2.h"
 #include "forms/app.h"
+#include "forms/frmSystemTray.h"
+#include "forms/frmlocatefiles.h"
 #include "platform/qt/conversions.h"
 #include "qt/qt_world.h"
 

@@ -1,4 +1,5 @@
 #include "scenario/execution.h"
+#include "forms/WPaper2.h"
 
 #include "base/run_time_error.h"
 #include "platform/headless/script_ends.h"

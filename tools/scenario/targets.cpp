@@ -1,4 +1,5 @@
 #include "scenario/targets.h"
+#include "forms/WPaper2.h"
 
 #include "controls/gvbox.h"
 #include "controls/menu_item.h"

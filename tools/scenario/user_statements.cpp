@@ -13,6 +13,7 @@
 #include "controls/ranges.h"
 #include "controls/tab_strip.h"
 #include "controls/texts.h"
+#include "forms/WPaper2.h"
 #include "scenario/keys.h"
 #include "scenario/targets.h"
 

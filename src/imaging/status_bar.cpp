@@ -1,0 +1,44 @@
+#include "imaging/status_bar.h"
+
+#include "base/run_time_error.h"
+#include "base/text.h"
+#include "forms/WPaper2.h"
+#include "forms/file_type_table.h"
+#include "imaging/proper_names.h"
+#include "imaging/working_image.h"
+
+namespace lumidex {
+
+void ShowFileTypeIcon(App& app, const std::string& extension) {
+  const std::string wanted = LCase(extension);
+  for (const FileTypeRow& row : FileTypeTable) {
+    if (wanted != "." + LCase(row.resource)) continue;
+    app.WPaper2.StatusBar1.SetPicture(2, std::string(row.resource));
+    app.platform.events.Yield();
+    return;
+  }
+  throw RunTimeError(ErrorNumber::InvalidCall);
+}
+
+void UpdateStatusBar(App& app, const std::string& text, bool withImageInfo) {
+  const std::string working = ProperCaseName(app, text);
+  std::string name = working;
+  std::string facts;
+  if (withImageInfo) {
+    const auto request = app.pictureRequests;
+    GetImageInfo(app, working, app.ImageWidth, app.ImageHeight, app.ImageBitsPerPixel);
+    // Another picture, asked for in the yield, is told there already.
+    if (app.pictureRequests != request) return;
+    name = ProperFileName(app, working);
+    facts = Number(app.ImageWidth) + " X " + Number(app.ImageHeight) + " X " + Number(app.ImageBitsPerPixel);
+  }
+  app.WPaper2.StatusBar1.SetText(2, name);
+  app.WPaper2.StatusBar1.SetText(3, facts);
+  if (!text.empty()) ShowFileTypeIcon(app, Right(working, 4));
+}
+
+void UpdateStatusBarQuietly(App& app, const std::string& text, bool withImageInfo) {
+  IgnoreError([&] { UpdateStatusBar(app, text, withImageInfo); });
+}
+
+}  // namespace lumidex

@@ -1,0 +1,42 @@
+#include "imaging/working_image.h"
+
+#include "base/run_time_error.h"
+#include "base/text.h"
+#include "forms/WPaper2.h"
+#include "forms/checkjpg.h"
+
+namespace lumidex {
+
+void LoadPictureFile(App& app, const std::string& path) {
+  try {
+    const auto request = app.pictureRequests;
+    app.checkjpg.Picture1.SetFileName(path);
+    app.platform.events.Yield();
+    if (app.pictureRequests != request) return;
+    ShowWorkingPicture(app);
+    if (InStr(UCase(path), ".GIF") > 0) {
+      app.WPaper2.Image1.Picture = app.platform.loader.LoadPicture(path);
+    } else {
+      ShowWorkingPicture(app);
+    }
+  } catch (const RunTimeError&) {
+    // An unreadable file is shown as whatever stands there already.
+  }
+  app.platform.events.Yield();
+}
+
+void ShowWorkingPicture(App& app) {
+  app.WPaper2.Image1.Picture = app.checkjpg.Picture1.Picture();
+}
+
+void GetImageInfo(App& app, const std::string&, std::int16_t& width, std::int16_t& height, float& depth) {
+  IgnoreError([&] {
+    const Gvbox& control = app.checkjpg.Picture1;
+    depth = control.BitsPerPixel();
+    width = control.PictureWidth();
+    height = control.PictureHeight();
+  });
+  app.platform.events.Yield();
+}
+
+}  // namespace lumidex

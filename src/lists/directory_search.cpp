@@ -1,0 +1,140 @@
+#include "lists/directory_search.h"
+
+#include "base/run_time_error.h"
+#include "base/text.h"
+#include "core/enable_state.h"
+#include "forms/SelectPictureDirectoryForm.h"
+#include "forms/WPaper2.h"
+#include "forms/frmlocatefiles.h"
+#include "imaging/status_bar.h"
+#include "lists/file_pattern.h"
+
+namespace lumidex {
+namespace {
+
+// Moves Dir1 to its highlighted row; true when that was another directory.
+bool MoveToHighlighted(App& app) {
+  DirList& directories = app.SelectPictureDirectoryForm.Dir1;
+  const std::string highlighted = directories.List(directories.ListIndex());
+  if (directories.Path() == highlighted) return false;
+  directories.SetPath(highlighted);
+  return true;
+}
+
+// Adds the first `count` files of File1 to the Selection list.
+void AddFiles(App& app, int count) {
+  const DirList& directories = app.SelectPictureDirectoryForm.Dir1;
+  const FileList& files = app.SelectPictureDirectoryForm.File1;
+  std::string prefix = directories.Path();
+  // A root keeps the separator that it ends in.
+  if (!prefix.ends_with(app.platform.files.Separator())) prefix += app.platform.files.Separator();
+  for (int i = 0; i < count; ++i) app.WPaper2.LstLeft.AddItem(prefix + files.List(i));
+}
+
+void ShowProgress(App& app) {
+  const std::string text = " Directories Searched: " + Number(app.DirectoriesSearched) +
+                           " ---  Files Found:" + Number(app.WPaper2.LstLeft.ListCount());
+  UpdateStatusBarQuietly(app, text, false);
+}
+
+// Goes down into a subdirectory. One that can't be entered, and one behind a symbolic link, is left out
+// alone: its neighbours are still searched.
+void WalkSubdirectory(App& app, int index, std::int16_t DirCount, const std::string& OldPath,
+                      bool& AbandonSearch) {
+  DirList& directories = app.SelectPictureDirectoryForm.Dir1;
+  if (directories.IsLink(index)) return;
+  try {
+    directories.SetPath(directories.List(index));
+  } catch (const RunTimeError&) {
+    return;
+  }
+  const std::string NewPath = directories.Path();
+  AbandonSearch = WalkDirectory(app, NewPath, DirCount, OldPath);
+}
+
+}  // namespace
+
+void StartDirectorySearch(App& app) {
+  WPaper2Window& window = app.WPaper2;
+  window.Pointer = MousePointer::Hourglass;
+  window.StatusBar1.SetText(1, "Search Status:");
+  window.LstLeft.Clear();
+  app.SelectPictureDirectoryForm.Show(Modality::Modal);
+  if (!app.SearchDirectory.empty()) {
+    app.frmlocatefiles.Show();
+    if (app.SelectPictureDirectoryForm.chkSearchSubs.Value == 1) {
+      SearchSubFolders(app);
+    } else {
+      SearchOneDirectory(app);
+    }
+    app.frmlocatefiles.Hide();
+    app.CommandLineMode = false;
+    app.CurrentImagePath = window.LstRight.Text();
+  }
+  window.StatusBar1.SetText(1, "Current Image:");
+  UpdateStatusBarQuietly(app, app.CurrentImagePath, true);
+  window.Pointer = MousePointer::Default;
+  UpdateEnableState(app);
+}
+
+void SearchSubFolders(App& app) {
+  DirList& directories = app.SelectPictureDirectoryForm.Dir1;
+  FileList& files = app.SelectPictureDirectoryForm.File1;
+  app.DirectoriesSearched = 0;
+  if (MoveToHighlighted(app)) return;
+  const std::string pattern = BuildFilePattern(app);
+  if (pattern.empty()) {
+    app.platform.dialogs.MsgBox(
+        {"No file types have been selected. Please select the desired file types and try again."});
+    return;
+  }
+  files.Pattern = pattern;
+  const std::string first = directories.Path();
+  const std::int16_t DirCount = directories.ListCount();
+  app.SearchRunning = true;
+  WalkDirectory(app, first, DirCount, "");
+  files.SetPath(directories.Path());
+}
+
+bool WalkDirectory(App& app, const std::string& NewPath, std::int16_t DirCount, const std::string& BackUp) {
+  DirList& directories = app.SelectPictureDirectoryForm.Dir1;
+  EventQueue& events = app.platform.events;
+  ++app.DirectoriesSearched;
+  ShowProgress(app);
+  app.SearchRunning = true;
+  events.Yield();
+  if (!app.SearchRunning) return true;
+  try {
+    bool AbandonSearch = false;
+    for (int DirsToPeek = directories.ListCount(); DirsToPeek >= 1 && app.SearchRunning;) {
+      const std::string OldPath = directories.Path();
+      directories.SetPath(NewPath);
+      if (directories.ListCount() >= 1)
+        WalkSubdirectory(app, DirsToPeek - 1, DirCount, OldPath, AbandonSearch);
+      --DirsToPeek;
+      // The request to stop travels one level only.
+      if (AbandonSearch) return false;
+      events.Yield();
+    }
+    // A directory with more files than the list can hold must meet the list's refusal, which is what is
+    // reported.
+    AddFiles(app, app.SelectPictureDirectoryForm.File1.FileCount());
+  } catch (const RunTimeError& error) {
+    if (error.Number() == ErrorNumber::OutOfMemory) {
+      app.platform.dialogs.MsgBox({"You've filled the listbox. Search being abandoned..."});
+      return true;
+    }
+    // Whatever else went wrong, this directory's rest is skipped silently.
+  }
+  if (!BackUp.empty()) IgnoreError([&] { directories.SetPath(BackUp); });
+  return false;
+}
+
+void SearchOneDirectory(App& app) {
+  app.SearchRunning = true;
+  if (MoveToHighlighted(app)) return;
+  app.SelectPictureDirectoryForm.File1.Pattern = BuildFilePattern(app);
+  AddFiles(app, app.SelectPictureDirectoryForm.File1.ListCount());
+}
+
+}  // namespace lumidex

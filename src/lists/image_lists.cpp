@@ -1,0 +1,223 @@
+#include "lists/image_lists.h"
+
+#include "base/run_time_error.h"
+#include "base/text.h"
+#include "base/widths.h"
+#include "core/enable_state.h"
+#include "core/paths.h"
+#include "core/zoom_factor.h"
+#include "forms/WPaper2.h"
+#include "imaging/current_picture.h"
+#include "imaging/proper_names.h"
+#include "imaging/status_bar.h"
+
+namespace lumidex {
+namespace {
+
+// lblCount is a counter of its own: operations add to the number that its caption shows.
+void RaiseCount(App& app, int by) {
+  Label& count = app.WPaper2.lblCount;
+  count.Caption = Number(Val(count.Caption.Get()) + by);
+}
+
+// The position alone: the flag would say the same again. After a command that ran in the yields of the click
+// it would take back what that one selected, or ask for an entry that it removed.
+void SelectDisplayEntry(App& app, std::int32_t position) {
+  app.WPaper2.LstRight.SetListIndex(position);
+}
+
+void ShowCurrentIndex(App& app) {
+  app.WPaper2.CurrentPicture.Caption = Number(app.CurrentIndex);
+}
+
+void SayNotAvailable(App& app, const std::string& path) {
+  ++app.pictureRequests;
+  UpdateStatusBar(app, ProperFileName(app, path) + " - not available", false);
+}
+
+// Brings a file up, or says that it is not there.
+void ShowFile(App& app, const std::string& path) {
+  if (FileExists(app, path)) {
+    const auto request = ++app.pictureRequests;
+    DisplayCurrentImage(app, path, false, GetZoomFactor(app));
+    if (app.pictureRequests == request) UpdateStatusBar(app, path, true);
+  } else {
+    SayNotAvailable(app, path);
+  }
+}
+
+void SetListExtent(App& app, ListBox& list) {
+  constexpr unsigned setHorizontalExtent = 1045;
+  constexpr std::uintptr_t margin = 72;
+  WPaper2Window& window = app.WPaper2;
+  IgnoreError([&] {
+    const ScaleMode remembered = window.Scale;
+    window.Scale = ScaleMode::Pixels;
+    list.SetFocus();
+    const WindowHandle handle = app.platform.windows.GetFocus();
+    const std::int32_t width = ToInt32(static_cast<double>(window.TextWidth(list.Text())));
+    app.platform.windows.SendMessageA(handle, setHorizontalExtent,
+                                      static_cast<std::uintptr_t>(width) + margin, 0);
+    window.Scale = remembered;
+  });
+}
+
+// Moves the selected entry: inserts its text anew at `insertAt`, removes it at `removeAt`, selects `select`;
+// all relative to where it stood.
+void MoveDisplayEntry(App& app, int insertAt, int removeAt, int select) {
+  ListBox& list = app.WPaper2.LstRight;
+  const int position = list.ListIndex();
+  const std::string text = list.Text();
+  IgnoreError([&] { list.AddItem(text, position + insertAt); });
+  IgnoreError([&] { list.RemoveItem(position + removeAt); });
+  IgnoreError([&] { list.SetSelected(position + select, true); });
+  IgnoreError([&] { SetDisplayListExtent(app); });
+  IgnoreError([&] { app.platform.events.Yield(); });
+}
+
+}  // namespace
+
+void DisplayListClick(App& app) {
+  IgnoreError([&] {
+    SetDisplayListExtent(app);
+    app.CurrentIndex = app.WPaper2.LstRight.ListIndex() + 1;
+    ShowCurrentIndex(app);
+    const std::string path = app.WPaper2.LstRight.Text();
+    if (FileExists(app, path)) {
+      ShowDisplayEntry(app, path);
+      ShowCurrentIndex(app);
+    } else {
+      SayNotAvailable(app, path);
+    }
+    app.platform.events.Yield();
+  });
+}
+
+void ShowDisplayEntry(App& app, const std::string& path) {
+  IgnoreError([&] {
+    ShowCurrentIndex(app);
+    if (FileExists(app, path)) SelectDisplayEntry(app, app.CurrentIndex - 1);
+    ShowFile(app, path);
+    app.platform.events.Yield();
+    ReadNeighboursAhead(app);
+  });
+}
+
+void ActivateDisplayEntry(App& app) {
+  app.CurrentIndex = app.WPaper2.LstRight.ListIndex() + 1;
+  ShowCurrentIndex(app);
+  ShowDisplayEntry(app, app.WPaper2.LstRight.Text());
+  SetDisplayListExtent(app);
+}
+
+void PreviewSelectionEntry(App& app) {
+  IgnoreError([&] {
+    SetSelectionListExtent(app);
+    ShowFile(app, app.WPaper2.LstLeft.Text());
+  });
+}
+
+void AddOneToDisplayList(App& app) {
+  ListBox& selection = app.WPaper2.LstLeft;
+  ListBox& display = app.WPaper2.LstRight;
+  const int position = selection.ListIndex();
+  if (position < 0) return;
+  display.AddItem(selection.Text());
+  // Taken away before the picture comes up: pressed again in those yields, Add One would add the entry twice
+  // and take its neighbour away.
+  selection.RemoveItem(position);
+  SelectDisplayEntry(app, display.ListCount() - 1);
+  // The list may have been emptied, or another one loaded, in the same yields.
+  if (Val(app.WPaper2.lblCount.Caption.Get()) < display.ListCount()) RaiseCount(app, 1);
+  // Back to the first entry after every add, however long the list is.
+  if (display.ListCount() > 0) SelectDisplayEntry(app, 0);
+  UpdateEnableState(app);
+  SetDisplayListExtent(app);
+}
+
+void AddAllToDisplayList(App& app) {
+  ListBox& selection = app.WPaper2.LstLeft;
+  if (selection.ListCount() == 0) return;
+  IgnoreError([&] {
+    const int count = selection.ListCount();
+    for (int position = 0; position < count; ++position) {
+      app.WPaper2.LstRight.AddItem(selection.List(position));
+      RaiseCount(app, 1);
+    }
+    // Emptied before the picture comes up: pressed again in those yields, Add All would add everything twice.
+    selection.Clear();
+    SelectDisplayEntry(app, 0);
+    SetDisplayListExtent(app);
+  });
+  UpdateEnableState(app);
+}
+
+void RemoveOneFromDisplayList(App& app) {
+  ListBox& display = app.WPaper2.LstRight;
+  const int position = display.ListIndex();
+  if (position < 0) return;
+  if (display.ListCount() == 1) {
+    ZapDisplayList(app);
+  } else {
+    display.RemoveItem(position);
+    // Counted before the picture comes up: in those yields the list may be emptied, and its count with it.
+    RaiseCount(app, -1);
+    SelectDisplayEntry(app, position == 0 ? 0 : position - 1);
+    display.SetFocus();
+    app.platform.events.Yield();
+    SetDisplayListExtent(app);
+  }
+  app.platform.events.Yield();
+  UpdateEnableState(app);
+}
+
+void ZapDisplayList(App& app) {
+  WPaper2Window& window = app.WPaper2;
+  ++app.pictureRequests;
+  window.LstRight.Clear();
+  window.lblCount.Caption = "0";
+  window.CurrentPicture.Caption = "";
+  app.CurrentIndex = 0;
+  UpdateStatusBar(app, "", false);
+  app.SlideShowRestart = true;
+  window.mnuSlideShowRunSlideShow.Click();
+  window.Image1.Visible = false;
+  window.Image1.Move(0, 0, window.Picture1.ScaleWidth(), window.Picture1.ScaleHeight());
+  window.Image1.Picture = Picture();
+  window.Image1.Visible = true;
+  ReadNeighboursAhead(app);
+  UpdateEnableState(app);
+  app.platform.events.Yield();
+}
+
+void MoveDisplayEntryDown(App& app) {
+  const ListBox& list = app.WPaper2.LstRight;
+  if (list.ListIndex() < 0 || list.ListIndex() == list.ListCount() - 1) return;
+  MoveDisplayEntry(app, 2, 0, 1);
+}
+
+void MoveDisplayEntryUp(App& app) {
+  if (app.WPaper2.LstRight.ListIndex() <= 0) return;
+  MoveDisplayEntry(app, -1, 1, -1);
+}
+
+void NextImage(App& app) {
+  app.CurrentIndex = ToInt32(std::int64_t{app.CurrentIndex} + 1);
+  if (Val(app.WPaper2.lblCount.Caption.Get()) < app.CurrentIndex) app.CurrentIndex = 1;
+  SelectDisplayEntry(app, app.CurrentIndex - 1);
+}
+
+void PreviousImage(App& app) {
+  app.CurrentIndex = ToInt32(std::int64_t{app.CurrentIndex} - 1);
+  if (app.CurrentIndex < 1) app.CurrentIndex = ToInt32(Val(app.WPaper2.lblCount.Caption.Get()));
+  SelectDisplayEntry(app, app.CurrentIndex - 1);
+}
+
+void SetSelectionListExtent(App& app) {
+  SetListExtent(app, app.WPaper2.LstLeft);
+}
+void SetDisplayListExtent(App& app) {
+  SetListExtent(app, app.WPaper2.LstRight);
+}
+
+}  // namespace lumidex

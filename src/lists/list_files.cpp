@@ -1,0 +1,89 @@
+#include "lists/list_files.h"
+
+#include "base/delimited.h"
+#include "base/text.h"
+#include "base/widths.h"
+#include "core/enable_state.h"
+#include "core/list_text.h"
+#include "core/paths.h"
+#include "forms/WPaper2.h"
+#include "lists/image_lists.h"
+
+namespace lumidex {
+namespace {
+
+constexpr const char* standardListName = "Lumidex.Lst";
+constexpr int entriesBetweenYields = 50;
+
+using namespace list_text;
+
+bool Holds(const std::string& item, const char* text) {
+  return InStr(item, text) > 0;
+}
+
+std::int32_t NumberBehindEqualSign(const std::string& item) {
+  return ToInt32(Val(Mid(item, InStr(item, "=") + 1)));
+}
+
+// The position before the bar is not read back. The end line has no bar and no reader stops at it: it becomes
+// an entry without its first character.
+std::string PathOfEntry(const std::string& item) {
+  return Right(item, Len(item) - InStr(item, "|") - 1);
+}
+
+void ReadEntries(App& app, DelimitedReader& reader) {
+  Label& count = app.WPaper2.lblCount;
+  // Another list may be loaded inside a yield; this one still ends where its own header says.
+  const std::int32_t entries = app.ListFilePictureCount;
+  for (std::int32_t i = 0; i < entries; ++i) {
+    const std::string item = reader.Next();
+    if (Holds(item, endLine)) count.Caption = Number(i);
+    app.WPaper2.LstRight.AddItem(PathOfEntry(item));
+    count.Caption = Number(Val(count.Caption.Get()) + 1);
+    if ((i + 1) % entriesBetweenYields == 0) app.platform.events.Yield();
+  }
+}
+
+void ReadList(App& app, const std::string& path) {
+  DelimitedReader reader(app.platform.files.ReadAll(path));
+  if (!Holds(reader.Next(), titleLine)) return;
+  std::string item = reader.Next();
+  if (Holds(item, countKey)) app.ListFilePictureCount = NumberBehindEqualSign(item);
+  item = reader.Next();
+  if (Holds(item, indexKey)) app.CurrentIndex = std::max(0, NumberBehindEqualSign(item));
+  app.WPaper2.CurrentPicture.Caption = Number(app.CurrentIndex);
+  if (!reader.AtEnd()) ReadEntries(app, reader);
+  if (app.ListFilePictureCount > 0 && app.CurrentIndex == 0) app.CurrentIndex = 1;
+  app.platform.events.Yield();
+}
+
+}  // namespace
+
+void SaveStandardList(App& app) {
+  if (app.WPaper2.LstRight.ListCount() == 0) return;
+  app.platform.files.WriteOver(app.AppPath + standardListName, ListFileText(app));
+}
+
+void LoadStandardList(App& app) {
+  const std::string path = app.AppPath + standardListName;
+  if (FileExists(app, path)) ReadList(app, path);
+}
+
+void LoadUserList(App& app, const std::string& path) {
+  ZapDisplayList(app);
+  ReadList(app, path);
+}
+
+void FinishListLoad(App& app) {
+  app.CommandLineMode = false;
+  app.ListFileFlag = 0;
+  if (app.ListFilePictureCount <= 0) return;
+  ListBox& list = app.WPaper2.LstRight;
+  if (app.CurrentIndex < 1) app.CurrentIndex = 1;
+  list.SetSelected(app.CurrentIndex - 1, true);
+  app.CurrentImagePath = list.Text();
+  app.WPaper2.CurrentPicture.Caption = Number(app.CurrentIndex);
+  UpdateEnableState(app);
+}
+
+}  // namespace lumidex
