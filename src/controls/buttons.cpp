@@ -4,37 +4,16 @@
 
 namespace lumidex {
 
-void CommandButton::VisitProperties(const PropertyVisitor& visit) {
-  Control::VisitProperties(visit);
-  visit("Caption", Caption);
-  visit("Picture", PictureKey);
-  visit("Default", Default);
-  visit("Cancel", Cancel);
-}
-
-void CheckBox::VisitProperties(const PropertyVisitor& visit) {
-  Control::VisitProperties(visit);
-  visit("Caption", Caption);
-  visit("Value", Value);
-  visit("BackColor", BackColor);
-}
-
 void CheckBox::RefuseOthers(Element&, const int& value) {
   if (value < 0 || value > 2) throw RunTimeError(ErrorNumber::InvalidPropertyValue);
 }
 
 OptionButton::OptionButton(Form& owner, std::string name, OptionGroup& group, std::string caption, bool value)
     : Control(owner, std::move(name)),
-      Caption(*this, std::move(caption)),
-      Value(*this, value, nullptr, &Fire),
+      Caption(*this, "Caption", std::move(caption)),
+      Value(*this, "Value", value, nullptr, &Fire),
       group_(group) {
   group.members.push_back(this);
-}
-
-void OptionButton::VisitProperties(const PropertyVisitor& visit) {
-  Control::VisitProperties(visit);
-  visit("Caption", Caption);
-  visit("Value", Value);
 }
 
 void OptionButton::Fire(Element& owner) {

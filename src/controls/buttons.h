@@ -8,18 +8,17 @@ namespace lumidex {
 class CommandButton final : public Control {
  public:
   CommandButton(Form& owner, std::string name, std::string caption = {})
-      : Control(owner, std::move(name)), Caption(*this, std::move(caption)) {}
+      : Control(owner, std::move(name)), Caption(*this, "Caption", std::move(caption)) {}
 
   std::string_view Kind() const override { return "CommandButton"; }
-  void VisitProperties(const PropertyVisitor& visit) override;
   bool CanTakeFocus() const override { return true; }
 
   Property<std::string> Caption;
   // Name of the drawn picture that stands on the button; empty for none.
-  Property<std::string> PictureKey{*this};
+  Property<std::string> PictureKey{*this, "Picture"};
   // Pressed by Enter and by Escape from anywhere in the form.
-  Property<bool> Default{*this, false};
-  Property<bool> Cancel{*this, false};
+  Property<bool> Default{*this, "Default", false};
+  Property<bool> Cancel{*this, "Cancel", false};
   Event<> OnClick;
 
   void UserClick() {
@@ -31,18 +30,17 @@ class CheckBox final : public Control {
  public:
   CheckBox(Form& owner, std::string name, std::string caption = {}, int value = 0)
       : Control(owner, std::move(name)),
-        Caption(*this, std::move(caption)),
-        Value(*this, value, &RefuseOthers, &Fire) {}
+        Caption(*this, "Caption", std::move(caption)),
+        Value(*this, "Value", value, &RefuseOthers, &Fire) {}
 
   std::string_view Kind() const override { return "CheckBox"; }
-  void VisitProperties(const PropertyVisitor& visit) override;
   bool CanTakeFocus() const override { return true; }
 
   Property<std::string> Caption;
   // 0, 1, or 2 for grey; anything else raises InvalidPropertyValue. A new value fires Click.
   Property<int> Value;
   // Red in the low byte; -1 is the desktop's own colour.
-  Property<std::int32_t> BackColor{*this, -1};
+  Property<std::int32_t> BackColor{*this, "BackColor", -1};
   Event<> OnClick;
 
   void UserClick() {
@@ -67,7 +65,6 @@ class OptionButton final : public Control {
                bool value = false);
 
   std::string_view Kind() const override { return "OptionButton"; }
-  void VisitProperties(const PropertyVisitor& visit) override;
   bool CanTakeFocus() const override { return true; }
 
   Property<std::string> Caption;

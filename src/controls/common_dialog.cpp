@@ -15,18 +15,6 @@ int FilterCount(const std::string& filter) {
 
 }  // namespace
 
-void CommonDialog::VisitProperties(const PropertyVisitor& visit) {
-  Control::VisitProperties(visit);
-  visit("FileName", FileName);
-  visit("Filter", Filter);
-  visit("DialogTitle", DialogTitle);
-  visit("InitDir", InitDir);
-  visit("DefaultExt", DefaultExt);
-  visit("FilterIndex", FilterIndex);
-  visit("Flags", Flags);
-  visit("Color", Color);
-}
-
 bool CommonDialog::AskFile(bool save) {
   FileDialogRequest request;
   request.save = save;

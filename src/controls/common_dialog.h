@@ -9,12 +9,12 @@ class CommonDialog final : public Control {
  public:
   CommonDialog(Form& owner, std::string name) : Control(owner, std::move(name)) {}
   std::string_view Kind() const override { return "CommonDialog"; }
-  void VisitProperties(const PropertyVisitor& visit) override;
 
-  Property<std::string> FileName{*this}, Filter{*this}, DialogTitle{*this}, InitDir{*this}, DefaultExt{*this};
-  Property<int> FilterIndex{*this, 0};
-  Property<int> Flags{*this, 0};
-  Property<std::int32_t> Color{*this, 0};
+  Property<std::string> FileName{*this, "FileName"}, Filter{*this, "Filter"},
+      DialogTitle{*this, "DialogTitle"}, InitDir{*this, "InitDir"}, DefaultExt{*this, "DefaultExt"};
+  Property<int> FilterIndex{*this, "FilterIndex", 0};
+  Property<int> Flags{*this, "Flags", 0};
+  Property<std::int32_t> Color{*this, "Color", 0};
 
   static constexpr int OverwritePrompt = 0x2;
   static constexpr int FileMustExist = 0x1000;

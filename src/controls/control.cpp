@@ -19,17 +19,19 @@ Control::Control(Form& owner, std::string name) : Element(std::move(name)), owne
 }
 
 Control::~Control() {
+  Leave();
+}
+
+void Control::Leave() {
+  if (left_) return;
+  left_ = true;
+  Ended.Emit();
   owner_.Remove(*this);
 }
 
-void Control::VisitProperties(const PropertyVisitor& visit) {
-  visit("Left", Left);
-  visit("Top", Top);
-  visit("Width", Width);
-  visit("Height", Height);
-  visit("Enabled", Enabled);
-  visit("Visible", Visible);
-  visit("ToolTipText", ToolTipText);
+std::optional<std::string> Control::ReadProperty(std::string_view name) {
+  if (name == "Container" && Container == nullptr) return owner_.Name();
+  return Element::ReadProperty(name);
 }
 
 void Control::Move(float left, float top, float width, float height) {
@@ -39,16 +41,30 @@ void Control::Move(float left, float top, float width, float height) {
   Height = height;
 }
 
+float Control::TwipsPerOuterUnit() const {
+  const Control* container = Container;
+  return TwipsPerUnit(container ? container->InnerScale() : owner_.Scale.Get());
+}
+
 void Control::SetFocus() {
   if (!Enabled || !Visible || !owner_.Visible() || !owner_.Enabled)
     throw RunTimeError(ErrorNumber::InvalidCall);
   owner_.UserFocus(this);
 }
 
+void Control::UserKey(int keyCode) {
+  if (!UserMayAct()) return;
+  const Form& form = owner_;
+  OnKeyDown(keyCode);
+  if (form.Has(*this)) OnKeyPress(keyCode);
+}
+
 bool Control::UserMayAct() {
   if (!Enabled || !owner_.Enabled) return false;
-  if (CanTakeFocus()) owner_.UserFocus(this);
-  return true;
+  if (!CanTakeFocus()) return true;
+  Form& form = owner_;
+  form.UserFocus(this);
+  return form.Has(*this);
 }
 
 }  // namespace lumidex

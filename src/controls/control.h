@@ -1,10 +1,8 @@
 #pragma once
-// The base of every control: it belongs to a form, which finds it by name.
-
-#include <memory>
-#include <vector>
+// The base of every control: it belongs to a form, which finds it by name, and may stand in another control.
 
 #include "controls/element.h"
+#include "controls/scale.h"
 
 namespace lumidex {
 
@@ -12,22 +10,35 @@ class Form;
 
 // "chkFileType(13)"
 std::string IndexedName(std::string_view name, int index);
+[[noreturn]] void RaiseSubscript();
 
 class Control : public Element {
  public:
   Control(Form& owner, std::string name);
   ~Control() override;
 
-  Form& Owner() { return owner_; }
-  void VisitProperties(const PropertyVisitor& visit) override;
+  Form& Owner() const { return owner_; }
+  // Also Container, which is the form's name for what stands in the form itself.
+  std::optional<std::string> ReadProperty(std::string_view name) override;
 
-  // Position in twips, inside the form or the container that the view knows.
-  Property<float> Left{*this}, Top{*this}, Width{*this}, Height{*this};
-  Property<bool> Enabled{*this, true, nullptr, nullptr, &Control::EnabledWritten};
-  Property<bool> Visible{*this, true};
-  Property<std::string> ToolTipText{*this};
+  // What the control stands in: null for the form itself, and the page of a container that has several.
+  Property<Control*> Container{*this, "Container"};
+  Property<int> ContainerPage{*this, "ContainerPage"};
+  // Position inside the container or the form, in its units.
+  Property<float> Left{*this, "Left"}, Top{*this, "Top"}, Width{*this, "Width"}, Height{*this, "Height"};
+  Property<bool> Enabled{*this, "Enabled", true, nullptr, nullptr, &Control::EnabledWritten};
+  Property<bool> Visible{*this, "Visible", true};
+  Property<std::string> ToolTipText{*this, "ToolTipText"};
+  // Each call of BringToFront raises it, and the control above its neighbours.
+  Property<int> Order{*this, "Order"};
+  void BringToFront() { Order = Order + 1; }
 
   void Move(float left, float top, float width, float height);
+  // How many twips one unit of its position and size is.
+  float TwipsPerOuterUnit() const;
+  // The unit for what stands inside.
+  virtual ScaleMode InnerScale() const { return ScaleMode::Twips; }
+
   // Gives the control the keyboard. Raises InvalidCall when it, or its form, is hidden or disabled.
   void SetFocus();
   virtual bool CanTakeFocus() const { return false; }
@@ -39,10 +50,15 @@ class Control : public Element {
   Event<> OnGotFocus, OnLostFocus;
   // Key codes are the classic virtual ones: 13 Enter, 27 Escape, 37 to 40 the arrows.
   Event<int> OnKeyDown, OnKeyPress;
+  // A key goes down on the control that has the keyboard.
+  void UserKey(int keyCode);
+
+  // Takes the control out of its form, so that nobody finds it any more: the first step of its end.
+  void Leave();
 
  protected:
   // A user gesture reaches a control only when it is enabled; it first gets the keyboard if it can take it.
-  // False when the gesture goes nowhere.
+  // False when the gesture goes nowhere; the control may be gone then.
   bool UserMayAct();
 
   // Somebody has written Enabled, with a new value or the old one.
@@ -52,39 +68,7 @@ class Control : public Element {
   static void EnabledWritten(Element& element) { static_cast<Control&>(element).WhenEnabledWritten(); }
 
   Form& owner_;
+  bool left_ = false;
 };
-
-// A group of controls of one kind under one name, told apart by an index that need not begin at 0.
-template <class T>
-class ControlArray {
- public:
-  template <class... Args>
-  ControlArray(Form& owner, std::string_view name, int first, int last, Args&&... args) : first_(first) {
-    for (int index = first; index <= last; ++index) {
-      members_.push_back(std::make_unique<T>(owner, IndexedName(name, index), args...));
-    }
-  }
-  // Raises Subscript outside the range.
-  T& operator()(int index) {
-    CheckIndex(index);
-    return *members_[static_cast<std::size_t>(index - first_)];
-  }
-  int First() const { return first_; }
-  int Last() const { return first_ + static_cast<int>(members_.size()) - 1; }
-  auto begin() { return members_.begin(); }
-  auto end() { return members_.end(); }
-
- private:
-  void CheckIndex(int index) const;
-  int first_;
-  std::vector<std::unique_ptr<T>> members_;
-};
-
-[[noreturn]] void RaiseSubscript();
-
-template <class T>
-void ControlArray<T>::CheckIndex(int index) const {
-  if (index < First() || index > Last()) RaiseSubscript();
-}
 
 }  // namespace lumidex

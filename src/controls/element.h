@@ -1,6 +1,7 @@
 #pragma once
-// What forms and controls have in common: a name, properties that can be visited, and observers.
+// What forms and controls have in common: a name, properties that are known by name, and observers.
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -22,7 +23,7 @@ class Event {
   }
   void operator()(Args... args) const {
     if (!handler_) return;
-    const Handler running = handler_;  // stays alive should the handler be replaced while it runs
+    const Handler running = handler_;  // stays alive should the handler, or this, go while it runs
     running(args...);
   }
   explicit operator bool() const { return static_cast<bool>(handler_); }
@@ -41,7 +42,11 @@ class Element {
   const std::string& Name() const { return name_; }
   // "ListBox", "Form"...
   virtual std::string_view Kind() const = 0;
-  virtual void VisitProperties(const PropertyVisitor& visit) = 0;
+
+  // The kept properties, those of the base classes first; go on with PropertyBase::Next.
+  PropertyBase* FirstProperty() const { return first_; }
+  // Null when there is none of that name.
+  PropertyBase* FindProperty(std::string_view name) const;
 
   // A property by name, as text: also the computed ones of a kind, as "ListCount" or "List(3)". Nothing when
   // the kind has no such property.
@@ -53,13 +58,21 @@ class Element {
 
   // Some property has changed; observers look for themselves which.
   Signal<> Changed;
+  // It goes now: observers let go of it.
+  Signal<> Ended;
 
   // Every property that is kept (not the computed ones) as its design, and back.
   virtual void KeepDesign();
   virtual void RestoreDesign();
 
  private:
+  friend class PropertyBase;
   std::string name_;
+  PropertyBase* first_ = nullptr;
+  PropertyBase* last_ = nullptr;
 };
+
+// "List(12)" taken apart: the number when `name` is `call` with a number in brackets.
+std::optional<int> Argument(std::string_view name, std::string_view call);
 
 }  // namespace lumidex

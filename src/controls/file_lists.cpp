@@ -10,11 +10,6 @@
 namespace lumidex {
 namespace {
 
-std::optional<int> ListArgument(std::string_view name) {
-  if (!name.starts_with("List(") || !name.ends_with(")")) return {};
-  return ToInt32(Val(name.substr(5)));
-}
-
 bool IsRoot(const std::string& path, char separator) {
   return path.size() == 1 || (path.size() == 3 && path[1] == ':' && path[2] == separator);
 }
@@ -82,7 +77,7 @@ std::optional<std::string> DirList::ReadProperty(std::string_view name) {
   if (name == "Path") return path_;
   if (name == "ListCount") return Number(ListCount());
   if (name == "ListIndex") return Number(ListIndex());
-  if (const auto index = ListArgument(name)) return List(*index);
+  if (const auto index = Argument(name, "List")) return List(*index);
   return Control::ReadProperty(name);
 }
 
@@ -178,15 +173,10 @@ void DirList::UserOpen(int index) {
   OpenHighlighted();
 }
 
-void DirList::UserKey(int keyCode) {
-  if (!UserMayAct()) return;
-  OnKeyDown(keyCode);
-  OnKeyPress(keyCode);
-}
-
 FileList::FileList(Form& owner, std::string name, DirectoryReader& reader)
     : Control(owner, std::move(name)),
-      Pattern(*this, "*", nullptr, [](Element& element) { static_cast<FileList&>(element).TakePattern(); }),
+      Pattern(*this, "Pattern", "*", nullptr,
+              [](Element& element) { static_cast<FileList&>(element).TakePattern(); }),
       reader_(reader) {}
 
 std::optional<std::string> FileList::ReadProperty(std::string_view name) {
@@ -194,7 +184,7 @@ std::optional<std::string> FileList::ReadProperty(std::string_view name) {
   if (name == "ListCount") return Number(ListCount());
   if (name == "ListIndex") return Number(ListIndex());
   if (name == "FileName") return FileName();
-  if (const auto index = ListArgument(name)) return List(*index);
+  if (const auto index = Argument(name, "List")) return List(*index);
   return Control::ReadProperty(name);
 }
 
@@ -207,11 +197,6 @@ bool FileList::WriteProperty(std::string_view name, std::string_view text) {
     return Control::WriteProperty(name, text);
   }
   return true;
-}
-
-void FileList::VisitProperties(const PropertyVisitor& visit) {
-  Control::VisitProperties(visit);
-  visit("Pattern", Pattern);
 }
 
 void FileList::RestoreDesign() {
@@ -270,9 +255,8 @@ int FileList::FileCount() const {
   return static_cast<int>(Names().size());
 }
 
-const std::string& FileList::List(int index) const {
-  static const std::string nothing;
-  if (index < 0 || index >= FileCount()) return nothing;
+std::string FileList::List(int index) const {
+  if (index < 0 || index >= FileCount()) return {};
   return Names()[static_cast<std::size_t>(index)];
 }
 

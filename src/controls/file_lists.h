@@ -17,7 +17,7 @@ class DriveList final : public Control {
   bool CanTakeFocus() const override { return true; }
   void RestoreDesign() override;
 
-  const std::string& Drive() const { return drive_; }
+  std::string Drive() const { return drive_; }
   // Takes any path and keeps the drive it lies on; raises DeviceUnavailable when there is none. A new drive
   // fires Change.
   void SetDrive(const std::string& path);
@@ -39,7 +39,7 @@ class DirList final : public Control {
   bool CanTakeFocus() const override { return true; }
   void RestoreDesign() override;
 
-  const std::string& Path() const { return path_; }
+  std::string Path() const { return path_; }
   // Another directory fires Change; one that can't be entered raises PathNotFound or PathFileAccess and
   // changes nothing.
   void SetPath(const std::string& path);
@@ -65,7 +65,6 @@ class DirList final : public Control {
   // A click highlights, a double click or Enter opens.
   void UserHighlight(int index);
   void UserOpen(int index);
-  void UserKey(int keyCode);
 
  private:
   DirectoryReader& reader_;
@@ -81,11 +80,10 @@ class FileList final : public Control {
   // Also Path, ListCount, ListIndex, FileName and List(n).
   std::optional<std::string> ReadProperty(std::string_view name) override;
   bool WriteProperty(std::string_view name, std::string_view text) override;
-  void VisitProperties(const PropertyVisitor& visit) override;
   bool CanTakeFocus() const override { return true; }
   void RestoreDesign() override;
 
-  const std::string& Path() const { return path_; }
+  std::string Path() const { return path_; }
   // The directory is read when its entries are first asked for, and that is what raises when it can't be.
   void SetPath(const std::string& path);
   // Takes in what has changed on the disk since.
@@ -97,11 +95,11 @@ class FileList final : public Control {
   // As many as there are, where ListCount ends at what 16 bits can say.
   int FileCount() const;
   // Bare names, ascending; empty outside.
-  const std::string& List(int index) const;
+  std::string List(int index) const;
   int ListIndex() const { return listIndex_; }
   void SetListIndex(int index);
   // The selected name.
-  const std::string& FileName() const { return List(listIndex_); }
+  std::string FileName() const { return List(listIndex_); }
 
   Event<> OnClick, OnDblClick;
   void UserSelect(int index);

@@ -1,46 +1,42 @@
 #include "controls/form.h"
 
+#include <algorithm>
+
 #include "base/run_time_error.h"
 #include "base/text.h"
 #include "base/widths.h"
+#include "controls/control_array.h"
 
 namespace lumidex {
 
 Form::Form(Platform& platform, std::string name, std::string caption)
-    : Element(std::move(name)), Caption(*this, std::move(caption)), platform_(platform) {}
+    : Element(std::move(name)), Caption(*this, "Caption", std::move(caption)), platform_(platform) {}
 
 // Controls are members of the forms derived from this one and so are gone already.
-Form::~Form() = default;
-
-void Form::VisitProperties(const PropertyVisitor& visit) {
-  visit("Caption", Caption);
-  visit("Left", Left);
-  visit("Top", Top);
-  visit("Width", Width);
-  visit("Height", Height);
-  visit("WindowState", State);
-  visit("ScaleMode", Scale);
-  visit("MousePointer", Pointer);
-  visit("Enabled", Enabled);
-  visit("BackColor", BackColor);
-  visit("Icon", Icon);
-  visit("Picture", Picture);
-}
-
-void Form::Add(Control& control) {
-  controls_.push_back(&control);
-  byName_.emplace(control.Name(), &control);
+Form::~Form() {
+  Ended.Emit();
 }
 
 void Form::Remove(Control& control) {
   std::erase(controls_, &control);
-  byName_.erase(control.Name());
   if (focus_ == &control) focus_ = nullptr;
+  for (Control* other : controls_) {
+    if (other->Container == &control) other->Container.SetQuietly(nullptr);
+  }
+  ControlRemoved.Emit(control);
 }
 
-Control* Form::Find(std::string_view name) {
-  const auto found = byName_.find(name);
-  return found == byName_.end() ? nullptr : found->second;
+void Form::Remove(ControlArrayBase& array) {
+  std::erase(arrays_, &array);
+}
+
+Control* Form::Find(std::string_view name) const {
+  const auto found = std::ranges::find(controls_, name, &Control::Name);
+  return found == controls_.end() ? nullptr : *found;
+}
+
+bool Form::Has(const Control& control) const {
+  return std::ranges::find(controls_, &control) != controls_.end();
 }
 
 void Form::KeepDesign() {
@@ -51,6 +47,7 @@ void Form::KeepDesign() {
 void Form::RestoreDesign() {
   Element::RestoreDesign();
   ClearDrawing();
+  for (ControlArrayBase* array : arrays_) array->UnloadAll();
   for (Control* control : controls_) control->RestoreDesign();
 }
 
@@ -140,7 +137,7 @@ bool Form::AgreesToUnload() {
 
 float Form::TextWidth(std::string_view text) {
   const float twips = platform_.windows.TextWidth(hwnd(), text);
-  return Scale == ScaleMode::Pixels ? twips / twipsPerPixel : twips;
+  return twips / TwipsPerUnit(Scale);
 }
 
 void Form::UserClose() {
@@ -165,7 +162,8 @@ void Form::UserFocus(Control* control) {
   focus_ = control;
   Requested.Emit(FormRequest::Focus);
   if (before) before->OnLostFocus();
-  if (control) control->OnGotFocus();
+  // The handler may have moved the keyboard on, or ended the control.
+  if (control && focus_ == control) control->OnGotFocus();
 }
 
 }  // namespace lumidex

@@ -1,15 +1,15 @@
 #pragma once
 // A window: its controls, its events, and its life from the first load to the unload.
 
-#include <map>
+#include <vector>
 
 #include "controls/control.h"
+#include "pictures/picture.h"
 #include "ports/platform.h"
 
 namespace lumidex {
 
 enum class WindowState : int { Normal = 0, Minimized = 1, Maximized = 2 };
-enum class ScaleMode : int { User = 0, Twips = 1, Points = 2, Pixels = 3 };
 enum class MousePointer : int { Default = 0, Hourglass = 11 };
 enum class Modality { Modeless, Modal };
 
@@ -25,8 +25,7 @@ struct DrawnBand {
 // One-time wishes that are no state; the view carries them out.
 enum class FormRequest { Repaint, BringToFront, Focus };
 
-// Twips to a pixel on every platform: positions are given in twips and a view maps them as it likes.
-inline constexpr float twipsPerPixel = 15.0F;
+class ControlArrayBase;
 
 class Form : public Element {
  public:
@@ -35,22 +34,21 @@ class Form : public Element {
 
   std::string_view Kind() const override { return "Form"; }
   Platform& GetPlatform() { return platform_; }
-  void VisitProperties(const PropertyVisitor& visit) override;
 
-  Property<std::string> Caption{*this};
-  Property<float> Left{*this}, Top{*this};
+  Property<std::string> Caption{*this, "Caption"};
+  Property<float> Left{*this, "Left"}, Top{*this, "Top"};
   // The outer size in twips, frame and menu included; a new size fires Resize while the form is loaded.
-  Property<float> Width{*this, 0.0F, nullptr, &Form::SizeChanged};
-  Property<float> Height{*this, 0.0F, nullptr, &Form::SizeChanged};
-  Property<WindowState> State{*this, WindowState::Normal, nullptr, &Form::SizeChanged};
-  Property<ScaleMode> Scale{*this, ScaleMode::Twips};
-  Property<MousePointer> Pointer{*this, MousePointer::Default};
-  Property<bool> Enabled{*this, true};
+  Property<float> Width{*this, "Width", 0.0F, nullptr, &Form::SizeChanged};
+  Property<float> Height{*this, "Height", 0.0F, nullptr, &Form::SizeChanged};
+  Property<WindowState> State{*this, "WindowState", WindowState::Normal, nullptr, &Form::SizeChanged};
+  Property<ScaleMode> Scale{*this, "ScaleMode", ScaleMode::Twips};
+  Property<MousePointer> Pointer{*this, "MousePointer", MousePointer::Default};
+  Property<bool> Enabled{*this, "Enabled", true};
   // The colour behind everything, red in the low byte; the default is the desktop's window colour.
-  Property<std::int32_t> BackColor{*this, -1};
-  Property<lumidex::Picture> Icon{*this};
+  Property<std::int32_t> BackColor{*this, "BackColor", -1};
+  Property<lumidex::Picture> Icon{*this, "Icon"};
   // The background picture. Giving the form one, also the empty one, wipes the persistent drawing.
-  Property<lumidex::Picture> Picture{*this, {}, nullptr, nullptr, &Form::PictureWritten};
+  Property<lumidex::Picture> Picture{*this, "Picture", {}, nullptr, nullptr, &Form::PictureWritten};
 
   // The persistent drawing, on top of the background and below the controls.
   const std::vector<DrawnBand>& Drawing() const { return drawing_; }
@@ -88,10 +86,15 @@ class Form : public Element {
   void UserActivate();
   void UserFocus(Control* control);
 
-  Control* Find(std::string_view name);
+  // Null when there is none of that name.
+  Control* Find(std::string_view name) const;
+  bool Has(const Control& control) const;
   const std::vector<Control*>& Controls() const { return controls_; }
   Control* ActiveControl() const { return focus_; }
 
+  // Controls come and go while the form lives, as elements of an array do. Of one that goes only its address
+  // and its name are good.
+  Signal<Control&> ControlAdded, ControlRemoved;
   Signal<FormRequest> Requested;
   // Shown, hidden, loaded or unloaded.
   Signal<> VisibilityChanged;
@@ -102,16 +105,19 @@ class Form : public Element {
 
  private:
   friend class Control;
+  friend class ControlArrayBase;
   static void SizeChanged(Element& element);
   static void PictureWritten(Element& element) { static_cast<Form&>(element).ClearDrawing(); }
   std::int32_t DrawnColor(int row) const;
   bool AgreesToUnload();
-  void Add(Control& control);
+  void Add(Control& control) { controls_.push_back(&control); }
   void Remove(Control& control);
+  void Add(ControlArrayBase& array) { arrays_.push_back(&array); }
+  void Remove(ControlArrayBase& array);
 
   Platform& platform_;
   std::vector<Control*> controls_;
-  std::map<std::string, Control*, std::less<>> byName_;
+  std::vector<ControlArrayBase*> arrays_;
   std::vector<DrawnBand> drawing_;
   Control* focus_ = nullptr;
   bool loaded_ = false;

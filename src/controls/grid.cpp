@@ -47,7 +47,7 @@ void Grid::CheckCell(int row, int column) const {
   if (row < 0 || row >= Rows() || column < 0 || column >= Cols()) RaiseSubscript();
 }
 
-const std::string& Grid::TextMatrix(int row, int column) const {
+std::string Grid::TextMatrix(int row, int column) const {
   CheckCell(row, column);
   return cells_[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)];
 }

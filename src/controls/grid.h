@@ -19,7 +19,7 @@ class Grid final : public Control {
   void SetRows(int rows);
   void SetCols(int columns);
   // Raise Subscript outside.
-  const std::string& TextMatrix(int row, int column) const;
+  std::string TextMatrix(int row, int column) const;
   void SetTextMatrix(int row, int column, std::string text);
   void Clear();
 

@@ -26,24 +26,6 @@ std::int32_t ScrollRoom(int length, float view, float zoom) {
 
 }  // namespace
 
-void Gvbox::VisitProperties(const PropertyVisitor& visit) {
-  Control::VisitProperties(visit);
-  visit("ThumbnailSize", ThumbnailSize);
-  visit("Appearance", Appearance);
-  visit("FancyUpsizing", FancyUpsizing);
-  visit("TwoPassQuantize", TwoPassQuantize);
-  visit("DitherMethod", DitherMethod);
-  visit("DCTMethod", DCTMethod);
-  visit("JPGDitherMethod", JPGDitherMethod);
-  visit("JPGOptimize", JPGOptimize);
-  visit("JPGQuality", JPGQuality);
-  visit("JPGSmoothing", JPGSmoothing);
-  visit("ZoomLevel", ZoomLevel);
-  visit("ScaleMode", ScaleMode);
-  visit("AutoRedraw", AutoRedraw);
-  visit("RetainBitmap", RetainBitmap);
-}
-
 std::optional<std::string> Gvbox::ReadProperty(std::string_view name) {
   if (name == "FileName") return fileName_;
   if (name == "Picture") return property_text::Of(working_);

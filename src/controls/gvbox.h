@@ -18,13 +18,12 @@ class Gvbox final : public Control {
  public:
   Gvbox(Form& owner, std::string name) : Control(owner, std::move(name)) {}
   std::string_view Kind() const override { return "Gvbox"; }
-  void VisitProperties(const PropertyVisitor& visit) override;
   // Also FileName, PictureWidth, PictureHeight, BitsPerPixel, ZoomLevel, ThumbnailSize and the scroll values.
   std::optional<std::string> ReadProperty(std::string_view name) override;
   bool CanTakeFocus() const override { return true; }
   void RestoreDesign() override;
 
-  const std::string& FileName() const { return fileName_; }
+  std::string FileName() const { return fileName_; }
   // Opens the file anew, also when the path is the same; the working image becomes the file's own. Empty
   // releases the image. Raises what opening raises and leaves no picture then; fires ImageChanged after a
   // load.
@@ -41,9 +40,9 @@ class Gvbox final : public Control {
   // pixels, never enlarged, in the style of Appearance.
   lumidex::Picture Picture() const;
   void SetPicture(const lumidex::Picture& picture);
-  Property<int> ThumbnailSize{*this, 0, &RefuseNegative};
+  Property<int> ThumbnailSize{*this, "ThumbnailSize", 0, &RefuseNegative};
   // The style of thumbnails: 0 flat, 1 with a raised edge.
-  Property<int> Appearance{*this, 1, &RefuseOutside<0, 1>};
+  Property<int> Appearance{*this, "Appearance", 1, &RefuseOutside<0, 1>};
 
   // Size of the working image in pixels and depth of the file; 0 without an image. A side beyond 16 bits
   // raises Overflow.
@@ -55,31 +54,31 @@ class Gvbox final : public Control {
   // 2 floating point; JPGDitherMethod 0 none, 1 ordered, 2 Floyd-Steinberg. DitherMethod 1 brings JPEG files
   // down to 256 colours; 0 does not, nor does 2, which is for colours that the screen can not show: there are
   // none. Values outside raise InvalidPropertyValue.
-  Property<bool> FancyUpsizing{*this, true}, TwoPassQuantize{*this, true};
-  Property<int> DitherMethod{*this, 0, &RefuseOutside<0, 2>};
-  Property<int> DCTMethod{*this, 0, &RefuseOutside<0, 2>};
-  Property<int> JPGDitherMethod{*this, 0, &RefuseOutside<0, 2>};
+  Property<bool> FancyUpsizing{*this, "FancyUpsizing", true}, TwoPassQuantize{*this, "TwoPassQuantize", true};
+  Property<int> DitherMethod{*this, "DitherMethod", 0, &RefuseOutside<0, 2>};
+  Property<int> DCTMethod{*this, "DCTMethod", 0, &RefuseOutside<0, 2>};
+  Property<int> JPGDitherMethod{*this, "JPGDitherMethod", 0, &RefuseOutside<0, 2>};
 
   // JPEG writer options. The texts are taken as typed: the number at their start, brought into 1 to 100 for
   // the quality and 0 to 100 for the smoothing; text that begins with none counts as 75 and 0.
-  Property<int> JPGOptimize{*this, 0};
-  Property<std::string> JPGQuality{*this, "75"}, JPGSmoothing{*this, "0"};
+  Property<int> JPGOptimize{*this, "JPGOptimize", 0};
+  Property<std::string> JPGQuality{*this, "JPGQuality", "75"}, JPGSmoothing{*this, "JPGSmoothing", "0"};
 
   // 1.0 is one image pixel on one screen pixel. A new level fires ImageChanged, but not after a load that
   // failed. A level below 0, and one at which a side of the image would be longer than MostZoomedPixels,
   // raise InvalidPropertyValue.
-  Property<float> ZoomLevel{*this, 1.0F, &RefuseZoom, &ZoomChanged};
+  Property<float> ZoomLevel{*this, "ZoomLevel", 1.0F, &RefuseZoom, &ZoomChanged};
   // Up to here a 32-bit float still tells places in the zoomed image that are a 64th of a pixel apart.
   static constexpr float MostZoomedPixels = 262144.0F;
 
   // Unit of ScaleWidth, ScaleHeight and painting; every value is one image pixel a step.
-  Property<std::int32_t> ScaleMode{*this, 1};
+  Property<std::int32_t> ScaleMode{*this, "ScaleMode", 1};
   float ScaleWidth() const;
   float ScaleHeight() const;
   // 1 lets painting land in the working image; what is painted with 0 is gone at the next redraw.
-  Property<int> AutoRedraw{*this, 0, &RefuseOutside<0, 1>};
+  Property<int> AutoRedraw{*this, "AutoRedraw", 0, &RefuseOutside<0, 1>};
   // 1 when what is painted over is a bitmap. The working image becomes one in any case.
-  Property<int> RetainBitmap{*this, 0, &RefuseOutside<0, 1>};
+  Property<int> RetainBitmap{*this, "RetainBitmap", 0, &RefuseOutside<0, 1>};
 
   // The colour of the working image under a place in the control, given in twips; red in the low byte,
   // transparency over white; -1 beside the image.

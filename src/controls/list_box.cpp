@@ -7,24 +7,8 @@
 #include "base/widths.h"
 
 namespace lumidex {
-namespace {
-
-// The number in "List(12)" when `name` is `call` with a number in brackets.
-std::optional<int> Argument(std::string_view name, std::string_view call) {
-  if (!name.starts_with(call) || !name.ends_with(")") || name.size() < call.size() + 3) return {};
-  if (name[call.size()] != '(') return {};
-  return ToInt32(Val(name.substr(call.size() + 1)));
-}
-
-}  // namespace
-
 ListBox::ListBox(Form& owner, std::string name, ListStyle style)
     : Control(owner, std::move(name)), style_(style) {}
-
-void ListBox::VisitProperties(const PropertyVisitor& visit) {
-  Control::VisitProperties(visit);
-  visit("BackColor", BackColor);
-}
 
 std::optional<std::string> ListBox::ReadProperty(std::string_view name) {
   if (name == "ListCount") return Number(ListCount());
@@ -105,10 +89,9 @@ std::int16_t ListBox::ListCount() const {
   return static_cast<std::int16_t>(items_.size() + unsettled_.size());
 }
 
-const std::string& ListBox::List(int index) const {
-  static const std::string nothing;
+std::string ListBox::List(int index) const {
   Settle();
-  if (index < 0 || index >= ListCount()) return nothing;
+  if (index < 0 || index >= ListCount()) return {};
   return items_[static_cast<std::size_t>(index)].text;
 }
 
@@ -169,12 +152,6 @@ void ListBox::UserSelect(int index) {
 
 void ListBox::UserDoubleClick() {
   if (UserMayAct()) OnDblClick();
-}
-
-void ListBox::UserKey(int keyCode) {
-  if (!UserMayAct()) return;
-  OnKeyDown(keyCode);
-  OnKeyPress(keyCode);
 }
 
 void ListBox::UserTick(int index, bool ticked) {

@@ -1,8 +1,6 @@
 #pragma once
 // The list control: plain, sorted, or with a check box before each entry. Single selection.
 
-#include <functional>
-
 #include "controls/control.h"
 
 namespace lumidex {
@@ -22,7 +20,6 @@ class ListBox final : public Control {
   ListBox(Form& owner, std::string name, ListStyle style = ListStyle::Plain);
 
   std::string_view Kind() const override { return "ListBox"; }
-  void VisitProperties(const PropertyVisitor& visit) override;
   // Also ListCount, ListIndex, Text, List(n) and Selected(n).
   std::optional<std::string> ReadProperty(std::string_view name) override;
   bool WriteProperty(std::string_view name, std::string_view text) override;
@@ -31,7 +28,7 @@ class ListBox final : public Control {
   void KeepDesign() override;
   void RestoreDesign() override;
 
-  Property<std::int32_t> BackColor{*this, -1};
+  Property<std::int32_t> BackColor{*this, "BackColor", -1};
   ListStyle Style() const { return style_; }
 
   // Appends, or inserts before `index` (0 to the count); a sorted list finds the place itself. The 32,768th
@@ -44,9 +41,9 @@ class ListBox final : public Control {
 
   std::int16_t ListCount() const;
   // Empty outside the list, so List(ListIndex()) can always be read.
-  const std::string& List(int index) const;
+  std::string List(int index) const;
   void SetList(int index, std::string text);
-  const std::string& Text() const { return List(ListIndex()); }
+  std::string Text() const { return List(ListIndex()); }
 
   // -1 when there is none. Writing fires Click when, and only when, the selection changes; a position outside
   // raises InvalidPropertyValue.
@@ -62,7 +59,6 @@ class ListBox final : public Control {
   // A click or an arrow key of the user: always fires Click.
   void UserSelect(int index);
   void UserDoubleClick();
-  void UserKey(int keyCode);
   void UserTick(int index, bool ticked);
 
   Signal<ListChange> ItemsChanged;

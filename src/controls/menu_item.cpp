@@ -2,12 +2,6 @@
 
 namespace lumidex {
 
-void MenuItem::VisitProperties(const PropertyVisitor& visit) {
-  Control::VisitProperties(visit);
-  visit("Caption", Caption);
-  visit("Checked", Checked);
-}
-
 std::optional<std::string> MenuItem::ReadProperty(std::string_view name) {
   if (name == "Shortcut") return shortcut_ ? std::string("Ctrl+") + shortcut_ : std::string();
   return Control::ReadProperty(name);

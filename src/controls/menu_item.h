@@ -11,17 +11,16 @@ class MenuItem final : public Control {
   // `parent` is null for the titles of the menu bar. `shortcut` is pressed with Ctrl; 0 for none.
   MenuItem(Form& owner, std::string name, MenuItem* parent, std::string caption, char shortcut = 0)
       : Control(owner, std::move(name)),
-        Caption(*this, std::move(caption)),
+        Caption(*this, "Caption", std::move(caption)),
         parent_(parent),
         shortcut_(shortcut) {}
 
   std::string_view Kind() const override { return "MenuItem"; }
-  void VisitProperties(const PropertyVisitor& visit) override;
   // Also Shortcut, as "Ctrl+D".
   std::optional<std::string> ReadProperty(std::string_view name) override;
 
   Property<std::string> Caption;
-  Property<bool> Checked{*this, false};
+  Property<bool> Checked{*this, "Checked", false};
   Event<> OnClick;
 
   MenuItem* Parent() const { return parent_; }

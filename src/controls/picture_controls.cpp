@@ -7,31 +7,21 @@
 
 namespace lumidex {
 
-void ImageBox::VisitProperties(const PropertyVisitor& visit) {
-  Control::VisitProperties(visit);
-  visit("Picture", Picture);
-  visit("PictureKey", PictureKey);
-  visit("Stretch", Stretch);
-  visit("Order", Order);
-}
-
-void PictureBox::VisitProperties(const PropertyVisitor& visit) {
-  Control::VisitProperties(visit);
-  visit("Picture", Picture);
-  visit("BackColor", BackColor);
-}
-
 std::optional<std::string> PictureBox::ReadProperty(std::string_view name) {
   if (name == "ScaleWidth") return Number(ScaleWidth());
   if (name == "ScaleHeight") return Number(ScaleHeight());
   return Control::ReadProperty(name);
 }
 
+float PictureBox::Inside(float length) const {
+  return std::max(0.0F, length * TwipsPerOuterUnit() - 2 * Border) / TwipsPerUnit(Scale);
+}
+
 float PictureBox::ScaleWidth() const {
-  return std::max(0.0F, Width - 2 * Border) / twipsPerPixel;
+  return Inside(Width);
 }
 float PictureBox::ScaleHeight() const {
-  return std::max(0.0F, Height - 2 * Border) / twipsPerPixel;
+  return Inside(Height);
 }
 
 }  // namespace lumidex

@@ -3,24 +3,21 @@
 // others.
 
 #include "controls/control.h"
+#include "pictures/picture.h"
 
 namespace lumidex {
 
 class ImageBox final : public Control {
  public:
   ImageBox(Form& owner, std::string name, bool stretch = false)
-      : Control(owner, std::move(name)), Stretch(*this, stretch) {}
+      : Control(owner, std::move(name)), Stretch(*this, "Stretch", stretch) {}
   std::string_view Kind() const override { return "Image"; }
-  void VisitProperties(const PropertyVisitor& visit) override;
 
-  Property<lumidex::Picture> Picture{*this};
+  Property<lumidex::Picture> Picture{*this, "Picture"};
   // Name of the drawn picture that stands in the box while it is given no other; empty for none.
-  Property<std::string> PictureKey{*this};
+  Property<std::string> PictureKey{*this, "PictureKey"};
   // Scales the picture to the box; else the picture is shown in its own size from the top left corner.
   Property<bool> Stretch;
-  // Stands before its neighbours once this was called.
-  Property<int> Order{*this, 0};
-  void BringToFront() { Order = Order + 1; }
 
   Event<> OnClick, OnDblClick;
   void UserClick() {
@@ -38,15 +35,19 @@ class PictureBox final : public Control {
 
   PictureBox(Form& owner, std::string name) : Control(owner, std::move(name)) {}
   std::string_view Kind() const override { return "PictureBox"; }
-  void VisitProperties(const PropertyVisitor& visit) override;
   // Also ScaleWidth and ScaleHeight.
   std::optional<std::string> ReadProperty(std::string_view name) override;
 
-  Property<lumidex::Picture> Picture{*this};
-  Property<std::int32_t> BackColor{*this, -1};
-  // The inner size in pixels: what stands inside is measured in them.
+  Property<lumidex::Picture> Picture{*this, "Picture"};
+  Property<std::int32_t> BackColor{*this, "BackColor", -1};
+  // The unit of the inner size, and of what stands inside.
+  Property<ScaleMode> Scale{*this, "ScaleMode", ScaleMode::Twips};
+  ScaleMode InnerScale() const override { return Scale; }
   float ScaleWidth() const;
   float ScaleHeight() const;
+
+ private:
+  float Inside(float length) const;
 };
 
 }  // namespace lumidex

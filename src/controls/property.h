@@ -1,30 +1,49 @@
 #pragma once
-// A control's property: a value with its design value, told to observers when it changes. Some properties
-// refuse values (error 380) or fire an event on a new value; their control hands in the rule.
+// A control's property: a value with its design value, known to its owner by name and told to observers when
+// it changes. Some properties refuse values (error 380) or fire an event on a new value; their control hands
+// in the rule.
 
 #include <cstdint>
-#include <functional>
 #include <string>
 #include <string_view>
 #include <type_traits>
 #include <utility>
 
-#include "pictures/picture.h"
-
 namespace lumidex {
 
+class Control;
 class Element;
+class Picture;
 
-// What visitors see: any property as text, and its way back to the design.
+// What an element knows of each of its properties: its name, its value as text, and the way back to the
+// design.
 class PropertyBase {
  public:
+  // Joins the properties of `owner`, of which it is a member. `name` is a literal.
+  PropertyBase(Element& owner, const char* name);
   virtual ~PropertyBase() = default;
+  PropertyBase(const PropertyBase&) = delete;
+
+  std::string_view Name() const { return name_; }
+  // The property declared next in the same owner; null after the last.
+  PropertyBase* Next() const { return next_; }
+
   virtual std::string AsText() const = 0;
   // Written as code writes it: events fire, rules hold. Raises TypeMismatch for text of another kind.
   virtual void WriteText(std::string_view text) = 0;
   virtual void KeepAsDesign() = 0;
   // Silently, but for the observers.
   virtual void RestoreDesign() = 0;
+  // Takes over value and design of the same property of an owner of the same kind, as silently.
+  virtual void TakeFrom(const PropertyBase& other) = 0;
+
+ protected:
+  Element& owner_;
+
+ private:
+  friend class Element;
+  const char* name_;
+  PropertyBase* next_ = nullptr;
 };
 
 namespace property_text {
@@ -33,11 +52,15 @@ std::string Of(std::int64_t value);
 std::string Of(float value);
 std::string Of(const std::string& value);
 std::string Of(const Picture& value);
+// The name; empty for none.
+std::string Of(const Control* value);
 void Read(std::string_view text, bool& value);
 void Read(std::string_view text, std::int64_t& value);
 void Read(std::string_view text, float& value);
 void Read(std::string_view text, std::string& value);
+// Pictures and controls can only be taken away by text.
 void Read(std::string_view text, Picture& value);
+void Read(std::string_view text, Control*& value);
 }  // namespace property_text
 
 void NotifyObservers(Element& owner);
@@ -49,15 +72,14 @@ class Property final : public PropertyBase {
   using Hook = void (*)(Element& owner);
 
   // `check` refuses values by raising, `changed` runs after a new value, `written` after every write.
-  explicit Property(Element& owner, T initial = {}, Check check = nullptr, Hook changed = nullptr,
-                    Hook written = nullptr)
-      : owner_(owner),
+  Property(Element& owner, const char* name, T initial = {}, Check check = nullptr, Hook changed = nullptr,
+           Hook written = nullptr)
+      : PropertyBase(owner, name),
         value_(initial),
         design_(std::move(initial)),
         check_(check),
         changed_(changed),
         written_(written) {}
-  Property(const Property&) = delete;
   Property& operator=(const Property& other) { return *this = other.value_; }
 
   Property& operator=(T value) {
@@ -103,13 +125,17 @@ class Property final : public PropertyBase {
   }
   void KeepAsDesign() override { design_ = value_; }
   void RestoreDesign() override { SetQuietly(design_); }
+  void TakeFrom(const PropertyBase& other) override {
+    const auto& source = static_cast<const Property&>(other);
+    design_ = source.design_;
+    SetQuietly(source.value_);
+  }
 
  private:
   static constexpr bool IsWhole() {
     return std::is_enum_v<T> || (std::is_integral_v<T> && !std::is_same_v<T, bool>);
   }
 
-  Element& owner_;
   T value_;
   T design_;
   Check check_;
@@ -117,6 +143,11 @@ class Property final : public PropertyBase {
   Hook written_;
 };
 
-using PropertyVisitor = std::function<void(std::string_view name, PropertyBase& property)>;
+// Compiled once, in element.cpp.
+extern template class Property<bool>;
+extern template class Property<int>;
+extern template class Property<float>;
+extern template class Property<std::string>;
+extern template class Property<Control*>;
 
 }  // namespace lumidex

@@ -9,18 +9,9 @@ namespace lumidex {
 
 RangeControl::RangeControl(Form& owner, std::string name, int min, int max, int value)
     : Control(owner, std::move(name)),
-      Min(*this, min),
-      Max(*this, max),
-      Value(*this, value, &RefuseOutside, &Fire) {}
-
-void RangeControl::VisitProperties(const PropertyVisitor& visit) {
-  Control::VisitProperties(visit);
-  visit("Min", Min);
-  visit("Max", Max);
-  visit("Value", Value);
-  visit("SmallChange", SmallChange);
-  visit("LargeChange", LargeChange);
-}
+      Min(*this, "Min", min),
+      Max(*this, "Max", max),
+      Value(*this, "Value", value, &RefuseOutside, &Fire) {}
 
 void RangeControl::RefuseOutside(Element& owner, const int& value) {
   const auto& range = static_cast<RangeControl&>(owner);
@@ -48,11 +39,6 @@ void RangeControl::UserDrag(int value) {
 void RangeControl::UserDrop() {
   const std::optional<int> before = std::exchange(beforeDrag_, std::nullopt);
   if (before && !(Value == *before)) OnChange();
-}
-
-void Slider::VisitProperties(const PropertyVisitor& visit) {
-  RangeControl::VisitProperties(visit);
-  visit("TickFrequency", TickFrequency);
 }
 
 }  // namespace lumidex

@@ -11,10 +11,9 @@ namespace lumidex {
 class RangeControl : public Control {
  public:
   RangeControl(Form& owner, std::string name, int min, int max, int value);
-  void VisitProperties(const PropertyVisitor& visit) override;
 
   Property<int> Min, Max, Value;
-  Property<int> SmallChange{*this, 1}, LargeChange{*this, 1};
+  Property<int> SmallChange{*this, "SmallChange", 1}, LargeChange{*this, "LargeChange", 1};
   Event<> OnChange;
   // While a thumb is being dragged.
   Event<> OnScroll;
@@ -39,9 +38,8 @@ class Slider final : public RangeControl {
   Slider(Form& owner, std::string name, int min = 0, int max = 10, int value = 0)
       : RangeControl(owner, std::move(name), min, max, value) {}
   std::string_view Kind() const override { return "Slider"; }
-  void VisitProperties(const PropertyVisitor& visit) override;
   // Steps between two ticks.
-  Property<int> TickFrequency{*this, 1};
+  Property<int> TickFrequency{*this, "TickFrequency", 1};
   bool CanTakeFocus() const override { return true; }
 };
 

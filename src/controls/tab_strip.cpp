@@ -4,11 +4,6 @@
 
 namespace lumidex {
 
-void TabStrip::VisitProperties(const PropertyVisitor& visit) {
-  Control::VisitProperties(visit);
-  visit("Tab", Tab);
-}
-
 void TabStrip::RefuseOthers(Element& owner, const int& page) {
   const auto count = static_cast<TabStrip&>(owner).captions_.size();
   if (page < 0 || page >= static_cast<int>(count)) throw RunTimeError(ErrorNumber::InvalidPropertyValue);

@@ -10,11 +10,10 @@ class TabStrip final : public Control {
   TabStrip(Form& owner, std::string name, std::vector<std::string> captions)
       : Control(owner, std::move(name)), captions_(std::move(captions)) {}
   std::string_view Kind() const override { return "SSTab"; }
-  void VisitProperties(const PropertyVisitor& visit) override;
 
   const std::vector<std::string>& Captions() const { return captions_; }
   // Zero-based; a page that does not exist raises InvalidPropertyValue. A new page fires Click.
-  Property<int> Tab{*this, 0, &RefuseOthers, &Fire};
+  Property<int> Tab{*this, "Tab", 0, &RefuseOthers, &Fire};
   Event<> OnClick;
 
   void UserSelect(int page) {

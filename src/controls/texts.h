@@ -8,14 +8,13 @@ namespace lumidex {
 class Label final : public Control {
  public:
   Label(Form& owner, std::string name, std::string caption = {})
-      : Control(owner, std::move(name)), Caption(*this, std::move(caption)) {}
+      : Control(owner, std::move(name)), Caption(*this, "Caption", std::move(caption)) {}
   std::string_view Kind() const override { return "Label"; }
-  void VisitProperties(const PropertyVisitor& visit) override;
 
   Property<std::string> Caption;
   // Red in the low byte; -1 is the desktop's own colour.
-  Property<std::int32_t> ForeColor{*this, -1};
-  Property<std::int32_t> BackColor{*this, -1};
+  Property<std::int32_t> ForeColor{*this, "ForeColor", -1};
+  Property<std::int32_t> BackColor{*this, "BackColor", -1};
   Event<> OnClick;
 
   void UserClick() {
@@ -26,17 +25,16 @@ class Label final : public Control {
 class TextBox final : public Control {
  public:
   TextBox(Form& owner, std::string name, std::string text = {})
-      : Control(owner, std::move(name)), Text(*this, std::move(text), nullptr, &Fire) {}
+      : Control(owner, std::move(name)), Text(*this, "Text", std::move(text), nullptr, &Fire) {}
   std::string_view Kind() const override { return "TextBox"; }
-  void VisitProperties(const PropertyVisitor& visit) override;
   bool CanTakeFocus() const override { return true; }
 
   // A new text fires Change.
   Property<std::string> Text;
-  Property<bool> Locked{*this, false};
-  Property<bool> MultiLine{*this, false};
+  Property<bool> Locked{*this, "Locked", false};
+  Property<bool> MultiLine{*this, "MultiLine", false};
   // Most characters that may be typed; 0 is no limit.
-  Property<int> MaxLength{*this, 0};
+  Property<int> MaxLength{*this, "MaxLength", 0};
   Event<> OnChange;
 
   void UserType(std::string text) {
@@ -50,9 +48,8 @@ class TextBox final : public Control {
 class Frame final : public Control {
  public:
   Frame(Form& owner, std::string name, std::string caption = {})
-      : Control(owner, std::move(name)), Caption(*this, std::move(caption)) {}
+      : Control(owner, std::move(name)), Caption(*this, "Caption", std::move(caption)) {}
   std::string_view Kind() const override { return "Frame"; }
-  void VisitProperties(const PropertyVisitor& visit) override;
 
   Property<std::string> Caption;
 };

@@ -7,18 +7,13 @@ namespace lumidex {
 
 Timer::Timer(Form& owner, std::string name, int interval, bool enabled)
     : Control(owner, std::move(name)),
-      Interval(*this, interval, &RefuseOthers, nullptr,
+      Interval(*this, "Interval", interval, &RefuseOthers, nullptr,
                [](Element& element) { static_cast<Timer&>(element).Restart(); }) {
   Enabled.SetQuietly(enabled);
 }
 
 Timer::~Timer() {
   Stop();
-}
-
-void Timer::VisitProperties(const PropertyVisitor& visit) {
-  Control::VisitProperties(visit);
-  visit("Interval", Interval);
 }
 
 void Timer::RefuseOthers(Element&, const int& value) {

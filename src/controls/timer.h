@@ -11,7 +11,6 @@ class Timer final : public Control {
   Timer(Form& owner, std::string name, int interval = 0, bool enabled = true);
   ~Timer() override;
   std::string_view Kind() const override { return "Timer"; }
-  void VisitProperties(const PropertyVisitor& visit) override;
   void WhenFormLoaded() override { Restart(); }
   void WhenFormUnloaded() override { Stop(); }
 

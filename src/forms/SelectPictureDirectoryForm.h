@@ -2,6 +2,7 @@
 // The dialog in which the directory of a search is chosen. Its lists also do the walking of the search.
 
 #include "controls/buttons.h"
+#include "controls/control_array.h"
 #include "controls/directory_reader.h"
 #include "controls/file_lists.h"
 #include "controls/form.h"

@@ -54,6 +54,8 @@ WPaper2Window::WPaper2Window(Platform& platform)
 }
 
 void WPaper2Window::PlaceControls() {
+  Image1.Container = &Picture1;
+  Picture1.Scale = ScaleMode::Pixels;
   Picture1.Move(4200, 600, 5055, 3850);
   Image1.Move(0, 0, 5025 / twipsPerPixel, 3825 / twipsPerPixel);
   lblSelectionList.Move(90, 600, 975, 240);

@@ -4,6 +4,7 @@
 #include "controls/bars.h"
 #include "controls/buttons.h"
 #include "controls/common_dialog.h"
+#include "controls/control_array.h"
 #include "controls/form.h"
 #include "controls/list_box.h"
 #include "controls/menu_item.h"
@@ -20,7 +21,7 @@ struct WPaper2Window : Form {
   StatusBar StatusBar1;
   Toolbar Toolbar1;
   PictureBox Picture1{*this, "Picture1"};
-  // Inside Picture1; its position is in pixels of Picture1.
+  // Inside Picture1, and placed in its pixels.
   ImageBox Image1{*this, "Image1", true};
   Label lblSelectionList{*this, "lblSelectionList", "Selection List"};
   ListBox LstLeft{*this, "LstLeft", ListStyle::Sorted};

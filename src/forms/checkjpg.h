@@ -1,6 +1,7 @@
 #pragma once
 // The hidden form that owns the two scratch image controls.
 
+#include "controls/control_array.h"
 #include "controls/form.h"
 #include "controls/gvbox.h"
 #include "controls/picture_controls.h"

@@ -5,7 +5,20 @@
 namespace lumidex {
 namespace {
 
-void Design(ControlArray<OptionButton>& options, std::initializer_list<const char*> captions) {
+void Put(TabStrip& tabs, int page, std::initializer_list<Control*> controls) {
+  for (Control* control : controls) {
+    control->Container = &tabs;
+    control->ContainerPage = page;
+  }
+}
+
+template <class T>
+void Put(TabStrip& tabs, int page, ControlArray<T>& controls) {
+  for (const auto& control : controls) Put(tabs, page, {control.get()});
+}
+
+void Design(ControlArray<OptionButton>& options, Frame& frame, std::initializer_list<const char*> captions) {
+  for (const auto& option : options) option->Container = &frame;
   int index = 0;
   for (const char* caption : captions) options(index++).Caption = caption;
   options(0).Value = true;
@@ -18,6 +31,7 @@ frmPreferencesWindow::frmPreferencesWindow(Platform& platform)
   cmdOK.Default = true;
   // Everything has taken effect already, so Escape is as good a way out as Enter.
   cmdOK.Cancel = true;
+  DesignPages();
   DesignFileTypes();
   DesignScreenOptions();
   DesignJpegOptions();
@@ -28,6 +42,29 @@ frmPreferencesWindow::frmPreferencesWindow(Platform& platform)
   Image1.Width = static_cast<float>(sldThumbNailSize.Value);
   Image1.Height = static_cast<float>(sldThumbNailSize.Value);
   KeepDesign();
+}
+
+void frmPreferencesWindow::DesignPages() {
+  Put(SSTab1, 0,
+      {&Label1, &cmdSelectAllTypes, &cmdClearAllTypes, &cmdInvertSelections, &cmdWebFormats,
+       &cmdMicrosoftFormats, &cmdPortableFormats});
+  Put(SSTab1, 0, chkFileType);
+  Put(SSTab1, 1,
+      {&chkStretch, &chkMenuAltBackground, &cmdMenuSelect, &chkCountFileTypes, &chkCountFileSize,
+       &chkCountFileColorDepth, &cmdFileSummary});
+  Put(SSTab1, 1, lblScreenOptions);
+  Put(SSTab1, 1, lblWPaper2Color);
+  Put(SSTab1, 2,
+      {&lblJPGSaveSettings, &lblJPGQuality, &txtJPGQuality, &udJPGQuality, &lblJPGSmoothing, &txtJPGSmoothing,
+       &udJPGSmoothing, &chkJPGOptimize, &fmJPGDitherMethodSaving, &fmDCTMethod, &fmDither, &fmJPGDither,
+       &chkFancyUpsizing, &chkTwoPassQuantize});
+  Put(SSTab1, 3,
+      {&List1, &chkThumbNailStyle, &lblThumbNailSize, &sldThumbNailSize, &lblThumbNailSizeValue, &Image1});
+  Put(SSTab1, 4,
+      {&Label2, &Label3, &cmdAssocSelectAll, &cmdAssocClearAll, &cmdAssocInvertAll, &cmdMakeAssoc});
+  Put(SSTab1, 4, chkAssocFileType);
+  Put(SSTab1, 5, imgIconType);
+  Put(SSTab1, 5, lblIconType);
 }
 
 void frmPreferencesWindow::DesignFileTypes() {
@@ -59,10 +96,10 @@ void frmPreferencesWindow::DesignJpegOptions() {
        std::initializer_list<Control*>{&txtJPGQuality, &udJPGQuality, &txtJPGSmoothing, &udJPGSmoothing}) {
     control->ToolTipText = "Value Range (1-100)";
   }
-  Design(optJPGDitherSaving, {"None", "Ordered", "Floyd-Steinberg"});
-  Design(optDCTMethod, {"Slow Integer", "Fast Integer", "Floating Point"});
-  Design(optDither, {"No Dithering", "Dither Always", "Dither Extra Colors"});
-  Design(optJPGDither, {"None", "Ordered", "Floyd-Steinberg"});
+  Design(optJPGDitherSaving, fmJPGDitherMethodSaving, {"None", "Ordered", "Floyd-Steinberg"});
+  Design(optDCTMethod, fmDCTMethod, {"Slow Integer", "Fast Integer", "Floating Point"});
+  Design(optDither, fmDither, {"No Dithering", "Dither Always", "Dither Extra Colors"});
+  Design(optJPGDither, fmJPGDither, {"None", "Ordered", "Floyd-Steinberg"});
 }
 
 void frmPreferencesWindow::DesignToolbarList() {

@@ -2,6 +2,7 @@
 // The options: its controls are the live home of every choice the user makes.
 
 #include "controls/buttons.h"
+#include "controls/control_array.h"
 #include "controls/form.h"
 #include "controls/list_box.h"
 #include "controls/picture_controls.h"
@@ -90,6 +91,8 @@ struct frmPreferencesWindow : Form {
   ControlArray<Label> lblIconType{*this, "lblIconType", 0, FileTypeCount - 1};
 
  private:
+  // Which page of SSTab1 each control stands on.
+  void DesignPages();
   void DesignFileTypes();
   void DesignScreenOptions();
   void DesignJpegOptions();

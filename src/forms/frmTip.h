@@ -12,6 +12,10 @@ namespace lumidex {
 
 struct frmTipWindow : Form {
   explicit frmTipWindow(Platform& platform) : Form(platform, "frmTip", "Korvane Lumidex - Tip of the Day") {
+    for (Control* control : {static_cast<Control*>(&Label1), static_cast<Control*>(&lblTipText),
+                             static_cast<Control*>(&Image1)}) {
+      control->Container = &Picture1;
+    }
     cmdOK.Default = true;
     cmdOK.Cancel = true;
     KeepDesign();

@@ -4,6 +4,7 @@
 #include <initializer_list>
 
 #include "controls/buttons.h"
+#include "controls/control_array.h"
 #include "forms/app.h"
 
 namespace lumidex {

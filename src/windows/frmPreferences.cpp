@@ -52,11 +52,9 @@ void WireFileTypes(App& app) {
 void WireScreenOptions(App& app) {
   frmPreferencesWindow& form = app.frmPreferences;
   form.chkStretch.OnClick = [&] { RedisplayForStretch(app); };
-  for (int index = form.lblWPaper2Color.First(); index <= form.lblWPaper2Color.Last(); ++index) {
-    form.lblWPaper2Color(index).OnClick = [&app, index] {
-      SetWindowColor(app, static_cast<std::int16_t>(index));
-    };
-  }
+  form.lblWPaper2Color.Wire([&app](Label& color, int index) {
+    color.OnClick = [&app, index] { SetWindowColor(app, static_cast<std::int16_t>(index)); };
+  });
   form.chkMenuAltBackground.OnClick = [&] { SwitchAlternateBackground(app); };
   form.cmdMenuSelect.OnClick = [&] { ChooseAlternateBackground(app); };
   form.cmdFileSummary.OnClick = [&] { app.frmstats.Show(Modality::Modal); };
@@ -72,9 +70,9 @@ void JoinTextAndUpDown(TextBox& text, UpDown& steps) {
 }
 
 void WireChoice(App& app, ControlArray<OptionButton>& options, Property<int> Gvbox::*setting) {
-  for (int index = options.First(); index <= options.Last(); ++index) {
-    options(index).OnClick = [&app, setting, index] { app.checkjpg.Picture1.*setting = index; };
-  }
+  options.Wire([&app, setting](OptionButton& option, int index) {
+    option.OnClick = [&app, setting, index] { app.checkjpg.Picture1.*setting = index; };
+  });
 }
 
 void WireJpegOptions(App& app) {

@@ -5,6 +5,7 @@
 
 #include "controls/bars.h"
 #include "controls/buttons.h"
+#include "controls/control_array.h"
 #include "controls/file_lists.h"
 #include "controls/form.h"
 #include "controls/grid.h"

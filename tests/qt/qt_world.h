@@ -18,9 +18,12 @@
 namespace lumidex {
 
 struct QtWorld {
+  // `factory` makes the views; the program's own by default.
+  explicit QtWorld(FormViews::Factory factory = &MakeView) : views(std::move(factory)) {}
+
   HeadlessPlatform headless{'/'};
   QtEventQueue events;
-  FormViews views{&MakeView};
+  FormViews views;
   QtWindowControl windows{views};
   QtDialogs dialogs{views};
   QtClipboard clipboard;

@@ -7,7 +7,6 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QWindow>
-#include <stdexcept>
 
 #include "controls/buttons.h"
 #include "platform/qt/conversions.h"
@@ -19,6 +18,8 @@ FormView::FormView(FormViews& views, Form& form, Qt::WindowFlags flags)
     : QWidget(nullptr, flags), views_(views), form_(form) {
   setObjectName(ToQt(form.Name()));
   requests_ = form.Requested.Connect([this](FormRequest request) { CarryOut(request); });
+  comings_ = form.ControlAdded.Connect([this](Control& control) { ControlCame(control); });
+  goings_ = form.ControlRemoved.Connect([this](Control& control) { ControlWent(control); });
   new Mirror(pushes_, form, this, [this] { ShowState(); });
 }
 
@@ -28,29 +29,54 @@ const Units& FormView::GetUnits() const {
   return views_.GetUnits();
 }
 
-void FormView::ReportMissing(std::string_view name) const {
-  throw std::logic_error(form_.Name() + " has no control " + std::string(name));
+void FormView::ControlWent(const Control& control) {
+  const QPointer<QWidget> widget = WidgetOf(control);
+  widgets_.erase(&control);
+  if (!widget) return;
+  widget->hide();
+  // Later, since this may be the answer to a gesture in that very widget.
+  if (widget) widget->deleteLater();
 }
 
 Mirror* FormView::Follow(Control& control, QWidget* widget, std::function<void()> push, Showing showing) {
   widget->setObjectName(ToQt(control.Name()));
   if (widget->accessibleName().isEmpty()) widget->setAccessibleName(widget->objectName());
-  widgets_[&control] = widget;
+  widgets_[&control].widget = widget;
   widget->installEventFilter(this);
-  return new Mirror(pushes_, control, widget, [&control, widget, showing, push = std::move(push)] {
-    if (push) push();
-    widget->setEnabled(control.Enabled);
-    // Compared first: showing a child anew costs a layout of its whole window.
-    if (showing == Showing::AsControl && widget->isHidden() == control.Visible.Get()) {
-      widget->setVisible(control.Visible);
-    }
-    if (!control.ToolTipText.Get().empty()) widget->setToolTip(ToQt(control.ToolTipText.Get()));
-  });
+  return new Mirror(pushes_, control, widget,
+                    [&control, widget, showing, push = std::move(push), order = 0]() mutable {
+                      if (push) push();
+                      widget->setEnabled(control.Enabled);
+                      // Compared first: showing a child anew costs a layout of its whole window.
+                      if (showing == Showing::AsControl && widget->isHidden() == control.Visible.Get()) {
+                        widget->setVisible(control.Visible);
+                      }
+                      if (!control.ToolTipText.Get().empty())
+                        widget->setToolTip(ToQt(control.ToolTipText.Get()));
+                      if (order != control.Order) {
+                        order = control.Order;
+                        widget->raise();
+                      }
+                    });
 }
 
 QWidget* FormView::WidgetOf(const Control& control) const {
   const auto found = widgets_.find(&control);
-  return found == widgets_.end() ? nullptr : found->second.data();
+  return found == widgets_.end() ? nullptr : found->second.widget.data();
+}
+
+QWidget* FormView::InsideOf(const Control& container, int page) const {
+  const auto found = widgets_.find(&container);
+  if (found == widgets_.end() || !found->second.widget) return nullptr;
+  const Shown& shown = found->second;
+  if (page >= 0 && page < static_cast<int>(shown.insides.size())) {
+    return shown.insides[static_cast<std::size_t>(page)];
+  }
+  return shown.widget;
+}
+
+void FormView::SetInsides(const Control& container, std::vector<QWidget*> pages) {
+  widgets_[&container].insides = std::move(pages);
 }
 
 Control* FormView::ControlOf(const QWidget* widget) const {
@@ -201,11 +227,7 @@ bool FormView::eventFilter(QObject* watched, QEvent* event) {
   }
   const int code = KeyCode(*static_cast<QKeyEvent*>(event));
   if (code && (control->OnKeyDown || control->OnKeyPress)) {
-    Serve([control, code] {
-      if (!control->Enabled) return;
-      control->OnKeyDown(code);
-      control->OnKeyPress(code);
-    });
+    Serve([control, code] { control->UserKey(code); });
   }
   return false;
 }

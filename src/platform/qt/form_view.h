@@ -27,20 +27,16 @@ class FormView : public QWidget {
   const Units& GetUnits() const;
   PushQueue& Pushes() { return pushes_; }
 
-  // Raises the C++ error std::logic_error when the form has no such control: a view and its form belong
-  // together.
-  template <class T>
-  T& Get(std::string_view name) const {
-    auto* control = dynamic_cast<T*>(form_.Find(name));
-    if (!control) ReportMissing(name);
-    return *control;
-  }
-
   // Gives the widget the control's name, enabled state, visibility and tool tip, keeps it up to date together
-  // with what `push` does, and ties the keyboard focus of both.
+  // with what `push` does, and ties the keyboard focus of both. The widget goes with the control.
   Mirror* Follow(Control& control, QWidget* widget, std::function<void()> push = {},
                  Showing showing = Showing::AsControl);
+  // Null when the control has none.
   QWidget* WidgetOf(const Control& control) const;
+  // The widget that is the parent of what stands in a control, on one of its pages; the control's own widget
+  // when nothing else was said.
+  QWidget* InsideOf(const Control& container, int page = 0) const;
+  void SetInsides(const Control& container, std::vector<QWidget*> pages);
   // The control whose keyboard focus `widget` has; null for none.
   Control* ControlOf(const QWidget* widget) const;
 
@@ -59,6 +55,8 @@ class FormView : public QWidget {
  protected:
   // Pixels of the window's content to the form's outer size in twips.
   virtual bool SizeComesFromForm() const { return false; }
+  // A control has come while the window stands.
+  virtual void ControlCame(Control&) {}
   // Where the form's picture and its drawing begin.
   virtual QPoint DrawingCorner() const { return {0, 0}; }
 
@@ -73,7 +71,11 @@ class FormView : public QWidget {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  [[noreturn]] void ReportMissing(std::string_view name) const;
+  struct Shown {
+    QPointer<QWidget> widget;
+    std::vector<QWidget*> insides;  // children of the widget
+  };
+  void ControlWent(const Control& control);
   QSize WantedSize() const;
   void PushColors();
   void PushBackground();
@@ -85,8 +87,8 @@ class FormView : public QWidget {
   FormViews& views_;
   Form& form_;
   PushQueue pushes_;
-  std::map<const Control*, QPointer<QWidget>> widgets_;
-  Connection requests_;
+  std::map<const Control*, Shown> widgets_;
+  Connection requests_, comings_, goings_;
   QPointer<QWidget> wantsFocus_;
   std::int32_t shownBackColor_ = -1;
   WindowState shownState_ = WindowState::Normal;

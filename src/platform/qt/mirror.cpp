@@ -34,7 +34,8 @@ bool PushQueue::event(QEvent* event) {
 
 Mirror::Mirror(PushQueue& queue, Element& element, QObject* widget, std::function<void()> push)
     : QObject(widget), queue_(&queue), push_(std::move(push)) {
-  connection_ = element.Changed.Connect([this] { MarkChanged(); });
+  changes_ = element.Changed.Connect([this] { MarkChanged(); });
+  end_ = element.Ended.Connect([this] { delete this; });
   push_();
 }
 

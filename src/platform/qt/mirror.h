@@ -28,9 +28,9 @@ class PushQueue final : public QObject {
 
 class Mirror final : public QObject {
  public:
-  // A child of the widget, so that it ends with it; the element must live longer. `push` reads the element
-  // and writes the widget; it is run here for the first time. What it writes must not look like a user's
-  // gesture.
+  // Ends with the widget, whose child it is, or with the element, whichever goes first. `push` reads the
+  // element and writes the widget; it is run here for the first time. What it writes must not look like a
+  // user's gesture.
   Mirror(PushQueue& queue, Element& element, QObject* widget, std::function<void()> push);
 
   void MarkChanged();
@@ -39,7 +39,7 @@ class Mirror final : public QObject {
   friend class PushQueue;
   QPointer<PushQueue> queue_;
   std::function<void()> push_;
-  Connection connection_;
+  Connection changes_, end_;
   bool waiting_ = false;
 };
 

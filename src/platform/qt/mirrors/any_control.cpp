@@ -47,14 +47,19 @@ QWidget* MakeWidget(FormView& view, Control& control, QWidget* parent) {
   return made;
 }
 
+QRect PlaceOf(const FormView& view, const Control& control) {
+  const Units& units = view.GetUnits();
+  const double unit = double{control.TwipsPerOuterUnit()};
+  // Both edges are rounded, not the length, so that neighbours meet without gaps.
+  const int left = units.Pixels(unit * control.Left);
+  const int top = units.Pixels(unit * control.Top);
+  return {left, top, units.Pixels(unit * (control.Left + control.Width)) - left,
+          units.Pixels(unit * (control.Top + control.Height)) - top};
+}
+
 Mirror* FollowGeometry(FormView& view, Control& control, QWidget* widget) {
   return new Mirror(view.Pushes(), control, widget, [&view, &control, widget] {
-    const Units& units = view.GetUnits();
-    // Both edges are rounded, not the length, so that neighbours meet without gaps.
-    const int left = units.Pixels(control.Left);
-    const int top = units.Pixels(control.Top);
-    const QRect place(left, top, units.Pixels(control.Left + control.Width) - left,
-                      units.Pixels(control.Top + control.Height) - top);
+    const QRect place = PlaceOf(view, control);
     if (widget->geometry() != place) widget->setGeometry(place);
   });
 }

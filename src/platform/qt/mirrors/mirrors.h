@@ -57,8 +57,7 @@ QWidget* MakeTabRows(FormView& view, TabStrip& control, QWidget* parent, int per
 QWidget* MakeGrid(FormView& view, Grid& control, QWidget* parent);
 
 QWidget* MakeImage(FormView& view, ImageBox& control, QWidget* parent);
-// Also answers in `inside` the widget that what stands in the box is to be a child of.
-QWidget* MakePictureBox(FormView& view, PictureBox& control, QWidget* parent, QWidget** inside = nullptr);
+QWidget* MakePictureBox(FormView& view, PictureBox& control, QWidget* parent);
 
 QWidget* MakeToolbar(FormView& view, Toolbar& control, QWidget* parent);
 QWidget* MakeStatusBar(FormView& view, StatusBar& control, QWidget* parent);
@@ -68,7 +67,9 @@ QMenuBar* MakeMenuBar(FormView& view);
 // One of its menus to pop up by itself.
 QMenu* MakePopup(FormView& view, MenuItem& root);
 
-// Position and size in the view's pixels follow the control's twips.
+// Where the control stands in its container, in the view's pixels.
+QRect PlaceOf(const FormView& view, const Control& control);
+// Position and size in the view's pixels follow those of the control inside its container.
 Mirror* FollowGeometry(FormView& view, Control& control, QWidget* widget);
 
 }  // namespace lumidex

@@ -111,7 +111,7 @@ QWidget* MakeImage(FormView& view, ImageBox& control, QWidget* parent) {
   QObject::connect(hide, &QTimer::timeout, image, [&control, image] {
     if (!control.Visible) image->hide();
   });
-  const auto push = [&control, image, hide, order = 0]() mutable {
+  const auto push = [&control, image, hide] {
     if (!control.Visible) {
       if (!image->isHidden() && !hide->isActive()) hide->start();
       return;
@@ -119,10 +119,6 @@ QWidget* MakeImage(FormView& view, ImageBox& control, QWidget* parent) {
     hide->stop();
     image->Show(control.Picture, control.Stretch);
     if (image->isHidden()) image->show();
-    if (order != control.Order) {
-      order = control.Order;
-      image->raise();
-    }
   };
   Mirror* mirror = view.Follow(control, image, push, Showing::ByPush);
   if (control.OnClick) {
@@ -136,10 +132,10 @@ QWidget* MakeImage(FormView& view, ImageBox& control, QWidget* parent) {
   return image;
 }
 
-QWidget* MakePictureBox(FormView& view, PictureBox& control, QWidget* parent, QWidget** inside) {
+QWidget* MakePictureBox(FormView& view, PictureBox& control, QWidget* parent) {
   auto* box = new PictureBoxView(view.GetUnits(), parent);
   view.Follow(control, box, [&control, box] { box->Show(control.Picture, control.BackColor); });
-  if (inside) *inside = box->Inside();
+  view.SetInsides(control, {box->Inside()});
   return box;
 }
 

@@ -24,9 +24,10 @@ constexpr int groupSpacing = 6;
 
 }  // namespace
 
-DirectoryView::DirectoryView(FormViews& views, Form& form) : FormView(views, form) {
+DirectoryView::DirectoryView(FormViews& views, SelectPictureDirectoryFormWindow& itsForm)
+    : TypedView(views, itsForm) {
   auto* rows = new QVBoxLayout(this);
-  QLabel* info = MakeLabel(*this, Get<Label>("lblInfo"), this);
+  QLabel* info = MakeLabel(*this, form.lblInfo, this);
   info->setWordWrap(true);
   rows->addWidget(info);
   rows->addSpacing(groupSpacing);
@@ -43,28 +44,28 @@ DirectoryView::DirectoryView(FormViews& views, Form& form) : FormView(views, for
 QLayout* DirectoryView::Places() {
   auto* column = new QVBoxLayout;
   column->setSpacing(labelSpacing);
-  QComboBox* drives = MakeDriveList(*this, Get<DriveList>("Drive1"), this);
-  column->addWidget(MakeLabel(*this, Get<Label>("Label1"), this, drives));
+  QComboBox* drives = MakeDriveList(*this, form.Drive1, this);
+  column->addWidget(MakeLabel(*this, form.Label1, this, drives));
   column->addWidget(drives);
   column->addSpacing(groupSpacing);
-  RowList* directories = MakeDirList(*this, Get<DirList>("Dir1"), this);
+  RowList* directories = MakeDirList(*this, form.Dir1, this);
   directories->setMinimumSize(leastListWidth, leastListHeight);
-  column->addWidget(MakeLabel(*this, Get<Label>("Label2"), this, directories));
+  column->addWidget(MakeLabel(*this, form.Label2, this, directories));
   column->addWidget(directories, 1);
   column->addSpacing(groupSpacing);
-  column->addWidget(MakeCheckBox(*this, Get<CheckBox>("chkSearchSubs"), this));
+  column->addWidget(MakeCheckBox(*this, form.chkSearchSubs, this));
   return column;
 }
 
 QLayout* DirectoryView::Files() {
   auto* column = new QVBoxLayout;
   column->setSpacing(labelSpacing);
-  RowList* files = MakeFileList(*this, Get<FileList>("File1"), this);
+  RowList* files = MakeFileList(*this, form.File1, this);
   files->setMinimumWidth(leastListWidth);
-  column->addWidget(MakeLabel(*this, Get<Label>("lblFilename"), this, files));
+  column->addWidget(MakeLabel(*this, form.lblFilename, this, files));
   column->addWidget(files, 1);
   column->addSpacing(groupSpacing);
-  column->addWidget(MakeButton(*this, Get<CommandButton>("cmdSelectFileTypes"), this));
+  column->addWidget(MakeButton(*this, form.cmdSelectFileTypes, this));
   return column;
 }
 
@@ -74,23 +75,23 @@ QLayout* DirectoryView::Preview() {
   frame->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
   auto* middle = new QHBoxLayout(frame);
   middle->setContentsMargins(3, 3, 3, 3);
-  QWidget* picture = MakeImage(*this, Get<ImageBox>("imgThumbNail"), frame);
+  QWidget* picture = MakeImage(*this, form.imgThumbNail, frame);
   picture->setFixedSize(previewSide, previewSide);
   middle->addWidget(picture, 0, Qt::AlignCenter);
   column->addWidget(frame, 0, Qt::AlignHCenter);
   auto* facts = new QFormLayout;
-  const char* const names[] = {"lblFileSize", "lblWidth", "lblHeight", "lblColors"};
-  for (int i = 0; i < 4; ++i) {
-    QLabel* value = MakeLabel(*this, Get<Label>(IndexedName("lblFileInfo", i + 1)), this);
+  int index = 1;
+  for (Label* name : {&form.lblFileSize, &form.lblWidth, &form.lblHeight, &form.lblColors}) {
+    QLabel* value = MakeLabel(*this, form.lblFileInfo(index++), this);
     // Room for the longest of the values, so that the lists keep their width.
     value->setMinimumWidth(value->fontMetrics().horizontalAdvance(QStringLiteral("16.7 Million (24-bit)")));
-    facts->addRow(MakeLabel(*this, Get<Label>(names[i]), this), value);
+    facts->addRow(MakeLabel(*this, *name, this), value);
   }
   column->addLayout(facts);
   column->addStretch();
   static const char* const folders[] = {"Desktop", "My Documents", "Favorites"};
   for (int i = 0; i < 3; ++i) {
-    QPushButton* button = MakeButton(*this, Get<CommandButton>(IndexedName("cmdFolder", i)), this);
+    QPushButton* button = MakeButton(*this, form.cmdFolder(i), this);
     button->setText(QString::fromLatin1(folders[i]));
     button->setAccessibleName(button->text());
     column->addWidget(button);
@@ -101,8 +102,8 @@ QLayout* DirectoryView::Preview() {
 QLayout* DirectoryView::Buttons() {
   auto* row = new QHBoxLayout;
   row->addStretch();
-  row->addWidget(MakeButton(*this, Get<CommandButton>("cmdOK"), this));
-  row->addWidget(MakeButton(*this, Get<CommandButton>("cmdCancel"), this));
+  row->addWidget(MakeButton(*this, form.cmdOK, this));
+  row->addWidget(MakeButton(*this, form.cmdCancel, this));
   return row;
 }
 

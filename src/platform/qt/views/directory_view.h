@@ -2,15 +2,16 @@
 // The dialog that chooses a directory: drive and directories on the left, files in the middle, the preview
 // and its facts on the right.
 
-#include "platform/qt/form_view.h"
+#include "forms/SelectPictureDirectoryForm.h"
+#include "platform/qt/typed_view.h"
 
 class QLayout;
 
 namespace lumidex {
 
-class DirectoryView final : public FormView {
+class DirectoryView final : public TypedView<SelectPictureDirectoryFormWindow> {
  public:
-  DirectoryView(FormViews& views, Form& form);
+  DirectoryView(FormViews& views, SelectPictureDirectoryFormWindow& form);
 
  private:
   QLayout* Places();

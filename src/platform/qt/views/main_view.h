@@ -1,29 +1,19 @@
 #pragma once
-// The main window: every control at its own position in twips, the toolbar above, the status bar below.
+// The main window.
 
-#include "platform/qt/form_view.h"
+#include "forms/WPaper2.h"
+#include "platform/qt/typed_view.h"
+#include "platform/qt/views/placed_view.h"
 
 namespace lumidex {
 
-class MainView final : public FormView {
+class MainView final : public TypedView<WPaper2Window, PlacedView> {
  public:
-  MainView(FormViews& views, Form& form);
-
- protected:
-  bool SizeComesFromForm() const override { return true; }
-  QPoint DrawingCorner() const override { return client_->pos(); }
-  bool eventFilter(QObject* watched, QEvent* event) override;
+  MainView(FormViews& views, WPaper2Window& form);
 
  private:
-  void AddControls();
-  void AddPicture();
-  void PlaceBars();
   // Leaves the window unpainted until its picture is there, and not for long if none comes.
   void HoldPainting();
-
-  QWidget* client_;  // below the menu bar: positions count from its corner
-  QWidget* toolbar_ = nullptr;
-  QWidget* statusBar_ = nullptr;
 };
 
 }  // namespace lumidex

@@ -32,8 +32,8 @@ QWidget* NewPage() {
   return new QWidget;
 }
 
-QLabel* Heading(FormView& view, const std::string& name, QWidget* page) {
-  QLabel* label = MakeLabel(view, view.Get<Label>(name), page);
+QLabel* Heading(FormView& view, Label& control, QWidget* page) {
+  QLabel* label = MakeLabel(view, control, page);
   QFont font = label->font();
   font.setBold(true);
   label->setFont(font);
@@ -42,14 +42,14 @@ QLabel* Heading(FormView& view, const std::string& name, QWidget* page) {
 
 // The types go down one column and on in the next. Boxes with a ground of their own touch, so that a column
 // is one field of colour.
-QLayout* TypeBoxes(FormView& view, const char* name, QWidget* page) {
+QLayout* TypeBoxes(FormView& view, ControlArray<CheckBox>& boxes, QWidget* page) {
   constexpr int inColumn = (fileTypes + 1) / 2;
   constexpr int gap = 2;
   auto* grid = new QGridLayout;
   grid->setHorizontalSpacing(2 * grid->horizontalSpacing());
   grid->setVerticalSpacing(0);
   for (int type = 1; type <= fileTypes; ++type) {
-    QCheckBox* box = MakeCheckBox(view, view.Get<CheckBox>(IndexedName(name, type)), page);
+    QCheckBox* box = MakeCheckBox(view, boxes(type), page);
     box->setMinimumHeight(box->sizeHint().height() + gap);
     grid->addWidget(box, (type - 1) % inColumn, (type - 1) / inColumn);
   }
@@ -57,12 +57,12 @@ QLayout* TypeBoxes(FormView& view, const char* name, QWidget* page) {
 }
 
 // Buttons of one width, in rows of so many.
-QLayout* Buttons(FormView& view, int perRow, std::initializer_list<const char*> names, QWidget* page) {
+QLayout* Buttons(FormView& view, int perRow, std::initializer_list<CommandButton*> controls, QWidget* page) {
   auto* grid = new QGridLayout;
   std::vector<QPushButton*> buttons;
   int widest = 0;
-  for (const char* name : names) {
-    QPushButton* button = MakeButton(view, view.Get<CommandButton>(name), page);
+  for (CommandButton* control : controls) {
+    QPushButton* button = MakeButton(view, *control, page);
     const int place = static_cast<int>(buttons.size());
     grid->addWidget(button, place / perRow, place % perRow);
     widest = std::max(widest, button->sizeHint().width());
@@ -106,12 +106,12 @@ class Swatch final : public QAbstractButton {
   QColor color_;
 };
 
-QLayout* Swatches(FormView& view, QWidget* page) {
+QLayout* Swatches(FormView& view, ControlArray<Label>& colors, QWidget* page) {
   static const char* const names[] = {"Plain background", "Grey ramp", "Green ramp", "Yellow ramp",
                                       "Blue ramp",        "Cyan ramp", "Red ramp",   "Magenta ramp"};
   auto* row = new QHBoxLayout;
   for (int index = 0; index < 8; ++index) {
-    auto& control = view.Get<Label>(IndexedName("lblWPaper2Color", index));
+    Label& control = colors(index);
     auto* swatch = new Swatch(ToColor(control.BackColor), page);
     swatch->setAccessibleName(QString::fromLatin1(names[index]));
     Mirror* mirror = view.Follow(control, swatch);
@@ -163,12 +163,12 @@ void ShowOnlyArrows(QSpinBox& arrows) {
 }
 
 // A text box with the up-down that steps it.
-void SteppedText(FormView& view, const std::string& label, const std::string& text, const std::string& steps,
-                 QGridLayout& grid, QWidget* page) {
+void SteppedText(FormView& view, Label& label, TextBox& text, UpDown& steps, QGridLayout& grid,
+                 QWidget* page) {
   const int row = grid.rowCount();
-  QWidget* edit = MakeTextBox(view, view.Get<TextBox>(text), page);
+  QWidget* edit = MakeTextBox(view, text, page);
   edit->setFixedWidth(edit->fontMetrics().horizontalAdvance(QStringLiteral("0000000")));
-  auto* arrows = static_cast<QSpinBox*>(MakeUpDown(view, view.Get<UpDown>(steps), page));
+  auto* arrows = static_cast<QSpinBox*>(MakeUpDown(view, steps, page));
   ShowOnlyArrows(*arrows);
   new ArrowKeys(*arrows, edit);
   auto* pair = new QHBoxLayout;
@@ -176,18 +176,18 @@ void SteppedText(FormView& view, const std::string& label, const std::string& te
   pair->addWidget(edit);
   pair->addWidget(arrows);
   pair->addStretch();
-  grid.addWidget(MakeLabel(view, view.Get<Label>(label), page, edit), row, 0);
+  grid.addWidget(MakeLabel(view, label, page, edit), row, 0);
   arrows->setAccessibleName(edit->accessibleName());
   grid.addLayout(pair, row, 1);
 }
 
-QWidget* Choice(FormView& view, const char* frame, const char* options, QWidget* page) {
-  QWidget* group = MakeFrame(view, view.Get<Frame>(frame), page);
+QWidget* Choice(FormView& view, Frame& frame, ControlArray<OptionButton>& options, QWidget* page) {
+  QWidget* group = MakeFrame(view, frame, page);
   auto* rows = new QVBoxLayout(group);
   // One stop for the Tab key, and arrow keys within.
   auto* together = new QButtonGroup(group);
   for (int index = 0; index < 3; ++index) {
-    QRadioButton* button = MakeOptionButton(view, view.Get<OptionButton>(IndexedName(options, index)), group);
+    QRadioButton* button = MakeOptionButton(view, options(index), group);
     together->addButton(button);
     rows->addWidget(button);
   }
@@ -196,65 +196,65 @@ QWidget* Choice(FormView& view, const char* frame, const char* options, QWidget*
 
 }  // namespace
 
-QWidget* FileTypesPage(FormView& view) {
+QWidget* FileTypesPage(FormView& view, frmPreferencesWindow& form) {
   QWidget* page = NewPage();
   auto* rows = new QVBoxLayout(page);
-  rows->addWidget(Heading(view, "Label1", page));
-  rows->addLayout(TypeBoxes(view, "chkFileType", page));
+  rows->addWidget(Heading(view, form.Label1, page));
+  rows->addLayout(TypeBoxes(view, form.chkFileType, page));
   rows->addStretch();
   rows->addLayout(Buttons(view, 3,
-                          {"cmdSelectAllTypes", "cmdClearAllTypes", "cmdInvertSelections", "cmdWebFormats",
-                           "cmdMicrosoftFormats", "cmdPortableFormats"},
+                          {&form.cmdSelectAllTypes, &form.cmdClearAllTypes, &form.cmdInvertSelections,
+                           &form.cmdWebFormats, &form.cmdMicrosoftFormats, &form.cmdPortableFormats},
                           page));
   return page;
 }
 
-QWidget* ScreenPage(FormView& view) {
+QWidget* ScreenPage(FormView& view, frmPreferencesWindow& form) {
   QWidget* page = NewPage();
   auto* rows = new QVBoxLayout(page);
-  rows->addWidget(Heading(view, "lblScreenOptions(0)", page));
+  rows->addWidget(Heading(view, form.lblScreenOptions(0), page));
   auto* screen = new QVBoxLayout;
-  screen->addLayout(Swatches(view, page));
-  screen->addWidget(MakeCheckBox(view, view.Get<CheckBox>("chkStretch"), page));
+  screen->addLayout(Swatches(view, form.lblWPaper2Color, page));
+  screen->addWidget(MakeCheckBox(view, form.chkStretch, page));
   auto* background = new QHBoxLayout;
-  background->addWidget(MakeCheckBox(view, view.Get<CheckBox>("chkMenuAltBackground"), page));
-  background->addWidget(MakeButton(view, view.Get<CommandButton>("cmdMenuSelect"), page));
+  background->addWidget(MakeCheckBox(view, form.chkMenuAltBackground, page));
+  background->addWidget(MakeButton(view, form.cmdMenuSelect, page));
   background->addStretch();
   screen->addLayout(background);
   AddIndented(*rows, screen);
   rows->addSpacing(16);
-  rows->addWidget(Heading(view, "lblScreenOptions(1)", page));
+  rows->addWidget(Heading(view, form.lblScreenOptions(1), page));
   auto* counts = new QVBoxLayout;
-  for (const char* name : {"chkCountFileTypes", "chkCountFileSize", "chkCountFileColorDepth"}) {
-    counts->addWidget(MakeCheckBox(view, view.Get<CheckBox>(name), page));
+  for (CheckBox* box : {&form.chkCountFileTypes, &form.chkCountFileSize, &form.chkCountFileColorDepth}) {
+    counts->addWidget(MakeCheckBox(view, *box, page));
   }
   counts->addSpacing(8);
-  counts->addLayout(Buttons(view, 1, {"cmdFileSummary"}, page));
+  counts->addLayout(Buttons(view, 1, {&form.cmdFileSummary}, page));
   AddIndented(*rows, counts);
   rows->addStretch();
   return page;
 }
 
-QWidget* JpegPage(FormView& view) {
+QWidget* JpegPage(FormView& view, frmPreferencesWindow& form) {
   QWidget* page = NewPage();
   auto* columns = new QHBoxLayout(page);
   auto* saving = new QVBoxLayout;
-  saving->addWidget(Heading(view, "lblJPGSaveSettings", page));
+  saving->addWidget(Heading(view, form.lblJPGSaveSettings, page));
   auto* numbers = new QGridLayout;
-  SteppedText(view, "lblJPGQuality", "txtJPGQuality", "udJPGQuality", *numbers, page);
-  SteppedText(view, "lblJPGSmoothing", "txtJPGSmoothing", "udJPGSmoothing", *numbers, page);
+  SteppedText(view, form.lblJPGQuality, form.txtJPGQuality, form.udJPGQuality, *numbers, page);
+  SteppedText(view, form.lblJPGSmoothing, form.txtJPGSmoothing, form.udJPGSmoothing, *numbers, page);
   saving->addLayout(numbers);
-  saving->addWidget(MakeCheckBox(view, view.Get<CheckBox>("chkJPGOptimize"), page));
-  saving->addWidget(Choice(view, "fmJPGDitherMethodSaving", "optJPGDitherSaving", page));
+  saving->addWidget(MakeCheckBox(view, form.chkJPGOptimize, page));
+  saving->addWidget(Choice(view, form.fmJPGDitherMethodSaving, form.optJPGDitherSaving, page));
   saving->addStretch();
   auto* line = new QFrame(page);
   line->setFrameStyle(QFrame::VLine | QFrame::Sunken);
   auto* showing = new QVBoxLayout;
-  showing->addWidget(Choice(view, "fmDCTMethod", "optDCTMethod", page));
-  showing->addWidget(Choice(view, "fmDither", "optDither", page));
-  showing->addWidget(Choice(view, "fmJPGDither", "optJPGDither", page));
-  showing->addWidget(MakeCheckBox(view, view.Get<CheckBox>("chkFancyUpsizing"), page));
-  showing->addWidget(MakeCheckBox(view, view.Get<CheckBox>("chkTwoPassQuantize"), page));
+  showing->addWidget(Choice(view, form.fmDCTMethod, form.optDCTMethod, page));
+  showing->addWidget(Choice(view, form.fmDither, form.optDither, page));
+  showing->addWidget(Choice(view, form.fmJPGDither, form.optJPGDither, page));
+  showing->addWidget(MakeCheckBox(view, form.chkFancyUpsizing, page));
+  showing->addWidget(MakeCheckBox(view, form.chkTwoPassQuantize, page));
   showing->addStretch();
   columns->addLayout(saving, 1);
   columns->addWidget(line);
@@ -262,19 +262,19 @@ QWidget* JpegPage(FormView& view) {
   return page;
 }
 
-QWidget* ToolbarPage(FormView& view) {
+QWidget* ToolbarPage(FormView& view, frmPreferencesWindow& form) {
   QWidget* page = NewPage();
   auto* columns = new QHBoxLayout(page);
-  RowList* buttons = MakeListBox(view, view.Get<ListBox>("List1"), page);
+  RowList* buttons = MakeListBox(view, form.List1, page);
   buttons->setAccessibleName(QStringLiteral("Toolbar buttons"));
   columns->addWidget(buttons, 1);
   columns->addSpacing(8);
   auto* thumbnails = new QVBoxLayout;
-  thumbnails->addWidget(MakeCheckBox(view, view.Get<CheckBox>("chkThumbNailStyle"), page));
-  QWidget* slider = MakeSlider(view, view.Get<Slider>("sldThumbNailSize"), page);
+  thumbnails->addWidget(MakeCheckBox(view, form.chkThumbNailStyle, page));
+  QWidget* slider = MakeSlider(view, form.sldThumbNailSize, page);
   auto* size = new QHBoxLayout;
-  size->addWidget(MakeLabel(view, view.Get<Label>("lblThumbNailSize"), page, slider));
-  size->addWidget(MakeLabel(view, view.Get<Label>("lblThumbNailSizeValue"), page));
+  size->addWidget(MakeLabel(view, form.lblThumbNailSize, page, slider));
+  size->addWidget(MakeLabel(view, form.lblThumbNailSizeValue, page));
   size->addStretch();
   thumbnails->addSpacing(8);
   thumbnails->addLayout(size);
@@ -284,7 +284,7 @@ QWidget* ToolbarPage(FormView& view) {
   frame->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
   auto* inside = new QVBoxLayout(frame);
   inside->setContentsMargins(4, 4, 4, 4);
-  auto& sample = view.Get<ImageBox>("Image1");
+  ImageBox& sample = form.Image1;
   QWidget* picture = MakeImage(view, sample, frame);
   picture->setAccessibleName(QStringLiteral("Sample thumbnail"));
   new Mirror(view.Pushes(), sample, picture, [&sample, picture] {
@@ -299,19 +299,20 @@ QWidget* ToolbarPage(FormView& view) {
   return page;
 }
 
-QWidget* AssociationsPage(FormView& view) {
+QWidget* AssociationsPage(FormView& view, frmPreferencesWindow& form) {
   QWidget* page = NewPage();
   auto* rows = new QVBoxLayout(page);
-  rows->addWidget(Heading(view, "Label2", page));
-  rows->addLayout(TypeBoxes(view, "chkAssocFileType", page));
-  rows->addWidget(Heading(view, "Label3", page), 0, Qt::AlignHCenter);
+  rows->addWidget(Heading(view, form.Label2, page));
+  rows->addLayout(TypeBoxes(view, form.chkAssocFileType, page));
+  rows->addWidget(Heading(view, form.Label3, page), 0, Qt::AlignHCenter);
   rows->addStretch();
-  rows->addLayout(
-      Buttons(view, 4, {"cmdAssocSelectAll", "cmdAssocClearAll", "cmdAssocInvertAll", "cmdMakeAssoc"}, page));
+  rows->addLayout(Buttons(
+      view, 4, {&form.cmdAssocSelectAll, &form.cmdAssocClearAll, &form.cmdAssocInvertAll, &form.cmdMakeAssoc},
+      page));
   return page;
 }
 
-QWidget* IconsPage(FormView& view) {
+QWidget* IconsPage(FormView& view, frmPreferencesWindow& form) {
   constexpr int columns = 3;
   constexpr int inColumn = (fileTypes + columns - 1) / columns;
   constexpr int side = 40;
@@ -321,10 +322,10 @@ QWidget* IconsPage(FormView& view) {
   for (int type = 0; type < fileTypes; ++type) {
     const int row = type % inColumn;
     const int column = type / inColumn * 2;
-    QWidget* picture = MakeImage(view, view.Get<ImageBox>(IndexedName("imgIconType", type)), page);
+    QWidget* picture = MakeImage(view, form.imgIconType(type), page);
     picture->setFixedSize(side, side);
     grid->addWidget(picture, row, column);
-    QLabel* text = MakeLabel(view, view.Get<Label>(IndexedName("lblIconType", type)), page);
+    QLabel* text = MakeLabel(view, form.lblIconType(type), page);
     text->setWordWrap(true);
     picture->setAccessibleName(text->text());
     grid->addWidget(text, row, column + 1);

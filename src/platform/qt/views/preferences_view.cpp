@@ -11,10 +11,11 @@
 
 namespace lumidex {
 
-PreferencesView::PreferencesView(FormViews& views, Form& form) : FormView(views, form) {
+PreferencesView::PreferencesView(FormViews& views, frmPreferencesWindow& itsForm)
+    : TypedView(views, itsForm) {
   constexpr int tabsInRow = 3;
   auto* rows = new QVBoxLayout(this);
-  auto& tabs = Get<TabStrip>("SSTab1");
+  TabStrip& tabs = form.SSTab1;
   auto* leaf = new QVBoxLayout;
   leaf->setSpacing(0);
   leaf->addWidget(MakeTabRows(*this, tabs, this, tabsInRow));
@@ -23,14 +24,14 @@ PreferencesView::PreferencesView(FormViews& views, Form& form) : FormView(views,
   auto* pages = new QStackedLayout(frame);
   for (const auto make :
        {&FileTypesPage, &ScreenPage, &JpegPage, &ToolbarPage, &AssociationsPage, &IconsPage}) {
-    pages->addWidget(make(*this));
+    pages->addWidget(make(*this, form));
   }
   leaf->addWidget(frame, 1);
   rows->addLayout(leaf, 1);
   new Mirror(Pushes(), tabs, frame, [&tabs, pages] { pages->setCurrentIndex(tabs.Tab); });
   auto* buttons = new QHBoxLayout;
   buttons->addStretch();
-  buttons->addWidget(MakeButton(*this, Get<CommandButton>("cmdOK"), this));
+  buttons->addWidget(MakeButton(*this, form.cmdOK, this));
   rows->addLayout(buttons);
 }
 

@@ -1,13 +1,14 @@
 #pragma once
 // The preferences: six pages behind their tabs, and OK below.
 
-#include "platform/qt/form_view.h"
+#include "forms/frmPreferences.h"
+#include "platform/qt/typed_view.h"
 
 namespace lumidex {
 
-class PreferencesView final : public FormView {
+class PreferencesView final : public TypedView<frmPreferencesWindow> {
  public:
-  PreferencesView(FormViews& views, Form& form);
+  PreferencesView(FormViews& views, frmPreferencesWindow& form);
 };
 
 }  // namespace lumidex

@@ -48,17 +48,17 @@ class Player final : public QWidget {
 
 }  // namespace
 
-SearchView::SearchView(FormViews& views, Form& form) : FormView(views, form) {
+SearchView::SearchView(FormViews& views, frmlocatefilesWindow& itsForm) : TypedView(views, itsForm) {
   auto* rows = new QVBoxLayout(this);
   auto* said = new QHBoxLayout;
   said->setSpacing(2 * rows->spacing());
   said->addWidget(new Player(ArtworkPicture("search/frames.png"), this));
-  QLabel* text = MakeLabel(*this, Get<Label>("Label1"), this);
+  QLabel* text = MakeLabel(*this, form.Label1, this);
   text->setWordWrap(true);
   text->setFixedWidth(textWidth);
   said->addWidget(text);
   rows->addLayout(said);
-  rows->addWidget(MakeButton(*this, Get<CommandButton>("CancelButton"), this), 0, Qt::AlignRight);
+  rows->addWidget(MakeButton(*this, form.CancelButton, this), 0, Qt::AlignRight);
   rows->setSizeConstraint(QLayout::SetFixedSize);
 }
 

@@ -1,13 +1,14 @@
 #pragma once
 // The small window of a running search: a picture that plays, what goes on, and Cancel.
 
-#include "platform/qt/form_view.h"
+#include "forms/frmlocatefiles.h"
+#include "platform/qt/typed_view.h"
 
 namespace lumidex {
 
-class SearchView final : public FormView {
+class SearchView final : public TypedView<frmlocatefilesWindow> {
  public:
-  SearchView(FormViews& views, Form& form);
+  SearchView(FormViews& views, frmlocatefilesWindow& form);
 };
 
 }  // namespace lumidex

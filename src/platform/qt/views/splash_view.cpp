@@ -31,8 +31,8 @@ void Whiten(QWidget* label, int points, bool bold) {
 
 }  // namespace
 
-SplashView::SplashView(FormViews& views, Form& form)
-    : FormView(views, form, Qt::Dialog | Qt::FramelessWindowHint),
+SplashView::SplashView(FormViews& views, frmSplashWindow& itsForm)
+    : TypedView(views, itsForm, Qt::Dialog | Qt::FramelessWindowHint),
       picture_(ArtworkPicture("splash/splash.png")) {
   setAttribute(Qt::WA_OpaquePaintEvent);
   auto* rows = new QVBoxLayout(this);
@@ -44,7 +44,7 @@ SplashView::SplashView(FormViews& views, Form& form)
   rows->addWidget(title);
   auto* maker = new QHBoxLayout;
   maker->setSpacing(wordSpacing);
-  QLabel* from = MakeLabel(*this, Get<Label>("Label2"), this);
+  QLabel* from = MakeLabel(*this, form.Label2, this);
   auto* name = new QLabel(QStringLiteral("Korvane"), this);
   auto* version = new QLabel(tr("Version %1").arg(QCoreApplication::applicationVersion()), this);
   for (QLabel* label : {from, name, version}) Whiten(label, 11, label == name);
@@ -53,16 +53,16 @@ SplashView::SplashView(FormViews& views, Form& form)
   maker->addStretch();
   maker->addWidget(version);
   rows->addLayout(maker);
-  QLabel* platform = MakeLabel(*this, Get<Label>("lblPlatform"), this);
+  QLabel* platform = MakeLabel(*this, form.lblPlatform, this);
   Whiten(platform, 9, false);
   rows->addWidget(platform);
   // The rows so far stand on the artwork, what follows below it.
   rows->addSpacing(std::max(0, artworkSize.height() + 2 * margin - rows->sizeHint().height()));
 
-  QLabel* text = MakeLabel(*this, Get<Label>("Label1"), this);
+  QLabel* text = MakeLabel(*this, form.Label1, this);
   text->setWordWrap(true);
   rows->addWidget(text);
-  rows->addWidget(MakeButton(*this, Get<CommandButton>("cmdClose"), this), 0, Qt::AlignRight);
+  rows->addWidget(MakeButton(*this, form.cmdClose, this), 0, Qt::AlignRight);
 
   setFixedWidth(artworkSize.width());
   // A wrapped text tells its height only for a known width.

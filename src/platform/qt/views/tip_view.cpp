@@ -31,25 +31,25 @@ void WriteInInk(QWidget* label, int morePoints, bool bold) {
 
 }  // namespace
 
-TipView::TipView(FormViews& views, Form& form) : FormView(views, form) {
+TipView::TipView(FormViews& views, frmTipWindow& itsForm) : TypedView(views, itsForm) {
   auto* rows = new QVBoxLayout(this);
   rows->addWidget(Sheet(), 1);
   auto* below = new QHBoxLayout;
-  below->addWidget(MakeCheckBox(*this, Get<CheckBox>("chkLoadTipsAtStartup"), this));
+  below->addWidget(MakeCheckBox(*this, form.chkLoadTipsAtStartup, this));
   below->addStretch();
-  below->addWidget(MakeButton(*this, Get<CommandButton>("cmdNextTip"), this));
-  below->addWidget(MakeButton(*this, Get<CommandButton>("cmdOK"), this));
+  below->addWidget(MakeButton(*this, form.cmdNextTip, this));
+  below->addWidget(MakeButton(*this, form.cmdOK, this));
   rows->addLayout(below);
 }
 
 QWidget* TipView::Sheet() {
-  QWidget* inside = nullptr;
-  QWidget* sheet = MakePictureBox(*this, Get<PictureBox>("Picture1"), this, &inside);
+  QWidget* sheet = MakePictureBox(*this, form.Picture1, this);
+  QWidget* inside = InsideOf(form.Picture1);
   sheet->setMinimumSize(sheetWidth, sheetHeight);
   // The picture and what is written on it share the one cell.
   auto* cell = new QGridLayout(inside);
   cell->setContentsMargins(0, 0, 0, 0);
-  QWidget* picture = MakeImage(*this, Get<ImageBox>("Image1"), inside);
+  QWidget* picture = MakeImage(*this, form.Image1, inside);
   picture->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
   cell->addWidget(picture, 0, 0);
 
@@ -57,10 +57,10 @@ QWidget* TipView::Sheet() {
   auto* lines = new QVBoxLayout(written);
   lines->setContentsMargins(margin, margin, margin, margin);
   lines->setSpacing(margin / 2);
-  QLabel* title = MakeLabel(*this, Get<Label>("Label1"), written);
+  QLabel* title = MakeLabel(*this, form.Label1, written);
   WriteInInk(title, 5, true);
   lines->addWidget(title);
-  QLabel* tip = MakeLabel(*this, Get<Label>("lblTipText"), nullptr);
+  QLabel* tip = MakeLabel(*this, form.lblTipText, nullptr);
   WriteInInk(tip, 1, false);
   tip->setWordWrap(true);
   tip->setAlignment(Qt::AlignLeft | Qt::AlignTop);

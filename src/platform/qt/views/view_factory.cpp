@@ -9,18 +9,30 @@
 #include "platform/qt/views/tip_view.h"
 
 namespace lumidex {
+namespace {
+
+// Makes `View` when the form is a `Window`.
+template <class View, class Window>
+bool Try(FormViews& views, Form& form, std::unique_ptr<FormView>& view) {
+  auto* window = dynamic_cast<Window*>(&form);
+  if (window) view = std::make_unique<View>(views, *window);
+  return window != nullptr;
+}
+
+}  // namespace
 
 std::unique_ptr<FormView> MakeView(FormViews& views, Form& form) {
-  const std::string& name = form.Name();
   // It stands for the icon in the notification area, and its menus pop up from there.
-  if (name == "frmSystemTray") return nullptr;
-  if (name == "WPaper2") return std::make_unique<MainView>(views, form);
-  if (name == "SelectPictureDirectoryForm") return std::make_unique<DirectoryView>(views, form);
-  if (name == "frmPreferences") return std::make_unique<PreferencesView>(views, form);
-  if (name == "frmSplash") return std::make_unique<SplashView>(views, form);
-  if (name == "frmlocatefiles") return std::make_unique<SearchView>(views, form);
-  if (name == "frmTip") return std::make_unique<TipView>(views, form);
-  return std::make_unique<StackedView>(views, form);
+  if (form.Name() == "frmSystemTray") return nullptr;
+  std::unique_ptr<FormView> view;
+  Try<MainView, WPaper2Window>(views, form, view) ||
+      Try<DirectoryView, SelectPictureDirectoryFormWindow>(views, form, view) ||
+      Try<PreferencesView, frmPreferencesWindow>(views, form, view) ||
+      Try<SplashView, frmSplashWindow>(views, form, view) ||
+      Try<SearchView, frmlocatefilesWindow>(views, form, view) ||
+      Try<TipView, frmTipWindow>(views, form, view);
+  if (!view) view = std::make_unique<StackedView>(views, form);
+  return view;
 }
 
 }  // namespace lumidex

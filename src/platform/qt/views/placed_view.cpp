@@ -1,0 +1,100 @@
+#include "platform/qt/views/placed_view.h"
+
+#include <QEvent>
+#include <QLabel>
+#include <QMenuBar>
+#include <QVBoxLayout>
+
+#include "platform/qt/mirrors/mirrors.h"
+
+namespace lumidex {
+namespace {
+
+bool HasMenu(const Form& form) {
+  for (const Control* control : form.Controls()) {
+    if (dynamic_cast<const MenuItem*>(control)) return true;
+  }
+  return false;
+}
+
+void PlaceAroundText(FormView& view, Control& control, QLabel* label) {
+  // Its text stays readable whatever the window's background shows.
+  label->setAutoFillBackground(true);
+  new Mirror(view.Pushes(), control, label, [&view, &control, label] {
+    const QRect place = PlaceOf(view, control);
+    label->setGeometry({place.topLeft(), place.size().expandedTo(label->sizeHint())});
+  });
+}
+
+// A picture that is hidden while the program changes it keeps its place until the new one is ready.
+void PlacePicture(FormView& view, ImageBox& control, QWidget* widget) {
+  new Mirror(view.Pushes(), control, widget, [&view, &control, widget] {
+    if (!control.Visible) return;
+    const QRect place = PlaceOf(view, control);
+    if (widget->geometry() != place) widget->setGeometry(place);
+  });
+}
+
+}  // namespace
+
+PlacedView::PlacedView(FormViews& views, Form& form, Qt::WindowFlags flags, Labels labels)
+    : FormView(views, form, flags), labels_(labels), client_(new QWidget(this)) {
+  auto* rows = new QVBoxLayout(this);
+  rows->setContentsMargins(0, 0, 0, 0);
+  rows->setSpacing(0);
+  // The form itself keeps the window from getting too small.
+  rows->setSizeConstraint(QLayout::SetNoConstraint);
+  if (HasMenu(form)) rows->setMenuBar(MakeMenuBar(*this));
+  rows->addWidget(client_);
+  client_->installEventFilter(this);
+  for (Control* control : form.Controls()) Add(*control);
+  for (QWidget* bar : {toolbar_.data(), statusBar_.data()}) {
+    if (bar) bar->raise();
+  }
+  PlaceBars();
+}
+
+void PlacedView::ControlCame(Control& control) {
+  Add(control);
+}
+
+void PlacedView::Add(Control& control) {
+  if (WidgetOf(control)) return;
+  QWidget* parent = client_;
+  if (Control* container = control.Container) {
+    // It may be declared after what stands in it.
+    Add(*container);
+    parent = InsideOf(*container, control.ContainerPage);
+    if (!parent) return;
+  }
+  if (QWidget* widget = MakeWidget(*this, control, parent)) Place(control, widget);
+}
+
+void PlacedView::Place(Control& control, QWidget* widget) {
+  auto* label = qobject_cast<QLabel*>(widget);
+  if (dynamic_cast<Toolbar*>(&control)) {
+    toolbar_ = widget;
+  } else if (dynamic_cast<StatusBar*>(&control)) {
+    statusBar_ = widget;
+  } else if (auto* picture = dynamic_cast<ImageBox*>(&control)) {
+    PlacePicture(*this, *picture, widget);
+  } else if (label && labels_ == Labels::AroundText) {
+    PlaceAroundText(*this, control, label);
+  } else {
+    FollowGeometry(*this, control, widget);
+  }
+}
+
+bool PlacedView::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == client_ && event->type() == QEvent::Resize) PlaceBars();
+  return FormView::eventFilter(watched, event);
+}
+
+void PlacedView::PlaceBars() {
+  if (toolbar_) toolbar_->setGeometry(0, 0, client_->width(), toolbar_->sizeHint().height());
+  if (!statusBar_) return;
+  const int height = statusBar_->sizeHint().height();
+  statusBar_->setGeometry(0, client_->height() - height, client_->width(), height);
+}
+
+}  // namespace lumidex

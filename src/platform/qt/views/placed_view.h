@@ -1,0 +1,39 @@
+#pragma once
+// A window with every control at its own position: toolbar above, status bar below, menus where the form has
+// some. Controls that come and go at run time come and go here.
+
+#include "platform/qt/form_view.h"
+
+class QLabel;
+
+namespace lumidex {
+
+class PlacedView : public FormView {
+ public:
+  enum class Labels {
+    AsPlaced,
+    // A label may be wider and higher than designed: there is nothing beside it that a longer translation or
+    // another font would cover.
+    AroundText
+  };
+
+  PlacedView(FormViews& views, Form& form, Qt::WindowFlags flags = Qt::Window,
+             Labels labels = Labels::AsPlaced);
+
+ protected:
+  bool SizeComesFromForm() const override { return true; }
+  QPoint DrawingCorner() const override { return client_->pos(); }
+  void ControlCame(Control& control) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void Add(Control& control);
+  void Place(Control& control, QWidget* widget);
+  void PlaceBars();
+
+  Labels labels_;
+  QWidget* client_;  // below the menu bar: positions count from its corner
+  QPointer<QWidget> toolbar_, statusBar_;
+};
+
+}  // namespace lumidex
