@@ -14,8 +14,11 @@ set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 set(THREADS_PREFER_PTHREAD_FLAG ON)
 
+# A null pointer meets AddressSanitizer where it is used, and alignment is the decoders' matter: looking for both at
+# every access costs a quarter of the compile time, so only the libraries that read files do (sanitize_fully).
 if(LUMIDEX_SANITIZE)
-  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  add_compile_options(-fsanitize=address,undefined -fno-sanitize=null,alignment -fno-sanitize-recover=all
+    -fno-omit-frame-pointer)
   add_link_options(-fsanitize=address,undefined)
 endif()
 if(LUMIDEX_FUZZ)
@@ -26,3 +29,10 @@ if(CMAKE_BUILD_TYPE STREQUAL "Debug")
 else()
   add_compile_options(-fstack-protector-strong)
 endif()
+
+# sanitize_fully(<target>): every check, and optimised enough to decode at a bearable speed.
+function(sanitize_fully target)
+  if(LUMIDEX_SANITIZE)
+    target_compile_options(${target} PRIVATE -O1 -fsanitize=null,alignment)
+  endif()
+endfunction()
