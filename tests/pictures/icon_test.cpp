@@ -14,6 +14,7 @@ using testing::ElementsAre;
 struct Image {
   std::vector<std::uint8_t> bytes;
   unsigned width = 0;
+  unsigned colours = 0, bits = 0;  // as the directory says them
 };
 
 // `kind` 1 is an icon, 2 a cursor. The directory states a wrong length for every picture.
@@ -24,10 +25,10 @@ std::vector<std::uint8_t> File(unsigned kind, const std::vector<Image>& images) 
   for (const Image& image : images) {
     file.U8(image.width)
         .U8(image.width)
-        .U8(0)
+        .U8(image.colours)
         .U8(0)
         .U16Le(0)
-        .U16Le(0)
+        .U16Le(image.bits)
         .U32Le(3)
         .U32Le(static_cast<std::uint32_t>(offset));
     offset += image.bytes.size();
@@ -121,6 +122,46 @@ TEST(Icon, The_largest_then_deepest_picture_is_shown_whatever_the_directory_says
   const auto decoder = OpenBytes(File(1, {small, {large, 3}, TwoOf24Bits(0)}));
   EXPECT_EQ(decoder->Facts().size, (Size{3, 1}));
   EXPECT_EQ(OpenBytes(File(1, {TwoOf24Bits(0), TwoOf32Bits(1, 1, 0)}))->Facts().bitsPerPixel, 32);
+}
+
+TEST(Icon, Of_two_as_deep_by_their_headers_the_deeper_one_by_the_directory_is_shown) {
+  const auto png = [](std::uint8_t level) { return WritePng({1, 1}, {level, 0, 0, 255}, {.colourType = 6}); };
+  const Image few{png(1), 1, 12, 4}, many{png(2), 1, 0, 32}, silent{png(3), 1, 0, 0};
+  EXPECT_THAT(WordsOf(DecodeBytes(File(1, {few, many}))), ElementsAre(0xFF020000U));
+  EXPECT_THAT(WordsOf(DecodeBytes(File(1, {many, few}))), ElementsAre(0xFF020000U));
+  EXPECT_THAT(WordsOf(DecodeBytes(File(1, {few, silent}))), ElementsAre(0xFF030000U));
+  // Without bits the number of colours says it; a cursor has its hot spot in the place of the bits.
+  EXPECT_THAT(WordsOf(DecodeBytes(File(1, {{png(1), 1, 12, 0}, silent}))), ElementsAre(0xFF030000U));
+  EXPECT_THAT(WordsOf(DecodeBytes(File(2, {{png(1), 1, 12, 32}, {png(2), 1, 0, 8}}))),
+              ElementsAre(0xFF020000U));
+  // Few colours stored deep come after a picture that has more of them, though fewer bits.
+  const Image true24{WritePng({1, 1}, {4, 0, 0}, {}), 1, 0, 24};
+  EXPECT_THAT(WordsOf(DecodeBytes(File(1, {few, true24}))), ElementsAre(0xFF040000U));
+}
+
+// A header of the fifth version, with bit fields for the colours and for alpha.
+std::vector<std::uint8_t> NewHeader(unsigned width, unsigned height, std::uint32_t alphaMask) {
+  ByteWriter header;
+  header.U32Le(124).U32Le(width).U32Le(height).U16Le(1).U16Le(32).U32Le(3).Fill(20);
+  header.U32Le(0xFF0000).U32Le(0xFF00).U32Le(0xFF).U32Le(alphaMask).Fill(68);
+  return header.Take();
+}
+
+TEST(Icon, A_newer_header_with_bit_fields_may_come_without_a_mask_too) {
+  ByteWriter image;
+  image.Add(NewHeader(1, 2, 0xFF000000)).Add({0, 255, 0, 255}).Add({0, 0, 255, 128});
+  ByteWriter file;
+  file.U16Le(0).U16Le(1).U16Le(1).U8(1).U8(2).Fill(6);
+  file.U32Le(static_cast<std::uint32_t>(image.Bytes().size())).U32Le(22).Add(image.Bytes());
+  EXPECT_THAT(WordsOf(DecodeBytes(file.Bytes())), ElementsAre(0x80FF0000U, 0xFF00FF00U));
+}
+
+TEST(Icon, Alpha_of_its_own_counts_with_a_newer_header_too) {
+  for (const std::uint32_t alphaMask : {0xFF000000U, 0U}) {
+    ByteWriter image;
+    image.Add(NewHeader(2, 2, alphaMask)).Add({0, 0, 255, 128, 0, 255, 0, 255}).Add({0xC0, 0, 0, 0});
+    EXPECT_THAT(WordsOf(DecodeBytes(File(1, {{image.Take(), 2}}))), ElementsAre(0x80FF0000U, 0xFF00FF00U));
+  }
 }
 
 TEST(Icon, Of_two_as_large_one_that_is_cut_off_comes_last) {

@@ -1,6 +1,7 @@
 #include "pictures/codecs/ico.h"
 
 #include <algorithm>
+#include <bit>
 
 #include "base/run_time_error.h"
 #include "pictures/alpha.h"
@@ -18,9 +19,18 @@ constexpr unsigned IconKind = 1, CursorKind = 2;
 // What the directory says of a picture.
 struct Entry {
   int height = 0;
+  int bits = 0;  // of a pixel, 0 when it says nothing sensible
   std::uint32_t bytes = 0;
   std::uint32_t offset = 0;
 };
+
+// The directory counts bits, or no more than the colours of pictures with few; cursors have their hot spot
+// where icons have the bits.
+int StatedBits(unsigned kind, unsigned colours, unsigned bits) {
+  for (const unsigned depth : {1U, 4U, 8U, 16U, 24U, 32U})
+    if (kind == IconKind && bits == depth) return static_cast<int>(depth);
+  return colours == 0 ? 0 : std::bit_width(colours - 1);
+}
 
 // The bitmap of one icon: colours above, a mask of one bit a pixel below.
 class DibIconDecoder final : public Decoder {
@@ -47,9 +57,9 @@ class DibIconDecoder final : public Decoder {
   Pixels Decode(const DecodeRequest&) const override {
     const PictureData data(source_, {});
     const auto bytes = data.Stretch(header_.pixelOffset, ColourBytes() + MaskRowBytes() * Height());
-    if (header_.bitsPerPixel == 32 && header_.coding == DibCoding::Plain) {
+    if (header_.bitsPerPixel == 32 && IsUnpacked()) {
       DibHeader withAlpha = header_;
-      withAlpha.masks[3] = 0xFF000000U;
+      if (withAlpha.masks[3] == 0) withAlpha.masks[3] = RemainingMask();
       Pixels pixels = DecodeDib(withAlpha, bytes, limits_);
       if (HasVisiblePixel(pixels)) return pixels;
     }
@@ -70,10 +80,18 @@ class DibIconDecoder final : public Decoder {
   // and there are colours for all of it. Of one bit a pixel, colours and mask are as long as such colours.
   bool LacksMaskRows(const Entry& entry, std::uint64_t bytes) const {
     const std::uint64_t needed = header_.pixelOffset + 2 * std::uint64_t{ColourBytes()};
-    return header_.coding == DibCoding::Plain && header_.bitsPerPixel > 1 &&
-           header_.size.height * 2 == entry.height && needed <= std::min<std::uint64_t>(entry.bytes, bytes);
+    return IsUnpacked() && header_.bitsPerPixel > 1 && header_.size.height * 2 == entry.height &&
+           needed <= std::min<std::uint64_t>(entry.bytes, bytes);
   }
 
+  bool IsUnpacked() const {
+    return header_.coding == DibCoding::Plain || header_.coding == DibCoding::BitFields;
+  }
+  // The bits that no colour takes, when they are a byte's.
+  std::uint32_t RemainingMask() const {
+    const std::uint32_t rest = ~(header_.masks[0] | header_.masks[1] | header_.masks[2]);
+    return std::popcount(rest) == 8 ? rest : 0;
+  }
   std::size_t Height() const { return static_cast<std::size_t>(header_.size.height); }
   std::size_t ColourBytes() const { return header_.RowBytes() * Height(); }
   std::size_t MaskRowBytes() const { return (static_cast<std::size_t>(header_.size.width) + 31) / 32 * 4; }
@@ -113,18 +131,24 @@ class IconDecoder final : public Decoder {
 struct Candidate {
   std::unique_ptr<Decoder> decoder;
   bool whole = false;  // in the file up to its end
+  int statedBits = 0;
 
   const PictureFacts& Facts() const { return decoder->Facts(); }
+  // Pictures of few colours may be stored with more bits than they have.
+  int Depth() const {
+    return statedBits == 0 ? Facts().bitsPerPixel : std::min(statedBits, Facts().bitsPerPixel);
+  }
 };
 
 Candidate OpenEntry(const PictureData& data, const Entry& entry, const OpenOptions& options) {
   // The stated length is often wrong; each picture knows where it ends.
   auto source = StretchOf(data.SharedSource(), entry.offset, data.Size());
   const PictureData picture(source, {});
-  if (MatchPng(picture) == Match::Sure) return {OpenPng(picture, options), entry.bytes <= picture.Size()};
+  if (MatchPng(picture) == Match::Sure)
+    return {OpenPng(picture, options), entry.bytes <= picture.Size(), entry.bits};
   auto decoder = std::make_unique<DibIconDecoder>(std::move(source), entry, options);
   const bool whole = decoder->IsWhole(picture.Size());
-  return {std::move(decoder), whole};
+  return {std::move(decoder), whole, entry.bits};
 }
 
 // True when `a` is to be shown rather than `b`.
@@ -132,6 +156,7 @@ bool IsBetter(const Candidate& a, const Candidate& b) {
   const auto area = [](Size size) { return std::int64_t{size.width} * size.height; };
   if (area(a.Facts().size) != area(b.Facts().size)) return area(a.Facts().size) > area(b.Facts().size);
   if (a.whole != b.whole) return a.whole;
+  if (a.Depth() != b.Depth()) return a.Depth() > b.Depth();
   return a.Facts().bitsPerPixel > b.Facts().bitsPerPixel;
 }
 
@@ -139,7 +164,8 @@ std::unique_ptr<Decoder> OpenBest(const PictureData& data, const OpenOptions& op
                                   std::string_view format) {
   const Bytes head = data.Head();
   ByteReader reader(head);
-  reader.Skip(4);
+  reader.Skip(2);
+  const unsigned kind = reader.U16Le();
   const std::size_t count = reader.U16Le();
   Candidate best;
   std::string reason = "no picture in it";
@@ -149,7 +175,9 @@ std::unique_ptr<Decoder> OpenBest(const PictureData& data, const OpenOptions& op
     reader.Skip(1);
     entry.height = reader.U8();
     if (entry.height == 0) entry.height = 256;
-    reader.Skip(6);
+    const unsigned colours = reader.U8();
+    reader.Skip(3);
+    entry.bits = StatedBits(kind, colours, reader.U16Le());
     entry.bytes = reader.U32Le();
     entry.offset = reader.U32Le();
     if (entry.offset < DirectoryBytes || entry.offset >= data.Size()) continue;
