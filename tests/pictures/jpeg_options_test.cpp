@@ -11,6 +11,7 @@
 #include "gallery/encoders/jpeg_encoder.h"
 #include "pictures/support/byte_writer.h"
 #include "pictures/support/library_writers.h"
+#include "pictures/support/profiles.h"
 
 namespace lumidex {
 namespace {

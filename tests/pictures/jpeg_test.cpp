@@ -8,6 +8,7 @@
 #include "gallery/encoders/jpeg_encoder.h"
 #include "pictures/support/byte_writer.h"
 #include "pictures/support/library_writers.h"
+#include "pictures/support/profiles.h"
 
 namespace lumidex {
 namespace {
@@ -109,7 +110,8 @@ TEST(Jpeg, An_embedded_profile_is_converted_to_srgb) {
 }
 
 TEST(Jpeg, A_grey_profile_is_converted_too) {
-  const auto file = WriteJpeg({8, 8}, Uniform(64, {128}), {.components = 1, .icc = LinearGreyProfile()});
+  const auto file =
+      WriteJpeg({8, 8}, Uniform(64, {128}), {.components = 1, .icc = GreyProfileOf(Curve::Linear)});
   EXPECT_THAT(DecodeBytes(file).Row(4)[4], NearColour(0xFFBCBCBCU));
 }
 

@@ -6,6 +6,7 @@
 #include "gallery/encoders/png_encoder.h"
 #include "pictures/support/byte_writer.h"
 #include "pictures/support/library_writers.h"
+#include "pictures/support/profiles.h"
 
 namespace lumidex {
 namespace {

@@ -210,7 +210,8 @@ class JpegDecoder final : public Decoder {
     ProfileInput input = ProfileInput::Words;
     if (info.num_components == 4)
       input = info.saw_Adobe_marker ? ProfileInput::CmykInverted : ProfileInput::Cmyk;
-    return ColourProfile::FromIcc({bytes, count}, input);
+    return ColourProfile::FromIcc({bytes, count}, input,
+                                  std::int64_t{info.output_width} * info.output_height);
   }
 
   // True as long as rows that the file still fills are left.
@@ -252,16 +253,15 @@ class JpegDecoder final : public Decoder {
   static void ReadInkRows(JpegReader& reader, Pixels& pixels, const ColourProfile* profile) {
     jpeg_decompress_struct& info = reader.Info();
     const bool inverted = info.saw_Adobe_marker != 0;
-    std::vector<std::uint8_t> inks(static_cast<std::size_t>(pixels.Width()) * 4);
     reader.Try([&] {
       while (MoreRows(reader)) {
-        JSAMPROW row = inks.data();
-        const int y = static_cast<int>(info.output_scanline);
+        const auto words = pixels.Row(static_cast<int>(info.output_scanline));
+        JSAMPROW row = reinterpret_cast<JSAMPROW>(words.data());
         if (jpeg_read_scanlines(&info, &row, 1) == 0) return;
         if (profile != nullptr) {
-          profile->ConvertInks(inks, pixels.Row(y));
+          profile->Convert(words);
         } else {
-          ConvertInksPlainly(inks, inverted, pixels.Row(y));
+          ConvertInksPlainly(inverted, words);
         }
       }
     });

@@ -190,14 +190,15 @@ class PngDecoder final : public Decoder {
     return rows;
   }
 
-  static std::unique_ptr<ColourProfile> Profile(PngReader& reader) {
+  std::unique_ptr<ColourProfile> Profile(PngReader& reader) const {
     png_charp name = nullptr;
     int compression = 0;
     png_bytep bytes = nullptr;
     png_uint_32 count = 0;
     if (png_get_valid(reader.Png(), reader.Info(), PNG_INFO_sRGB) != 0) return nullptr;
     if (png_get_iCCP(reader.Png(), reader.Info(), &name, &compression, &bytes, &count) == 0) return nullptr;
-    return ColourProfile::FromIcc({bytes, count}, ProfileInput::Words);
+    return ColourProfile::FromIcc({bytes, count}, ProfileInput::Words,
+                                  std::int64_t{facts_.size.width} * facts_.size.height);
   }
 
   std::shared_ptr<const ByteSource> source_;

@@ -146,7 +146,8 @@ class TiffDecoder final : public Decoder {
     void* bytes = nullptr;
     if (TIFFGetField(file.Handle(), TIFFTAG_ICCPROFILE, &count, &bytes) != 1) return nullptr;
     return ColourProfile::FromIcc({static_cast<const std::uint8_t*>(bytes), count},
-                                  layout_.colourSamples == 4 ? ProfileInput::Cmyk : ProfileInput::Words);
+                                  layout_.colourSamples == 4 ? ProfileInput::Cmyk : ProfileInput::Words,
+                                  std::int64_t{stored_.width} * stored_.height);
   }
 
   void ReadRows(const TiffFile& file, const TiffLayout& layout, const RowSink& sink) const {

@@ -273,14 +273,14 @@ void TiffRowReader::Read(std::span<const std::uint8_t* const> planes, std::span<
     Unpack(planes[0], values_.size(), values_.data());
   }
   if (layout_.colourSamples == 4) {
-    inkBytes_.resize(row.size() * 4);
+    auto* const inks = reinterpret_cast<std::uint8_t*>(row.data());
     for (std::size_t x = 0; x < row.size(); ++x) {
-      for (std::size_t i = 0; i < 4; ++i) inkBytes_[4 * x + i] = Level(values_[x * samples + i]);
+      for (std::size_t i = 0; i < 4; ++i) inks[4 * x + i] = Level(values_[x * samples + i]);
     }
     if (inks_ != nullptr) {
-      inks_->ConvertInks(inkBytes_, row);
+      inks_->Convert(row);
     } else {
-      ConvertInksPlainly(inkBytes_, false, row);
+      ConvertInksPlainly(false, row);
     }
   } else if (conversion_->lab != nullptr && layout_.colourSamples == 3) {
     auto& bytes = conversion_->labBytes;

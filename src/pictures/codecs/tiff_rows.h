@@ -41,7 +41,6 @@ class TiffRowReader {
   std::vector<std::uint32_t> colours_;  // of palette pictures
   std::optional<PackedRows> packed_;    // one sample of up to 8 bits
   std::vector<std::uint16_t> values_;
-  std::vector<std::uint8_t> inkBytes_;
   std::unique_ptr<Conversion> conversion_;
 };
 

@@ -1,6 +1,5 @@
 #include "pictures/support/library_writers.h"
 
-#include <lcms2.h>
 #include <png.h>
 
 #include <algorithm>
@@ -12,19 +11,6 @@
 #include "gallery/encoders/byte_writer.h"
 
 namespace lumidex {
-namespace {
-
-std::vector<std::uint8_t> Saved(cmsHPROFILE profile) {
-  cmsUInt32Number count = 0;
-  cmsSaveProfileToMem(profile, nullptr, &count);
-  std::vector<std::uint8_t> bytes(count);
-  cmsSaveProfileToMem(profile, bytes.data(), &count);
-  cmsCloseProfile(profile);
-  return bytes;
-}
-
-}  // namespace
-
 std::vector<std::uint8_t> WriteJpeg(Size size, const std::vector<std::uint8_t>& samples,
                                     const JpegKindOptions& options) {
   jpeg_compress_struct info{};
@@ -123,28 +109,6 @@ std::vector<std::uint8_t> WritePng(Size size, const std::vector<std::uint8_t>& r
   png_write_end(png, nullptr);
   png_destroy_write_struct(&png, &info);
   return bytes;
-}
-
-std::vector<std::uint8_t> SwappedProfile() {
-  const cmsCIExyY white{0.3127, 0.3290, 1.0};
-  const cmsCIExyYTRIPLE primaries{{0.15, 0.06, 1.0}, {0.30, 0.60, 1.0}, {0.64, 0.33, 1.0}};
-  const cmsFloat64Number curve[] = {2.4, 1 / 1.055, 0.055 / 1.055, 1 / 12.92, 0.04045};
-  cmsToneCurve* tone = cmsBuildParametricToneCurve(nullptr, 4, curve);
-  cmsToneCurve* tones[] = {tone, tone, tone};
-  const cmsHPROFILE profile = cmsCreateRGBProfile(&white, &primaries, tones);
-  cmsFreeToneCurve(tone);
-  return Saved(profile);
-}
-
-std::vector<std::uint8_t> SrgbProfile() {
-  return Saved(cmsCreate_sRGBProfile());
-}
-
-std::vector<std::uint8_t> LinearGreyProfile() {
-  cmsToneCurve* tone = cmsBuildGamma(nullptr, 1.0);
-  const cmsHPROFILE profile = cmsCreateGrayProfile(cmsD50_xyY(), tone);
-  cmsFreeToneCurve(tone);
-  return Saved(profile);
 }
 
 }  // namespace lumidex

@@ -1,6 +1,5 @@
 #pragma once
-// Small JPEG and PNG files of kinds that the gallery's encoders do not make, and ICC profiles to put into
-// them.
+// Small JPEG and PNG files of kinds that the gallery's encoders do not make.
 
 #include <cstdint>
 #include <vector>
@@ -35,12 +34,5 @@ struct PngKindOptions {
 // Rows as PNG stores them, packed.
 std::vector<std::uint8_t> WritePng(Size size, const std::vector<std::uint8_t>& rows,
                                    const PngKindOptions& options);
-
-// A colour profile that takes red for blue and blue for red, but is else sRGB.
-std::vector<std::uint8_t> SwappedProfile();
-// sRGB itself, under its name.
-std::vector<std::uint8_t> SrgbProfile();
-// Grey with gamma 1: what is stored as 128 is light.
-std::vector<std::uint8_t> LinearGreyProfile();
 
 }  // namespace lumidex
