@@ -73,6 +73,7 @@ struct TrayIconRecord {
 class Tray {
  public:
   virtual ~Tray() = default;
+  // Whether an icon of the program stands in a notification area, where the user can reach it.
   virtual bool IsAvailable() const = 0;
   virtual bool Shell_NotifyIconA(unsigned action, const TrayIconRecord& record) = 0;
 };

@@ -244,6 +244,69 @@ TEST_F(MainWindowTest, A_window_begins_no_larger_than_the_screen) {
   EXPECT_LT(window.Width.Get(), 90000.0F);
 }
 
+struct MinimisedWindowTest : MainWindowTest {
+  MinimisedWindowTest() {
+    window.OnResize = [this] {
+      if (window.State == WindowState::Minimized) window.Hide();
+    };
+    window.OnActivate = [this] { ++activations; };
+  }
+  void Minimise() {
+    View().showMinimized();
+    Settle();
+  }
+  int activations = 0;
+};
+
+TEST_F(MinimisedWindowTest, It_leaves_the_screen_for_the_notification_area) {
+  Minimise();
+  EXPECT_FALSE(window.Visible());
+  EXPECT_FALSE(View().isVisible());
+}
+
+TEST_F(MinimisedWindowTest, It_stays_in_the_task_bar_while_there_is_no_icon_in_a_notification_area) {
+  world.headless.tray.isAvailable = false;
+  Minimise();
+  EXPECT_FALSE(window.Visible());
+  EXPECT_TRUE(View().isVisible());
+  EXPECT_TRUE(View().isMinimized());
+}
+
+TEST_F(MinimisedWindowTest, Called_back_from_the_task_bar_its_form_is_shown_again) {
+  world.headless.tray.isAvailable = false;
+  Minimise();
+  View().showNormal();
+  Settle();
+  EXPECT_TRUE(window.Visible());
+  EXPECT_TRUE(View().isVisible());
+  EXPECT_EQ(window.State.Get(), WindowState::Normal);
+  EXPECT_EQ(activations, 1);
+  Minimise();
+  View().showMaximized();
+  Settle();
+  EXPECT_TRUE(window.Visible());
+  EXPECT_EQ(window.State.Get(), WindowState::Maximized);
+}
+
+TEST_F(MinimisedWindowTest, The_program_can_bring_it_back_from_the_task_bar) {
+  world.headless.tray.isAvailable = false;
+  Minimise();
+  window.State = WindowState::Normal;
+  window.Show();
+  Settle();
+  EXPECT_TRUE(View().isVisible());
+  EXPECT_FALSE(View().isMinimized());
+  EXPECT_EQ(activations, 1);
+}
+
+TEST_F(MinimisedWindowTest, An_unloaded_form_leaves_nothing_in_the_task_bar) {
+  world.headless.tray.isAvailable = false;
+  Minimise();
+  const QPointer<QWidget> view = &View();
+  window.Unload();
+  EXPECT_TRUE(view.isNull() || !view->isVisible());
+}
+
 TEST_F(MainWindowTest, Controls_stand_at_their_positions) {
   window.cmdUp.Top = 6000;
   Settle();

@@ -121,7 +121,7 @@ void FormView::CarryOut(FormRequest request) {
 void FormView::FollowVisibility() {
   if (form_.Visible() == isVisible()) return;
   if (!form_.Visible()) {
-    hide();
+    if (!StaysInTaskBar()) hide();
     return;
   }
   ignoresActivation_ = true;

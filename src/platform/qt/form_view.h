@@ -57,6 +57,8 @@ class FormView : public QWidget {
   virtual bool SizeComesFromForm() const { return false; }
   // A control has come while the window stands.
   virtual void ControlCame(Control&) {}
+  // Whether the user gets at the program through this window.
+  virtual bool IsEntrance() const { return false; }
   // Where the form's picture and its drawing begin.
   virtual QPoint DrawingCorner() const { return {0, 0}; }
 
@@ -82,6 +84,9 @@ class FormView : public QWidget {
   void PushSize();
   void CarryOut(FormRequest request);
   void TellSize(const QSize& size);
+  // A minimised window that its form has hidden stays in the task bar when the user could not call it back
+  // from anywhere else.
+  bool StaysInTaskBar() const;
   bool PressDefault(bool cancel);
 
   FormViews& views_;

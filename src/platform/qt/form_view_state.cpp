@@ -88,6 +88,11 @@ void FormView::PushSize() {
   pushing_ = false;
 }
 
+bool FormView::StaysInTaskBar() const {
+  return IsEntrance() && form_.IsLoaded() && form_.State == WindowState::Minimized &&
+         !form_.GetPlatform().tray.IsAvailable();
+}
+
 void FormView::TellSize(const QSize& size) {
   const double factor = GetUnits().factor;
   const auto outer = [factor](int pixels, int frame) {
@@ -104,7 +109,13 @@ void FormView::TellSize(const QSize& size) {
     height = form_.Height;
   }
   shownState_ = state;
-  Serve([&] { form_.UserResize(width, height, state); });
+  // Called back from the task bar: the form, which counts as hidden, is shown again.
+  const bool isBack = !form_.Visible() && isVisible() && state != WindowState::Minimized;
+  if (isBack) ignoresActivation_ = !isActiveWindow();
+  Serve([&] {
+    form_.UserResize(width, height, state);
+    if (isBack) form_.Show();
+  });
 }
 
 void FormView::resizeEvent(QResizeEvent* event) {
@@ -125,7 +136,7 @@ void FormView::changeEvent(QEvent* event) {
   // The size that belongs to a new state comes in an event of its own, before or after this one: the form is
   // to lay itself out once.
   QTimer::singleShot(0, this, [this] {
-    if (form_.Visible()) TellSize(size());
+    if (isVisible()) TellSize(size());
   });
 }
 

@@ -11,6 +11,9 @@ class MainView final : public TypedView<WPaper2Window, PlacedView> {
  public:
   MainView(FormViews& views, WPaper2Window& form);
 
+ protected:
+  bool IsEntrance() const override { return true; }
+
  private:
   // Leaves the window unpainted until its picture is there, and not for long if none comes.
   void HoldPainting();

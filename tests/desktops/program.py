@@ -1,0 +1,129 @@
+"""The program on a desktop, as a person meets it: windows, keys, mouse."""
+
+import os
+import re
+import shutil
+import subprocess
+
+from desktop import Failure, end, wait_until
+
+MAIN = "^Korvane Lumidex$"
+TIP = "Tip of the Day"
+
+
+class Window:
+    def __init__(self, desktop, number):
+        self.desktop, self.number = desktop, str(number)
+
+    def _property(self, name):
+        text = self.desktop.run("xprop", "-id", self.number, "-notype", name)
+        return text.split("=", 1)[1].strip() if "=" in text else ""
+
+    def exists(self):
+        return "Absolute upper-left" in self.desktop.run("xwininfo", "-id", self.number)
+
+    def geometry(self):
+        """Of the content, in device pixels of the screen: left, top, width, height."""
+        text = self.desktop.run("xwininfo", "-id", self.number)
+        found = [re.search(pattern + r":\s+(-?\d+)", text)
+                 for pattern in ("Absolute upper-left X", "Absolute upper-left Y", "Width", "Height")]
+        if None in found:
+            raise Failure(f"window {self.number} is gone")
+        return tuple(int(match.group(1)) for match in found)
+
+    def frame(self):
+        """What the window manager draws around: left, right, top, bottom."""
+        text = self._property("_NET_FRAME_EXTENTS")
+        return tuple(int(number) for number in text.split(",")) if text else (0, 0, 0, 0)
+
+    def outer(self):
+        left, top, width, height = self.geometry()
+        frame = self.frame()
+        return (left - frame[0], top - frame[2], width + frame[0] + frame[1], height + frame[2] + frame[3])
+
+    def states(self):
+        return {state.strip() for state in self._property("_NET_WM_STATE").split(",") if state.strip()}
+
+    def is_maximised(self):
+        return {"_NET_WM_STATE_MAXIMIZED_VERT", "_NET_WM_STATE_MAXIMIZED_HORZ"} <= self.states()
+
+    def is_minimised(self):
+        return "Iconic" in self.desktop.run("xprop", "-id", self.number, "WM_STATE")
+
+    def is_on_screen(self):
+        return "Map State: IsViewable" in self.desktop.run("xwininfo", "-id", self.number)
+
+    def manage(self, *arguments):
+        self.desktop.run("wmctrl", "-i", "-r", self.number, *arguments)
+
+    def maximise(self):
+        self.manage("-b", "add,maximized_vert,maximized_horz")
+
+    def restore(self):
+        self.manage("-b", "remove,maximized_vert,maximized_horz")
+
+    def minimise(self):
+        self.desktop.run("xdotool", "windowminimize", self.number)
+
+    def activate(self):
+        self.desktop.run("wmctrl", "-i", "-a", self.number)
+
+    def place(self, left, top, width, height):
+        """-1 leaves a number as it is. Left and top are those of the frame."""
+        self.manage("-e", f"0,{left},{top},{width},{height}")
+
+    def screenshot(self, file):
+        self.desktop.run("import", "-window", self.number, file)
+
+
+class Program:
+    """A copy of the program of its own: its settings and lists lie beside it."""
+
+    def __init__(self, desktop, executable, *arguments, tips=False):
+        self.desktop = desktop
+        self.folder = os.path.join(desktop.home, "program")
+        os.makedirs(self.folder, exist_ok=True)
+        copy = os.path.join(self.folder, "lumidex")
+        if not os.path.exists(copy):
+            try:
+                os.link(executable, copy)
+            except OSError:
+                shutil.copy(executable, copy)
+        self.log = open(os.path.join(desktop.home, "program.log"), "wb")
+        self.process = desktop.start([copy, *arguments], stdout=self.log, stderr=subprocess.STDOUT, cwd=desktop.home)
+
+    def main(self, seconds=60):
+        return self.window(MAIN, seconds)
+
+    def window(self, title, seconds=20):
+        """The window on the screen whose title matches, once it is there."""
+        number = wait_until(lambda: self._find(title), seconds, f"a window '{title}'")
+        return Window(self.desktop, number)
+
+    def has_window(self, title):
+        return bool(self._find(title))
+
+    def _find(self, title):
+        found = self.desktop.run("xdotool", "search", "--onlyvisible", "--name", title).split()
+        return found[-1] if found else None
+
+    def leave_tip(self, seconds=60):
+        """Waits for the tip of the day and closes it with the keyboard."""
+        tip = self.window(TIP, seconds)
+        tip.activate()
+        self.desktop.run("xdotool", "key", "Escape")
+        wait_until(lambda: not self.has_window(TIP), 10, "the tip to go")
+
+    def keys(self, *keys):
+        self.desktop.run("xdotool", "key", "--clearmodifiers", "--delay", "30", *keys)
+
+    def click(self, x, y, button=1, times=1):
+        self.desktop.run("xdotool", "mousemove", str(x), str(y), "click", "--repeat", str(times), "--delay", "80",
+                         str(button))
+
+    def is_running(self):
+        return self.process.poll() is None
+
+    def end(self):
+        end(self.process)
+        self.log.close()
