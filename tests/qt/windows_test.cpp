@@ -225,6 +225,32 @@ TEST_F(MainWindowTest, A_change_of_the_form_does_not_undo_what_the_window_manage
   EXPECT_EQ(window.State.Get(), WindowState::Maximized);
 }
 
+TEST_F(MainWindowTest, A_maximised_window_stays_where_the_window_manager_put_it) {
+  View().move(120, 90);
+  Settle();
+  View().showMaximized();
+  Settle();
+  const QRect place = View().geometry();
+  window.Caption = "Another title";
+  window.LstRight.AddItem("a.bmp");
+  Settle();
+  EXPECT_TRUE(View().isMaximized());
+  EXPECT_EQ(View().geometry(), place);
+}
+
+TEST_F(MainWindowTest, A_window_stands_where_its_form_is_put) {
+  window.Left = 1500;
+  window.Top = 1200;
+  Settle();
+  EXPECT_EQ(View().pos(), QPoint(world.views.GetUnits().Pixels(1500), world.views.GetUnits().Pixels(1200)));
+  View().move(40, 30);
+  Settle();
+  EXPECT_FLOAT_EQ(window.Left, world.views.GetUnits().Twips(40));
+  window.Left = 1500;
+  Settle();
+  EXPECT_EQ(View().x(), world.views.GetUnits().Pixels(1500));
+}
+
 TEST_F(MainWindowTest, A_form_that_refuses_to_get_small_snaps_the_frame_back) {
   window.OnResize = [&] {
     if (window.Width < 9500) window.Width = 9500;
@@ -262,6 +288,15 @@ TEST_F(MinimisedWindowTest, It_leaves_the_screen_for_the_notification_area) {
   Minimise();
   EXPECT_FALSE(window.Visible());
   EXPECT_FALSE(View().isVisible());
+}
+
+TEST_F(MinimisedWindowTest, Called_back_from_the_notification_area_it_is_not_minimised_any_more) {
+  Minimise();
+  window.State = WindowState::Normal;
+  window.Show();
+  Settle();
+  EXPECT_TRUE(View().isVisible());
+  EXPECT_FALSE(View().isMinimized());
 }
 
 TEST_F(MinimisedWindowTest, It_stays_in_the_task_bar_while_there_is_no_icon_in_a_notification_area) {

@@ -140,11 +140,7 @@ void FormView::FollowVisibility() {
     winId();
     windowHandle()->setFlag(Qt::WindowStaysOnTopHint);
   }
-  if (form_.State == WindowState::Maximized) {
-    showMaximized();
-  } else {
-    show();
-  }
+  ShowInState();
 }
 
 bool FormView::event(QEvent* event) {

@@ -79,9 +79,12 @@ class FormView : public QWidget {
   };
   void ControlWent(const Control& control);
   QSize WantedSize() const;
+  QSizeF FormSize() const;
+  QPointF FormPlace() const;
   void PushColors();
   void PushBackground();
   void PushSize();
+  void ShowInState();
   void CarryOut(FormRequest request);
   void TellSize(const QSize& size);
   // A minimised window that its form has hidden stays in the task bar when the user could not call it back
@@ -96,7 +99,11 @@ class FormView : public QWidget {
   Connection requests_, comings_, goings_;
   QPointer<QWidget> wantsFocus_;
   std::int32_t shownBackColor_ = -1;
+  // What window and form agree on. Only what the program has changed since goes to the window: to answer its
+  // manager with the numbers that just came from it would undo what it is in the midst of doing.
   WindowState shownState_ = WindowState::Normal;
+  QSizeF shownSize_;   // the form's, in twips
+  QPointF shownPlace_;
   Picture shownIcon_;
   Picture shownPicture_;
   std::vector<DrawnBand> shownDrawing_;

@@ -12,14 +12,6 @@
 #include "platform/qt/form_views.h"
 
 namespace lumidex {
-namespace {
-
-// Lengths that went through twips and back.
-bool IsSame(float a, float b) {
-  return std::abs(a - b) < 1.0F;
-}
-
-}  // namespace
 
 void FormView::ShowState() {
   if (windowTitle() != ToQt(form_.Caption.Get())) setWindowTitle(ToQt(form_.Caption.Get()));
@@ -62,28 +54,40 @@ QSize FormView::WantedSize() const {
           static_cast<int>(std::lround((form_.Height / twipsPerPixel - nominalFrameHeight) * factor))};
 }
 
+QSizeF FormView::FormSize() const {
+  return {form_.Width.Get(), form_.Height.Get()};
+}
+
+QPointF FormView::FormPlace() const {
+  return {form_.Left.Get(), form_.Top.Get()};
+}
+
+void FormView::ShowInState() {
+  switch (form_.State.Get()) {
+    case WindowState::Normal:
+      showNormal();
+      break;
+    case WindowState::Minimized:
+      showMinimized();
+      break;
+    case WindowState::Maximized:
+      showMaximized();
+      break;
+  }
+}
+
 void FormView::PushSize() {
   pushing_ = true;
-  const bool minimized = form_.State == WindowState::Minimized;
-  const bool maximized = form_.State == WindowState::Maximized;
-  // Only what the program changed: a state that the window manager has just set is on its way to the form.
-  if (isVisible() && form_.State != shownState_) {
-    if (minimized) {
-      showMinimized();
-    } else if (maximized) {
-      showMaximized();
-    } else {
-      showNormal();
-    }
+  const WindowState state = form_.State;
+  if (isVisible() && state != shownState_) ShowInState();
+  shownState_ = state;
+  if (SizeComesFromForm() && state == WindowState::Normal && FormSize() != shownSize_) {
+    shownSize_ = FormSize();
+    if (const QSize wanted = WantedSize(); wanted.isValid() && wanted != size()) resize(wanted);
   }
-  shownState_ = form_.State;
-  if (SizeComesFromForm() && !minimized && !maximized) {
-    const QSize wanted = WantedSize();
-    if (wanted.isValid() && wanted != size()) resize(wanted);
-  }
-  if (form_.Left.Get() != 0 || form_.Top.Get() != 0) {
-    const QPoint wanted(GetUnits().Pixels(form_.Left), GetUnits().Pixels(form_.Top));
-    if (!IsSame(GetUnits().Twips(x()), form_.Left) || !IsSame(GetUnits().Twips(y()), form_.Top)) move(wanted);
+  if (state == WindowState::Normal && FormPlace() != shownPlace_) {
+    shownPlace_ = FormPlace();
+    move(GetUnits().Pixels(form_.Left), GetUnits().Pixels(form_.Top));
   }
   pushing_ = false;
 }
@@ -109,6 +113,7 @@ void FormView::TellSize(const QSize& size) {
     height = form_.Height;
   }
   shownState_ = state;
+  shownSize_ = {width, height};
   // Called back from the task bar: the form, which counts as hidden, is shown again.
   const bool isBack = !form_.Visible() && isVisible() && state != WindowState::Minimized;
   if (isBack) ignoresActivation_ = !isActiveWindow();
@@ -128,6 +133,7 @@ void FormView::moveEvent(QMoveEvent* event) {
   if (pushing_ || isMinimized() || isMaximized() || !isVisible()) return;
   form_.Left.SetQuietly(GetUnits().Twips(x()));
   form_.Top.SetQuietly(GetUnits().Twips(y()));
+  shownPlace_ = FormPlace();
 }
 
 void FormView::changeEvent(QEvent* event) {
