@@ -1,5 +1,6 @@
 #include "forms/WPaper2.h"
 
+#include <algorithm>
 #include <array>
 
 namespace lumidex {
@@ -51,6 +52,12 @@ WPaper2Window::WPaper2Window(Platform& platform)
   PlaceControls();
   SetMenuStates();
   KeepDesign();
+}
+
+float WPaper2Window::WidestFor(float height) const {
+  // The lists end where the picture area does, and the move buttons stand below them.
+  const float room = height - titleAboveEdge - cmdUp.Height - Picture1.Top;
+  return std::max(leastWidth, Picture1.Left + room / pictureProportion + rightMargin);
 }
 
 void WPaper2Window::PlaceControls() {

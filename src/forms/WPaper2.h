@@ -158,6 +158,18 @@ struct WPaper2Window : Form {
   MenuItem mPopRestore{*this, "mPopRestore", &mPopUpSys, "&Restore"};
   MenuItem mPopExit{*this, "mPopExit", &mPopUpSys, "&Exit"};
 
+  // The window's layout goes by its size alone. It is never less wide and high than this.
+  static constexpr float leastWidth = 9500;
+  static constexpr float leastHeight = 6400;
+  // Between the picture area and the window's right edge.
+  static constexpr float rightMargin = 240;
+  // The picture area's height to its width.
+  static constexpr float pictureProportion = 0.75F;
+  // From the top of the title to the window's lower edge.
+  static constexpr float titleAboveEdge = 1605;
+  // The width up to which the picture area and the lists end above the title, in a window of that height.
+  float WidestFor(float height) const;
+
   // False until the first activation has finished its one-time work.
   bool WindowActivatedOnce = false;
 

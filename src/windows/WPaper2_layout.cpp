@@ -7,9 +7,6 @@
 namespace lumidex {
 namespace {
 
-constexpr float leastWidth = 9500;
-constexpr float leastHeight = 6400;
-
 // A maximized window has to become a normal one before its size can be set.
 void SetSide(WPaper2Window& window, Property<float>& side, float length) {
   const bool wasMaximized = window.State == WindowState::Maximized;
@@ -19,8 +16,8 @@ void SetSide(WPaper2Window& window, Property<float>& side, float length) {
 }
 
 void LayOut(WPaper2Window& window) {
-  window.Picture1.Width = window.Width - window.Picture1.Left - 240;
-  window.Picture1.Height = window.Picture1.Width * 0.75F;
+  window.Picture1.Width = window.Width - window.Picture1.Left - window.rightMargin;
+  window.Picture1.Height = window.Picture1.Width * window.pictureProportion;
   window.cmdUp.Top = window.Picture1.Top + window.Picture1.Height;
   window.cmdDown.Top = window.cmdUp.Top;
   window.LstLeft.Height = (window.Picture1.Height - window.lblSelectionList.Height - 1170) / 2;
@@ -37,7 +34,7 @@ void LayOut(WPaper2Window& window) {
   window.lblCount.Top = window.lblCountLabel.Top + 255;
   window.lblItemUseLabel.Top = window.lblCount.Top + 285;
   window.CurrentPicture.Top = window.lblItemUseLabel.Top + 260;
-  window.txtPrgTitle.Top = window.Height - 1605;
+  window.txtPrgTitle.Top = window.Height - window.titleAboveEdge;
 }
 
 void RedrawPicture(App& app) {
@@ -59,8 +56,8 @@ void WPaper2_Resize(App& app) {
   window.Scale = ScaleMode::Twips;
   window.Pointer = MousePointer::Hourglass;
   if (!(window.State == WindowState::Minimized)) {
-    if (window.Height < leastHeight) SetSide(window, window.Height, leastHeight);
-    if (window.Width < leastWidth) SetSide(window, window.Width, leastWidth);
+    if (window.Height < window.leastHeight) SetSide(window, window.Height, window.leastHeight);
+    if (window.Width < window.leastWidth) SetSide(window, window.Width, window.leastWidth);
     app.platform.events.Yield();
     LayOut(window);
     RedrawPicture(app);

@@ -57,6 +57,9 @@ class FormView : public QWidget {
   virtual bool SizeComesFromForm() const { return false; }
   // A control has come while the window stands.
   virtual void ControlCame(Control&) {}
+  // The width that the form is told of a window of that size, in twips: less than it has when more would not
+  // be of use, and the rest is a margin at the right.
+  virtual float UsefulWidth(float width, float /*height*/) const { return width; }
   // Whether the user gets at the program through this window.
   virtual bool IsEntrance() const { return false; }
   // Where the form's picture and its drawing begin.
@@ -102,7 +105,7 @@ class FormView : public QWidget {
   // What window and form agree on. Only what the program has changed since goes to the window: to answer its
   // manager with the numbers that just came from it would undo what it is in the midst of doing.
   WindowState shownState_ = WindowState::Normal;
-  QSizeF shownSize_;   // the form's, in twips
+  QSizeF shownSize_;  // the form's, in twips
   QPointF shownPlace_;
   Picture shownIcon_;
   Picture shownPicture_;

@@ -112,6 +112,7 @@ void FormView::TellSize(const QSize& size) {
     width = form_.Width;
     height = form_.Height;
   }
+  width = UsefulWidth(width, height);
   shownState_ = state;
   shownSize_ = {width, height};
   // Called back from the task bar: the form, which counts as hidden, is shown again.

@@ -2,6 +2,7 @@
 
 #include <QLabel>
 #include <QTimer>
+#include <algorithm>
 
 #include "platform/qt/conversions.h"
 #include "platform/qt/form_views.h"
@@ -19,6 +20,10 @@ MainView::MainView(FormViews& views, WPaper2Window& itsForm)
   WidgetOf(form.LstRight)->setAccessibleName(ToQt(form.lblDisplayList.Caption.Get()));
   qobject_cast<QLabel*>(WidgetOf(form.txtPrgTitle))->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
   if (views.AwaitsPicture()) HoldPainting();
+}
+
+float MainView::UsefulWidth(float width, float height) const {
+  return std::min(width, form.WidestFor(height));
 }
 
 void MainView::HoldPainting() {

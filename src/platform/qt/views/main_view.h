@@ -13,6 +13,7 @@ class MainView final : public TypedView<WPaper2Window, PlacedView> {
 
  protected:
   bool IsEntrance() const override { return true; }
+  float UsefulWidth(float width, float height) const override;
 
  private:
   // Leaves the window unpainted until its picture is there, and not for long if none comes.
