@@ -1,10 +1,14 @@
 # lumidex_test(<name> LIBRARIES <lib>... SOURCES <file>...): one test program, run as one ctest case in the top folder,
 # where tests find the files of the project. No path is compiled in, so that compiler caches serve every checkout.
+# With PRECOMPILED it shares the precompiled headers of the tests of the logic.
 function(lumidex_test name)
-  cmake_parse_arguments(ARG "" "TIMEOUT" "SOURCES;LIBRARIES;LABELS" ${ARGN})
+  cmake_parse_arguments(ARG "PRECOMPILED" "TIMEOUT" "SOURCES;LIBRARIES;LABELS" ${ARGN})
   add_executable(${name} ${ARG_SOURCES})
   target_link_libraries(${name} PRIVATE ${ARG_LIBRARIES} GTest::gmock GTest::gtest_main)
   target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
+  if(ARG_PRECOMPILED)
+    precompile_as(${name} tests_precompiled)
+  endif()
   add_test(NAME ${name} COMMAND ${name} WORKING_DIRECTORY ${CMAKE_SOURCE_DIR})
   if(NOT ARG_TIMEOUT)
     set(ARG_TIMEOUT 300)

@@ -1,0 +1,1 @@
+// A program that only stands for its precompiled headers.
