@@ -49,6 +49,7 @@ std::optional<std::string> Toolbar::ReadProperty(std::string_view name) {
   const int position = Find(which) > 0 ? Find(which) : static_cast<int>(Val(which));
   const ToolbarButton& button = Button(position);
   if (property == "Key") return button.Key;
+  if (property == "Caption") return button.Caption;
   if (property == "ToolTipText") return button.ToolTipText;
   if (property == "Image") return button.ImageKey;
   if (property == "Enabled") return TruthText(button.Enabled);
@@ -80,7 +81,7 @@ void Toolbar::UserPress(int position) {
   const ToolbarButton& button = Button(position);
   if (!button.Enabled || !button.Visible || !Visible || !UserMayAct()) return;
   const std::string key = button.Key;
-  OnButtonClick(key);
+  OnButtonClick(key, position);
 }
 
 StatusPanel& StatusBar::At(int position) {

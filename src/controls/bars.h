@@ -1,7 +1,7 @@
 #pragma once
 // The bars of a window: toolbar and status bar.
 
-#include <functional>
+#include <vector>
 
 #include "controls/control.h"
 
@@ -13,6 +13,7 @@ struct ToolbarButton {
   std::string ImageKey;
   bool Enabled = true;
   bool Visible = true;
+  std::string Caption = {};
 };
 
 class Toolbar final : public Control {
@@ -20,20 +21,21 @@ class Toolbar final : public Control {
   Toolbar(Form& owner, std::string name, std::vector<ToolbarButton> buttons)
       : Control(owner, std::move(name)), buttons_(buttons), design_(std::move(buttons)) {}
   std::string_view Kind() const override { return "Toolbar"; }
-  // Also Buttons.Count and Buttons(n).Key, .ToolTipText, .Image, .Enabled, .Visible; n is one-based or a key.
+  // Also Buttons.Count and Buttons(n).Key, .Caption, .ToolTipText, .Image, .Enabled, .Visible; n is one-based
+  // or a key.
   std::optional<std::string> ReadProperty(std::string_view name) override;
   void RestoreDesign() override;
 
   // One-based; raises Subscript outside.
   const ToolbarButton& Button(int position) const;
-  // One-based position of a key, 0 when there is none.
+  // One-based position of the first button with that key, 0 when there is none.
   int Find(std::string_view key) const;
   int Count() const { return static_cast<int>(buttons_.size()); }
   void SetEnabled(int position, bool enabled);
   void SetVisible(int position, bool visible);
 
-  // Told the key of the pressed button.
-  Event<const std::string&> OnButtonClick;
+  // Told the key of the pressed button and its position: several may have the same key.
+  Event<const std::string&, int> OnButtonClick;
   void UserPress(int position);
 
  private:
@@ -49,6 +51,9 @@ struct StatusPanel {
   PanelStyle Style = PanelStyle::Text;
   std::string Text;
   std::string PictureKey;  // name of a file type bitmap; empty for none
+  // The longest text that the panel is meant for. A bar has room for that; panels without one share what is
+  // left, but for the date and the time, which know their longest text themselves.
+  std::string Widest = {};
 };
 
 class StatusBar final : public Control {

@@ -1,11 +1,13 @@
 #include "controls/form.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "base/run_time_error.h"
 #include "base/text.h"
 #include "base/widths.h"
 #include "controls/control_array.h"
+#include "controls/menu_item.h"
 
 namespace lumidex {
 
@@ -57,6 +59,42 @@ void Form::Draw(std::vector<DrawnBand> bands) {
   Changed.Emit();
 }
 
+bool Form::CoversScreen() const {
+  return State == WindowState::Maximized && (Border == BorderStyle::None || Caption.Get().empty());
+}
+
+float Form::FrameWidth() const {
+  return Border == BorderStyle::None || CoversScreen() ? 0.0F : 8 * twipsPerPixel;
+}
+
+float Form::FrameHeight() const {
+  return Border == BorderStyle::None || CoversScreen() ? 0.0F : 27 * twipsPerPixel;
+}
+
+float Form::MenuHeight() const {
+  if (menuHeight_) return *menuHeight_;
+  const bool hasMenu = std::ranges::any_of(controls_, [](const Control* control) {
+    const auto* item = dynamic_cast<const MenuItem*>(control);
+    return item && !item->Parent() && item->Visible;
+  });
+  return hasMenu ? 20 * twipsPerPixel : 0.0F;
+}
+
+// Maximised by the program, and no window has told yet what came of it.
+bool Form::IsScreenSized() const {
+  return State == WindowState::Maximized && !sizeIsTold_;
+}
+
+float Form::ScaleWidth() const {
+  const float outer = IsScreenSized() ? platform_.windows.ScreenWidth() : Width.Get();
+  return std::max(0.0F, outer - FrameWidth()) / TwipsPerUnit(Scale);
+}
+
+float Form::ScaleHeight() const {
+  const float outer = IsScreenSized() ? platform_.windows.ScreenHeight() : Height.Get();
+  return std::max(0.0F, outer - FrameHeight() - MenuHeight()) / TwipsPerUnit(Scale);
+}
+
 std::int32_t Form::DrawnColor(int row) const {
   std::int32_t color = -1;
   for (const DrawnBand& band : drawing_) {
@@ -70,7 +108,14 @@ std::optional<std::string> Form::ReadProperty(std::string_view name) {
   if (name.starts_with(drawnColor)) {
     return Number(DrawnColor(ToInt32(Val(name.substr(drawnColor.size())))));
   }
+  if (name == "ScaleWidth") return Number(ScaleWidth());
+  if (name == "ScaleHeight") return Number(ScaleHeight());
   return Element::ReadProperty(name);
+}
+
+void Form::StateChanged(Element& element) {
+  static_cast<Form&>(element).sizeIsTold_ = false;
+  SizeChanged(element);
 }
 
 void Form::SizeChanged(Element& element) {
@@ -116,6 +161,7 @@ void Form::Unload() {
   Hide();
   loaded_ = false;
   focus_ = nullptr;
+  menuHeight_.reset();
   for (Control* control : controls_) control->WhenFormUnloaded();
   RestoreDesign();
   VisibilityChanged.Emit();
@@ -149,7 +195,14 @@ void Form::UserResize(float width, float height, WindowState state) {
   Width.SetQuietly(width);
   Height.SetQuietly(height);
   State.SetQuietly(state);
+  sizeIsTold_ = true;
   if (changed && loaded_) OnResize();
+}
+
+void Form::UserMenuHeight(float height) {
+  const bool changed = menuHeight_ && std::abs(*menuHeight_ - height) >= 1.0F;
+  menuHeight_ = height;
+  if (changed && visible_) OnResize();
 }
 
 void Form::UserActivate() {

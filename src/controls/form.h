@@ -1,9 +1,10 @@
 #pragma once
 // A window: its controls, its events, and its life from the first load to the unload.
 
+#include <optional>
 #include <vector>
 
-#include "controls/control.h"
+#include "controls/pointed.h"
 #include "pictures/picture.h"
 #include "ports/platform.h"
 
@@ -11,6 +12,7 @@ namespace lumidex {
 
 enum class WindowState : int { Normal = 0, Minimized = 1, Maximized = 2 };
 enum class MousePointer : int { Default = 0, Hourglass = 11 };
+enum class BorderStyle : int { None = 0, FixedSingle = 1, Sizable = 2, FixedDialog = 3 };
 enum class Modality { Modeless, Modal };
 
 // A filled band of a form's persistent drawing: the rows from `top` to above `bottom`, in pixels from the
@@ -27,7 +29,7 @@ enum class FormRequest { Repaint, BringToFront, Focus };
 
 class ControlArrayBase;
 
-class Form : public Element {
+class Form : public Element, public Pointed {
  public:
   Form(Platform& platform, std::string name, std::string caption = {});
   ~Form() override;
@@ -40,7 +42,9 @@ class Form : public Element {
   // The outer size in twips, frame and menu included; a new size fires Resize while the form is loaded.
   Property<float> Width{*this, "Width", 0.0F, nullptr, &Form::SizeChanged};
   Property<float> Height{*this, "Height", 0.0F, nullptr, &Form::SizeChanged};
-  Property<WindowState> State{*this, "WindowState", WindowState::Normal, nullptr, &Form::SizeChanged};
+  Property<WindowState> State{*this, "WindowState", WindowState::Normal, nullptr, &Form::StateChanged};
+  // Without a border the inside is all there is. Only a form with the Sizable one is resized by the user.
+  Property<BorderStyle> Border{*this, "BorderStyle", BorderStyle::Sizable};
   Property<ScaleMode> Scale{*this, "ScaleMode", ScaleMode::Twips};
   Property<MousePointer> Pointer{*this, "MousePointer", MousePointer::Default};
   Property<bool> Enabled{*this, "Enabled", true};
@@ -54,14 +58,25 @@ class Form : public Element {
   const std::vector<DrawnBand>& Drawing() const { return drawing_; }
   void Draw(std::vector<DrawnBand> bands);
   void ClearDrawing() { Draw({}); }
-  // Also DrawnColor(y): the colour of the persistent drawing in a row, -1 where nothing is drawn.
+  // Also ScaleWidth, ScaleHeight, and DrawnColor(y): the colour of the persistent drawing in a row, -1 where
+  // nothing is drawn.
   std::optional<std::string> ReadProperty(std::string_view name) override;
 
   bool IsLoaded() const { return loaded_; }
   bool Visible() const { return visible_; }
   bool IsModal() const { return visible_ && modality_ == Modality::Modal; }
 
-  Event<> OnLoad, OnActivate, OnResize, OnPaint, OnClick;
+  // A maximised form with neither border nor caption covers the whole screen.
+  bool CoversScreen() const;
+  // What the frame counts of the outer size, in twips, whatever the window manager draws: so the same form
+  // has the same layout everywhere.
+  float FrameWidth() const;
+  float FrameHeight() const;
+  // The inner size, below the menu bar, in the units of `Scale`.
+  float ScaleWidth() const;
+  float ScaleHeight() const;
+
+  Event<> OnLoad, OnActivate, OnResize, OnPaint;
   // Set `cancel` to keep the form.
   Event<bool&> OnQueryUnload, OnUnload;
   Event<int> OnKeyDown;
@@ -82,6 +97,9 @@ class Form : public Element {
   void UserClose();
   // The frame was dragged or zoomed.
   void UserResize(float width, float height, WindowState state);
+  // The menu bar is of this height in twips, 0 when all menus are hidden. Another height than the one before
+  // fires Resize.
+  void UserMenuHeight(float height);
   // The window has become the active one.
   void UserActivate();
   void UserFocus(Control* control);
@@ -107,9 +125,13 @@ class Form : public Element {
   friend class Control;
   friend class ControlArrayBase;
   static void SizeChanged(Element& element);
+  static void StateChanged(Element& element);
   static void PictureWritten(Element& element) { static_cast<Form&>(element).ClearDrawing(); }
   std::int32_t DrawnColor(int row) const;
   bool AgreesToUnload();
+  bool MouseMayAct() final { return Enabled; }
+  bool IsScreenSized() const;
+  float MenuHeight() const;
   void Add(Control& control) { controls_.push_back(&control); }
   void Remove(Control& control);
   void Add(ControlArrayBase& array) { arrays_.push_back(&array); }
@@ -120,6 +142,8 @@ class Form : public Element {
   std::vector<ControlArrayBase*> arrays_;
   std::vector<DrawnBand> drawing_;
   Control* focus_ = nullptr;
+  std::optional<float> menuHeight_;  // in twips, once a window has told it
+  bool sizeIsTold_ = false;          // of the maximised form
   bool loaded_ = false;
   bool visible_ = false;
   bool unloading_ = false;

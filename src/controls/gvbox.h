@@ -8,15 +8,15 @@
 
 #include <algorithm>
 
-#include "controls/control.h"
+#include "controls/pointed.h"
 #include "pictures/jpeg_writer.h"
 #include "ports/read_ahead.h"
 
 namespace lumidex {
 
-class Gvbox final : public Control {
+class Gvbox final : public PointedControl {
  public:
-  Gvbox(Form& owner, std::string name) : Control(owner, std::move(name)) {}
+  Gvbox(Form& owner, std::string name) : PointedControl(owner, std::move(name)) {}
   std::string_view Kind() const override { return "Gvbox"; }
   // Also FileName, PictureWidth, PictureHeight, BitsPerPixel, ZoomLevel, ThumbnailSize and the scroll values.
   std::optional<std::string> ReadProperty(std::string_view name) override;
@@ -108,9 +108,7 @@ class Gvbox final : public Control {
   std::int32_t ScrollMaxX() const;
   std::int32_t ScrollMaxY() const;
 
-  Event<> OnImageChanged, OnClick;
-  // Button (1 left, 2 right, 4 middle), shift keys (1 shift, 2 control, 4 alt), position in twips.
-  Event<int, int, float, float> OnMouseUp;
+  Event<> OnImageChanged;
 
  private:
   static void RefuseNegative(Element& owner, const int& value);

@@ -2,15 +2,15 @@
 // Controls that show pictures: the image box, which scales by its size, and the picture box, which holds
 // others.
 
-#include "controls/control.h"
+#include "controls/pointed.h"
 #include "pictures/picture.h"
 
 namespace lumidex {
 
-class ImageBox final : public Control {
+class ImageBox final : public PointedControl {
  public:
   ImageBox(Form& owner, std::string name, bool stretch = false)
-      : Control(owner, std::move(name)), Stretch(*this, "Stretch", stretch) {}
+      : PointedControl(owner, std::move(name)), Stretch(*this, "Stretch", stretch) {}
   std::string_view Kind() const override { return "Image"; }
 
   Property<lumidex::Picture> Picture{*this, "Picture"};
@@ -18,22 +18,14 @@ class ImageBox final : public Control {
   Property<std::string> PictureKey{*this, "PictureKey"};
   // Scales the picture to the box; else the picture is shown in its own size from the top left corner.
   Property<bool> Stretch;
-
-  Event<> OnClick, OnDblClick;
-  void UserClick() {
-    if (UserMayAct()) OnClick();
-  }
-  void UserDoubleClick() {
-    if (UserMayAct()) OnDblClick();
-  }
 };
 
-class PictureBox final : public Control {
+class PictureBox final : public PointedControl {
  public:
   // Width of the border on each side, in twips.
   static constexpr float Border = 15.0F;
 
-  PictureBox(Form& owner, std::string name) : Control(owner, std::move(name)) {}
+  PictureBox(Form& owner, std::string name) : PointedControl(owner, std::move(name)) {}
   std::string_view Kind() const override { return "PictureBox"; }
   // Also ScaleWidth and ScaleHeight.
   std::optional<std::string> ReadProperty(std::string_view name) override;

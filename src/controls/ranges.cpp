@@ -9,8 +9,8 @@ namespace lumidex {
 
 RangeControl::RangeControl(Form& owner, std::string name, int min, int max, int value)
     : Control(owner, std::move(name)),
-      Min(*this, "Min", min),
-      Max(*this, "Max", max),
+      Min(*this, "Min", min, nullptr, &KeepInside),
+      Max(*this, "Max", max, nullptr, &KeepInside),
       Value(*this, "Value", value, &RefuseOutside, &Fire) {}
 
 void RangeControl::RefuseOutside(Element& owner, const int& value) {
@@ -18,6 +18,11 @@ void RangeControl::RefuseOutside(Element& owner, const int& value) {
   // A scroll bar may run backwards, with Min above Max.
   const auto [low, high] = std::minmax(range.Min.Get(), range.Max.Get());
   if (value < low || value > high) throw RunTimeError(ErrorNumber::InvalidPropertyValue);
+}
+
+void RangeControl::KeepInside(Element& owner) {
+  auto& range = static_cast<RangeControl&>(owner);
+  range.Value = range.Within(range.Value);
 }
 
 int RangeControl::Within(int value) const {

@@ -7,7 +7,8 @@
 
 namespace lumidex {
 
-// A value outside Min and Max raises InvalidPropertyValue; a new value fires Change.
+// A value outside Min and Max raises InvalidPropertyValue; a new value fires Change. When Min or Max leave
+// the value outside, it goes to the nearer end.
 class RangeControl : public Control {
  public:
   RangeControl(Form& owner, std::string name, int min, int max, int value);
@@ -28,6 +29,7 @@ class RangeControl : public Control {
  private:
   int Within(int value) const;
   static void RefuseOutside(Element& owner, const int& value);
+  static void KeepInside(Element& owner);
   static void Fire(Element& owner) { static_cast<RangeControl&>(owner).OnChange(); }
 
   std::optional<int> beforeDrag_;
@@ -50,12 +52,27 @@ class UpDown final : public RangeControl {
   std::string_view Kind() const override { return "UpDown"; }
 };
 
-class ScrollBar final : public RangeControl {
+// Min may lie above Max: the bar then runs backwards.
+class ScrollBar : public RangeControl {
  public:
   ScrollBar(Form& owner, std::string name, int min = 0, int max = 32767, int value = 0)
       : RangeControl(owner, std::move(name), min, max, value) {}
-  std::string_view Kind() const override { return "ScrollBar"; }
   bool CanTakeFocus() const override { return true; }
+  virtual bool IsUpright() const = 0;
+};
+
+class HScrollBar final : public ScrollBar {
+ public:
+  using ScrollBar::ScrollBar;
+  std::string_view Kind() const override { return "HScrollBar"; }
+  bool IsUpright() const override { return false; }
+};
+
+class VScrollBar final : public ScrollBar {
+ public:
+  using ScrollBar::ScrollBar;
+  std::string_view Kind() const override { return "VScrollBar"; }
+  bool IsUpright() const override { return true; }
 };
 
 class ProgressBar final : public RangeControl {

@@ -1,25 +1,20 @@
 #pragma once
 // Controls that show or take text: labels, text boxes, frames.
 
-#include "controls/control.h"
+#include "controls/pointed.h"
 
 namespace lumidex {
 
-class Label final : public Control {
+class Label final : public PointedControl {
  public:
   Label(Form& owner, std::string name, std::string caption = {})
-      : Control(owner, std::move(name)), Caption(*this, "Caption", std::move(caption)) {}
+      : PointedControl(owner, std::move(name)), Caption(*this, "Caption", std::move(caption)) {}
   std::string_view Kind() const override { return "Label"; }
 
   Property<std::string> Caption;
   // Red in the low byte; -1 is the desktop's own colour.
   Property<std::int32_t> ForeColor{*this, "ForeColor", -1};
   Property<std::int32_t> BackColor{*this, "BackColor", -1};
-  Event<> OnClick;
-
-  void UserClick() {
-    if (UserMayAct()) OnClick();
-  }
 };
 
 class TextBox final : public Control {

@@ -7,13 +7,13 @@ namespace lumidex {
 namespace {
 
 std::vector<StatusPanel> StatusPanels() {
-  return {{"panel1", PanelStyle::Text, "Current Image:", ""},
-          {"panel2", PanelStyle::Text, "", ""},
-          {"panel4", PanelStyle::Text, "", ""},
-          {"", PanelStyle::Text, "", ""},
-          {"panel5", PanelStyle::Date, "", ""},
-          {"panel6", PanelStyle::Time, "", ""},
-          {"", PanelStyle::Text, "", ""}};
+  return {{"panel1", PanelStyle::Text, "Current Image:", "", "Current Image:"},
+          {"panel2", PanelStyle::Text, "", "", ""},
+          {"panel4", PanelStyle::Text, "", "", "30000 X 30000 X 24"},
+          {"", PanelStyle::Text, "", "", "500%"},
+          {"panel5", PanelStyle::Date, "", "", ""},
+          {"panel6", PanelStyle::Time, "", "", ""},
+          {"", PanelStyle::Text, "", "", " "}};
 }
 
 std::vector<ToolbarButton> ToolbarButtons() {

@@ -10,7 +10,10 @@
 namespace lumidex {
 
 struct frmSplashWindow : Form {
-  explicit frmSplashWindow(Platform& platform) : Form(platform, "frmSplash") { KeepDesign(); }
+  explicit frmSplashWindow(Platform& platform) : Form(platform, "frmSplash") {
+    Border = BorderStyle::None;
+    KeepDesign();
+  }
 
   Timer Timer1{*this, "Timer1", 1000};
   CommandButton cmdClose{*this, "cmdClose", "&Close"};

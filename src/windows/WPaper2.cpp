@@ -200,7 +200,7 @@ void WireWPaper2(App& app) {
   window.OnUnload = [&](bool&) { Form_Unload(app); };
   window.OnPaint = [&] { app.platform.events.Yield(); };
   window.OnClick = [&] { WPaper2_Click(app); };
-  window.Toolbar1.OnButtonClick = [&](const std::string& key) { Toolbar1_ButtonClick(app, key); };
+  window.Toolbar1.OnButtonClick = [&](const std::string& key, int) { Toolbar1_ButtonClick(app, key); };
   WireMenu(app);
   WireLists(app);
 }

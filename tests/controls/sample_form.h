@@ -37,7 +37,7 @@ struct SampleForm : Form {
   CommandButton button{*this, "button", "Button"};
   TextBox text{*this, "text", "design"};
   Slider slider{*this, "slider", 0, 10, 5};
-  ScrollBar scroll{*this, "scroll", 100, 0, 50};
+  HScrollBar scroll{*this, "scroll", 100, 0, 50};
   Timer timer{*this, "timer", 100};
   TabStrip tabs{*this, "tabs", {"one", "two"}};
   MenuItem menu{*this, "menu", nullptr, "&Menu"};

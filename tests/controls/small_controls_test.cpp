@@ -65,6 +65,18 @@ TEST_F(Controls, A_scroll_bar_may_run_backwards) {
   EXPECT_EQ(told.size(), 2U);
 }
 
+TEST_F(Controls, A_value_that_new_ends_leave_outside_goes_to_the_nearer_one) {
+  form.slider.OnChange = Tell("change");
+  form.slider.Max = 7;
+  EXPECT_THAT(told, IsEmpty());
+  form.slider.Max = 3;
+  EXPECT_EQ(form.slider.Value.Get(), 3);
+  form.slider.Max = 10;
+  form.slider.Min = 6;
+  EXPECT_EQ(form.slider.Value.Get(), 6);
+  EXPECT_THAT(told, ElementsAre("change", "change"));
+}
+
 TEST_F(Controls, A_tab_that_does_not_exist_is_refused) {
   form.tabs.OnClick = Tell("click");
   form.tabs.Tab = 1;

@@ -9,11 +9,9 @@
 #include <QSlider>
 #include <QSpinBox>
 #include <QTabBar>
-#include <QTableView>
 #include <stdexcept>
 
 #include "controls/buttons.h"
-#include "controls/grid.h"
 #include "controls/ranges.h"
 #include "controls/tab_strip.h"
 #include "controls/texts.h"
@@ -39,7 +37,6 @@ struct TestForm : Form {
   Slider slider{*this, "slider", 0, 10, 5};
   UpDown upDown{*this, "upDown", 0, 10, 5};
   TabStrip tabs{*this, "tabs", {"One", "Two"}};
-  Grid grid{*this, "grid", 2, 2};
 };
 
 struct MirrorTest : testing::Test {
@@ -181,17 +178,6 @@ TEST_F(MirrorTest, Tabs_go_both_ways) {
   form.tabs.Tab = 0;
   Settle();
   EXPECT_EQ(Shown<QTabBar>(form.tabs).currentIndex(), 0);
-}
-
-TEST_F(MirrorTest, A_grid_shows_its_cells_and_may_shrink) {
-  form.grid.SetTextMatrix(1, 1, "cell");
-  Settle();
-  auto& table = Shown<QAbstractItemView>(form.grid);
-  EXPECT_EQ(table.model()->index(1, 1).data(), "cell");
-  form.grid.SetRows(1);
-  EXPECT_FALSE(table.model()->index(1, 1).data().isValid());
-  Settle();
-  EXPECT_EQ(table.model()->rowCount(), 1);
 }
 
 TEST_F(MirrorTest, A_disabled_form_takes_no_gestures) {

@@ -4,10 +4,12 @@
 #include <QMenuBar>
 #include <QPointer>
 
+#include "controls/bars.h"
 #include "controls/buttons.h"
 #include "controls/control_array.h"
 #include "controls/menu_item.h"
 #include "controls/picture_controls.h"
+#include "controls/tab_strip.h"
 #include "controls/texts.h"
 #include "qt/qt_world.h"
 
@@ -124,6 +126,145 @@ TEST_F(PlacedViewTest, What_is_brought_to_the_front_lies_above_its_neighbours) {
   form.cell(2).BringToFront();
   Settle();
   EXPECT_EQ(parent->childAt(Shown(form.cell(2))->geometry().center()), Shown(form.cell(2)));
+}
+
+// As a viewer's window: bars at both ends, menus, pages, and the whole screen when it wants it.
+struct ViewerForm : Form {
+  explicit ViewerForm(Platform& platform) : Form(platform, "frmViewer", "Viewer") {
+    Width = 6000;
+    Height = 4500;
+    tabs.Move(600, 600, 3000, 1500);
+    for (Label* label : {&first, &second}) {
+      label->Container = &tabs;
+      label->Move(150, 600, 600, 300);
+    }
+    second.ContainerPage = 1;
+    KeepDesign();
+  }
+  Toolbar bar{*this, "bar", {{"exit", "Exit", "", true, true, "Exit"}}};
+  StatusBar status{*this, "status", {{"", PanelStyle::Text, "text", "", ""}}};
+  TabStrip tabs{*this, "tabs", {"One", "Two"}};
+  Label first{*this, "first", "on the first page"};
+  Label second{*this, "second", "on the second page"};
+  MenuItem menu{*this, "menu", nullptr, "&Menu"};
+  MenuItem item{*this, "item", &menu, "&Item", Shortcut::FunctionKey(5)};
+};
+
+struct ViewerTest : testing::Test {
+  ViewerTest() { world.views.Attach(form); }
+  ~ViewerTest() override { world.views.Close(); }
+  void Show() {
+    form.Show();
+    Settle();
+  }
+  FormView& View() { return *world.views.ViewOf(form); }
+  QWidget* Shown(Control& control) { return View().WidgetOf(control); }
+
+  QtWorld world{[](FormViews& views, Form& shown) -> std::unique_ptr<FormView> {
+    return std::make_unique<PlacedView>(views, shown);
+  }};
+  ViewerForm form{world.platform};
+};
+
+TEST_F(ViewerTest, Bars_lie_at_the_ends_of_the_inside_and_tell_how_high_they_are) {
+  Show();
+  const QWidget* inside = Shown(form.bar)->parentWidget();
+  EXPECT_EQ(Shown(form.bar)->geometry().topLeft(), QPoint(0, 0));
+  EXPECT_EQ(Shown(form.status)->geometry().bottomRight(), inside->rect().bottomRight());
+  EXPECT_EQ(world.views.GetUnits().Pixels(form.bar.Height), Shown(form.bar)->height());
+  EXPECT_EQ(world.views.GetUnits().Pixels(form.status.Top), Shown(form.status)->y());
+}
+
+TEST_F(ViewerTest, The_inner_size_of_the_form_is_that_of_the_window_below_the_menus) {
+  Show();
+  const QSize inside = Shown(form.bar)->parentWidget()->size();
+  EXPECT_NEAR(world.views.GetUnits().Pixels(form.ScaleWidth()), inside.width(), 1);
+  EXPECT_NEAR(world.views.GetUnits().Pixels(form.ScaleHeight()), inside.height(), 1);
+}
+
+TEST_F(ViewerTest, Without_a_menu_to_show_the_inside_grows_and_the_form_hears_it) {
+  Show();
+  const float before = form.ScaleHeight();
+  int resizes = 0;
+  form.OnResize = [&] { ++resizes; };
+  form.menu.Visible = false;
+  Settle();
+  EXPECT_TRUE(View().findChild<QMenuBar*>()->isHidden());
+  Settle();  // laid out in the second turn
+  EXPECT_GT(form.ScaleHeight(), before);
+  EXPECT_EQ(resizes, 1);
+  form.menu.Visible = true;
+  Settle();
+  Settle();
+  EXPECT_EQ(form.ScaleHeight(), before);
+  EXPECT_EQ(resizes, 2);
+}
+
+TEST_F(ViewerTest, A_function_key_chooses_its_item_also_while_the_menus_are_hidden) {
+  int chosen = 0;
+  form.item.OnClick = [&] { ++chosen; };
+  Show();
+  View().activateWindow();
+  Settle();
+  QTest::keyClick(&View(), Qt::Key_F5);
+  EXPECT_EQ(chosen, 1);
+  form.menu.Visible = false;
+  Settle();
+  QTest::keyClick(&View(), Qt::Key_F5);
+  EXPECT_EQ(chosen, 2);
+}
+
+TEST_F(ViewerTest, What_stands_on_a_page_is_seen_with_it) {
+  Show();
+  EXPECT_TRUE(Shown(form.first)->isVisible());
+  EXPECT_FALSE(Shown(form.second)->isVisible());
+  // Places count from the corner of the tabs.
+  const QPoint corner = Shown(form.first)->mapTo(Shown(form.tabs), QPoint(0, 0));
+  EXPECT_EQ(corner, QPoint(world.views.GetUnits().Pixels(150), world.views.GetUnits().Pixels(600)));
+  form.tabs.Tab = 1;
+  Settle();
+  EXPECT_FALSE(Shown(form.first)->isVisible());
+  EXPECT_TRUE(Shown(form.second)->isVisible());
+}
+
+TEST_F(ViewerTest, A_maximised_form_without_a_caption_covers_the_screen_and_comes_back) {
+  form.State = WindowState::Maximized;
+  Show();
+  EXPECT_FALSE(View().isFullScreen());
+  form.Caption = "";
+  Settle();
+  EXPECT_TRUE(View().isFullScreen());
+  EXPECT_EQ(form.State.Get(), WindowState::Maximized);
+  EXPECT_NEAR(form.ScaleWidth(), world.windows.ScreenWidth(), 15);
+  form.Caption = "Viewer";
+  Settle();
+  EXPECT_FALSE(View().isFullScreen());
+  EXPECT_EQ(form.State.Get(), WindowState::Maximized);
+}
+
+TEST_F(ViewerTest, A_maximised_form_knows_about_its_size_when_it_is_activated) {
+  float width = 0;
+  form.State = WindowState::Maximized;
+  form.OnActivate = [&] { width = form.ScaleWidth(); };
+  Show();
+  EXPECT_GT(width, world.windows.ScreenWidth() * 0.9F);
+}
+
+TEST_F(ViewerTest, A_form_without_a_border_has_no_frame) {
+  form.Border = BorderStyle::None;
+  Show();
+  EXPECT_TRUE(View().windowFlags() & Qt::FramelessWindowHint);
+  EXPECT_EQ(View().width(), world.views.GetUnits().Pixels(6000));
+}
+
+TEST_F(ViewerTest, A_form_with_a_fixed_border_keeps_its_size) {
+  form.Border = BorderStyle::FixedSingle;
+  Show();
+  EXPECT_EQ(View().minimumSize(), View().maximumSize());
+  form.Width = 7500;
+  Settle();
+  EXPECT_EQ(View().minimumSize(), View().maximumSize());
+  EXPECT_EQ(View().width(), world.views.GetUnits().Pixels(7500 - 8 * 15));
 }
 
 TEST_F(PlacedViewTest, A_form_without_menus_has_no_menu_bar) {

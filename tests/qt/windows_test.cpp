@@ -289,7 +289,7 @@ TEST_F(MainWindowTest, A_shortcut_works_only_while_its_menu_is_enabled) {
 
 TEST_F(MainWindowTest, A_toolbar_button_tells_its_key) {
   std::string key;
-  window.Toolbar1.OnButtonClick = [&](const std::string& pressed) { key = pressed; };
+  window.Toolbar1.OnButtonClick = [&](const std::string& pressed, int) { key = pressed; };
   window.Toolbar1.SetEnabled(11, true);
   Settle();
   auto* button = View().findChild<QToolButton*>("Next");

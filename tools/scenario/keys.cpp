@@ -16,7 +16,7 @@ constexpr int enter = 13, escape = 27, up = 38, down = 40;
 void PressShortcut(Form& form, int letter) {
   for (Control* control : form.Controls()) {
     auto* item = dynamic_cast<MenuItem*>(control);
-    if (item && item->Shortcut() == letter) return item->UserClick();
+    if (item && item->Shortcut == Shortcut(static_cast<char>(letter))) return item->UserShortcut();
   }
   throw Failure{form.Name() + " has no such shortcut"};
 }

@@ -178,7 +178,9 @@ void Mouse(Execution& run, const Statement& statement) {
   const auto y = static_cast<float>(WholeNumber(WordAt(statement, 4, "the row")));
   const bool saysButton = statement.words.size() > 6 && statement.words[5].Is("button");
   const int button = saysButton ? static_cast<int>(WholeNumber(statement.words[6].text)) : 1;
-  const auto release = [&](Gvbox& box) { box.OnMouseUp(button, 0, x * twipsPerPixel, y * twipsPerPixel); };
+  const auto release = [&](Gvbox& box) {
+    box.UserMouseUp({button, 0, x * twipsPerPixel, y * twipsPerPixel});
+  };
   if (!On<Gvbox>(run, target, release)) Refuse(target, "use the mouse on");
 }
 

@@ -11,12 +11,15 @@
 #include "controls/buttons.h"
 #include "platform/qt/conversions.h"
 #include "platform/qt/form_views.h"
+#include "platform/qt/pointer_watch.h"
 
 namespace lumidex {
 
 FormView::FormView(FormViews& views, Form& form, Qt::WindowFlags flags)
     : QWidget(nullptr, flags), views_(views), form_(form) {
   setObjectName(ToQt(form.Name()));
+  if (form.Border == BorderStyle::None) setWindowFlag(Qt::FramelessWindowHint);
+  new PointerWatch(*this, form, this, this);
   requests_ = form.Requested.Connect([this](FormRequest request) { CarryOut(request); });
   comings_ = form.ControlAdded.Connect([this](Control& control) { ControlCame(control); });
   goings_ = form.ControlRemoved.Connect([this](Control& control) { ControlWent(control); });
@@ -140,6 +143,10 @@ void FormView::FollowVisibility() {
     winId();
     windowHandle()->setFlag(Qt::WindowStaysOnTopHint);
   }
+  if (form_.State == WindowState::Maximized) {
+    // Near to what the window manager will make of it: the form looks at its size before that has come.
+    resize(form_.CoversScreen() ? screen()->size() : screen()->availableSize());
+  }
   ShowInState();
 }
 
@@ -188,14 +195,6 @@ bool FormView::PressDefault(bool cancel) {
     return true;
   }
   return false;
-}
-
-void FormView::mousePressEvent(QMouseEvent* event) {
-  if (event->button() == Qt::LeftButton && form_.OnClick) {
-    Serve([this] { form_.OnClick(); });
-  } else {
-    QWidget::mousePressEvent(event);
-  }
 }
 
 void FormView::paintEvent(QPaintEvent*) {

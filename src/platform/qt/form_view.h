@@ -47,6 +47,9 @@ class FormView : public QWidget {
   // The window becomes active by something that is no change of windows for the program.
   void IgnoreNextActivation() { ignoresActivation_ = true; }
 
+  // Where the form's picture and its drawing begin, and places are counted from.
+  virtual QPoint DrawingCorner() const { return {0, 0}; }
+
   // Brings window and widgets to the form's present state.
   void ShowState();
   // Shows or hides the window after the form was shown or hidden.
@@ -62,15 +65,12 @@ class FormView : public QWidget {
   virtual float UsefulWidth(float width, float /*height*/) const { return width; }
   // Whether the user gets at the program through this window.
   virtual bool IsEntrance() const { return false; }
-  // Where the form's picture and its drawing begin.
-  virtual QPoint DrawingCorner() const { return {0, 0}; }
 
   void closeEvent(QCloseEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void moveEvent(QMoveEvent* event) override;
   void changeEvent(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
-  void mousePressEvent(QMouseEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   bool event(QEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -105,7 +105,8 @@ class FormView : public QWidget {
   // What window and form agree on. Only what the program has changed since goes to the window: to answer its
   // manager with the numbers that just came from it would undo what it is in the midst of doing.
   WindowState shownState_ = WindowState::Normal;
-  QSizeF shownSize_;  // the form's, in twips
+  bool shownCovering_ = false;  // the whole screen
+  QSizeF shownSize_;            // the form's, in twips
   QPointF shownPlace_;
   Picture shownIcon_;
   Picture shownPicture_;

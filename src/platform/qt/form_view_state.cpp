@@ -50,8 +50,8 @@ void FormView::PushColors() {
 
 QSize FormView::WantedSize() const {
   const double factor = GetUnits().factor;
-  return {static_cast<int>(std::lround((form_.Width / twipsPerPixel - nominalFrameWidth) * factor)),
-          static_cast<int>(std::lround((form_.Height / twipsPerPixel - nominalFrameHeight) * factor))};
+  return {static_cast<int>(std::lround((form_.Width - form_.FrameWidth()) / twipsPerPixel * factor)),
+          static_cast<int>(std::lround((form_.Height - form_.FrameHeight()) / twipsPerPixel * factor))};
 }
 
 QSizeF FormView::FormSize() const {
@@ -71,7 +71,7 @@ void FormView::ShowInState() {
       showMinimized();
       break;
     case WindowState::Maximized:
-      showMaximized();
+      form_.CoversScreen() ? showFullScreen() : showMaximized();
       break;
   }
 }
@@ -79,11 +79,15 @@ void FormView::ShowInState() {
 void FormView::PushSize() {
   pushing_ = true;
   const WindowState state = form_.State;
-  if (isVisible() && state != shownState_) ShowInState();
+  const bool covers = form_.CoversScreen();
+  if (isVisible() && (state != shownState_ || covers != shownCovering_)) ShowInState();
   shownState_ = state;
+  shownCovering_ = covers;
   if (SizeComesFromForm() && state == WindowState::Normal && FormSize() != shownSize_) {
     shownSize_ = FormSize();
-    if (const QSize wanted = WantedSize(); wanted.isValid() && wanted != size()) resize(wanted);
+    if (const QSize wanted = WantedSize(); wanted.isValid() && wanted != size()) {
+      form_.Border == BorderStyle::Sizable ? resize(wanted) : setFixedSize(wanted);
+    }
   }
   if (state == WindowState::Normal && FormPlace() != shownPlace_) {
     shownPlace_ = FormPlace();
@@ -99,14 +103,14 @@ bool FormView::StaysInTaskBar() const {
 
 void FormView::TellSize(const QSize& size) {
   const double factor = GetUnits().factor;
-  const auto outer = [factor](int pixels, int frame) {
-    return static_cast<float>((pixels / factor + frame) * twipsPerPixel);
+  const auto outer = [factor](int pixels, float frame) {
+    return static_cast<float>(pixels / factor * twipsPerPixel) + frame;
   };
-  const WindowState state = isMinimized()   ? WindowState::Minimized
-                            : isMaximized() ? WindowState::Maximized
-                                            : WindowState::Normal;
-  float width = outer(size.width(), nominalFrameWidth);
-  float height = outer(size.height(), nominalFrameHeight);
+  const WindowState state = isMinimized()                     ? WindowState::Minimized
+                            : isMaximized() || isFullScreen() ? WindowState::Maximized
+                                                              : WindowState::Normal;
+  float width = outer(size.width(), form_.FrameWidth());
+  float height = outer(size.height(), form_.FrameHeight());
   // The size that the form itself has set comes back rounded to whole pixels: that is no new size.
   if (state == WindowState::Minimized || size == WantedSize()) {
     width = form_.Width;
@@ -131,7 +135,7 @@ void FormView::resizeEvent(QResizeEvent* event) {
 
 void FormView::moveEvent(QMoveEvent* event) {
   QWidget::moveEvent(event);
-  if (pushing_ || isMinimized() || isMaximized() || !isVisible()) return;
+  if (pushing_ || isMinimized() || isMaximized() || isFullScreen() || !isVisible()) return;
   form_.Left.SetQuietly(GetUnits().Twips(x()));
   form_.Top.SetQuietly(GetUnits().Twips(y()));
   shownPlace_ = FormPlace();

@@ -17,9 +17,4 @@ struct Units {
   float Twips(int pixels) const;
 };
 
-// What a form's outer size counts for the frame, in designed pixels, whatever the window manager draws: so
-// the same form has the same layout everywhere.
-inline constexpr int nominalFrameWidth = 8;
-inline constexpr int nominalFrameHeight = 27;
-
 }  // namespace lumidex

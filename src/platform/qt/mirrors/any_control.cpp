@@ -31,6 +31,7 @@ QWidget* MakeWidget(FormView& view, Control& control, QWidget* parent) {
       Try<TextBox>(control, made, [&](auto& known) { return MakeTextBox(view, known, parent); }) ||
       Try<Frame>(control, made, [&](auto& known) { return MakeFrame(view, known, parent); }) ||
       Try<ListBox>(control, made, [&](auto& known) { return MakeListBox(view, known, parent); }) ||
+      Try<ComboBox>(control, made, [&](auto& known) { return MakeComboBox(view, known, parent); }) ||
       Try<DriveList>(control, made, [&](auto& known) { return MakeDriveList(view, known, parent); }) ||
       Try<DirList>(control, made, [&](auto& known) { return MakeDirList(view, known, parent); }) ||
       Try<FileList>(control, made, [&](auto& known) { return MakeFileList(view, known, parent); }) ||

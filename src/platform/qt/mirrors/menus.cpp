@@ -3,7 +3,7 @@
 #include <QAction>
 #include <QMenu>
 #include <QMenuBar>
-#include <map>
+#include <algorithm>
 
 #include "platform/qt/conversions.h"
 #include "platform/qt/mirrors/mirrors.h"
@@ -22,12 +22,14 @@ void ShowItem(const MenuItem& item, QAction& action) {
 
 void MirrorCommand(FormView& view, MenuItem& item, QAction& action) {
   action.setObjectName(ToQt(item.Name()));
-  if (item.Shortcut()) {
-    action.setShortcut(QKeySequence(QStringLiteral("Ctrl+") + QChar::fromLatin1(item.Shortcut())));
+  if (item.Shortcut.code) {
+    action.setShortcut(QKeySequence(ToQt(item.Shortcut.Text())));
+    // In the window itself, too: the keys work while the menu is hidden.
+    view.addAction(&action);
   }
   auto* mirror = new Mirror(view.Pushes(), item, &action, [&item, &action] { ShowItem(item, action); });
   QObject::connect(&action, &QAction::triggered, mirror,
-                   [&view, &item, mirror] { view.Serve([&] { item.UserClick(); }, mirror); });
+                   [&view, &item, mirror] { view.Serve([&] { item.UserShortcut(); }, mirror); });
 }
 
 bool HasChildren(const Form& form, const MenuItem& item) {
@@ -68,6 +70,16 @@ QMenuBar* MakeMenuBar(FormView& view) {
   // A global menu would need the session bus at start.
   bar->setNativeMenuBar(false);
   AddItems(view, nullptr, *bar, bar);
+  // Without a title to show there is no bar.
+  for (Control* control : view.GetForm().Controls()) {
+    auto* item = dynamic_cast<MenuItem*>(control);
+    if (!item || item->Parent()) continue;
+    new Mirror(view.Pushes(), *item, bar, [bar] {
+      const QList<QAction*> titles = bar->actions();
+      const bool isNeeded = std::ranges::any_of(titles, &QAction::isVisible);
+      if (bar->isHidden() == isNeeded) bar->setVisible(isNeeded);
+    });
+  }
   return bar;
 }
 

@@ -6,6 +6,7 @@
 
 #include "controls/bars.h"
 #include "controls/buttons.h"
+#include "controls/combo_box.h"
 #include "controls/file_lists.h"
 #include "controls/grid.h"
 #include "controls/gvbox.h"
@@ -42,6 +43,7 @@ QWidget* MakeTextBox(FormView& view, TextBox& control, QWidget* parent);
 QWidget* MakeFrame(FormView& view, Frame& control, QWidget* parent);
 
 RowList* MakeListBox(FormView& view, ListBox& control, QWidget* parent);
+QComboBox* MakeComboBox(FormView& view, ComboBox& control, QWidget* parent);
 QComboBox* MakeDriveList(FormView& view, DriveList& control, QWidget* parent);
 RowList* MakeDirList(FormView& view, DirList& control, QWidget* parent);
 RowList* MakeFileList(FormView& view, FileList& control, QWidget* parent);
@@ -51,7 +53,10 @@ QWidget* MakeUpDown(FormView& view, UpDown& control, QWidget* parent);
 QWidget* MakeScrollBar(FormView& view, ScrollBar& control, QWidget* parent);
 QWidget* MakeProgressBar(FormView& view, ProgressBar& control, QWidget* parent);
 
+// The tabs alone.
 QWidget* MakeTabs(FormView& view, TabStrip& control, QWidget* parent);
+// The tabs above their pages, of which the chosen one is visible. Pages and control have the same corner.
+QWidget* MakeTabPages(FormView& view, TabStrip& control, QWidget* parent);
 // Many tabs in rows of so many; the row with the chosen tab stands in front, next to the page below.
 QWidget* MakeTabRows(FormView& view, TabStrip& control, QWidget* parent, int perRow);
 QWidget* MakeGrid(FormView& view, Grid& control, QWidget* parent);

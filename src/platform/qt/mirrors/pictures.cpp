@@ -1,6 +1,5 @@
 // Image boxes, picture boxes and the image control.
 
-#include <QMouseEvent>
 #include <QPainter>
 #include <QTimer>
 
@@ -8,6 +7,7 @@
 #include "platform/qt/conversions.h"
 #include "platform/qt/mirrors/mirrors.h"
 #include "platform/qt/mirrors/shown_picture.h"
+#include "platform/qt/pointer_watch.h"
 
 namespace lumidex {
 namespace {
@@ -34,7 +34,6 @@ class ImageView final : public QWidget {
     const Size size = picture_.GetSize();
     return {size.width, size.height};
   }
-  std::function<void()> onClick, onDoubleClick;
 
  protected:
   void paintEvent(QPaintEvent*) override {
@@ -45,16 +44,6 @@ class ImageView final : public QWidget {
       return;
     }
     shown_.Paint(painter, picture_, stretch_ ? rect() : QRect(QPoint(0, 0), sizeHint()));
-  }
-  void mousePressEvent(QMouseEvent* event) override {
-    if (!onClick || event->button() != Qt::LeftButton) QWidget::mousePressEvent(event);
-  }
-  void mouseReleaseEvent(QMouseEvent* event) override {
-    if (onClick && event->button() == Qt::LeftButton && rect().contains(event->position().toPoint()))
-      onClick();
-  }
-  void mouseDoubleClickEvent(QMouseEvent* event) override {
-    if (onDoubleClick && event->button() == Qt::LeftButton) onDoubleClick();
   }
 
  private:
@@ -121,20 +110,15 @@ QWidget* MakeImage(FormView& view, ImageBox& control, QWidget* parent) {
     if (image->isHidden()) image->show();
   };
   Mirror* mirror = view.Follow(control, image, push, Showing::ByPush);
-  if (control.OnClick) {
-    image->onClick = [&view, &control, mirror] { view.Serve([&] { control.UserClick(); }, mirror); };
-  }
-  if (control.OnDblClick) {
-    image->onDoubleClick = [&view, &control, mirror] {
-      view.Serve([&] { control.UserDoubleClick(); }, mirror);
-    };
-  }
+  new PointerWatch(view, control, image, mirror);
   return image;
 }
 
 QWidget* MakePictureBox(FormView& view, PictureBox& control, QWidget* parent) {
   auto* box = new PictureBoxView(view.GetUnits(), parent);
-  view.Follow(control, box, [&control, box] { box->Show(control.Picture, control.BackColor); });
+  Mirror* mirror =
+      view.Follow(control, box, [&control, box] { box->Show(control.Picture, control.BackColor); });
+  new PointerWatch(view, control, box->Inside(), mirror);
   view.SetInsides(control, {box->Inside()});
   return box;
 }

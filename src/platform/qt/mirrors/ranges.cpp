@@ -5,6 +5,7 @@
 #include <QSignalBlocker>
 #include <QSlider>
 #include <QSpinBox>
+#include <algorithm>
 
 #include "platform/qt/mirrors/mirrors.h"
 
@@ -15,7 +16,11 @@ template <class Widget>
 Widget* FollowRange(FormView& view, RangeControl& control, Widget* widget) {
   Mirror* mirror = view.Follow(control, widget, [&control, widget] {
     const QSignalBlocker quiet(widget);
-    widget->setRange(control.Min, control.Max);
+    const auto [low, high] = std::minmax(control.Min.Get(), control.Max.Get());
+    widget->setRange(low, high);
+    if constexpr (requires { widget->setInvertedAppearance(true); }) {
+      widget->setInvertedAppearance(control.Min > control.Max);
+    }
     widget->setSingleStep(control.SmallChange);
     if constexpr (requires { widget->setPageStep(1); }) widget->setPageStep(control.LargeChange);
     widget->setValue(control.Value);
@@ -46,8 +51,7 @@ QWidget* MakeUpDown(FormView& view, UpDown& control, QWidget* parent) {
 }
 
 QWidget* MakeScrollBar(FormView& view, ScrollBar& control, QWidget* parent) {
-  const bool upright = control.Height > control.Width;
-  auto* bar = new QScrollBar(upright ? Qt::Vertical : Qt::Horizontal, parent);
+  auto* bar = new QScrollBar(control.IsUpright() ? Qt::Vertical : Qt::Horizontal, parent);
   bar->setFocusPolicy(Qt::TabFocus);
   return FollowRange(view, control, bar);
 }

@@ -110,14 +110,10 @@ class StatusBarView final : public QWidget {
       longest = locale.toString(QDate(2000, 12, 28), QLocale::ShortFormat);
     } else if (panel.Style == PanelStyle::Time) {
       longest = ClockText(QTime(22, 58));
-    } else if (position == 1) {
-      longest = QStringLiteral("Current Image:");
-    } else if (position == 3) {
-      longest = QStringLiteral("30000 X 30000 X 24");
-    } else if (position == 4) {
-      longest = QStringLiteral("500%");
-    } else if (position == 2) {
+    } else if (panel.Widest.empty()) {
       return 0;
+    } else {
+      longest = ToQt(panel.Widest);
     }
     return fontMetrics().horizontalAdvance(longest + QStringLiteral("0")) + 2 * margin + 4;
   }

@@ -4,33 +4,15 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMouseEvent>
 #include <QPlainTextEdit>
 #include <QSignalBlocker>
 
 #include "platform/qt/conversions.h"
 #include "platform/qt/mirrors/mirrors.h"
+#include "platform/qt/pointer_watch.h"
 
 namespace lumidex {
 namespace {
-
-class ClickableLabel final : public QLabel {
- public:
-  using QLabel::QLabel;
-  std::function<void()> onClick;
-
- protected:
-  void mouseReleaseEvent(QMouseEvent* event) override {
-    if (onClick && event->button() == Qt::LeftButton && rect().contains(event->position().toPoint())) {
-      onClick();
-    } else {
-      QLabel::mouseReleaseEvent(event);
-    }
-  }
-  void mousePressEvent(QMouseEvent* event) override {
-    if (!onClick) QLabel::mousePressEvent(event);
-  }
-};
 
 void ShowColors(QLabel& label, std::int32_t fore, std::int32_t back) {
   const QColor text = ToColor(fore);
@@ -49,7 +31,7 @@ void ShowColors(QLabel& label, std::int32_t fore, std::int32_t back) {
 }  // namespace
 
 QLabel* MakeLabel(FormView& view, Label& control, QWidget* parent, QWidget* buddy) {
-  auto* label = new ClickableLabel(parent);
+  auto* label = new QLabel(parent);
   label->setTextFormat(Qt::PlainText);
   label->setBuddy(buddy);
   Mirror* mirror = view.Follow(control, label, [&control, label, buddy] {
@@ -62,9 +44,7 @@ QLabel* MakeLabel(FormView& view, Label& control, QWidget* parent, QWidget* budd
     ShowColors(*label, control.ForeColor, control.BackColor);
   });
   if (buddy) buddy->setAccessibleName(WithoutAccessKey(control.Caption.Get()));
-  if (control.OnClick) {
-    label->onClick = [&view, &control, mirror] { view.Serve([&] { control.UserClick(); }, mirror); };
-  }
+  new PointerWatch(view, control, label, mirror);
   return label;
 }
 

@@ -24,7 +24,12 @@ class ToolbarView final : public QWidget {
     shown->setObjectName(ToQt(button.Key));
     shown->setAutoRaise(true);
     shown->setIconSize({24, 24});
-    shown->setIcon(ArtworkIcon("toolbar/" + button.ImageKey));
+    if (!button.ImageKey.empty()) shown->setIcon(ArtworkIcon("toolbar/" + button.ImageKey));
+    if (!button.Caption.empty()) {
+      shown->setText(ToQt(button.Caption));
+      shown->setToolButtonStyle(button.ImageKey.empty() ? Qt::ToolButtonTextOnly
+                                                        : Qt::ToolButtonTextUnderIcon);
+    }
     shown->setToolTip(ToQt(button.ToolTipText));
     shown->setAccessibleName(ToQt(button.ToolTipText).trimmed());
     shown->setFocusPolicy(buttons_.empty() ? Qt::TabFocus : Qt::NoFocus);

@@ -48,8 +48,8 @@ PlacedView::PlacedView(FormViews& views, Form& form, Qt::WindowFlags flags, Labe
   rows->addWidget(client_);
   client_->installEventFilter(this);
   for (Control* control : form.Controls()) Add(*control);
-  for (QWidget* bar : {toolbar_.data(), statusBar_.data()}) {
-    if (bar) bar->raise();
+  for (const Control* bar : {toolbar_, statusBar_}) {
+    if (bar) WidgetOf(*bar)->raise();
   }
   PlaceBars();
 }
@@ -67,15 +67,20 @@ void PlacedView::Add(Control& control) {
     parent = InsideOf(*container, control.ContainerPage);
     if (!parent) return;
   }
-  if (QWidget* widget = MakeWidget(*this, control, parent)) Place(control, widget);
+  if (QWidget* widget = Make(control, parent)) Place(control, widget);
+}
+
+QWidget* PlacedView::Make(Control& control, QWidget* parent) {
+  if (auto* tabs = dynamic_cast<TabStrip*>(&control)) return MakeTabPages(*this, *tabs, parent);
+  return MakeWidget(*this, control, parent);
 }
 
 void PlacedView::Place(Control& control, QWidget* widget) {
   auto* label = qobject_cast<QLabel*>(widget);
   if (dynamic_cast<Toolbar*>(&control)) {
-    toolbar_ = widget;
+    toolbar_ = &control;
   } else if (dynamic_cast<StatusBar*>(&control)) {
-    statusBar_ = widget;
+    statusBar_ = &control;
   } else if (auto* picture = dynamic_cast<ImageBox*>(&control)) {
     PlacePicture(*this, *picture, widget);
   } else if (label && labels_ == Labels::AroundText) {
@@ -86,15 +91,30 @@ void PlacedView::Place(Control& control, QWidget* widget) {
 }
 
 bool PlacedView::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == client_ && event->type() == QEvent::Resize) PlaceBars();
+  if (watched == client_ && event->type() == QEvent::Resize) {
+    PlaceBars();
+    const float menu = GetUnits().Twips(client_->y());
+    Serve([this, menu] { GetForm().UserMenuHeight(menu); });
+  }
   return FormView::eventFilter(watched, event);
 }
 
 void PlacedView::PlaceBars() {
-  if (toolbar_) toolbar_->setGeometry(0, 0, client_->width(), toolbar_->sizeHint().height());
+  const int width = client_->width();
+  const auto heightOf = [this](const Control& bar) { return WidgetOf(bar)->sizeHint().height(); };
+  if (toolbar_) PlaceBar(*toolbar_, {0, 0, width, heightOf(*toolbar_)});
   if (!statusBar_) return;
-  const int height = statusBar_->sizeHint().height();
-  statusBar_->setGeometry(0, client_->height() - height, client_->width(), height);
+  const int height = heightOf(*statusBar_);
+  PlaceBar(*statusBar_, {0, client_->height() - height, width, height});
+}
+
+void PlacedView::PlaceBar(Control& bar, const QRect& place) {
+  WidgetOf(bar)->setGeometry(place);
+  const float unit = bar.TwipsPerOuterUnit();
+  bar.Left.SetQuietly(GetUnits().Twips(place.left()) / unit);
+  bar.Top.SetQuietly(GetUnits().Twips(place.top()) / unit);
+  bar.Width.SetQuietly(GetUnits().Twips(place.width()) / unit);
+  bar.Height.SetQuietly(GetUnits().Twips(place.height()) / unit);
 }
 
 }  // namespace lumidex

@@ -4,8 +4,6 @@
 
 #include "platform/qt/form_view.h"
 
-class QLabel;
-
 namespace lumidex {
 
 class PlacedView : public FormView {
@@ -28,12 +26,16 @@ class PlacedView : public FormView {
 
  private:
   void Add(Control& control);
+  QWidget* Make(Control& control, QWidget* parent);
   void Place(Control& control, QWidget* widget);
   void PlaceBars();
+  // The bar is as high as its widget needs, which the program reads from the control.
+  void PlaceBar(Control& bar, const QRect& place);
 
   Labels labels_;
   QWidget* client_;  // below the menu bar: positions count from its corner
-  QPointer<QWidget> toolbar_, statusBar_;
+  Control* toolbar_ = nullptr;
+  Control* statusBar_ = nullptr;
 };
 
 }  // namespace lumidex

@@ -32,8 +32,7 @@ void Whiten(QWidget* label, int points, bool bold) {
 }  // namespace
 
 SplashView::SplashView(FormViews& views, frmSplashWindow& itsForm)
-    : TypedView(views, itsForm, Qt::Dialog | Qt::FramelessWindowHint),
-      picture_(ArtworkPicture("splash/splash.png")) {
+    : TypedView(views, itsForm), picture_(ArtworkPicture("splash/splash.png")) {
   setAttribute(Qt::WA_OpaquePaintEvent);
   auto* rows = new QVBoxLayout(this);
   rows->setContentsMargins(margin, titleTop, margin, margin);
