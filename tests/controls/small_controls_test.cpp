@@ -1,3 +1,4 @@
+#include "controls/animation.h"
 #include "controls/sample_form.h"
 
 namespace lumidex {
@@ -75,6 +76,19 @@ TEST_F(Controls, A_value_that_new_ends_leave_outside_goes_to_the_nearer_one) {
   form.slider.Min = 6;
   EXPECT_EQ(form.slider.Value.Get(), 6);
   EXPECT_THAT(told, ElementsAre("change", "change"));
+}
+
+TEST_F(Controls, An_animation_opens_a_file_that_is_there) {
+  Animation animation{form, "animation"};
+  platform.files.AddFile("/play.avi", "RIFF");
+  platform.files.AddDirectory("/folder");
+  EXPECT_EQ(NumberRaisedBy([&] { animation.Open("/missing.avi"); }), 53);
+  EXPECT_EQ(NumberRaisedBy([&] { animation.Open("/folder"); }), 53);
+  EXPECT_EQ(animation.FileName(), "");
+  animation.Open("/play.avi");
+  EXPECT_EQ(animation.ReadProperty("FileName"), "/play.avi");
+  animation.RestoreDesign();
+  EXPECT_EQ(animation.FileName(), "");
 }
 
 TEST_F(Controls, A_tab_that_does_not_exist_is_refused) {

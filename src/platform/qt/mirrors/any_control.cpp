@@ -41,6 +41,8 @@ QWidget* MakeWidget(FormView& view, Control& control, QWidget* parent) {
       Try<ProgressBar>(control, made, [&](auto& known) { return MakeProgressBar(view, known, parent); }) ||
       Try<TabStrip>(control, made, [&](auto& known) { return MakeTabs(view, known, parent); }) ||
       Try<Grid>(control, made, [&](auto& known) { return MakeGrid(view, known, parent); }) ||
+      Try<Animation>(control, made, [&](auto& known) { return MakeAnimation(view, known, parent); }) ||
+      Try<Gvbox>(control, made, [&](auto& known) { return MakeImageControl(view, known, parent); }) ||
       Try<ImageBox>(control, made, [&](auto& known) { return MakeImage(view, known, parent); }) ||
       Try<PictureBox>(control, made, [&](auto& known) { return MakePictureBox(view, known, parent); }) ||
       Try<Toolbar>(control, made, [&](auto& known) { return MakeToolbar(view, known, parent); }) ||

@@ -4,6 +4,7 @@
 
 #include <QWidget>
 
+#include "controls/animation.h"
 #include "controls/bars.h"
 #include "controls/buttons.h"
 #include "controls/combo_box.h"
@@ -61,6 +62,8 @@ QWidget* MakeTabPages(FormView& view, TabStrip& control, QWidget* parent);
 QWidget* MakeTabRows(FormView& view, TabStrip& control, QWidget* parent, int perRow);
 QWidget* MakeGrid(FormView& view, Grid& control, QWidget* parent);
 
+QWidget* MakeAnimation(FormView& view, Animation& control, QWidget* parent);
+QWidget* MakeImageControl(FormView& view, Gvbox& control, QWidget* parent);
 QWidget* MakeImage(FormView& view, ImageBox& control, QWidget* parent);
 QWidget* MakePictureBox(FormView& view, PictureBox& control, QWidget* parent);
 

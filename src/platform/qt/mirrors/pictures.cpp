@@ -1,4 +1,4 @@
-// Image boxes, picture boxes and the image control.
+// Image boxes and picture boxes.
 
 #include <QPainter>
 #include <QTimer>
