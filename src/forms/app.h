@@ -10,6 +10,7 @@
 #include <string_view>
 #include <vector>
 
+#include "forms/display_requests.h"
 #include "ports/platform.h"
 
 namespace lumidex {
@@ -112,9 +113,8 @@ struct App : GlobalRecord {
 
   // ExitProgram has begun; a second one, as the unloading of the main window asks for, changes nothing.
   bool exiting = false;
-  // Counts what was asked to be shown, an emptied list too: what yields while it shows a picture ends where
-  // another was asked for meanwhile.
-  std::uint64_t pictureRequests = 0;
+  // What has been asked of the picture area.
+  DisplayRequests displays;
 };
 
 }  // namespace lumidex

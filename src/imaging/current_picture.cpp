@@ -19,36 +19,13 @@ std::int16_t Zoomed(std::int16_t length, float zoom) {
   return ToInt16(static_cast<double>(static_cast<float>(length) * zoom));
 }
 
-}  // namespace
-
-void DisplayCurrentImage(App& app, const std::string& path, bool alreadyLoaded, float zoom) {
+// Gives Image1 the place of the picture whose size stands in the record.
+void PlacePicture(App& app) {
   WPaper2Window& window = app.WPaper2;
-  EventQueue& events = app.platform.events;
-  const auto request = app.pictureRequests;
-  UpdateEnableState(app);
-  if (app.pictureRequests != request) return;
-  window.Pointer = MousePointer::Hourglass;
-  if (Trim(path).empty() || !FileExists(app, path)) {
-    window.Pointer = MousePointer::Default;
-    return;
-  }
-  window.Image1.Visible = false;
-  if (!alreadyLoaded) LoadPictureFile(app, path);
-  if (app.pictureRequests == request) {
-    app.CurrentImagePath = path;
-    GetImageInfo(app, path, app.ImageWidth, app.ImageHeight, app.ImageBitsPerPixel);
-    events.Yield();
-  }
-  // Another picture was asked for in a yield, and stands there by now; or the list was emptied.
-  if (app.pictureRequests != request) {
-    window.Image1.Visible = true;
-    window.Pointer = MousePointer::Default;
-    return;
-  }
-  // Read after the yields: the window may have been resized in one. Its own redraw is over then, so this one
-  // is for the new area too.
+  // Area and zoom are those of this moment: both may have changed in the yields of the display.
   const std::int16_t areaWidth = ToInt16(static_cast<double>(window.Picture1.ScaleWidth()));
   const std::int16_t areaHeight = ToInt16(static_cast<double>(window.Picture1.ScaleHeight()));
+  const float zoom = app.displays.TakePlace();
   app.NaturalWidth = app.ImageWidth;
   app.NaturalHeight = app.ImageHeight;
   window.StatusBar1.SetText(4, Number(zoom * 100.0F) + "%");
@@ -64,6 +41,39 @@ void DisplayCurrentImage(App& app, const std::string& path, bool alreadyLoaded, 
     window.Image1.Move(centred(areaWidth, app.ImageWidth), centred(areaHeight, app.ImageHeight),
                        app.ImageWidth, app.ImageHeight);
   }
+}
+
+}  // namespace
+
+void DisplayCurrentImage(App& app, std::string path, bool alreadyLoaded, float zoom) {
+  WPaper2Window& window = app.WPaper2;
+  EventQueue& events = app.platform.events;
+  app.displays.AskForPlace(zoom);
+  const auto before = app.displays.WatchPicture();
+  UpdateEnableState(app);
+  if (before.IsStale()) return;
+  window.Pointer = MousePointer::Hourglass;
+  if (Trim(path).empty() || !FileExists(app, path)) {
+    window.Pointer = MousePointer::Default;
+    return;
+  }
+  window.Image1.Visible = false;
+  const auto request = alreadyLoaded ? app.displays.WatchPicture() : app.displays.AskForPicture(path);
+  if (!alreadyLoaded) LoadPictureFile(app, path);
+  if (!request.IsStale()) {
+    app.CurrentImagePath = path;
+    app.displays.AskForPlace();
+    GetImageInfo(app, path, app.ImageWidth, app.ImageHeight, app.ImageBitsPerPixel);
+    events.Yield();
+  }
+  // Another picture was asked for in a yield, and stands there by now; or the list was emptied.
+  if (request.IsStale()) {
+    window.Image1.Visible = true;
+    window.Pointer = MousePointer::Default;
+    return;
+  }
+  // A zoom chosen in these yields has placed the picture already.
+  if (app.displays.IsMisplaced()) PlacePicture(app);
   window.Image1.Visible = true;
   window.Pointer = MousePointer::Default;
   events.Yield();

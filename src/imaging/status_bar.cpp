@@ -25,10 +25,17 @@ void UpdateStatusBar(App& app, const std::string& text, bool withImageInfo) {
   std::string name = working;
   std::string facts;
   if (withImageInfo) {
-    const auto request = app.pictureRequests;
+    const auto request = app.displays.WatchWords();
+    std::int16_t width = app.ImageWidth, height = app.ImageHeight;
+    float depth = app.ImageBitsPerPixel;
+    ReadImageInfo(app, width, height, depth);
     GetImageInfo(app, working, app.ImageWidth, app.ImageHeight, app.ImageBitsPerPixel);
-    // Another picture, asked for in the yield, is told there already.
-    if (app.pictureRequests != request) return;
+    // What was asked for in the yield is told there already.
+    if (request.IsStale()) return;
+    // A zoom chosen there has left the size on the screen.
+    app.ImageWidth = width;
+    app.ImageHeight = height;
+    app.ImageBitsPerPixel = depth;
     name = ProperFileName(app, working);
     facts = Number(app.ImageWidth) + " X " + Number(app.ImageHeight) + " X " + Number(app.ImageBitsPerPixel);
   }

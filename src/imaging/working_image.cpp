@@ -9,10 +9,10 @@ namespace lumidex {
 
 void LoadPictureFile(App& app, const std::string& path) {
   try {
-    const auto request = app.pictureRequests;
+    const auto request = app.displays.WatchPicture();
     app.checkjpg.Picture1.SetFileName(path);
     app.platform.events.Yield();
-    if (app.pictureRequests != request) return;
+    if (request.IsStale()) return;
     ShowWorkingPicture(app);
     if (InStr(UCase(path), ".GIF") > 0) {
       app.WPaper2.Image1.Picture = app.platform.loader.LoadPicture(path);
@@ -29,13 +29,17 @@ void ShowWorkingPicture(App& app) {
   app.WPaper2.Image1.Picture = app.checkjpg.Picture1.Picture();
 }
 
-void GetImageInfo(App& app, const std::string&, std::int16_t& width, std::int16_t& height, float& depth) {
+void ReadImageInfo(App& app, std::int16_t& width, std::int16_t& height, float& depth) {
   IgnoreError([&] {
     const Gvbox& control = app.checkjpg.Picture1;
     depth = control.BitsPerPixel();
     width = control.PictureWidth();
     height = control.PictureHeight();
   });
+}
+
+void GetImageInfo(App& app, const std::string&, std::int16_t& width, std::int16_t& height, float& depth) {
+  ReadImageInfo(app, width, height, depth);
   app.platform.events.Yield();
 }
 

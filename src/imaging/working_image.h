@@ -15,5 +15,7 @@ void ShowWorkingPicture(App& app);
 // Facts of what the working image holds: size in pixels, bits per pixel. An error leaves the outputs as they
 // were; yields. The path is not used.
 void GetImageInfo(App& app, const std::string& path, std::int16_t& width, std::int16_t& height, float& depth);
+// The same without the yield.
+void ReadImageInfo(App& app, std::int16_t& width, std::int16_t& height, float& depth);
 
 }  // namespace lumidex

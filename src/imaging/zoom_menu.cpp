@@ -29,7 +29,8 @@ void SelectZoomLevel(App& app, int level) {
   app.WPaper2.mnuEditZoomLevel(level).Checked = true;
   app.checkjpg.Picture1.ZoomLevel = factor;
   app.CurrentImagePath = app.WPaper2.LstRight.Text();
-  DisplayCurrentImage(app, app.CurrentImagePath, true, factor);
+  app.displays.RunAgain(factor,
+                        [&app] { DisplayCurrentImage(app, app.CurrentImagePath, true, GetZoomFactor(app)); });
 }
 
 void StepZoomDown(App& app) {

@@ -31,18 +31,23 @@ void ShowCurrentIndex(App& app) {
 }
 
 void SayNotAvailable(App& app, const std::string& path) {
-  ++app.pictureRequests;
+  app.displays.AskForWords(path);
   UpdateStatusBar(app, ProperFileName(app, path) + " - not available", false);
 }
 
 // Brings a file up, or says that it is not there.
-void ShowFile(App& app, const std::string& path) {
-  if (FileExists(app, path)) {
-    const auto request = ++app.pictureRequests;
-    DisplayCurrentImage(app, path, false, GetZoomFactor(app));
-    if (app.pictureRequests == request) UpdateStatusBar(app, path, true);
-  } else {
+void ShowFile(App& app, std::string path) {
+  if (!FileExists(app, path)) {
     SayNotAvailable(app, path);
+    return;
+  }
+  const DisplayRequests::Telling request(app.displays, path);
+  DisplayCurrentImage(app, path, false, GetZoomFactor(app));
+  for (bool again = true; again && !request.IsStale();) {
+    UpdateStatusBar(app, path, true);
+    // Zoom, stretch or the area may have changed in the last of these yields.
+    again = !request.IsStale() && app.displays.IsMisplaced() && FileExists(app, path);
+    if (again) DisplayCurrentImage(app, path, true, GetZoomFactor(app));
   }
 }
 
@@ -75,13 +80,9 @@ void MoveDisplayEntry(App& app, int insertAt, int removeAt, int select) {
   IgnoreError([&] { app.platform.events.Yield(); });
 }
 
-}  // namespace
-
-void DisplayListClick(App& app) {
+// What a click in the Display list leads to; the position is told already.
+void ShowSelectedEntry(App& app) {
   IgnoreError([&] {
-    SetDisplayListExtent(app);
-    app.CurrentIndex = app.WPaper2.LstRight.ListIndex() + 1;
-    ShowCurrentIndex(app);
     const std::string path = app.WPaper2.LstRight.Text();
     if (FileExists(app, path)) {
       ShowDisplayEntry(app, path);
@@ -93,7 +94,18 @@ void DisplayListClick(App& app) {
   });
 }
 
-void ShowDisplayEntry(App& app, const std::string& path) {
+}  // namespace
+
+void DisplayListClick(App& app) {
+  IgnoreError([&] {
+    SetDisplayListExtent(app);
+    app.CurrentIndex = app.WPaper2.LstRight.ListIndex() + 1;
+    ShowCurrentIndex(app);
+    app.displays.Run([&app] { ShowSelectedEntry(app); });
+  });
+}
+
+void ShowDisplayEntry(App& app, std::string path) {
   IgnoreError([&] {
     ShowCurrentIndex(app);
     if (FileExists(app, path)) SelectDisplayEntry(app, app.CurrentIndex - 1);
@@ -106,14 +118,14 @@ void ShowDisplayEntry(App& app, const std::string& path) {
 void ActivateDisplayEntry(App& app) {
   app.CurrentIndex = app.WPaper2.LstRight.ListIndex() + 1;
   ShowCurrentIndex(app);
-  ShowDisplayEntry(app, app.WPaper2.LstRight.Text());
+  app.displays.Run([&app] { ShowDisplayEntry(app, app.WPaper2.LstRight.Text()); });
   SetDisplayListExtent(app);
 }
 
 void PreviewSelectionEntry(App& app) {
   IgnoreError([&] {
     SetSelectionListExtent(app);
-    ShowFile(app, app.WPaper2.LstLeft.Text());
+    app.displays.Run([&app] { IgnoreError([&] { ShowFile(app, app.WPaper2.LstLeft.Text()); }); });
   });
 }
 
@@ -173,7 +185,9 @@ void RemoveOneFromDisplayList(App& app) {
 
 void ZapDisplayList(App& app) {
   WPaper2Window& window = app.WPaper2;
-  ++app.pictureRequests;
+  app.displays.AskForPicture("");
+  app.displays.AskForWords("");
+  app.displays.ForgetKept();
   window.LstRight.Clear();
   window.lblCount.Caption = "0";
   window.CurrentPicture.Caption = "";

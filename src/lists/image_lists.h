@@ -30,7 +30,7 @@ void ActivateDisplayEntry(App& app);
 void PreviewSelectionEntry(App& app);
 
 // Brings the current entry up, or says that its file is not there.
-void ShowDisplayEntry(App& app, const std::string& path);
+void ShowDisplayEntry(App& app, std::string path);
 
 // Give the list the keyboard and ask it for room for its selected text.
 void SetSelectionListExtent(App& app);

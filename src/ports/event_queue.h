@@ -14,8 +14,15 @@ class EventQueue {
 
   virtual ~EventQueue() = default;
 
-  // Serves all pending events, then returns.
-  virtual void Yield() = 0;
+  // Serves all pending events, then returns. What is served may yield too, but not without end: beyond
+  // `mostNestedYields` inside each other it returns at once, and those further out serve what waits. So a
+  // queue of any length is served on a stack of no more than that.
+  void Yield() {
+    if (nestedYields_ == mostNestedYields) return;
+    const Level level(nestedYields_);
+    ServePending();
+  }
+  static constexpr int mostNestedYields = 48;
   // Serves events until one has been served or that many milliseconds have passed.
   virtual void Wait(int milliseconds) = 0;
   // A nested loop: serves events until `done` holds.
@@ -36,6 +43,18 @@ class EventQueue {
   // Every event is dispatched through here, so that no error crosses the loop: set by the program to its
   // default report.
   std::function<void(const Work&)> Guard = [](const Work& work) { work(); };
+
+ private:
+  struct Level {
+    explicit Level(int& count) : count_(count) { ++count_; }
+    ~Level() { --count_; }
+    Level(const Level&) = delete;
+    Level& operator=(const Level&) = delete;
+    int& count_;
+  };
+  virtual void ServePending() = 0;
+
+  int nestedYields_ = 0;
 };
 
 }  // namespace lumidex

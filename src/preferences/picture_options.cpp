@@ -12,8 +12,10 @@
 namespace lumidex {
 namespace {
 
-// An empty name stands in any text, and does not count.
+// The status bar tells, but not yet of a picture that is just being brought up. An empty name stands in any
+// text, and does not count.
 bool IsShown(const App& app, const std::string& path) {
+  if (!app.displays.OnItsWay().empty()) return path == app.displays.OnItsWay();
   const std::string name = ProperFileName(app, path);
   return !name.empty() && InStr(app.WPaper2.StatusBar1.Panel(2).Text, name) > 0;
 }
@@ -22,10 +24,12 @@ bool IsShown(const App& app, const std::string& path) {
 
 void RedisplayForStretch(App& app) {
   const float factor = GetZoomFactor(app);
+  app.displays.AskForPlace(factor);
   for (const ListBox* list : {&app.WPaper2.LstRight, &app.WPaper2.LstLeft}) {
     const std::string path = list->Text();
     if (!IsShown(app, path)) continue;
-    DisplayCurrentImage(app, path, false, factor);
+    app.displays.RunAgain(factor,
+                          [&app, path] { DisplayCurrentImage(app, path, false, GetZoomFactor(app)); });
     return;
   }
 }

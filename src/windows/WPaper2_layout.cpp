@@ -44,7 +44,9 @@ void RedrawPicture(App& app) {
     window.Image1.Width = window.Picture1.ScaleWidth();
     window.Image1.Height = window.Picture1.ScaleHeight();
   } else {
-    DisplayCurrentImage(app, app.CurrentImagePath, false, GetZoomFactor(app));
+    app.displays.RunAgain(GetZoomFactor(app), [&app] {
+      DisplayCurrentImage(app, app.WPaper2.LstRight.Text(), false, GetZoomFactor(app));
+    });
   }
 }
 

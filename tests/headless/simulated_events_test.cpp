@@ -25,6 +25,21 @@ TEST_F(SimulatedEventsTest, A_yield_serves_posted_work_in_its_order) {
   EXPECT_THAT(served, ElementsAre("first", "second"));
 }
 
+TEST_F(SimulatedEventsTest, Yields_inside_yields_serve_a_long_queue_on_a_short_stack) {
+  int nested = 0, deepest = 0, count = 0;
+  for (int i = 0; i < 5000; ++i) {
+    events.Post([&] {
+      ++count;
+      deepest = std::max(deepest, ++nested);
+      events.Yield();
+      --nested;
+    });
+  }
+  events.Yield();
+  EXPECT_EQ(count, 5000);
+  EXPECT_EQ(deepest, EventQueue::mostNestedYields);
+}
+
 TEST_F(SimulatedEventsTest, A_timer_fires_only_when_its_period_has_passed) {
   events.StartTimer(100, Note("tick"));
   events.Advance(99);

@@ -71,7 +71,7 @@ std::optional<std::int64_t> SimulatedEvents::NextDue() const {
   return next;
 }
 
-void SimulatedEvents::Yield() {
+void SimulatedEvents::ServePending() {
   ++yields_;
   if (++idleYields_ > mostIdleYields) throw ProgramHung{};
   if (OnYield) OnYield();

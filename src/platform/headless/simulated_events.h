@@ -16,7 +16,6 @@ class SimulatedEvents final : public EventQueue, public Clock {
  public:
   explicit SimulatedEvents(CallLog& log) : log_(log) {}
 
-  void Yield() override;
   // Serves one event when one is due; else the clock goes on to the next timer, but no further than that many
   // milliseconds.
   void Wait(int milliseconds) override;
@@ -49,6 +48,7 @@ class SimulatedEvents final : public EventQueue, public Clock {
   std::function<void()> OnYield;
 
  private:
+  void ServePending() override;
   struct PeriodicTimer {
     std::int64_t period = 0;
     std::int64_t due = 0;

@@ -11,7 +11,7 @@
 
 namespace lumidex {
 
-void QtEventQueue::Yield() {
+void QtEventQueue::ServePending() {
   QCoreApplication::processEvents();
 }
 

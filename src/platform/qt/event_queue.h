@@ -14,7 +14,6 @@ class QtEventQueue final : public EventQueue {
  public:
   QtEventQueue() = default;
 
-  void Yield() override;
   void Wait(int milliseconds) override;
   void RunUntil(const std::function<bool()>& done) override;
   void Stall() override;
@@ -24,6 +23,7 @@ class QtEventQueue final : public EventQueue {
   [[noreturn]] void EndProcess(int exitCode) override;
 
  private:
+  void ServePending() override;
   QObject receiver_;  // lives on the event thread: what Post delivers runs there
   std::map<TimerId, std::unique_ptr<QTimer>> timers_;
   TimerId lastTimer_ = 0;
