@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QTimer>
 
+#include "forms/frmSplash.h"
 #include "platform/qt/artwork.h"
 #include "platform/qt/clipboard.h"
 #include "platform/qt/clock.h"
@@ -80,7 +81,8 @@ void QtDesktop::Attach(const std::vector<Form*>& forms) {
   // The splash is shown before the main window, but the user waits for the picture in that one.
   constexpr int splashMillisecondsLate = 100;
   for (Form* form : forms) {
-    parts_->views.Attach(*form, form->Name() == "frmSplash" ? splashMillisecondsLate : 0);
+    const bool isSplash = dynamic_cast<frmSplashWindow*>(form) != nullptr;
+    parts_->views.Attach(*form, isSplash ? splashMillisecondsLate : 0);
   }
 }
 

@@ -1,5 +1,6 @@
 #include "platform/qt/views/view_factory.h"
 
+#include "forms/frmSystemTray.h"
 #include "platform/qt/views/directory_view.h"
 #include "platform/qt/views/main_view.h"
 #include "platform/qt/views/preferences_view.h"
@@ -23,7 +24,7 @@ bool Try(FormViews& views, Form& form, std::unique_ptr<FormView>& view) {
 
 std::unique_ptr<FormView> MakeView(FormViews& views, Form& form) {
   // It stands for the icon in the notification area, and its menus pop up from there.
-  if (form.Name() == "frmSystemTray") return nullptr;
+  if (dynamic_cast<frmSystemTrayWindow*>(&form)) return nullptr;
   std::unique_ptr<FormView> view;
   Try<MainView, WPaper2Window>(views, form, view) ||
       Try<DirectoryView, SelectPictureDirectoryFormWindow>(views, form, view) ||
