@@ -1,4 +1,5 @@
-// The layers point one way: every #include of the sources is read and compared with what its folder may know.
+// Rules of the house that the sources themselves can be asked about: the layers point one way, and what a
+// routine is given outlives its yields.
 
 #include <gtest/gtest.h>
 
@@ -6,6 +7,7 @@
 #include <fstream>
 #include <map>
 #include <set>
+#include <sstream>
 #include <string>
 
 namespace {
@@ -33,6 +35,10 @@ const std::map<std::string, Folders>& Allowed() {
   }();
   return allowed;
 }
+
+// Those whose routines may yield.
+constexpr const char* yieldingRooms[] = {"core",       "imaging", "lists",   "preferences", "slideshow",
+                                         "thumbnails", "batch",   "reports", "auxiliary",   "windows"};
 
 // "platform/qt" for platform/qt/views/main_view.h, "core" for core/paths.h.
 std::string LayerOf(const std::string& path) {
@@ -64,6 +70,30 @@ TEST(Layers, Every_include_points_down) {
     }
   }
   EXPECT_GT(includes, 500) << "the sources were not found";
+}
+
+// Whoever is given the program that it may change can yield, and in a yield the list or the field that a text
+// stood in may be written anew.
+TEST(Layers, Routines_that_may_yield_take_text_and_pictures_by_value) {
+  constexpr const char* begin = "(App& app,";
+  int routines = 0;
+  for (const char* room : yieldingRooms) {
+    const std::filesystem::path folder = std::filesystem::path("src") / room;
+    if (!std::filesystem::exists(folder)) continue;
+    for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+      std::ostringstream content;
+      content << std::ifstream(entry.path()).rdbuf();
+      const std::string text = content.str();
+      for (auto start = text.find(begin); start != std::string::npos; start = text.find(begin, start + 1)) {
+        const std::string parameters = text.substr(start, text.find(')', start) - start);
+        for (const char* borrowed : {"const std::string&", "std::string_view", "const Picture&"}) {
+          EXPECT_EQ(parameters.find(borrowed), std::string::npos) << entry.path() << ": " << parameters;
+        }
+        ++routines;
+      }
+    }
+  }
+  EXPECT_GT(routines, 20) << "the sources were not found";
 }
 
 }  // namespace

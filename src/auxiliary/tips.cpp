@@ -45,7 +45,7 @@ void StoreShowsTipsAtStartup(App& app, int value) {
   app.platform.settings.SaveSetting(section, key, Number(value));
 }
 
-bool LoadTips(App& app, const std::string& path) {
+bool LoadTips(App& app, std::string path) {
   if (path.empty() || !FileExists(app, path)) return false;
   app.frmTip.Tips = Lines(app.platform.files.ReadAll(path));
   DoNextTip(app);

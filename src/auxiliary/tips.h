@@ -6,7 +6,7 @@
 namespace lumidex {
 
 // Reads the tips, one a line, and picks a first one. False for an empty path or a file that is not there.
-bool LoadTips(App& app, const std::string& path);
+bool LoadTips(App& app, std::string path);
 // Picks a tip at random; the same one can come twice in a row.
 void DoNextTip(App& app);
 // Shows the picked tip; with no tips nothing is changed.

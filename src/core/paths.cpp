@@ -24,7 +24,7 @@ std::string GetAppPath(App& app) {
   return folder;
 }
 
-bool FileExists(App& app, const std::string& path) {
+bool FileExists(const App& app, const std::string& path) {
   if (path.empty()) return false;
   const FileSystem& files = app.platform.files;
   if (const auto facts = files.Look(path); facts && facts->kind == EntryKind::File) return !facts->hidden;

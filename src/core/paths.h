@@ -10,7 +10,7 @@ std::string GetAppPath(App& app);
 
 // True when a lookup of `path` yields a visible file. A name with wildcards exists when it matches anything;
 // a lookup that fails is False, and so is the empty text.
-bool FileExists(App& app, const std::string& path);
+bool FileExists(const App& app, const std::string& path);
 
 // Takes a full path apart; each output stays untouched where it is not told. An empty path changes nothing.
 // `drive` is the first two characters, or empty where paths have no drives; `directory` runs up to and

@@ -5,7 +5,7 @@
 
 namespace lumidex {
 
-void SavePicture(App& app, const Picture& picture, const std::string& path) {
+void SavePicture(App& app, Picture picture, std::string path) {
   if (picture.IsEmpty()) throw RunTimeError(ErrorNumber::InvalidPropertyValue);
   const Pixels pixels = picture.FullPixels();
   app.platform.files.Write(path, [&](ByteSink& sink) { WriteBmp(pixels, sink); });

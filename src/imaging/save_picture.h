@@ -7,6 +7,6 @@ namespace lumidex {
 
 // Writes the picture as a bitmap, whatever it came from. Raises InvalidPropertyValue for the empty picture
 // and what writing raises.
-void SavePicture(App& app, const Picture& picture, const std::string& path);
+void SavePicture(App& app, Picture picture, std::string path);
 
 }  // namespace lumidex

@@ -9,7 +9,7 @@
 
 namespace lumidex {
 
-void ShowFileTypeIcon(App& app, const std::string& extension) {
+void ShowFileTypeIcon(App& app, std::string extension) {
   const std::string wanted = LCase(extension);
   for (const FileTypeRow& row : FileTypeTable) {
     if (wanted != "." + LCase(row.resource)) continue;
@@ -20,7 +20,7 @@ void ShowFileTypeIcon(App& app, const std::string& extension) {
   throw RunTimeError(ErrorNumber::InvalidCall);
 }
 
-void UpdateStatusBar(App& app, const std::string& text, bool withImageInfo) {
+void UpdateStatusBar(App& app, std::string text, bool withImageInfo) {
   const std::string working = ProperCaseName(app, text);
   std::string name = working;
   std::string facts;
@@ -44,7 +44,7 @@ void UpdateStatusBar(App& app, const std::string& text, bool withImageInfo) {
   if (!text.empty()) ShowFileTypeIcon(app, Right(working, 4));
 }
 
-void UpdateStatusBarQuietly(App& app, const std::string& text, bool withImageInfo) {
+void UpdateStatusBarQuietly(App& app, std::string text, bool withImageInfo) {
   IgnoreError([&] { UpdateStatusBar(app, text, withImageInfo); });
 }
 

@@ -8,13 +8,13 @@ namespace lumidex {
 // `text` is a path or any message, shown in proper case. With image information panel 2 names the file and
 // panel 3 tells its size and depth. Raises InvalidCall, with both panels written, when the text ends in no
 // known file type.
-void UpdateStatusBar(App& app, const std::string& text, bool withImageInfo);
+void UpdateStatusBar(App& app, std::string text, bool withImageInfo);
 
 // The same for callers that go on as if the type picture had been left alone.
-void UpdateStatusBarQuietly(App& app, const std::string& text, bool withImageInfo);
+void UpdateStatusBarQuietly(App& app, std::string text, bool withImageInfo);
 
 // Puts the bitmap of a type into panel 2 of the status bar and yields. An ending that is none of the 29, or
 // not of four characters with its point, raises InvalidCall and leaves the panel alone.
-void ShowFileTypeIcon(App& app, const std::string& extension);
+void ShowFileTypeIcon(App& app, std::string extension);
 
 }  // namespace lumidex

@@ -7,7 +7,7 @@
 
 namespace lumidex {
 
-void LoadPictureFile(App& app, const std::string& path) {
+void LoadPictureFile(App& app, std::string path) {
   try {
     const auto request = app.displays.WatchPicture();
     app.checkjpg.Picture1.SetFileName(path);
@@ -38,7 +38,7 @@ void ReadImageInfo(App& app, std::int16_t& width, std::int16_t& height, float& d
   });
 }
 
-void GetImageInfo(App& app, const std::string&, std::int16_t& width, std::int16_t& height, float& depth) {
+void GetImageInfo(App& app, std::string, std::int16_t& width, std::int16_t& height, float& depth) {
   ReadImageInfo(app, width, height, depth);
   app.platform.events.Yield();
 }

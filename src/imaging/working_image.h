@@ -7,14 +7,14 @@ namespace lumidex {
 
 // Loads the file into the working image and gives Image1 its picture; files with ".GIF" anywhere in their
 // path come through the platform's own loader. Errors are dropped.
-void LoadPictureFile(App& app, const std::string& path);
+void LoadPictureFile(App& app, std::string path);
 
 // Gives Image1 the picture that the working image now holds.
 void ShowWorkingPicture(App& app);
 
 // Facts of what the working image holds: size in pixels, bits per pixel. An error leaves the outputs as they
 // were; yields. The path is not used.
-void GetImageInfo(App& app, const std::string& path, std::int16_t& width, std::int16_t& height, float& depth);
+void GetImageInfo(App& app, std::string path, std::int16_t& width, std::int16_t& height, float& depth);
 // The same without the yield.
 void ReadImageInfo(App& app, std::int16_t& width, std::int16_t& height, float& depth);
 

@@ -39,7 +39,7 @@ void ShowProgress(App& app) {
 
 // Goes down into a subdirectory. One that can't be entered, and one behind a symbolic link, is left out
 // alone: its neighbours are still searched.
-void WalkSubdirectory(App& app, int index, std::int16_t DirCount, const std::string& OldPath,
+void WalkSubdirectory(App& app, int index, std::int16_t DirCount, std::string OldPath,
                       bool& AbandonSearch) {
   DirList& directories = app.SelectPictureDirectoryForm.Dir1;
   if (directories.IsLink(index)) return;
@@ -96,7 +96,7 @@ void SearchSubFolders(App& app) {
   files.SetPath(directories.Path());
 }
 
-bool WalkDirectory(App& app, const std::string& NewPath, std::int16_t DirCount, const std::string& BackUp) {
+bool WalkDirectory(App& app, std::string NewPath, std::int16_t DirCount, std::string BackUp) {
   DirList& directories = app.SelectPictureDirectoryForm.Dir1;
   EventQueue& events = app.platform.events;
   ++app.DirectoriesSearched;

@@ -16,6 +16,6 @@ void SearchOneDirectory(App& app);
 
 // Depth first: the subdirectories from the last to the first, then the directory's own files, then back to
 // `BackUp` (empty at the top). True asks the caller to stop. `DirCount` is handed on and never read.
-bool WalkDirectory(App& app, const std::string& NewPath, std::int16_t DirCount, const std::string& BackUp);
+bool WalkDirectory(App& app, std::string NewPath, std::int16_t DirCount, std::string BackUp);
 
 }  // namespace lumidex

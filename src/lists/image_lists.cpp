@@ -30,7 +30,7 @@ void ShowCurrentIndex(App& app) {
   app.WPaper2.CurrentPicture.Caption = Number(app.CurrentIndex);
 }
 
-void SayNotAvailable(App& app, const std::string& path) {
+void SayNotAvailable(App& app, std::string path) {
   app.displays.AskForWords(path);
   UpdateStatusBar(app, ProperFileName(app, path) + " - not available", false);
 }

@@ -44,7 +44,7 @@ void ReadEntries(App& app, DelimitedReader& reader) {
   }
 }
 
-void ReadList(App& app, const std::string& path) {
+void ReadList(App& app, std::string path) {
   DelimitedReader reader(app.platform.files.ReadAll(path));
   if (!Holds(reader.Next(), titleLine)) return;
   std::string item = reader.Next();
@@ -69,7 +69,7 @@ void LoadStandardList(App& app) {
   if (FileExists(app, path)) ReadList(app, path);
 }
 
-void LoadUserList(App& app, const std::string& path) {
+void LoadUserList(App& app, std::string path) {
   ZapDisplayList(app);
   ReadList(app, path);
 }

@@ -13,7 +13,7 @@ void SaveStandardList(App& app);
 // raise InputPastEnd for a file with fewer entries than its header says, with the list as far as it got.
 void LoadStandardList(App& app);
 // Replaces the Display list by the file.
-void LoadUserList(App& app, const std::string& path);
+void LoadUserList(App& app, std::string path);
 
 // Selects and so shows the current entry after a load; raises InvalidCall when the list has no such entry.
 // The count of the last load decides, also when there was none just now.

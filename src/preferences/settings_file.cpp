@@ -48,7 +48,7 @@ std::int16_t ValueOf(const std::string& item) {
 
 // The tests are searches anywhere in the item, and one item may pass several: the key of type 1 is found in
 // the lines of 10 to 19 too.
-void ApplyItem(App& app, const std::string& item) {
+void ApplyItem(App& app, std::string item) {
   frmPreferencesWindow& form = app.frmPreferences;
   const auto holds = [&](const std::string& key) { return InStr(item, key) > 0; };
   if (holds("PrvStretch")) form.chkStretch.Value = ToInt16(Val(Trim(Right(item, 1))));

@@ -80,7 +80,7 @@ void Form_Load(App& app) {
 }
 
 // The shell hands the path over in double quotes: the first and the last character go, whatever they are.
-void TakeInCommandLine(App& app, const std::string& commandLine) {
+void TakeInCommandLine(App& app, std::string commandLine) {
   app.CommandLineMode = true;
   WPaper2Window& window = app.WPaper2;
   window.LstRight.AddItem(Mid(commandLine, 2, Len(commandLine) - 2));
@@ -126,7 +126,7 @@ void InvertShown(MenuItem& item, Control& control) {
   control.Visible = !control.Visible;
 }
 
-void Toolbar1_ButtonClick(App& app, const std::string& key) {
+void Toolbar1_ButtonClick(App& app, std::string key) {
   WPaper2Window& window = app.WPaper2;
   if (key == "Directory") StartDirectorySearch(app);
   if (key == "Load") window.mnuFileLoad.Click();
