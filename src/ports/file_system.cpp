@@ -2,7 +2,7 @@
 
 #include <span>
 
-#include "base/run_time_error.h"
+#include "base/text.h"
 
 namespace lumidex {
 
@@ -16,6 +16,23 @@ std::string FileSystem::ReadAll(const std::string& path) const {
 
 void FileSystem::WriteAll(const std::string& path, std::string_view content) {
   Write(path, [content](ByteSink& sink) { sink.WriteText(content); });
+}
+
+std::string FileSystem::WithMark(const std::string& path, const std::string& mark) const {
+  const auto nameStart = path.rfind(Separator()) + 1;  // npos + 1 is 0
+  const auto point = path.rfind('.');
+  const bool hasExtension = point != std::string::npos && point > nameStart;
+  return hasExtension ? path.substr(0, point) + mark + path.substr(point) : path + mark;
+}
+
+std::string FileSystem::FreePath(const std::string& path) const {
+  std::string free = path;
+  for (int number = 2; Look(free); ++number) free = WithMark(path, Number(number));
+  return free;
+}
+
+std::string FileSystem::AsidePath(const std::string& path) const {
+  return FreePath(WithMark(path, ".Old"));
 }
 
 }  // namespace lumidex

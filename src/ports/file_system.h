@@ -10,6 +10,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/run_time_error.h"
 #include "pictures/byte_sink.h"
 #include "pictures/picture_data.h"
 
@@ -34,6 +35,17 @@ struct FileFacts {
   std::int64_t modified = 0;  // seconds since 1970, local conversions are the caller's
   bool hidden = false;        // hidden or system
   std::uint64_t stamp = 0;    // changes with the file and its content; 0 when that can't be told
+};
+
+// A file could not be written after what it held had stepped aside.
+class OldContentKept : public RunTimeError {
+ public:
+  OldContentKept(ErrorNumber number, std::string path) : RunTimeError(number), path_(std::move(path)) {}
+  // Where it stands now.
+  const std::string& Path() const { return path_; }
+
+ private:
+  std::string path_;
 };
 
 class FileSystem {
@@ -67,11 +79,20 @@ class FileSystem {
   // `produce` raises keeps the old content too.
   using Produce = std::function<void(ByteSink& sink)>;
   virtual void Write(const std::string& path, const Produce& produce) = 0;
-  // The same without keeping anything: what the file held is gone the moment it is opened, and after DiskFull
-  // it is empty, so that others have the room.
+  // The same for a file that is gone the moment it is opened. What it held steps aside first, by a rename to
+  // AsidePath, and goes when the new content is complete. Where writing fails after that the file stays
+  // empty, so that others have the room, and OldContentKept is raised with the number of the failure.
   virtual void WriteOver(const std::string& path, std::string_view content) = 0;
   virtual void Remove(const std::string& path) = 0;
   virtual void MakeDirectory(const std::string& path) = 0;
+
+  // `path`, or where that is taken the first of "Name2.ext", "Name3.ext" and so on that is not.
+  std::string FreePath(const std::string& path) const;
+  // A free path "Name.Old.ext" beside "Name.ext".
+  std::string AsidePath(const std::string& path) const;
+
+ private:
+  std::string WithMark(const std::string& path, const std::string& mark) const;
 };
 
 }  // namespace lumidex

@@ -130,13 +130,42 @@ TEST_F(Files, A_full_disk_refuses_and_keeps_the_old_content) {
   drives.WriteAll("C:\\b", "1234567");
 }
 
-TEST_F(Files, Writing_over_a_file_leaves_it_empty_when_the_disk_is_full) {
+TEST_F(Files, On_a_full_disk_a_file_written_over_is_empty_and_what_it_held_stands_beside_it) {
+  drives.AddFile("C:\\a.lst", "old!");
+  drives.SetFreeBytes(3);
+  EXPECT_EQ(NumberRaisedBy([&] { drives.WriteOver("C:\\a.lst", "1234"); }), 61);
+  EXPECT_EQ(drives.ReadAll("C:\\a.lst"), "");
+  EXPECT_EQ(drives.ReadAll("C:\\a.Old.lst"), "old!");
+  drives.WriteOver("C:\\a.lst", "123");
+  EXPECT_EQ(drives.ReadAll("C:\\a.lst"), "123");
+}
+
+TEST_F(Files, Writing_over_a_file_leaves_nothing_of_the_old_behind) {
   drives.AddFile("C:\\a", "old!");
   drives.SetFreeBytes(3);
-  EXPECT_EQ(NumberRaisedBy([&] { drives.WriteOver("C:\\a", "12345678"); }), 61);
-  EXPECT_EQ(drives.ReadAll("C:\\a"), "");
-  drives.WriteOver("C:\\a", "1234567");
-  EXPECT_EQ(drives.ReadAll("C:\\a"), "1234567");
+  drives.WriteOver("C:\\a", "new");
+  EXPECT_EQ(drives.ReadAll("C:\\a"), "new");
+  EXPECT_FALSE(drives.Look("C:\\a.Old"));
+  drives.WriteOver("C:\\a", "four");
+  EXPECT_EQ(drives.ReadAll("C:\\a"), "four");
+}
+
+TEST_F(Files, A_file_that_can_not_step_aside_is_not_opened) {
+  drives.AddFile("C:\\Pics\\a", "old");
+  drives.SetReadOnly("C:\\Pics", true);
+  EXPECT_EQ(NumberRaisedBy([&] { drives.WriteOver("C:\\Pics\\a", "new"); }), 75);
+  EXPECT_EQ(drives.ReadAll("C:\\Pics\\a"), "old");
+}
+
+TEST_F(Files, A_free_path_is_the_first_number_that_is_not_taken) {
+  EXPECT_EQ(drives.FreePath("C:\\Recovered.LST"), "C:\\Recovered.LST");
+  drives.AddFile("C:\\Recovered.LST", "");
+  EXPECT_EQ(drives.FreePath("C:\\Recovered.LST"), "C:\\Recovered2.LST");
+  drives.AddFile("C:\\Recovered2.LST", "");
+  EXPECT_EQ(drives.FreePath("C:\\Recovered.LST"), "C:\\Recovered3.LST");
+  drives.AddFile("C:\\a.dir\\plain", "");
+  EXPECT_EQ(drives.FreePath("C:\\a.dir\\plain"), "C:\\a.dir\\plain2");
+  EXPECT_EQ(drives.AsidePath("C:\\a.dir\\x.cfg"), "C:\\a.dir\\x.Old.cfg");
 }
 
 TEST_F(Files, A_writer_that_fails_half_way_keeps_the_old_content) {

@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 
 #include <csignal>
@@ -11,6 +12,24 @@
 #include "number_raised.h"
 #include "platform/posix/mounts.h"
 #include "posix/temporary_folder.h"
+
+namespace {
+
+// The folders that were brought to the disk, in their order.
+std::vector<std::string> syncedFolders;
+
+}  // namespace
+
+// Stands before the system's own.
+extern "C" int fsync(int descriptor) {
+  struct stat status {};
+  char path[4096];
+  const std::string link = "/proc/self/fd/" + std::to_string(descriptor);
+  const ssize_t length = readlink(link.c_str(), path, sizeof path);
+  const bool isFolder = fstat(descriptor, &status) == 0 && S_ISDIR(status.st_mode);
+  if (isFolder && length > 0) syncedFolders.emplace_back(path, static_cast<std::size_t>(length));
+  return static_cast<int>(syscall(SYS_fsync, descriptor));
+}
 
 namespace lumidex {
 namespace {
@@ -198,14 +217,67 @@ TEST_F(PosixFiles, A_full_disk_is_told_and_keeps_the_old_content) {
   EXPECT_EQ(files.ReadDirectory(folder.Path()).size(), 1U);
 }
 
-TEST_F(PosixFiles, Writing_over_a_file_loses_its_content_at_once_and_leaves_it_empty_on_a_full_disk) {
-  Put(folder / "a", "old");
-  files.WriteOver(folder / "a", "new");
-  EXPECT_EQ(Get(folder / "a"), "new");
+TEST_F(PosixFiles, Writing_over_a_file_leaves_nothing_of_the_old_behind) {
+  Put(folder / "a.lst", "old");
+  chmod((folder / "a.lst").c_str(), 0640);
+  files.WriteOver(folder / "a.lst", "new");
+  EXPECT_EQ(Get(folder / "a.lst"), "new");
+  EXPECT_EQ(files.ReadDirectory(folder.Path()).size(), 1U);
+  struct stat status {};
+  ASSERT_EQ(stat((folder / "a.lst").c_str(), &status), 0);
+  EXPECT_EQ(status.st_mode & 0777, 0640U);
+}
+
+TEST_F(PosixFiles, On_a_full_disk_a_file_written_over_is_empty_and_what_it_held_stands_beside_it) {
+  Put(folder / "a.lst", "old");
+  Put(folder / "a.Old.lst", "older");
+  const SmallFilesOnly limit;
+  try {
+    files.WriteOver(folder / "a.lst", std::string(5000, 'x'));
+    ADD_FAILURE() << "nothing was raised";
+  } catch (const OldContentKept& error) {
+    EXPECT_EQ(error.Number(), ErrorNumber::DiskFull);
+    EXPECT_EQ(error.Path(), folder / "a.Old2.lst");
+  }
+  EXPECT_EQ(Get(folder / "a.lst"), "");
+  EXPECT_EQ(Get(folder / "a.Old.lst"), "older");
+  EXPECT_EQ(Get(folder / "a.Old2.lst"), "old");
+}
+
+TEST_F(PosixFiles, An_empty_file_written_over_leaves_nothing_beside_it) {
+  Put(folder / "a", "");
   const SmallFilesOnly limit;
   EXPECT_EQ(NumberRaisedBy([&] { files.WriteOver(folder / "a", std::string(5000, 'x')); }), 61);
-  EXPECT_EQ(Get(folder / "a"), "");
   EXPECT_EQ(files.ReadDirectory(folder.Path()).size(), 1U);
+}
+
+TEST_F(PosixFiles, Writing_over_a_link_keeps_the_link) {
+  Put(folder / "real", "old");
+  ASSERT_EQ(symlink("real", (folder / "link").c_str()), 0);
+  files.WriteOver(folder / "link", "new");
+  EXPECT_EQ(Get(folder / "real"), "new");
+  struct stat status {};
+  ASSERT_EQ(lstat((folder / "link").c_str(), &status), 0);
+  EXPECT_TRUE(S_ISLNK(status.st_mode));
+}
+
+TEST_F(PosixFiles, A_name_given_is_safe_on_the_disk_with_its_folder) {
+  syncedFolders.clear();
+  files.WriteAll(folder / "a", "x");
+  EXPECT_THAT(syncedFolders, testing::ElementsAre(folder.Path()));
+  syncedFolders.clear();
+  files.WriteOver(folder / "a", "y");
+  // The old file's new name, and the new file, before the old one goes.
+  EXPECT_THAT(syncedFolders, testing::ElementsAre(folder.Path(), folder.Path()));
+}
+
+TEST_F(PosixFiles, A_file_that_can_not_step_aside_is_not_opened) {
+  if (geteuid() == 0) GTEST_SKIP() << "the superuser may write everywhere";
+  Put(folder / "a", "old");
+  chmod(folder.Path().c_str(), 0555);
+  EXPECT_EQ(NumberRaisedBy([&] { files.WriteOver(folder / "a", "new"); }), 75);
+  chmod(folder.Path().c_str(), 0755);
+  EXPECT_EQ(Get(folder / "a"), "old");
 }
 
 TEST_F(PosixFiles, Writing_over_what_may_not_be_written_raises_its_number) {

@@ -227,6 +227,27 @@ void MemoryFileSystem::Write(const std::string& path, const Produce& produce) {
 }
 
 void MemoryFileSystem::WriteOver(const std::string& path, std::string_view content) {
+  const PathParts parts = Parts(path);
+  const NodePointer directory = ParentForChange(parts);
+  const NodePointer file = Find(parts, true);
+  if (!file || file->kind != EntryKind::File || file->content->empty()) return WriteOrEmpty(path, content);
+  if (file->readOnly || file->locked) throw RunTimeError(ErrorNumber::PermissionDenied);
+  if (directory->readOnly) throw RunTimeError(ErrorNumber::PathFileAccess);
+  const std::string aside = AsidePath(path);
+  log_.Add("Rename " + path + " " + aside);
+  directory->children.erase(Key(file->name));
+  file->name = Parts(aside).names.back();
+  directory->children[Key(file->name)] = file;
+  Touch(*directory);
+  try {
+    WriteOrEmpty(path, content);
+  } catch (const RunTimeError& error) {
+    throw OldContentKept(error.Number(), aside);
+  }
+  Remove(aside);
+}
+
+void MemoryFileSystem::WriteOrEmpty(const std::string& path, std::string_view content) {
   try {
     WriteAll(path, content);
   } catch (const RunTimeError& error) {

@@ -74,6 +74,7 @@ class MemoryFileSystem final : public FileSystem {
   NodePointer Put(const std::string& path, EntryKind kind);
   // The directory above, for something that is to be made or removed.
   NodePointer ParentForChange(const PathParts& parts) const;
+  void WriteOrEmpty(const std::string& path, std::string_view content);
   EntryKind KindSeen(const PathParts& parts, const Node& node) const;
   // A name as it is compared with others.
   std::string Key(const std::string& name) const;

@@ -199,7 +199,8 @@ void PosixFileSystem::Write(const std::string& path, const Produce& produce) {
 }
 
 void PosixFileSystem::WriteOver(const std::string& path, std::string_view content) {
-  OverwriteFile(path, content);
+  if (HoldsZeroByte(path)) throw RunTimeError(ErrorNumber::PathNotFound);
+  OverwriteFile(path, content, [this](const std::string& target) { return AsidePath(target); });
 }
 
 void PosixFileSystem::Remove(const std::string& path) {

@@ -9,6 +9,7 @@
 #include <cstdlib>
 
 #include "platform/posix/posix_errors.h"
+#include "ports/file_system.h"
 
 namespace lumidex {
 namespace {
@@ -62,9 +63,11 @@ std::string BehindLinks(const std::string& path) {
 
 using Produce = std::function<void(ByteSink&)>;
 
-void WriteInPlace(const std::string& path, const Produce& produce) {
-  Descriptor file(open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NONBLOCK, 0666));
-  if (!file.IsOpen()) RaiseSystemError(errno, path);
+Descriptor OpenInPlace(const std::string& path) {
+  return Descriptor(open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NONBLOCK, 0666));
+}
+
+void WriteThrough(Descriptor& file, const std::string& path, const Produce& produce) {
   FileSink sink(file, path);
   try {
     produce(sink);
@@ -75,6 +78,20 @@ void WriteInPlace(const std::string& path, const Produce& produce) {
     throw;
   }
   if (file.Close() != 0) RaiseSystemError(errno, path);
+}
+
+void WriteInPlace(const std::string& path, const Produce& produce) {
+  Descriptor file = OpenInPlace(path);
+  if (!file.IsOpen()) RaiseSystemError(errno, path);
+  WriteThrough(file, path, produce);
+}
+
+// A name is safe on the disk only when its folder is. A file system that can't do that has told all it can.
+void SyncFolderOf(const std::string& path) {
+  const auto slash = path.rfind('/');
+  const std::string folder = slash == std::string::npos ? "." : path.substr(0, slash + 1);
+  const Descriptor descriptor(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  if (descriptor.IsOpen()) static_cast<void>(fsync(descriptor.Number()));
 }
 
 mode_t NewFileMode() {
@@ -103,6 +120,7 @@ class TemporaryFile {
     if (file_.Close() != 0) return errno;
     if (rename(path_.c_str(), target.c_str()) != 0) return errno;
     named_ = true;
+    SyncFolderOf(target);
     return 0;
   }
 
@@ -124,11 +142,31 @@ bool LookAtTarget(const std::string& target, struct stat& facts) {
 
 }  // namespace
 
-void OverwriteFile(const std::string& path, std::string_view content) {
+void OverwriteFile(const std::string& path, std::string_view content,
+                   const std::function<std::string(const std::string&)>& aside) {
+  const Produce produce = [content](ByteSink& sink) { sink.WriteText(content); };
   const std::string target = BehindLinks(path);
   struct stat before {};
-  LookAtTarget(target, before);
-  WriteInPlace(target, [content](ByteSink& sink) { sink.WriteText(content); });
+  const bool exists = LookAtTarget(target, before);
+  if (!exists || !S_ISREG(before.st_mode) || before.st_size == 0) return WriteInPlace(target, produce);
+
+  const std::string kept = aside(target);
+  if (rename(target.c_str(), kept.c_str()) != 0) RaiseSystemError(errno, path);
+  SyncFolderOf(target);
+  Descriptor file = OpenInPlace(target);
+  const int openError = errno;
+  // What was not opened is not gone either.
+  if (!file.IsOpen() && rename(kept.c_str(), target.c_str()) == 0) RaiseSystemError(openError, path);
+  try {
+    if (!file.IsOpen()) RaiseSystemError(openError, path);
+    // A file system without modes is no reason to give up.
+    static_cast<void>(fchmod(file.Number(), before.st_mode & 07777) == 0);
+    WriteThrough(file, path, produce);
+  } catch (const RunTimeError& error) {
+    throw OldContentKept(error.Number(), kept);
+  }
+  SyncFolderOf(target);
+  unlink(kept.c_str());
 }
 
 void WriteFile(const std::string& path, const Produce& produce) {

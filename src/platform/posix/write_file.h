@@ -1,5 +1,5 @@
 #pragma once
-// Writing a whole file so that it never stands half written.
+// Writing a whole file so that it never stands half written and nothing is lost on the way.
 
 #include <functional>
 #include <string>
@@ -12,12 +12,13 @@ namespace lumidex {
 // Replaces the content of the file with what `produce` gives the sink, or makes it, by a temporary file
 // beside it that takes its name at the end; the mode stays as it was, and a symbolic link stays one. Raises
 // PathNotFound, PathFileAccess, PermissionDenied or DiskFull, and what `produce` raises; keeps the old
-// content then. Where no file can be made beside it, or it is a device, it is written in place as by
-// OverwriteFile.
+// content then. Where no file can be made beside it, or it is a device, it is written in place.
 void WriteFile(const std::string& path, const std::function<void(ByteSink&)>& produce);
 
-// Writes the file in place: what it held is gone when it is opened, and it stays empty when the content does
-// not fit. Raises as WriteFile does.
-void OverwriteFile(const std::string& path, std::string_view content);
+// Writes the file anew after what it held has taken the name that `aside` gives for it, and removes that at
+// the end. Raises as WriteFile does; where that happens after the file has stepped aside, OldContentKept, and
+// the file is empty then. A device is written in place.
+void OverwriteFile(const std::string& path, std::string_view content,
+                   const std::function<std::string(const std::string& path)>& aside);
 
 }  // namespace lumidex
