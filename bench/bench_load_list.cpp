@@ -26,7 +26,8 @@ int main() {
   text += "*** End of List ***\r\n";
   headless.files.AddFile("C:\\Lists\\long.lst", text);
   const auto start = std::chrono::steady_clock::now();
-  LoadUserList(app, "C:\\Lists\\long.lst");
+  ListLoad load(app);
+  LoadUserList(app, load, "C:\\Lists\\long.lst");
   const std::chrono::duration<double, std::milli> taken = std::chrono::steady_clock::now() - start;
   std::printf("%d entries in %.1f ms, %.2f of the limit of %.0f ms\n", app.WPaper2.LstRight.ListCount(),
               taken.count(), taken.count() / limit, limit);

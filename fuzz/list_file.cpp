@@ -21,6 +21,11 @@ struct Program {
     app.AppPath = "/opt/lumidex/";
     platform.files.AddFile("/opt/lumidex/Lumidex.Lst", list);
   }
+  void Load() {
+    ListLoad load(app);
+    LoadStandardList(app, load);
+    load.Stands();
+  }
   HeadlessPlatform platform{'/'};
   App app{platform.ports};
 };
@@ -29,10 +34,10 @@ struct Program {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   Program first(std::string(data, data + size));
-  IgnoreError([&] { LoadStandardList(first.app); });
+  IgnoreError([&] { first.Load(); });
   const ListBox& list = first.app.WPaper2.LstRight;
   Program second(ListFileText(first.app));
-  LoadStandardList(second.app);
+  second.Load();
   const ListBox& again = second.app.WPaper2.LstRight;
   if (again.ListCount() != list.ListCount()) std::abort();
   for (int position = 0; position < list.ListCount(); ++position) {

@@ -16,6 +16,8 @@ std::string ErrorText(ErrorNumber number) {
       return "Division by zero";
     case ErrorNumber::TypeMismatch:
       return "Type mismatch";
+    case ErrorNumber::InternalError:
+      return "Internal error";
     case ErrorNumber::FileNotFound:
       return "File not found";
     case ErrorNumber::FileAlreadyOpen:

@@ -14,6 +14,7 @@ enum class ErrorNumber : int {
   Subscript = 9,
   DivisionByZero = 11,
   TypeMismatch = 13,
+  InternalError = 51,
   FileNotFound = 53,
   FileAlreadyOpen = 55,
   DeviceIo = 57,

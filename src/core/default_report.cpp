@@ -10,13 +10,21 @@
 namespace lumidex {
 namespace {
 
+// A load that has failed leaves a part, or a list that nobody can go on with: what was there before is
+// wanted.
+std::string TextToKeep(const App& app) {
+  if (app.listLoading.before) return *app.listLoading.before;
+  return app.WPaper2.LstRight.ListCount() == 0 ? std::string() : ListFileText(app);
+}
+
 // The program ends here and the user's list would go with it. The standard list is left alone: what it holds
 // may be what the user wants back.
 std::string KeepDisplayList(App& app) {
-  if (app.WPaper2.LstRight.ListCount() == 0) return {};
-  const std::string path = app.AppPath + "Recovered.LST";
+  const std::string text = TextToKeep(app);
+  if (text.empty()) return {};
+  const std::string path = app.platform.files.FreePath(app.AppPath + "Recovered.LST");
   try {
-    app.platform.files.WriteAll(path, ListFileText(app));
+    app.platform.files.WriteAll(path, text);
     return "\n\nThe Display List was kept in " + path + ".";
   } catch (const RunTimeError& error) {
     return "\n\nThe Display List could not be kept in " + path + ": " + ErrorText(error.Number()) + ".";
@@ -25,12 +33,24 @@ std::string KeepDisplayList(App& app) {
   }
 }
 
-void Report(App& app, ErrorNumber number) {
+std::string NameOldContent(const std::string& path) {
+  return path.empty() ? std::string() : "\n\nWhat the file held before was kept in " + path + ".";
+}
+
+// `more` follows the text of the number.
+void Report(App& app, ErrorNumber number, std::string more = {}, std::string keptPath = {}) {
+  // The window is drawn on behind the message, and what is wrong there is wrong again.
+  if (app.reporting) return;
+  app.reporting = true;
   Message message;
-  message.text = "Run-time error '" + Number(static_cast<int>(number)) + "':\n\n" + ErrorText(number) +
-                 KeepDisplayList(app);
+  message.text = "Run-time error '" + Number(static_cast<int>(number)) + "':\n\n" + ErrorText(number) + more +
+                 NameOldContent(keptPath) + KeepDisplayList(app);
   message.icon = MessageIcon::Critical;
-  app.platform.dialogs.MsgBox(message);
+  try {
+    app.platform.dialogs.MsgBox(message);
+  } catch (const std::exception&) {
+    // There is no memory left to say so; the list is kept already.
+  }
   app.platform.events.EndProcess(1);
 }
 
@@ -39,10 +59,14 @@ void Report(App& app, ErrorNumber number) {
 void RunEvent(App& app, const std::function<void()>& event) {
   try {
     event();
+  } catch (const OldContentKept& error) {
+    Report(app, error.Number(), "", error.Path());
   } catch (const RunTimeError& error) {
     Report(app, error.Number());
   } catch (const std::bad_alloc&) {
     Report(app, ErrorNumber::OutOfMemory);
+  } catch (const std::exception& error) {
+    Report(app, ErrorNumber::InternalError, std::string(": ") + error.what());
   }
 }
 

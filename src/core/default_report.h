@@ -7,7 +7,8 @@
 
 namespace lumidex {
 
-// Runs one event; an error that comes out of it is shown and ends the process with exit code 1.
+// Runs one event; whatever exception comes out of it is shown and ends the process with exit code 1. Further
+// ones behind the message are dropped.
 void RunEvent(App& app, const std::function<void()>& event);
 
 }  // namespace lumidex

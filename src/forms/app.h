@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "forms/display_requests.h"
+#include "forms/list_loading.h"
 #include "ports/platform.h"
 
 namespace lumidex {
@@ -115,6 +116,15 @@ struct App : GlobalRecord {
   bool exiting = false;
   // What has been asked of the picture area.
   DisplayRequests displays;
+  // The default report is on the screen, and the program ends with it.
+  bool reporting = false;
+  ListLoading listLoading;
+  // Directory searches so far: one that sees the number grow in its yields has been overtaken by another.
+  std::uint64_t searchesBegun = 0;
+  // Entries go over to the Display list, or out of it, and are counted behind the picture that comes up with
+  // that: pressed again in its yields, the same command would take them twice.
+  bool addingEntries = false;
+  bool removingEntry = false;
 };
 
 }  // namespace lumidex

@@ -20,6 +20,31 @@ void RaiseCount(App& app, int by) {
   count.Caption = Number(Val(count.Caption.Get()) + by);
 }
 
+// Whether the lists are still those of the beginning, with what came and went since. In the yields of a
+// picture the Display list may be emptied or another loaded, and a search fills the Selection list anew.
+class SameLists {
+ public:
+  explicit SameLists(const App& app)
+      : app_(app), loads_(app.listLoading.begun), searches_(app.searchesBegun) {}
+  bool DisplayStands() const { return app_.listLoading.begun == loads_; }
+  bool SelectionStands() const { return app_.searchesBegun == searches_; }
+
+ private:
+  const App& app_;
+  std::uint64_t loads_, searches_;
+};
+
+class Flagged {
+ public:
+  explicit Flagged(bool& flag) : flag_(flag) { flag_ = true; }
+  ~Flagged() { flag_ = false; }
+  Flagged(const Flagged&) = delete;
+  Flagged& operator=(const Flagged&) = delete;
+
+ private:
+  bool& flag_;
+};
+
 // The position alone: the flag would say the same again. After a command that ran in the yields of the click
 // it would take back what that one selected, or ask for an entry that it removed.
 void SelectDisplayEntry(App& app, std::int32_t position) {
@@ -51,6 +76,16 @@ void ShowFile(App& app, std::string path) {
   }
 }
 
+bool HasNeighbours(const App& app) {
+  return app.WPaper2.LstRight.ListCount() > 0 && !app.listLoading.isPart;
+}
+
+// A list file may tell a current entry behind its last one, and while an entry is being removed the counter
+// is one ahead of the list.
+bool IsBeyondList(const App& app) {
+  return app.CurrentIndex > app.WPaper2.LstRight.ListCount();
+}
+
 void SetListExtent(App& app, ListBox& list) {
   constexpr unsigned setHorizontalExtent = 1045;
   constexpr std::uintptr_t margin = 72;
@@ -67,15 +102,15 @@ void SetListExtent(App& app, ListBox& list) {
   });
 }
 
-// Moves the selected entry: inserts its text anew at `insertAt`, removes it at `removeAt`, selects `select`;
-// all relative to where it stood.
-void MoveDisplayEntry(App& app, int insertAt, int removeAt, int select) {
+// Moves the selected entry along by that many places. It is taken out before it is put in again: a full list
+// has no room for it twice.
+void MoveDisplayEntry(App& app, int by) {
   ListBox& list = app.WPaper2.LstRight;
   const int position = list.ListIndex();
   const std::string text = list.Text();
-  IgnoreError([&] { list.AddItem(text, position + insertAt); });
-  IgnoreError([&] { list.RemoveItem(position + removeAt); });
-  IgnoreError([&] { list.SetSelected(position + select, true); });
+  IgnoreError([&] { list.RemoveItem(position); });
+  IgnoreError([&] { list.AddItem(text, position + by); });
+  IgnoreError([&] { list.SetSelected(position + by, true); });
   IgnoreError([&] { SetDisplayListExtent(app); });
   IgnoreError([&] { app.platform.events.Yield(); });
 }
@@ -86,7 +121,8 @@ void ShowSelectedEntry(App& app) {
     const std::string path = app.WPaper2.LstRight.Text();
     if (FileExists(app, path)) {
       ShowDisplayEntry(app, path);
-      ShowCurrentIndex(app);
+      // Emptied in these yields, the list has no entry in use.
+      if (app.CurrentIndex > 0) ShowCurrentIndex(app);
     } else {
       SayNotAvailable(app, path);
     }
@@ -133,33 +169,37 @@ void AddOneToDisplayList(App& app) {
   ListBox& selection = app.WPaper2.LstLeft;
   ListBox& display = app.WPaper2.LstRight;
   const int position = selection.ListIndex();
-  if (position < 0) return;
+  if (position < 0 || app.addingEntries || display.ListCount() >= ListBox::Capacity) return;
+  const SameLists lists(app);
   display.AddItem(selection.Text());
-  // Taken away before the picture comes up: pressed again in those yields, Add One would add the entry twice
-  // and take its neighbour away.
-  selection.RemoveItem(position);
-  SelectDisplayEntry(app, display.ListCount() - 1);
-  // The list may have been emptied, or another one loaded, in the same yields.
-  if (Val(app.WPaper2.lblCount.Caption.Get()) < display.ListCount()) RaiseCount(app, 1);
-  // Back to the first entry after every add, however long the list is.
-  if (display.ListCount() > 0) SelectDisplayEntry(app, 0);
+  {
+    const Flagged adding(app.addingEntries);
+    SelectDisplayEntry(app, display.ListCount() - 1);
+  }
+  if (lists.SelectionStands()) selection.RemoveItem(position);
+  if (lists.DisplayStands()) {
+    RaiseCount(app, 1);
+    // Back to the first entry after every add, however long the list is.
+    SelectDisplayEntry(app, 0);
+  }
   UpdateEnableState(app);
   SetDisplayListExtent(app);
 }
 
 void AddAllToDisplayList(App& app) {
   ListBox& selection = app.WPaper2.LstLeft;
-  if (selection.ListCount() == 0) return;
+  if (selection.ListCount() == 0 || app.addingEntries) return;
   IgnoreError([&] {
+    const Flagged adding(app.addingEntries);
+    const SameLists lists(app);
     const int count = selection.ListCount();
     for (int position = 0; position < count; ++position) {
       app.WPaper2.LstRight.AddItem(selection.List(position));
       RaiseCount(app, 1);
     }
-    // Emptied before the picture comes up: pressed again in those yields, Add All would add everything twice.
-    selection.Clear();
     SelectDisplayEntry(app, 0);
     SetDisplayListExtent(app);
+    if (lists.SelectionStands()) selection.Clear();
   });
   UpdateEnableState(app);
 }
@@ -167,23 +207,33 @@ void AddAllToDisplayList(App& app) {
 void RemoveOneFromDisplayList(App& app) {
   ListBox& display = app.WPaper2.LstRight;
   const int position = display.ListIndex();
-  if (position < 0) return;
+  if (position < 0 || app.removingEntry) return;
   if (display.ListCount() == 1) {
     ZapDisplayList(app);
   } else {
+    const SameLists lists(app);
     display.RemoveItem(position);
-    // Counted before the picture comes up: in those yields the list may be emptied, and its count with it.
-    RaiseCount(app, -1);
-    SelectDisplayEntry(app, position == 0 ? 0 : position - 1);
-    display.SetFocus();
-    app.platform.events.Yield();
-    SetDisplayListExtent(app);
+    {
+      const Flagged removing(app.removingEntry);
+      SelectDisplayEntry(app, position == 0 ? 0 : position - 1);
+    }
+    if (lists.DisplayStands()) {
+      display.SetFocus();
+      RaiseCount(app, -1);
+      app.platform.events.Yield();
+      SetDisplayListExtent(app);
+    }
   }
   app.platform.events.Yield();
   UpdateEnableState(app);
 }
 
 void ZapDisplayList(App& app) {
+  app.listLoading.GiveUp();
+  EmptyDisplayList(app);
+}
+
+void EmptyDisplayList(App& app) {
   WPaper2Window& window = app.WPaper2;
   app.displays.AskForPicture("");
   app.displays.AskForWords("");
@@ -207,23 +257,26 @@ void ZapDisplayList(App& app) {
 void MoveDisplayEntryDown(App& app) {
   const ListBox& list = app.WPaper2.LstRight;
   if (list.ListIndex() < 0 || list.ListIndex() == list.ListCount() - 1) return;
-  MoveDisplayEntry(app, 2, 0, 1);
+  MoveDisplayEntry(app, 1);
 }
 
 void MoveDisplayEntryUp(App& app) {
   if (app.WPaper2.LstRight.ListIndex() <= 0) return;
-  MoveDisplayEntry(app, -1, 1, -1);
+  MoveDisplayEntry(app, -1);
 }
 
 void NextImage(App& app) {
+  if (!HasNeighbours(app)) return;
   app.CurrentIndex = ToInt32(std::int64_t{app.CurrentIndex} + 1);
-  if (Val(app.WPaper2.lblCount.Caption.Get()) < app.CurrentIndex) app.CurrentIndex = 1;
+  if (Val(app.WPaper2.lblCount.Caption.Get()) < app.CurrentIndex || IsBeyondList(app)) app.CurrentIndex = 1;
   SelectDisplayEntry(app, app.CurrentIndex - 1);
 }
 
 void PreviousImage(App& app) {
+  if (!HasNeighbours(app)) return;
   app.CurrentIndex = ToInt32(std::int64_t{app.CurrentIndex} - 1);
   if (app.CurrentIndex < 1) app.CurrentIndex = ToInt32(Val(app.WPaper2.lblCount.Caption.Get()));
+  if (IsBeyondList(app)) app.CurrentIndex = app.WPaper2.LstRight.ListCount();
   SelectDisplayEntry(app, app.CurrentIndex - 1);
 }
 

@@ -6,20 +6,24 @@
 
 namespace lumidex {
 
-// The move from the Selection list to the Display list; each ends with the first entry current.
+// The move from the Selection list to the Display list; each ends with the first entry current. A full
+// Display list takes nothing, and the Selection list keeps what was not taken.
 void AddOneToDisplayList(App& app);
 void AddAllToDisplayList(App& app);
 
 // Drops the selected entry and selects the one before it.
 void RemoveOneFromDisplayList(App& app);
-// Empties the Display list and stops a running slide show.
+// Empties the Display list and stops a running slide show; a list that is being loaded gives way.
 void ZapDisplayList(App& app);
+// The same for the load itself, which goes on.
+void EmptyDisplayList(App& app);
 
-// Errors are ignored statement by statement.
+// Errors are ignored statement by statement; a full list has room for its own entries.
 void MoveDisplayEntryUp(App& app);
 void MoveDisplayEntryDown(App& app);
 
-// The neighbours of the current entry, around the ends.
+// The neighbours of the current entry, around the ends. Without an entry, and in a list that is being read,
+// they do nothing.
 void NextImage(App& app);
 void PreviousImage(App& app);
 

@@ -1,7 +1,6 @@
 // The main window's items that save and load lists.
 
 #include "base/run_time_error.h"
-#include "core/list_text.h"
 #include "core/paths.h"
 #include "forms/WPaper2.h"
 #include "lists/image_lists.h"
@@ -23,15 +22,21 @@ void PrepareDialog(CommonDialog& dialog, const char* title, const char* fileName
   dialog.Flags = flags;
 }
 
+void Close(App& app, const ListLoad& load) {
+  if (load.GivesWay()) {
+    LeaveCommandLineMode(app);
+  } else {
+    FinishListLoad(app);
+  }
+}
+
 // A cancelled dialog is not told apart from an accepted one: the name and the filter it holds decide.
 void mnuFileSaveAs_Click(App& app) {
   CommonDialog& dialog = app.WPaper2.CMDialog1;
   PrepareDialog(dialog, "Save Lumidex Image List As", "Lumidex",
                 longNames | hideReadOnly | CommonDialog::OverwritePrompt);
   dialog.ShowSave();
-  if (!(dialog.FilterIndex == listFilter)) return;
-  if (app.WPaper2.LstRight.ListCount() == 0) return;
-  app.platform.files.WriteAll(dialog.FileName, ListFileText(app));
+  if (dialog.FilterIndex == listFilter) SaveUserList(app, dialog.FileName);
 }
 
 void mnuFileLoadAs_Click(App& app) {
@@ -39,17 +44,25 @@ void mnuFileLoadAs_Click(App& app) {
   PrepareDialog(dialog, "Load Lumidex Image List", "", longNames | hideReadOnly);
   dialog.ShowOpen();
   const std::string path = dialog.FileName;
-  if (FileExists(app, path) && dialog.FilterIndex == listFilter) LoadUserList(app, path);
-  FinishListLoad(app);
+  if (!FileExists(app, path) || !(dialog.FilterIndex == listFilter)) {
+    FinishListLoad(app);
+    return;
+  }
+  ListLoad load(app);
+  LoadUserList(app, load, path);
+  Close(app, load);
+  load.Stands();
 }
 
 // A damaged list ends it quietly, with the list as far as it got.
 void mnuFileLoad_Click(App& app) {
+  ListLoad load(app);
   IgnoreError([&] {
-    ZapDisplayList(app);
-    LoadStandardList(app);
-    FinishListLoad(app);
+    EmptyDisplayList(app);
+    LoadStandardList(app, load);
+    Close(app, load);
   });
+  load.Stands();
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <new>
+#include <stdexcept>
 
 #include "base/run_time_error.h"
 
@@ -60,6 +61,36 @@ TEST_F(DefaultReport, The_file_stands_before_the_message_is_shown) {
   ASSERT_NE(written, lines.end());
   ASSERT_NE(shown, lines.end());
   EXPECT_LT(written, shown);
+}
+
+TEST_F(DefaultReport, A_recovered_list_is_never_overwritten) {
+  FillDisplayList(1);
+  platform.files.AddFile("C:\\Lumidex\\Recovered.LST", "first");
+  platform.files.AddFile("C:\\Lumidex\\Recovered2.LST", "second");
+  EXPECT_NE(ReportOf(&RunOutOfMemory).find("kept in C:\\Lumidex\\Recovered3.LST."), std::string::npos);
+  EXPECT_EQ(platform.files.ReadAll("C:\\Lumidex\\Recovered.LST"), "first");
+  EXPECT_EQ(platform.files.ReadAll("C:\\Lumidex\\Recovered2.LST"), "second");
+  EXPECT_EQ(platform.files.ReadAll("C:\\Lumidex\\Recovered3.LST"), ListFileText(app));
+}
+
+TEST_F(DefaultReport, Any_other_exception_is_an_internal_error_and_the_list_is_kept) {
+  FillDisplayList(1);
+  EXPECT_EQ(ReportOf([] { throw std::runtime_error("no more threads"); }),
+            "Run-time error '51':\n\nInternal error: no more threads\n\n"
+            "The Display List was kept in C:\\Lumidex\\Recovered.LST.");
+}
+
+TEST_F(DefaultReport, An_error_behind_the_message_of_another_shows_no_second_one) {
+  app.reporting = true;
+  RunEvent(app, [] { throw RunTimeError(ErrorNumber::Overflow); });
+  EXPECT_TRUE(platform.dialogs.messages.empty());
+}
+
+TEST_F(DefaultReport, Where_an_old_file_was_kept_is_told) {
+  const auto event = [] { throw OldContentKept(ErrorNumber::DiskFull, "C:\\Lumidex\\Lumidex.Old.Cfg"); };
+  EXPECT_EQ(ReportOf(event),
+            "Run-time error '61':\n\nDisk full\n\n"
+            "What the file held before was kept in C:\\Lumidex\\Lumidex.Old.Cfg.");
 }
 
 }  // namespace
