@@ -37,14 +37,25 @@ void ShowProgress(App& app) {
   UpdateStatusBarQuietly(app, text, false);
 }
 
-// Goes down into a subdirectory. One that can't be entered, and one behind a symbolic link, is left out
-// alone: its neighbours are still searched.
-void WalkSubdirectory(App& app, int index, std::int16_t DirCount, std::string OldPath,
+void SayListIsFull(App& app) {
+  app.platform.dialogs.MsgBox({"You've filled the listbox. Search being abandoned..."});
+}
+
+std::vector<std::string> SubFolders(const DirList& directories) {
+  std::vector<std::string> paths;
+  for (int i = 0; i < directories.ListCount(); ++i) paths.push_back(directories.List(i));
+  return paths;
+}
+
+// Goes down into a subdirectory. One that is gone, that can't be entered or that is a symbolic link is left
+// out alone: its neighbours are still searched.
+void WalkSubdirectory(App& app, std::string path, std::int16_t DirCount, std::string OldPath,
                       bool& AbandonSearch) {
   DirList& directories = app.SelectPictureDirectoryForm.Dir1;
-  if (directories.IsLink(index)) return;
+  const auto facts = app.platform.files.Look(path);
+  if (!facts || facts->kind != EntryKind::Directory) return;
   try {
-    directories.SetPath(directories.List(index));
+    directories.SetPath(path);
   } catch (const RunTimeError&) {
     return;
   }
@@ -52,10 +63,21 @@ void WalkSubdirectory(App& app, int index, std::int16_t DirCount, std::string Ol
   AbandonSearch = WalkDirectory(app, NewPath, DirCount, OldPath);
 }
 
+// A level that could not go back, since its directory was gone for a moment, has left Dir1 below this one.
+// After a refusal of the full list it stays where that was.
+void ComeBackTo(App& app, std::string path) {
+  if (app.SearchRunning && app.WPaper2.LstLeft.ListCount() < ListBox::Capacity) {
+    app.SelectPictureDirectoryForm.Dir1.SetPath(path);
+  }
+}
+
 }  // namespace
 
 void StartDirectorySearch(App& app) {
   WPaper2Window& window = app.WPaper2;
+  // One that runs ends here: this one empties its list.
+  ++app.searchesBegun;
+  app.frmlocatefiles.Hide();
   window.Pointer = MousePointer::Hourglass;
   window.StatusBar1.SetText(1, "Search Status:");
   window.LstLeft.Clear();
@@ -99,29 +121,35 @@ void SearchSubFolders(App& app) {
 bool WalkDirectory(App& app, std::string NewPath, std::int16_t DirCount, std::string BackUp) {
   DirList& directories = app.SelectPictureDirectoryForm.Dir1;
   EventQueue& events = app.platform.events;
+  const std::uint64_t search = app.searchesBegun;
+  const auto isOvertaken = [&] { return app.searchesBegun != search; };
   ++app.DirectoriesSearched;
   ShowProgress(app);
   app.SearchRunning = true;
   events.Yield();
-  if (!app.SearchRunning) return true;
+  if (isOvertaken() || !app.SearchRunning) return true;
   try {
+    // Taken once: while those below are searched, others may come and go beside them.
+    const std::vector<std::string> subFolders = SubFolders(directories);
     bool AbandonSearch = false;
-    for (int DirsToPeek = directories.ListCount(); DirsToPeek >= 1 && app.SearchRunning;) {
+    for (std::size_t DirsToPeek = subFolders.size(); DirsToPeek >= 1 && app.SearchRunning;) {
       const std::string OldPath = directories.Path();
       directories.SetPath(NewPath);
-      if (directories.ListCount() >= 1)
-        WalkSubdirectory(app, DirsToPeek - 1, DirCount, OldPath, AbandonSearch);
+      WalkSubdirectory(app, subFolders[DirsToPeek - 1], DirCount, OldPath, AbandonSearch);
+      if (isOvertaken()) return true;
       --DirsToPeek;
       // The request to stop travels one level only.
       if (AbandonSearch) return false;
       events.Yield();
+      if (isOvertaken()) return true;
     }
+    ComeBackTo(app, NewPath);
     // A directory with more files than the list can hold must meet the list's refusal, which is what is
     // reported.
     AddFiles(app, app.SelectPictureDirectoryForm.File1.FileCount());
   } catch (const RunTimeError& error) {
     if (error.Number() == ErrorNumber::OutOfMemory) {
-      app.platform.dialogs.MsgBox({"You've filled the listbox. Search being abandoned..."});
+      SayListIsFull(app);
       return true;
     }
     // Whatever else went wrong, this directory's rest is skipped silently.
@@ -134,7 +162,12 @@ void SearchOneDirectory(App& app) {
   app.SearchRunning = true;
   if (MoveToHighlighted(app)) return;
   app.SelectPictureDirectoryForm.File1.Pattern = BuildFilePattern(app);
-  AddFiles(app, app.SelectPictureDirectoryForm.File1.ListCount());
+  try {
+    AddFiles(app, app.SelectPictureDirectoryForm.File1.FileCount());
+  } catch (const RunTimeError& error) {
+    if (error.Number() != ErrorNumber::OutOfMemory) throw;
+    SayListIsFull(app);
+  }
 }
 
 }  // namespace lumidex

@@ -11,11 +11,13 @@ void StartDirectorySearch(App& app);
 // The tree below Dir1.Path; with no file type ticked it says so. A highlighted row other than the directory
 // itself is only moved to.
 void SearchSubFolders(App& app);
-// The files of Dir1.Path alone.
+// The files of Dir1.Path alone; says so when they are more than the list can hold.
 void SearchOneDirectory(App& app);
 
 // Depth first: the subdirectories from the last to the first, then the directory's own files, then back to
 // `BackUp` (empty at the top). True asks the caller to stop. `DirCount` is handed on and never read.
+// Each level takes the names of its subdirectories once. A level that another search has overtaken in its
+// yields adds nothing more and leaves Dir1 alone.
 bool WalkDirectory(App& app, std::string NewPath, std::int16_t DirCount, std::string BackUp);
 
 }  // namespace lumidex

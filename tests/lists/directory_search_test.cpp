@@ -88,10 +88,21 @@ TEST_F(DirectorySearch, At_the_32768th_entry_the_message_appears_and_32767_stay)
   EXPECT_EQ(app.WPaper2.StatusBar1.Panel(1).Text, "Current Image:");
 }
 
-TEST_F(DirectorySearch, One_directory_alone_gives_as_many_entries_as_its_16_bit_count_can_say) {
+TEST_F(DirectorySearch, One_directory_with_more_files_than_the_list_can_hold_says_so_and_keeps_32767) {
   for (int i = 0; i < 33000; ++i) platform.files.AddFile("C:\\Root\\" + Number(i) + ".jpg", "");
   Search(false);
   EXPECT_EQ(app.WPaper2.LstLeft.ListCount(), 32767);
+  ASSERT_EQ(platform.dialogs.messages.size(), 1U);
+  EXPECT_EQ(platform.dialogs.messages[0].text, "You've filled the listbox. Search being abandoned...");
+  EXPECT_EQ(PanelText(1), "Current Image:");
+  EXPECT_FALSE(app.frmlocatefiles.Visible());
+}
+
+TEST_F(DirectorySearch, One_directory_with_as_many_files_as_the_list_can_hold_says_nothing) {
+  for (int i = 0; i < 32767; ++i) platform.files.AddFile("C:\\Root\\" + Number(i) + ".jpg", "");
+  Search(false);
+  EXPECT_EQ(app.WPaper2.LstLeft.ListCount(), 32767);
+  EXPECT_TRUE(platform.dialogs.messages.empty());
 }
 
 TEST_F(DirectorySearch, The_search_state_is_shown_while_it_runs_and_taken_back_after) {
