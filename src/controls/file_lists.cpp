@@ -115,13 +115,20 @@ void DirList::SetPath(const std::string& path) {
 
 void DirList::Refresh() {
   if (path_.empty()) return;
-  IgnoreError([&] {
-    DirectoryReader::Shared now = reader_.Read(path_);
-    if (now == listing_) return;
-    listing_ = std::move(now);
-    listIndex_ = -1;
-    Changed.Emit();
-  });
+  DirectoryReader::Shared now;
+  try {
+    now = reader_.Read(path_);
+  } catch (const RunTimeError&) {
+    now = std::make_shared<DirectoryReader::Listing>();
+  }
+  if (now == listing_) return;
+  const std::string highlighted = List(listIndex_);
+  listing_ = std::move(now);
+  if (listIndex_ >= 0) {
+    listIndex_ = ListCount() - 1;
+    while (listIndex_ >= 0 && List(listIndex_) != highlighted) --listIndex_;
+  }
+  Changed.Emit();
 }
 
 std::int16_t DirList::ListCount() const {
@@ -214,9 +221,9 @@ void FileList::SetPath(const std::string& path) {
 
 void FileList::Refresh() {
   if (!listing_) return;
-  IgnoreError([&] {
-    if (reader_.Read(path_) != listing_) Forget();
-  });
+  bool isSame = false;
+  IgnoreError([&] { isSame = reader_.Read(path_) == listing_; });
+  if (!isSame) Forget();
 }
 
 void FileList::TakePattern() {

@@ -43,7 +43,8 @@ class DirList final : public Control {
   // Another directory fires Change; one that can't be entered raises PathNotFound or PathFileAccess and
   // changes nothing.
   void SetPath(const std::string& path);
-  // Takes in what has changed on the disk since; a directory that is gone stays as it was read.
+  // Takes in what has changed on the disk since; a directory that is gone holds nothing any more. The
+  // highlighted row stays the same directory as long as that is there.
   void Refresh();
   // Number of immediate subdirectories.
   std::int16_t ListCount() const;

@@ -44,6 +44,9 @@ struct SelectPictureDirectoryFormWindow : Form {
   Label lblColors{*this, "lblColors", "Image Colors:"};
   ControlArray<Label> lblFileInfo{*this, "lblFileInfo", 1, 4};
   ImageBox Image1{*this, "Image1", true};
+
+  // Previews so far, and directories gone to: a preview that sees them grow in its yields is out of date.
+  std::uint64_t previewsBegun = 0;
 };
 
 }  // namespace lumidex

@@ -26,7 +26,19 @@ void LoadPictureFile(App& app, std::string path) {
 }
 
 void ShowWorkingPicture(App& app) {
-  app.WPaper2.Image1.Picture = app.checkjpg.Picture1.Picture();
+  Gvbox& control = app.checkjpg.Picture1;
+  // Asked for in the yields of a reduced reading, such as a preview, it is the picture itself all the same.
+  const int size = control.ThumbnailSize;
+  control.ThumbnailSize = 0;
+  Picture picture;
+  try {
+    picture = control.Picture();
+  } catch (const RunTimeError&) {
+    control.ThumbnailSize = size;
+    throw;
+  }
+  control.ThumbnailSize = size;
+  app.WPaper2.Image1.Picture = picture;
 }
 
 void ReadImageInfo(App& app, std::int16_t& width, std::int16_t& height, float& depth) {

@@ -41,8 +41,25 @@ void Drive1_Change(App& app) {
   }
 }
 
+// Takes in what other programs have done meanwhile.
+void LookAgain(Dialog& dialog) {
+  dialog.Dir1.Refresh();
+  dialog.File1.Refresh();
+}
+
+// From a directory that is gone to the nearest above it that is there.
+void LeaveGoneDirectory(App& app) {
+  DirList& directories = app.SelectPictureDirectoryForm.Dir1;
+  const std::string gone = directories.Path();
+  if (gone.empty() || app.platform.files.DirectoryStamp(gone) != 0) return;
+  for (int row = -2; row >= -directories.Depth() && directories.Path() == gone; --row) {
+    IgnoreError([&] { directories.SetPath(directories.List(row)); });
+  }
+}
+
 void Dir1_Change(App& app) {
   Dialog& dialog = app.SelectPictureDirectoryForm;
+  ++dialog.previewsBegun;
   dialog.File1.SetPath(dialog.Dir1.Path());
   app.SearchDirectory = dialog.Dir1.Path();
   dialog.imgThumbNail.Picture = Picture();
@@ -60,31 +77,64 @@ std::string ColorsText(float bitsPerPixel) {
   return Number(std::pow(2.0, static_cast<double>(bitsPerPixel)));
 }
 
+// However the preview ends, whoever reads the control afterwards gets the picture itself.
+class ReducedReading {
+ public:
+  explicit ReducedReading(Gvbox& control) : control_(control) {}
+  ~ReducedReading() { control_.ThumbnailSize = 0; }
+  ReducedReading(const ReducedReading&) = delete;
+  ReducedReading& operator=(const ReducedReading&) = delete;
+
+ private:
+  Gvbox& control_;
+};
+
+// Yields in the midst of a preview. False when another was asked for in that, or another directory: then this
+// one has nothing more to say. A picture that was brought up on the main window has left its file in the
+// control.
+bool YieldInPreview(App& app, std::string path, std::uint64_t preview) {
+  Gvbox& control = app.checkjpg.Picture1;
+  app.platform.events.Yield();
+  if (app.SelectPictureDirectoryForm.previewsBegun != preview) return false;
+  if (control.FileName() != path) control.SetFileName(path);
+  return true;
+}
+
 // The steps end where one fails, labels and picture as they then stand.
 void ShowPreview(App& app) {
   Dialog& dialog = app.SelectPictureDirectoryForm;
   Gvbox& control = app.checkjpg.Picture1;
-  EventQueue& events = app.platform.events;
+  const std::uint64_t preview = ++dialog.previewsBegun;
   const std::string path = dialog.File1.Path() + app.platform.files.Separator() + dialog.File1.FileName();
   control.SetFileName("");
   if (path.empty() || !FileExists(app, path)) return;
   control.Appearance = 1;
+  const ReducedReading reading(control);
   control.SetFileName(path);
-  events.Yield();
+  if (!YieldInPreview(app, path, preview)) return;
   control.ThumbnailSize = previewSize;
-  events.Yield();
+  if (!YieldInPreview(app, path, preview)) return;
   dialog.imgThumbNail.BringToFront();
   dialog.imgThumbNail.Picture = control.Picture();
-  events.Yield();
+  if (!YieldInPreview(app, path, preview)) return;
   control.ThumbnailSize = 0;
   const auto facts = app.platform.files.Look(path);
   if (!facts) throw RunTimeError(ErrorNumber::FileNotFound);
   dialog.lblFileInfo(1).Caption = NumberInGroups(static_cast<std::int64_t>(facts->size));
-  GetImageInfo(app, path, app.ImageWidth, app.ImageHeight, app.ImageBitsPerPixel);
-  dialog.lblFileInfo(2).Caption = LengthText(app.ImageWidth);
-  dialog.lblFileInfo(3).Caption = LengthText(app.ImageHeight);
-  dialog.lblFileInfo(4).Caption = ColorsText(app.ImageBitsPerPixel);
-  events.Yield();
+  std::int16_t width = app.ImageWidth, height = app.ImageHeight;
+  float bitsPerPixel = app.ImageBitsPerPixel;
+  GetImageInfo(app, path, width, height, bitsPerPixel);
+  if (dialog.previewsBegun != preview) return;
+  // In that yield, too, a picture may have come up, and the record tells of that one then.
+  if (control.FileName() == path) {
+    app.ImageWidth = width;
+    app.ImageHeight = height;
+    app.ImageBitsPerPixel = bitsPerPixel;
+  }
+  dialog.lblFileInfo(2).Caption = LengthText(width);
+  dialog.lblFileInfo(3).Caption = LengthText(height);
+  dialog.lblFileInfo(4).Caption = ColorsText(bitsPerPixel);
+  app.platform.events.Yield();
 }
 
 void cmdFolder_Click(App& app, int index) {
@@ -97,6 +147,7 @@ void cmdFolder_Click(App& app, int index) {
 
 void cmdOK_Click(App& app) {
   const char separator = app.platform.files.Separator();
+  LookAgain(app.SelectPictureDirectoryForm);
   app.SearchDirectory = app.SelectPictureDirectoryForm.Dir1.Path();
   if (!app.SearchDirectory.ends_with(separator)) app.SearchDirectory += separator;
   app.SelectPictureDirectoryForm.Hide();
@@ -113,9 +164,9 @@ void WireSelectPictureDirectoryForm(App& app) {
   Dialog& dialog = app.SelectPictureDirectoryForm;
   const auto takePattern = [&app] { app.SelectPictureDirectoryForm.File1.Pattern = BuildFilePattern(app); };
   dialog.OnLoad = [&app] { Form_Load(app); };
-  dialog.OnActivate = [&dialog, takePattern] {
-    dialog.Dir1.Refresh();
-    dialog.File1.Refresh();
+  dialog.OnActivate = [&app, takePattern] {
+    LookAgain(app.SelectPictureDirectoryForm);
+    LeaveGoneDirectory(app);
     takePattern();
   };
   dialog.Drive1.OnChange = [&app] { Drive1_Change(app); };
