@@ -1,6 +1,7 @@
 #include "preferences/settings_file.h"
 
 #include "base/delimited.h"
+#include "base/run_time_error.h"
 #include "base/text.h"
 #include "base/widths.h"
 #include "core/paths.h"
@@ -46,6 +47,26 @@ std::int16_t ValueOf(const std::string& item) {
   return ToInt16(Val(BehindEqualSign(item)));
 }
 
+// A picture that can't be read leaves the window its colour: it would end every start until somebody removed
+// it.
+void TickAlternateBackground(CheckBox& box, int value) {
+  try {
+    // The click that comes with a new value shows the picture.
+    box.Value = value;
+  } catch (const RunTimeError&) {
+    // A value that the box refuses is another matter.
+    if (!(box.Value == value)) throw;
+  }
+}
+
+bool ShowsAlternateBackground(App& app) {
+  try {
+    return ShowAlternateBackground(app);
+  } catch (const RunTimeError&) {
+    return false;
+  }
+}
+
 // The tests are searches anywhere in the item, and one item may pass several: the key of type 1 is found in
 // the lines of 10 to 19 too.
 void ApplyItem(App& app, std::string item) {
@@ -64,10 +85,10 @@ void ApplyItem(App& app, std::string item) {
   if (holds("ViewMode")) app.ViewMode = ValueOf(item);
   if (holds("ColorMNU")) SetWindowColor(app, ValueOf(item));
   if (holds("MenuAltBackground")) {
-    form.chkMenuAltBackground.Value = ValueOf(item);
+    TickAlternateBackground(form.chkMenuAltBackground, ValueOf(item));
     app.platform.events.Yield();
     form.cmdMenuSelect.Enabled = form.chkMenuAltBackground.Value == 1;
-    if (form.cmdMenuSelect.Enabled && ShowAlternateBackground(app)) app.platform.events.Yield();
+    if (form.cmdMenuSelect.Enabled && ShowsAlternateBackground(app)) app.platform.events.Yield();
   }
   if (holds("CountFileType")) form.chkCountFileTypes.Value = ValueOf(item);
   if (holds("CountFileSize")) form.chkCountFileSize.Value = ValueOf(item);

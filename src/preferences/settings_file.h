@@ -11,7 +11,8 @@ void WriteSettings(App& app);
 
 // Takes the file into the controls and the global record; without a file nothing changes. Lines may come in
 // any order, be missing or be unknown. Raises InvalidPropertyValue for a check box value that is none,
-// Overflow for a number beyond 16 bits, and what loading the alternate background raises.
+// and Overflow for a number beyond 16 bits. An alternate background that can't be read leaves the window its
+// colour.
 void ReadSettings(App& app);
 
 }  // namespace lumidex
