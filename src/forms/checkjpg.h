@@ -6,11 +6,17 @@
 #include "controls/gvbox.h"
 #include "controls/picture_controls.h"
 #include "controls/texts.h"
+#include "forms/design_pictures.h"
 
 namespace lumidex {
 
 struct checkjpgWindow : Form {
-  explicit checkjpgWindow(Platform& platform) : Form(platform, "checkjpg") { KeepDesign(); }
+  explicit checkjpgWindow(Platform& platform) : Form(platform, "checkjpg") {
+    imgerror.Picture = PictureOf(DesignPicture::ErrorThumbnail);
+    Image1.Picture = PictureOf(DesignPicture::Stock);
+    imgEmpty.Picture = PictureOf(DesignPicture::EmptyThumbnail);
+    KeepDesign();
+  }
 
   // The working image: the current picture, and whatever was loaded into it last.
   Gvbox Picture1{*this, "Picture1"};

@@ -10,6 +10,7 @@ namespace lumidex {
 void Wirecheckjpg(App& app) {
   checkjpgWindow& form = app.checkjpg;
   form.OnLoad = [&] { form.Icon = app.WPaper2.Icon.Get(); };
+  app.WPaper2.mnusg.OnClick = [&] { form.Show(); };
   form.Picture1.OnImageChanged = [&] {
     form.Label1(0).Caption = Number(form.Picture1.PictureHeight());
     form.Label1(1).Caption = Number(form.Picture1.PictureWidth());

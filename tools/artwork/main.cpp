@@ -1,5 +1,5 @@
-// Draws the program's artwork: lumidex-artwork DIRECTORY writes the folders toolbar, application, folders,
-// types, search, splash and thumbnails there.
+// Draws the program's artwork: lumidex-artwork src writes the folders artwork of the forms and of the window
+// system's side there.
 
 #include <string>
 
@@ -39,7 +39,18 @@ void WriteTypes(const fs::path& directory) {
   }
 }
 
-void WriteAll(const fs::path& directory) {
+// What belongs to the design of forms is no business of the window system.
+void WriteDesignPictures(const fs::path& directory) {
+  WriteFile(directory / "backdrop.png", EncodePng(Drawn({512, 384}, 512, DrawBackdrop)));
+  WriteFile(directory / "empty.png", EncodePng(Drawn({96, 96}, IconGrid, DrawEmptyThumbnail)));
+  WriteFile(directory / "error.png", EncodePng(Drawn({96, 96}, IconGrid, DrawErrorThumbnail)));
+  WriteFile(directory / "stock.png",
+            EncodePng(Drawn({64, 64}, 64, [](Canvas& canvas) { DrawProgramIcon(canvas, 64); })));
+}
+
+void WriteAll(const fs::path& sources) {
+  WriteDesignPictures(sources / "forms" / "artwork");
+  const fs::path directory = sources / "platform" / "qt" / "artwork";
   for (const ToolbarPicture& picture : ToolbarPictures())
     WriteIcon(directory / "toolbar", picture.key, picture.draw);
   for (const int side : {16, 32, 48, 64, 128, 256})
@@ -50,7 +61,6 @@ void WriteAll(const fs::path& directory) {
   WriteIcon(directory / "folders", "favourites", DrawFavouritesFolder);
   WriteTypes(directory / "types");
   WriteFile(directory / "splash" / "splash.png", EncodePng(Drawn({480, 320}, 480, DrawSplash)));
-  WriteFile(directory / "splash" / "backdrop.png", EncodePng(Drawn({512, 384}, 512, DrawBackdrop)));
   WriteFile(directory / "search" / "frames.png",
             EncodePng(Drawn({96 * SearchFrames, 64}, 96 * SearchFrames, [](Canvas& canvas) {
               for (int frame = 0; frame < SearchFrames; ++frame)
@@ -59,8 +69,6 @@ void WriteAll(const fs::path& directory) {
                   DrawSearchFrame(canvas, frame);
                 });
             })));
-  WriteFile(directory / "thumbnails" / "empty.png", EncodePng(Drawn({96, 96}, IconGrid, DrawEmptyThumbnail)));
-  WriteFile(directory / "thumbnails" / "error.png", EncodePng(Drawn({96, 96}, IconGrid, DrawErrorThumbnail)));
 }
 
 }  // namespace

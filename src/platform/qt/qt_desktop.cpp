@@ -7,7 +7,6 @@
 #include "platform/qt/artwork.h"
 #include "platform/qt/clipboard.h"
 #include "platform/qt/clock.h"
-#include "platform/qt/design_pictures.h"
 #include "platform/qt/dialogs.h"
 #include "platform/qt/event_queue.h"
 #include "platform/qt/form_views.h"
@@ -77,7 +76,6 @@ FormViews& QtDesktop::Views() {
 }
 
 void QtDesktop::Attach(const std::vector<Form*>& forms) {
-  SetDesignPictures(forms);
   // The splash is shown before the main window, but the user waits for the picture in that one.
   constexpr int splashMillisecondsLate = 100;
   for (Form* form : forms) {

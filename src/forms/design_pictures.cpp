@@ -1,0 +1,36 @@
+#include "forms/design_pictures.h"
+
+#include "pictures/picture_data.h"
+
+namespace lumidex {
+namespace embedded {
+
+extern const std::span<const std::uint8_t> backdropBytes, emptyBytes, errorBytes, stockBytes;
+
+}  // namespace embedded
+
+namespace {
+
+Bytes BytesOf(DesignPicture picture) {
+  switch (picture) {
+    case DesignPicture::Backdrop:
+      return embedded::backdropBytes;
+    case DesignPicture::EmptyThumbnail:
+      return embedded::emptyBytes;
+    case DesignPicture::ErrorThumbnail:
+      return embedded::errorBytes;
+    case DesignPicture::Stock:
+      return embedded::stockBytes;
+  }
+  return {};
+}
+
+}  // namespace
+
+Picture PictureOf(DesignPicture picture) {
+  const Bytes bytes = BytesOf(picture);
+  const auto source = std::make_shared<MemorySource>(std::vector<std::uint8_t>(bytes.begin(), bytes.end()));
+  return Picture::Open(PictureData(source, ".png"));
+}
+
+}  // namespace lumidex
