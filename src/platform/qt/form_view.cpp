@@ -8,15 +8,17 @@
 #include <QScreen>
 #include <QWindow>
 
+#include "base/run_time_error.h"
 #include "controls/buttons.h"
 #include "platform/qt/conversions.h"
 #include "platform/qt/form_views.h"
+#include "platform/qt/guarded.h"
 #include "platform/qt/pointer_watch.h"
 
 namespace lumidex {
 
 FormView::FormView(FormViews& views, Form& form, Qt::WindowFlags flags)
-    : QWidget(nullptr, flags), views_(views), form_(form) {
+    : QWidget(nullptr, flags), views_(views), form_(form), pushes_(form.GetPlatform().events) {
   setObjectName(ToQt(form.Name()));
   if (form.Border == BorderStyle::None) setWindowFlag(Qt::FramelessWindowHint);
   new PointerWatch(*this, form, this, this);
@@ -198,10 +200,17 @@ bool FormView::PressDefault(bool cancel) {
 }
 
 void FormView::paintEvent(QPaintEvent*) {
+  PaintGuarded(*this, [this] { PaintBackground(); });
+}
+
+void FormView::PaintBackground() {
   if (form_.Picture.Get().IsEmpty() && form_.Drawing().empty()) return;
   QPainter painter(this);
   const QPoint corner = DrawingCorner();
-  if (!form_.Picture.Get().IsEmpty()) painter.drawImage(corner, ToImage(form_.Picture.Get()));
+  // What can't be had stays unpainted.
+  IgnoreError([&] {
+    if (!form_.Picture.Get().IsEmpty()) painter.drawImage(corner, ToImage(form_.Picture.Get()));
+  });
   for (const DrawnBand& band : form_.Drawing()) {
     const int top = GetUnits().Pixels(double{twipsPerPixel} * band.top);
     const int bottom = GetUnits().Pixels(double{twipsPerPixel} * band.bottom);

@@ -84,6 +84,7 @@ class FormView : public QWidget {
   QSize WantedSize() const;
   QSizeF FormSize() const;
   QPointF FormPlace() const;
+  void PaintBackground();
   void PushColors();
   void PushBackground();
   void PushSize();

@@ -4,6 +4,8 @@
 #include <QEvent>
 #include <utility>
 
+#include "platform/qt/guarded.h"
+
 namespace lumidex {
 
 void PushQueue::Add(Mirror& mirror) {
@@ -21,9 +23,13 @@ void PushQueue::Flush() {
     for (const auto& mirror : batch) {
       if (!mirror) continue;
       mirror->waiting_ = false;
-      mirror->push_();
+      Push(*mirror);
     }
   }
+}
+
+void PushQueue::Push(Mirror& mirror) {
+  RunGuarded(events_, mirror.push_);
 }
 
 bool PushQueue::event(QEvent* event) {
@@ -36,7 +42,7 @@ Mirror::Mirror(PushQueue& queue, Element& element, QObject* widget, std::functio
     : QObject(widget), queue_(&queue), push_(std::move(push)) {
   changes_ = element.Changed.Connect([this] { MarkChanged(); });
   end_ = element.Ended.Connect([this] { delete this; });
-  push_();
+  queue.Push(*this);
 }
 
 void Mirror::MarkChanged() {

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "controls/element.h"
+#include "ports/event_queue.h"
 
 namespace lumidex {
 
@@ -16,12 +17,17 @@ class Mirror;
 // The mirrors of one window that have something to push.
 class PushQueue final : public QObject {
  public:
+  explicit PushQueue(EventQueue& events) : events_(events) {}
   void Add(Mirror& mirror);
   // Pushes everything that waits, now.
   void Flush();
   bool event(QEvent* event) override;
 
  private:
+  friend class Mirror;
+  void Push(Mirror& mirror);
+
+  EventQueue& events_;
   std::vector<QPointer<Mirror>> waiting_;
   bool posted_ = false;
 };
@@ -30,7 +36,7 @@ class Mirror final : public QObject {
  public:
   // Ends with the widget, whose child it is, or with the element, whichever goes first. `push` reads the
   // element and writes the widget; it is run here for the first time. What it writes must not look like a
-  // user's gesture.
+  // user's gesture; what it raises comes to the program's report.
   Mirror(PushQueue& queue, Element& element, QObject* widget, std::function<void()> push);
 
   void MarkChanged();

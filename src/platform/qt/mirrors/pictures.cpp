@@ -5,6 +5,7 @@
 
 #include "platform/qt/artwork.h"
 #include "platform/qt/conversions.h"
+#include "platform/qt/guarded.h"
 #include "platform/qt/mirrors/mirrors.h"
 #include "platform/qt/mirrors/shown_picture.h"
 #include "platform/qt/pointer_watch.h"
@@ -37,6 +38,11 @@ class ImageView final : public QWidget {
 
  protected:
   void paintEvent(QPaintEvent*) override {
+    PaintGuarded(*this, [this] { PaintPicture(); });
+  }
+
+ private:
+  void PaintPicture() {
     QPainter painter(this);
     if (picture_.IsEmpty() && !artwork_.isNull()) {
       painter.setRenderHint(QPainter::SmoothPixmapTransform);
@@ -46,7 +52,6 @@ class ImageView final : public QWidget {
     shown_.Paint(painter, picture_, stretch_ ? rect() : QRect(QPoint(0, 0), sizeHint()));
   }
 
- private:
   Picture picture_;
   bool stretch_ = false;
   ShownPicture shown_;

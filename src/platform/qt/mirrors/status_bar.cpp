@@ -9,6 +9,7 @@
 
 #include "platform/qt/artwork.h"
 #include "platform/qt/conversions.h"
+#include "platform/qt/guarded.h"
 #include "platform/qt/mirrors/mirrors.h"
 #include "platform/qt/mirrors/shown_picture.h"
 
@@ -47,6 +48,11 @@ class PanelView final : public QFrame {
  protected:
   void paintEvent(QPaintEvent* event) override {
     QFrame::paintEvent(event);
+    PaintGuarded(*this, [this] { PaintContent(); });
+  }
+
+ private:
+  void PaintContent() {
     QPainter painter(this);
     QRect room = contentsRect().adjusted(margin, 0, -margin, 0);
     if (!picture_.IsEmpty()) {
@@ -61,7 +67,6 @@ class PanelView final : public QFrame {
     painter.drawText(room, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shown);
   }
 
- private:
   QString text_;
   std::string key_;
   Picture picture_;

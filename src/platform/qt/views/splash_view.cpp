@@ -9,6 +9,7 @@
 
 #include "platform/qt/artwork.h"
 #include "platform/qt/conversions.h"
+#include "platform/qt/guarded.h"
 #include "platform/qt/mirrors/mirrors.h"
 
 namespace lumidex {
@@ -70,9 +71,11 @@ SplashView::SplashView(FormViews& views, frmSplashWindow& itsForm)
 }
 
 void SplashView::paintEvent(QPaintEvent*) {
-  QPainter painter(this);
-  painter.fillRect(rect(), palette().window());
-  shown_.Paint(painter, picture_, QRect(QPoint(0, 0), artworkSize));
+  PaintGuarded(*this, [this] {
+    QPainter painter(this);
+    painter.fillRect(rect(), palette().window());
+    shown_.Paint(painter, picture_, QRect(QPoint(0, 0), artworkSize));
+  });
 }
 
 }  // namespace lumidex
