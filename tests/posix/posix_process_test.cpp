@@ -46,6 +46,13 @@ TEST(CommandLine, The_address_of_a_file_is_decoded) {
   EXPECT_EQ(Quoted({"/a%20b.jpg"}), "\"/a%20b.jpg\"");
 }
 
+TEST(CommandLine, A_directory_named_with_its_separator_has_the_same_name_without) {
+  EXPECT_EQ(Quoted({"pics/"}), Quoted({"pics"}));
+  EXPECT_EQ(Quoted({"/pics//"}), "\"/pics\"");
+  EXPECT_EQ(Quoted({"file:///pics/"}), "\"/pics\"");
+  EXPECT_EQ(Quoted({"/"}), "\"/\"");
+}
+
 TEST(CommandLine, Bytes_that_are_no_text_survive) {
   EXPECT_EQ(Quoted({"/caf\xE9.jpg"}), "\"/caf\xE9.jpg\"");
 }

@@ -18,6 +18,7 @@ void WatchedWindows::Watch(Form& form) {
     } else if (!form.Visible() && place != shown_.end()) {
       log_.Add("Hide " + form.Name());
       shown_.erase(place);
+      if (!shown_.empty()) TakeKeyboard(*shown_.back());
     }
   }));
   connections_.push_back(form.Requested.Connect([this, &form](FormRequest request) {
@@ -29,6 +30,12 @@ void WatchedWindows::Watch(Form& form) {
 void WatchedWindows::Raise(Form& form) {
   std::erase(shown_, &form);
   shown_.push_back(&form);
+  TakeKeyboard(form);
+}
+
+void WatchedWindows::TakeKeyboard(const Form& form) {
+  const Control* control = form.ActiveControl();
+  focus_ = control ? control->hwnd() : 0;
 }
 
 Form* WatchedWindows::Front() const {

@@ -39,6 +39,8 @@ class WatchedWindows final : public WindowControl {
 
  private:
   void Raise(Form& form);
+  // As a window manager gives it to the window that comes to the front.
+  void TakeKeyboard(const Form& form);
 
   CallLog& log_;
   std::vector<Form*> shown_;  // the front one last

@@ -99,6 +99,8 @@ std::string QuotedArgument(int count, const char* const* arguments, const std::s
   if (!path.starts_with('/')) {
     path = currentDirectory + (currentDirectory.ends_with('/') ? "" : "/") + path;
   }
+  // A directory named with its separator, as a shell completes it, has the same name without.
+  while (path.size() > 1 && path.ends_with('/')) path.pop_back();
   return '"' + path + '"';
 }
 
