@@ -8,6 +8,7 @@
 #include "controls/animation.h"
 #include "pictures/animation_file.h"
 #include "platform/qt/conversions.h"
+#include "platform/qt/guarded.h"
 #include "platform/qt/mirrors/mirrors.h"
 
 namespace lumidex {
@@ -29,10 +30,11 @@ std::optional<AnimationFile> Read(const FileSystem& files, const std::string& pa
   return read;
 }
 
-class AnimationView final : public QWidget {
+class AnimationView final : public PaintedWidget {
  public:
-  explicit AnimationView(QWidget* parent) : QWidget(parent), pace_(new QTimer(this)) {
-    connect(pace_, &QTimer::timeout, this, [this] { ShowFrame((number_ + 1) % file_->FrameCount()); });
+  explicit AnimationView(QWidget* parent) : PaintedWidget(parent), pace_(new QTimer(this)) {
+    connect(pace_, &QTimer::timeout, this,
+            [this] { PaintGuarded(*this, [this] { ShowFrame((number_ + 1) % file_->FrameCount()); }); });
   }
 
   void Play(std::optional<AnimationFile> file) {
@@ -58,7 +60,7 @@ class AnimationView final : public QWidget {
     if (file_) pace_->start();
   }
   void hideEvent(QHideEvent*) override { pace_->stop(); }
-  void paintEvent(QPaintEvent*) override {
+  void Paint() override {
     if (image_.isNull()) return;
     QPainter painter(this);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);

@@ -11,6 +11,7 @@
 #include "controls/gvbox.h"
 #include "pictures/scaling.h"
 #include "platform/qt/conversions.h"
+#include "platform/qt/guarded.h"
 #include "platform/qt/mirrors/mirrors.h"
 #include "platform/qt/pointer_watch.h"
 
@@ -21,10 +22,10 @@ namespace {
 constexpr double leastBlockyScale = 2;
 constexpr int screenPixelsPerWheelStep = 60;
 
-class ImageControlView final : public QWidget {
+class ImageControlView final : public PaintedWidget {
  public:
   ImageControlView(const Units& units, const Gvbox& control, QWidget* parent)
-      : QWidget(parent), units_(units), control_(control) {
+      : PaintedWidget(parent), units_(units), control_(control) {
     setFocusPolicy(Qt::StrongFocus);
   }
 
@@ -48,7 +49,7 @@ class ImageControlView final : public QWidget {
   void WatchDrag() { installEventFilter(this); }
 
  protected:
-  void paintEvent(QPaintEvent*) override {
+  void Paint() override {
     if (picture_.IsEmpty()) return;
     QPainter painter(this);
     const double ratio = devicePixelRatioF();

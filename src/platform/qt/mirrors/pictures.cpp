@@ -18,9 +18,9 @@ namespace {
 // size.
 constexpr int milliSecondsBeforeHiding = 150;
 
-class ImageView final : public QWidget {
+class ImageView final : public PaintedWidget {
  public:
-  explicit ImageView(QWidget* parent) : QWidget(parent) { hide(); }
+  explicit ImageView(QWidget* parent) : PaintedWidget(parent) { hide(); }
 
   void Show(const Picture& picture, bool stretch) {
     if (picture_ == picture && stretch_ == stretch) return;
@@ -37,12 +37,7 @@ class ImageView final : public QWidget {
   }
 
  protected:
-  void paintEvent(QPaintEvent*) override {
-    PaintGuarded(*this, [this] { PaintPicture(); });
-  }
-
- private:
-  void PaintPicture() {
+  void Paint() override {
     QPainter painter(this);
     if (picture_.IsEmpty() && !artwork_.isNull()) {
       painter.setRenderHint(QPainter::SmoothPixmapTransform);
@@ -52,6 +47,7 @@ class ImageView final : public QWidget {
     shown_.Paint(painter, picture_, stretch_ ? rect() : QRect(QPoint(0, 0), sizeHint()));
   }
 
+ private:
   Picture picture_;
   bool stretch_ = false;
   ShownPicture shown_;
