@@ -63,6 +63,7 @@ void DisplayCurrentImage(App& app, std::string path, bool alreadyLoaded, float z
   if (!request.IsStale()) {
     app.CurrentImagePath = path;
     app.displays.AskForPlace();
+    if (!alreadyLoaded) KeepWorkingFile(app, path);
     GetImageInfo(app, path, app.ImageWidth, app.ImageHeight, app.ImageBitsPerPixel);
     events.Yield();
   }

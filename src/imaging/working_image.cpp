@@ -13,6 +13,7 @@ void LoadPictureFile(App& app, std::string path) {
     app.checkjpg.Picture1.SetFileName(path);
     app.platform.events.Yield();
     if (request.IsStale()) return;
+    KeepWorkingFile(app, path);
     ShowWorkingPicture(app);
     if (InStr(UCase(path), ".GIF") > 0) {
       app.WPaper2.Image1.Picture = app.platform.loader.LoadPicture(path);
@@ -23,6 +24,12 @@ void LoadPictureFile(App& app, std::string path) {
     // An unreadable file is shown as whatever stands there already.
   }
   app.platform.events.Yield();
+}
+
+void KeepWorkingFile(App& app, std::string path) {
+  Gvbox& control = app.checkjpg.Picture1;
+  if (control.FileName() == path) return;
+  IgnoreError([&] { control.SetFileName(path); });
 }
 
 void ShowWorkingPicture(App& app) {

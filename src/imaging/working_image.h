@@ -9,6 +9,10 @@ namespace lumidex {
 // path come through the platform's own loader. Errors are dropped.
 void LoadPictureFile(App& app, std::string path);
 
+// Has the file in the working image again, where a preview in the yields of a display has left another one; a
+// working image of this file stays as it is. Errors are dropped.
+void KeepWorkingFile(App& app, std::string path);
+
 // Gives Image1 the picture that the working image now holds.
 void ShowWorkingPicture(App& app);
 

@@ -10,6 +10,7 @@
 #include "imaging/current_picture.h"
 #include "imaging/proper_names.h"
 #include "imaging/status_bar.h"
+#include "imaging/working_image.h"
 
 namespace lumidex {
 namespace {
@@ -69,6 +70,7 @@ void ShowFile(App& app, std::string path) {
   const DisplayRequests::Telling request(app.displays, path);
   DisplayCurrentImage(app, path, false, GetZoomFactor(app));
   for (bool again = true; again && !request.IsStale();) {
+    KeepWorkingFile(app, path);
     UpdateStatusBar(app, path, true);
     // Zoom, stretch or the area may have changed in the last of these yields.
     again = !request.IsStale() && app.displays.IsMisplaced() && FileExists(app, path);
