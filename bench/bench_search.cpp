@@ -55,21 +55,10 @@ struct Search {
   Search() { WireWindows(app); }
   HeadlessPlatform headless{'/'};
   PosixFileSystem files;
-  Platform ports{files,
-                 headless.events,
-                 headless.dialogs,
-                 headless.windows,
-                 headless.events,
-                 headless.process,
-                 headless.clipboard,
-                 headless.desktop,
-                 headless.tray,
-                 headless.shell,
-                 headless.settings,
-                 headless.loader,
-                 headless.folders,
-                 headless.browser,
-                 headless.readAhead};
+  Platform ports{files,           headless.events,  headless.dialogs,   headless.windows,
+                 headless.events, headless.process, headless.clipboard, headless.desktop,
+                 headless.tray,   headless.popup,   headless.shell,     headless.settings,
+                 headless.loader, headless.folders, headless.browser,   headless.readAhead};
   App app{ports};
 
   int Run(const std::string& directory) {

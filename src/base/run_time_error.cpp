@@ -18,6 +18,8 @@ std::string ErrorText(ErrorNumber number) {
       return "Type mismatch";
     case ErrorNumber::InternalError:
       return "Internal error";
+    case ErrorNumber::BadFileNumber:
+      return "Bad file name or number";
     case ErrorNumber::FileNotFound:
       return "File not found";
     case ErrorNumber::FileAlreadyOpen:
@@ -42,8 +44,14 @@ std::string ErrorText(ErrorNumber number) {
       return "Object was unloaded";
     case ErrorNumber::InvalidPropertyValue:
       return "Invalid property value";
+    case ErrorNumber::AutomationError:
+      return "Automation error";
+    case ErrorNumber::InvalidClipboardFormat:
+      return "Invalid clipboard format";
     case ErrorNumber::InvalidPicture:
       return "Invalid picture";
+    case ErrorNumber::ClipboardUnavailable:
+      return "The clipboard can't be opened";
     case ErrorNumber::ImageControlRetry:
       return "The image control asks for another try";
   }

@@ -15,6 +15,7 @@ enum class ErrorNumber : int {
   DivisionByZero = 11,
   TypeMismatch = 13,
   InternalError = 51,
+  BadFileNumber = 52,
   FileNotFound = 53,
   FileAlreadyOpen = 55,
   DeviceIo = 57,
@@ -27,7 +28,10 @@ enum class ErrorNumber : int {
   PathNotFound = 76,
   ObjectUnloaded = 364,
   InvalidPropertyValue = 380,
+  AutomationError = 440,
+  InvalidClipboardFormat = 460,
   InvalidPicture = 481,
+  ClipboardUnavailable = 521,
   ImageControlRetry = 3718,
 };
 

@@ -21,6 +21,10 @@ PropertyBase::PropertyBase(Element& owner, const char* name) : owner_(owner), na
   owner.last_ = this;
 }
 
+void PropertyBase::NoteWritten() {
+  owner_.Written.Emit(*this);
+}
+
 void NotifyObservers(Element& owner) {
   owner.Changed.Emit();
 }

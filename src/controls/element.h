@@ -58,6 +58,8 @@ class Element {
 
   // Some property has changed; observers look for themselves which.
   Signal<> Changed;
+  // That property was written, with a new value or the old one.
+  Signal<const PropertyBase&> Written;
   // It goes now: observers let go of it.
   Signal<> Ended;
 

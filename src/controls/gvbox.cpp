@@ -41,21 +41,30 @@ std::optional<std::string> Gvbox::ReadProperty(std::string_view name) {
   return Control::ReadProperty(name);
 }
 
+template <class... Numbers>
+void Gvbox::Tell(const char* operation, Numbers... numbers) const {
+  if (!OnOperation) return;
+  std::string text = operation;
+  ((text += " " + Number(numbers)), ...);
+  OnOperation(text);
+}
+
 void Gvbox::RestoreDesign() {
   Control::RestoreDesign();
-  SetPicture({});
+  TakePicture({});
   fileName_.clear();
   opened_ = {};
 }
 
 void Gvbox::SetFileName(const std::string& path) {
   fileName_ = path;
-  SetPicture({});
+  TakePicture({});
+  failed_ = !path.empty();
+  if (OnOperation) OnOperation("FileName = " + path);
   if (path.empty()) {
     opened_ = {};  // lets go of the pixels and of the file
     return;
   }
-  failed_ = true;
   working_ = Open(path);
   fileBits_ = working_.BitsPerPixel();
   failed_ = false;
@@ -105,12 +114,18 @@ lumidex::Picture Gvbox::Usable() const {
 }
 
 lumidex::Picture Gvbox::Picture() const {
+  Tell("Picture");
   lumidex::Picture picture = Usable();
   if (ThumbnailSize == 0 || picture.IsEmpty()) return picture;
   return ReducedPicture(picture, ThumbnailSize, Appearance == 1 ? ReducedStyle::Raised : ReducedStyle::Flat);
 }
 
 void Gvbox::SetPicture(const lumidex::Picture& picture) {
+  if (OnOperation) OnOperation("Picture = " + property_text::Of(picture));
+  TakePicture(picture);
+}
+
+void Gvbox::TakePicture(const lumidex::Picture& picture) {
   working_ = picture;
   fileBits_ = picture.BitsPerPixel();
   failed_ = false;
@@ -171,16 +186,19 @@ std::int32_t Gvbox::ScrollMaxY() const {
 }
 
 void Gvbox::SetScrollX(std::int32_t x) {
+  Tell("ScrollX =", x);
   scrollX_ = std::clamp(x, 0, ScrollMaxX());
   Changed.Emit();
 }
 
 void Gvbox::SetScrollY(std::int32_t y) {
+  Tell("ScrollY =", y);
   scrollY_ = std::clamp(y, 0, ScrollMaxY());
   Changed.Emit();
 }
 
 std::int32_t Gvbox::PixelColor(float x, float y) const {
+  Tell("PixelColor", x, y);
   const Pixels pixels = Usable().FullPixels();
   const auto place = [&](float twips, std::int32_t scroll) {
     return std::floor(static_cast<double>(twips) / twipsPerPixel / static_cast<double>(ZoomLevel.Get())) +
@@ -212,6 +230,7 @@ void Gvbox::Change(Operation operation) {
 
 void Gvbox::PaintPicture(const lumidex::Picture& picture, float x1, float y1, float w1, float h1, float x2,
                          float y2, float w2, float h2) {
+  Tell("PaintPicture", x1, y1, w1, h1, x2, y2, w2, h2);
   const auto run = [](float first, float length) {
     return PixelRun{ToInt32(static_cast<double>(first)), ToInt32(static_cast<double>(length))};
   };
@@ -223,6 +242,7 @@ void Gvbox::PaintPicture(const lumidex::Picture& picture, float x1, float y1, fl
 }
 
 void Gvbox::Rotate(std::int16_t direction) {
+  Tell("Rotate", direction);
   if (direction != 0 && direction != 1) throw RunTimeError(ErrorNumber::InvalidCall);
   if (Usable().IsEmpty()) throw RunTimeError(ErrorNumber::InvalidPicture);
   const Orientation turn = direction == 1 ? Orientation::QuarterRight : Orientation::QuarterLeft;
@@ -230,14 +250,17 @@ void Gvbox::Rotate(std::int16_t direction) {
 }
 
 void Gvbox::Brightness(std::int16_t value) {
+  Tell("Brightness", value);
   Change([value](Pixels& pixels) { Brighten(pixels, value); });
 }
 
 void Gvbox::Contrast(std::int16_t value) {
+  Tell("Contrast", value);
   Change([value](Pixels& pixels) { ChangeContrast(pixels, value); });
 }
 
 void Gvbox::ColorBalance(std::int16_t red, std::int16_t green, std::int16_t blue) {
+  Tell("ColorBalance", red, green, blue);
   Change([=](Pixels& pixels) { BalanceColours(pixels, red, green, blue); });
 }
 
@@ -253,6 +276,7 @@ JpegWriterOptions Gvbox::ChosenWriting() const {
 }
 
 void Gvbox::SaveJPEG(const std::string& path) {
+  if (OnOperation) OnOperation("SaveJPEG " + path);
   const Pixels pixels = Usable().FullPixels();
   if (pixels.IsEmpty()) throw RunTimeError(ErrorNumber::InvalidPicture);
   Owner().GetPlatform().files.Write(path, [&](ByteSink& sink) { WriteJpeg(pixels, ChosenWriting(), sink); });

@@ -108,9 +108,14 @@ class Gvbox final : public PointedControl {
   std::int32_t ScrollMaxX() const;
   std::int32_t ScrollMaxY() const;
 
+  // Told each operation with its arguments before it is done, as "Rotate 1"; what this raises, the operation
+  // raises. Reading a number is no operation.
+  Event<const std::string&> OnOperation;
   Event<> OnImageChanged;
 
  private:
+  template <class... Numbers>
+  void Tell(const char* operation, Numbers... numbers) const;
   static void RefuseNegative(Element& owner, const int& value);
   template <int First, int Last>
   static void RefuseOutside(Element&, const int& value) {
@@ -119,6 +124,7 @@ class Gvbox final : public PointedControl {
   [[noreturn]] static void RaiseInvalidValue();
   static void RefuseZoom(Element& owner, const float& value);
   static void ZoomChanged(Element& owner);
+  void TakePicture(const lumidex::Picture& picture);
   lumidex::Picture Usable() const;
   lumidex::Picture Open(const std::string& path);
   DecoderOptions ChosenDecoding() const;

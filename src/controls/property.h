@@ -38,6 +38,8 @@ class PropertyBase {
   virtual void TakeFrom(const PropertyBase& other) = 0;
 
  protected:
+  // Tells the owner's observers.
+  void NoteWritten();
   Element& owner_;
 
  private:
@@ -90,6 +92,7 @@ class Property final : public PropertyBase {
       NotifyObservers(owner_);
     }
     if (written_) written_(owner_);
+    NoteWritten();
     if (isNew && changed_) changed_(owner_);
     return *this;
   }

@@ -10,6 +10,8 @@ class TabStrip final : public Control {
   TabStrip(Form& owner, std::string name, std::vector<std::string> captions)
       : Control(owner, std::move(name)), captions_(std::move(captions)) {}
   std::string_view Kind() const override { return "SSTab"; }
+  // Also Tabs, their number, and TabCaption(n).
+  std::optional<std::string> ReadProperty(std::string_view name) override;
 
   const std::vector<std::string>& Captions() const { return captions_; }
   // Zero-based; a page that does not exist raises InvalidPropertyValue. A new page fires Click.

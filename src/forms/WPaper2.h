@@ -5,6 +5,7 @@
 #include "controls/buttons.h"
 #include "controls/common_dialog.h"
 #include "controls/control_array.h"
+#include "controls/field.h"
 #include "controls/form.h"
 #include "controls/list_box.h"
 #include "controls/menu_item.h"
@@ -171,7 +172,7 @@ struct WPaper2Window : Form {
   float WidestFor(float height) const;
 
   // False until the first activation has finished its one-time work.
-  bool WindowActivatedOnce = false;
+  Field<bool> WindowActivatedOnce{*this, "WindowActivatedOnce"};
 
  private:
   void PlaceControls();

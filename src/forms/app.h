@@ -111,6 +111,9 @@ struct App : GlobalRecord {
   Form* FindForm(std::string_view name);
   // A field of the global record by its name, as text; nothing when there is no such field.
   std::optional<std::string> ReadGlobal(std::string_view name) const;
+  // False when there is no such field. Raises TypeMismatch for text of another kind and Overflow for a number
+  // beyond the field's width.
+  bool WriteGlobal(std::string_view name, std::string_view text);
 
   // ExitProgram has begun; a second one, as the unloading of the main window asks for, changes nothing.
   bool exiting = false;

@@ -2,6 +2,7 @@
 // The window that shows what the product is, at start and on demand.
 
 #include "controls/buttons.h"
+#include "controls/field.h"
 #include "controls/form.h"
 #include "controls/picture_controls.h"
 #include "controls/texts.h"
@@ -32,7 +33,7 @@ struct frmSplashWindow : Form {
                "Send comments and ideas to support@korvane.example and ideas@korvane.example"};
 
   // Seconds since midnight at load.
-  double SplashStart = 0;
+  Field<double> SplashStart{*this, "SplashStart"};
 };
 
 }  // namespace lumidex

@@ -4,6 +4,7 @@
 #include <random>
 
 #include "controls/buttons.h"
+#include "controls/field.h"
 #include "controls/form.h"
 #include "controls/picture_controls.h"
 #include "controls/texts.h"
@@ -31,7 +32,7 @@ struct frmTipWindow : Form {
 
   // One-based in use: tips in the order of the file, and the one that is shown.
   std::vector<std::string> Tips;
-  std::int32_t CurrentTip = 0;
+  Field<std::int32_t> CurrentTip{*this, "CurrentTip"};
   std::minstd_rand Random;
 };
 

@@ -12,6 +12,9 @@ class EventQueue {
  public:
   using Work = std::function<void()>;
 
+  // A tick that is slower than its period would else take all of the stack.
+  static constexpr int mostNestedTicks = 16;
+
   virtual ~EventQueue() = default;
 
   // Serves all pending events, then returns. What is served may yield too, but not without end: beyond
@@ -31,7 +34,9 @@ class EventQueue {
   // the processor. A desktop sleeps a moment and returns; a test ends there and says so.
   virtual void Stall() = 0;
 
-  // Calls `tick` each time the period has passed, until stopped; missed periods are merged into one.
+  // Calls `tick` each time the period has passed, until stopped; missed periods are merged into one. What
+  // serves events inside a tick may have the same tick served again there, up to mostNestedTicks deep: beyond
+  // that it is late.
   virtual TimerId StartTimer(int milliseconds, Work tick) = 0;
   virtual void StopTimer(TimerId timer) = 0;
   // Runs `work` later on the event thread; may be called from another thread.

@@ -35,4 +35,19 @@ std::string FileSystem::AsidePath(const std::string& path) const {
   return FreePath(WithMark(path, ".Old"));
 }
 
+void FileSystem::OpenNumber(int number, const std::string& path, bool emptied) {
+  const std::string whole = Normalised(path);
+  for (const auto& [other, file] : open_) {
+    if (other == number || file.path == whole) throw RunTimeError(ErrorNumber::FileAlreadyOpen);
+  }
+  auto sink = OpenAtEnd(path, emptied);
+  open_[number] = {whole, std::move(sink)};
+}
+
+void FileSystem::Print(int number, std::string_view text) {
+  const auto file = open_.find(number);
+  if (file == open_.end()) throw RunTimeError(ErrorNumber::BadFileNumber);
+  file->second.sink->WriteText(text);
+}
+
 }  // namespace lumidex

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -58,6 +59,8 @@ class FileSystem {
   // The drive that a path lies on, one of Drives(); empty when on none.
   virtual std::string DriveOf(const std::string& path) const = 0;
   virtual std::string CurrentDirectory() const = 0;
+  // Raises PathNotFound when there is no such directory and PathFileAccess when it can not be entered.
+  virtual void ChDir(const std::string& path) = 0;
   // Absolute, without "." and "..", without a separator at the end (a root keeps its own).
   virtual std::string Normalised(const std::string& path) const = 0;
 
@@ -91,8 +94,29 @@ class FileSystem {
   // A free path "Name.Old.ext" beside "Name.ext".
   std::string AsidePath(const std::string& path) const;
 
+  // Files that are written piece by piece under a number, and stay open until that number is closed. Opening
+  // for output empties the file; both make it when it is missing. They raise FileAlreadyOpen for a number in
+  // use and for a file that is open under another one, PathNotFound, PermissionDenied, and PathFileAccess for
+  // what can't be opened to be written.
+  void OpenForOutput(int number, const std::string& path) { OpenNumber(number, path, true); }
+  void OpenForAppend(int number, const std::string& path) { OpenNumber(number, path, false); }
+  // What is printed stands in the file at once. Raises BadFileNumber for a number that is not open, and
+  // DiskFull.
+  void Print(int number, std::string_view text);
+  // Closing a number that is not open does nothing.
+  void Close(int number) { open_.erase(number); }
+
  private:
+  // Writes behind what the file holds. Raises as the two above say.
+  virtual std::unique_ptr<ByteSink> OpenAtEnd(const std::string& path, bool emptied) = 0;
+  void OpenNumber(int number, const std::string& path, bool emptied);
   std::string WithMark(const std::string& path, const std::string& mark) const;
+
+  struct OpenFile {
+    std::string path;
+    std::unique_ptr<ByteSink> sink;
+  };
+  std::map<int, OpenFile> open_;
 };
 
 }  // namespace lumidex

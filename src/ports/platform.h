@@ -20,6 +20,7 @@ struct Platform {
   Clipboard& clipboard;
   Desktop& desktop;
   Tray& tray;
+  Popup& popup;
   Shell& shell;
   SettingsStore& settings;
   PictureLoader& loader;

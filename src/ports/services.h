@@ -1,7 +1,8 @@
 #pragma once
-// The small services: clock, process, clipboard, desktop, tray, shell, settings store, picture loader,
-// special folders, browser.
+// The small services: clock, process, clipboard, desktop, tray, popup menus, shell, settings store, picture
+// loader, special folders, browser.
 
+#include <array>
 #include <cstdint>
 #include <functional>
 #include <optional>
@@ -23,6 +24,8 @@ class Clock {
   // Local time of day in seconds since midnight, with fractions; falls back to 0 at midnight.
   virtual double TimeOfDay() const = 0;
   virtual DateTime Now() const = 0;
+  // The local time of a moment, as that of a file.
+  virtual DateTime LocalTime(std::int64_t secondsSince1970) const = 0;
 };
 
 class Process {
@@ -35,40 +38,80 @@ class Process {
   virtual bool HasPreviousInstance() = 0;
 };
 
+// What goes onto the clipboard, by the number that the call has for it.
+enum class ClipboardFormat : int {
+  Own = 0,  // left to the clipboard, which takes the picture's own
+  Text = 1,
+  Bitmap = 2,
+  Metafile = 3,
+};
+
 class Clipboard {
  public:
   virtual ~Clipboard() = default;
+  // The three that write raise ClipboardUnavailable when the clipboard can't be had.
   virtual void Clear() = 0;
   virtual void SetText(const std::string& text) = 0;
-  virtual void SetPicture(const Picture& picture) = 0;
+  // Raises InvalidClipboardFormat for no picture, and for one that has no such format.
+  virtual void SetData(const Picture& picture, ClipboardFormat format = ClipboardFormat::Own) = 0;
   virtual std::string Text() const = 0;
 };
 
 using RegistryKey = std::uintptr_t;
 inline constexpr RegistryKey HKEY_CURRENT_USER = 0x80000001;
 inline constexpr RegistryKey HKEY_LOCAL_MACHINE = 0x80000002;
+// Types of registry values, and the rights with which a key is opened.
+inline constexpr std::uint32_t REG_SZ = 1;
+inline constexpr std::uint32_t REG_BINARY = 3;
+inline constexpr std::uint32_t REG_DWORD = 4;
+inline constexpr std::uint32_t KEY_SET_VALUE = 2;
+inline constexpr std::uint32_t KEY_READ_WRITE = 0x2003F;
 inline constexpr unsigned SPI_SETDESKWALLPAPER = 20;
 
 class Desktop {
  public:
   virtual ~Desktop() = default;
   // 0 is success, as the calls have it.
-  virtual std::int32_t RegOpenKeyExA(RegistryKey root, const std::string& path, RegistryKey& key) = 0;
-  virtual std::int32_t RegSetValueExA(RegistryKey key, const std::string& name, const std::string& value) = 0;
-  virtual std::int32_t RegQueryValueExA(RegistryKey key, const std::string& name, std::string& value) = 0;
+  virtual std::int32_t RegOpenKeyExA(RegistryKey root, const std::string& path, std::uint32_t access,
+                                     RegistryKey& key) = 0;
+  // Keeps these bytes; whoever wants a zero at the end of a text puts one there.
+  virtual std::int32_t RegSetValueExA(RegistryKey key, const std::string& name, std::uint32_t type,
+                                      const std::string& bytes) = 0;
+  // `bytes` comes as long as the caller's buffer and goes as long as the value, which is refused when it does
+  // not fit in.
+  virtual std::int32_t RegQueryValueExA(RegistryKey key, const std::string& name, std::uint32_t& type,
+                                        std::string& bytes) = 0;
   virtual std::int32_t RegCloseKey(RegistryKey key) = 0;
   virtual bool SystemParametersInfoA(unsigned action, unsigned parameter, const std::string& text,
                                      unsigned flags) = 0;
   virtual void ShowDisplaySettings() = 0;
 };
 
+// An icon of the notification area, as the call takes it.
 struct TrayIconRecord {
-  WindowHandle window = 0;
-  unsigned id = 0;
-  unsigned flags = 0;
-  unsigned callbackMessage = 0;
-  std::string tip;
+  // What cbSize says: the bytes of a record whose handles have four.
+  static constexpr std::uint32_t Size = 88;
+
+  std::uint32_t cbSize = 0;
+  WindowHandle hWnd = 0;
+  std::uint32_t uID = 0;
+  std::uint32_t uFlags = 0;
+  std::uint32_t uCallbackMessage = 0;
+  Picture hIcon;
+  std::array<char, 64> szTip{};
 };
+
+inline constexpr unsigned NIM_ADD = 0;
+inline constexpr unsigned NIM_MODIFY = 1;
+inline constexpr unsigned NIM_DELETE = 2;
+inline constexpr std::uint32_t NIF_MESSAGE = 1;
+inline constexpr std::uint32_t NIF_ICON = 2;
+inline constexpr std::uint32_t NIF_TIP = 4;
+inline constexpr std::uint32_t WM_MOUSEMOVE = 0x200;
+inline constexpr std::uint32_t WM_LBUTTONDOWN = 0x201;
+inline constexpr std::uint32_t WM_LBUTTONUP = 0x202;
+inline constexpr std::uint32_t WM_LBUTTONDBLCLK = 0x203;
+inline constexpr std::uint32_t WM_RBUTTONDOWN = 0x204;
 
 class Tray {
  public:
@@ -76,14 +119,29 @@ class Tray {
   // Whether an icon of the program stands in a notification area, where the user can reach it.
   virtual bool IsAvailable() const = 0;
   virtual bool Shell_NotifyIconA(unsigned action, const TrayIconRecord& record) = 0;
+
+  // The way back, set by the program: a window's mouse moves to that place in twips. An icon whose callback
+  // message is WM_MOUSEMOVE tells what happens to it that way, X being the message's number times the twips
+  // of a pixel. Called on the event thread, through the event queue's Guard.
+  std::function<void(WindowHandle window, float x, float y)> OnMouseMove;
+};
+
+class Popup {
+ public:
+  virtual ~Popup() = default;
+  // Opens the entries of a form's menu where the mouse is and serves events until one of them was chosen or
+  // the menu was left; timers go on. The click of the chosen entry runs inside, as an event of its own, with
+  // the menu closed already. A menu that is open when another is asked for closes. Raises InvalidCall when no
+  // menu can be opened.
+  virtual void PopupMenu(WindowHandle form, WindowHandle menu) = 0;
 };
 
 class Shell {
  public:
   virtual ~Shell() = default;
-  // Above 32 is success.
-  virtual int ShellExecuteA(const std::string& verb, const std::string& file, const std::string& arguments,
-                            const std::string& directory, int show) = 0;
+  // Above 32 is success. `window` is the one that asks.
+  virtual int ShellExecuteA(WindowHandle window, const std::string& verb, const std::string& file,
+                            const std::string& arguments, const std::string& directory, int show) = 0;
   // Raises FileNotFound when the program is not there.
   virtual void StartProgram(const std::string& command) = 0;
 };
@@ -91,6 +149,7 @@ class Shell {
 class SettingsStore {
  public:
   virtual ~SettingsStore() = default;
+  // Both raise InvalidCall when the store can't be had.
   virtual std::string GetSetting(const std::string& section, const std::string& key,
                                  const std::string& preset) const = 0;
   virtual void SaveSetting(const std::string& section, const std::string& key, const std::string& value) = 0;
@@ -111,10 +170,16 @@ class SpecialFolders {
   virtual std::string Favorites() const = 0;
 };
 
+// The browsers of a window, numbered from 0.
 class Browser {
  public:
   virtual ~Browser() = default;
-  virtual void Navigate(const std::string& address) = 0;
+  // All raise AutomationError when there is no browser of that number, or it has failed. Navigate returns at
+  // once; the browser is busy until the page is there or has turned out not to be.
+  virtual void Navigate(int browser, const std::string& address) = 0;
+  virtual bool Busy(int browser) const = 0;
+  // The title of the page that is shown, empty before the first.
+  virtual std::string LocationName(int browser) const = 0;
 };
 
 }  // namespace lumidex

@@ -81,7 +81,9 @@ std::string ColorsText(float bitsPerPixel) {
 class ReducedReading {
  public:
   explicit ReducedReading(Gvbox& control) : control_(control) {}
-  ~ReducedReading() { control_.ThumbnailSize = 0; }
+  ~ReducedReading() {
+    if (control_.ThumbnailSize != 0) control_.ThumbnailSize = 0;
+  }
   ReducedReading(const ReducedReading&) = delete;
   ReducedReading& operator=(const ReducedReading&) = delete;
 

@@ -1,10 +1,16 @@
 #include "windows/windows.h"
 
+#include "controls/form.h"
 #include "core/default_report.h"
 
 namespace lumidex {
 
 void WireWindows(App& app) {
+  app.platform.tray.OnMouseMove = [&app](WindowHandle window, float x, float y) {
+    for (Form* form : app.Forms()) {
+      if (form->hwnd() == window) form->UserMouseMove({0, 0, x, y});
+    }
+  };
   app.platform.events.Guard = [&app](const EventQueue::Work& work) { RunEvent(app, work); };
   WireWPaper2(app);
   WireSelectPictureDirectoryForm(app);

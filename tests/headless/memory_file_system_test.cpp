@@ -226,5 +226,16 @@ TEST_F(Files, Something_that_is_no_file_does_not_open) {
   EXPECT_EQ(NumberRaisedBy([&] { slashes.Open("/locked"); }), 70);
 }
 
+TEST_F(Files, The_current_directory_changes_only_to_one_that_can_be_entered) {
+  drives.AddDirectory("C:\\Pics");
+  drives.AddDirectory("C:\\locked");
+  drives.SetLocked("C:\\locked", true);
+  drives.ChDir("C:\\Pics");
+  EXPECT_EQ(drives.Normalised("a"), "C:\\Pics\\a");
+  EXPECT_EQ(NumberRaisedBy([&] { drives.ChDir("C:\\none"); }), 76);
+  EXPECT_EQ(NumberRaisedBy([&] { drives.ChDir("C:\\locked"); }), 75);
+  EXPECT_EQ(drives.CurrentDirectory(), "C:\\Pics");
+}
+
 }  // namespace
 }  // namespace lumidex

@@ -48,14 +48,29 @@ TEST_F(SimulatedEventsTest, A_timer_fires_only_when_its_period_has_passed) {
   EXPECT_THAT(served, ElementsAre("tick"));
 }
 
-TEST_F(SimulatedEventsTest, A_timer_does_not_fire_inside_its_own_tick_and_missed_periods_are_merged) {
+TEST_F(SimulatedEventsTest, A_tick_may_come_again_inside_its_own_yields) {
   events.StartTimer(10, [this] {
     served.push_back("begin");
     if (served.size() == 1) events.Wait(50);
     served.push_back("end");
   });
   events.Advance(10);
-  EXPECT_THAT(served, ElementsAre("begin", "end", "begin", "end"));
+  EXPECT_THAT(served, ElementsAre("begin", "begin", "end", "end"));
+}
+
+TEST_F(SimulatedEventsTest, Ticks_are_nested_no_deeper_than_they_may_be) {
+  int depth = 0, deepest = 0;
+  TimerId timer = 0;
+  timer = events.StartTimer(10, [&] {
+    deepest = std::max(deepest, ++depth);
+    events.Advance(10);
+    // One that always takes as long as its period would never end.
+    events.StopTimer(timer);
+    --depth;
+  });
+  events.Advance(10);
+  EXPECT_EQ(deepest, EventQueue::mostNestedTicks);
+  EXPECT_EQ(depth, 0);
 }
 
 TEST_F(SimulatedEventsTest, Setting_the_clock_does_not_touch_the_timers) {

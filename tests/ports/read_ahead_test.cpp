@@ -262,6 +262,7 @@ class InterruptedFiles final : public FileSystem {
   std::vector<std::string> Drives() const override { return files_.Drives(); }
   std::string DriveOf(const std::string& path) const override { return files_.DriveOf(path); }
   std::string CurrentDirectory() const override { return files_.CurrentDirectory(); }
+  void ChDir(const std::string& path) override { files_.ChDir(path); }
   std::string Normalised(const std::string& path) const override { return files_.Normalised(path); }
   std::vector<DirectoryEntry> ReadDirectory(const std::string& path) const override {
     return files_.ReadDirectory(path);
@@ -279,6 +280,7 @@ class InterruptedFiles final : public FileSystem {
   void MakeDirectory(const std::string& path) override { files_.MakeDirectory(path); }
 
  private:
+  std::unique_ptr<ByteSink> OpenAtEnd(const std::string&, bool) override { return nullptr; }
   class Source final : public ByteSource {
    public:
     Source(std::shared_ptr<const ByteSource> source, std::function<void()> once, int& reads)

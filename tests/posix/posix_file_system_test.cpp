@@ -324,5 +324,43 @@ TEST(Mounts, Only_what_is_plugged_in_is_a_drive) {
               testing::ElementsAre("/media/stick", "/mnt", "/run/media/ada/DISK ONE"));
 }
 
+TEST_F(PosixFiles, The_current_directory_changes) {
+  const std::string before = files.CurrentDirectory();
+  files.ChDir(folder.Path());
+  EXPECT_EQ(files.Normalised("a"), files.CurrentDirectory() + "/a");
+  Put(folder / "a", "there");
+  EXPECT_EQ(files.ReadAll("a"), "there");
+  EXPECT_EQ(NumberRaisedBy([&] { files.ChDir(folder / "none"); }), 76);
+  files.ChDir(before);
+}
+
+TEST_F(PosixFiles, What_is_printed_to_a_number_stands_in_the_file_at_once) {
+  Put(folder / "report", "old\n");
+  files.OpenForAppend(1, folder / "report");
+  files.Print(1, "one\n");
+  EXPECT_EQ(Get(folder / "report"), "old\none\n");
+  files.Close(1);
+  files.OpenForOutput(1, folder / "report");
+  EXPECT_EQ(Get(folder / "report"), "");
+  files.Print(1, "new\n");
+  files.Close(1);
+  EXPECT_EQ(Get(folder / "report"), "new\n");
+}
+
+TEST_F(PosixFiles, What_can_not_be_opened_to_be_written_is_a_path_access_error) {
+  EXPECT_EQ(NumberRaisedBy([&] { files.OpenForAppend(1, folder.Path()); }), 75);
+  EXPECT_EQ(NumberRaisedBy([&] { files.OpenForAppend(1, folder / "none/report"); }), 76);
+  // The number is free still.
+  files.OpenForAppend(1, folder / "report");
+  files.Close(1);
+}
+
+TEST_F(PosixFiles, Printing_onto_a_full_disk_raises) {
+  files.OpenForOutput(1, folder / "report");
+  const SmallFilesOnly small;
+  EXPECT_EQ(NumberRaisedBy([&] { files.Print(1, std::string(2000, 'x')); }), 61);
+  files.Close(1);
+}
+
 }  // namespace
 }  // namespace lumidex

@@ -51,22 +51,46 @@ TEST(Registry, Values_are_kept_for_the_user) {
   TemporaryFolder folder;
   RegistryKey key = 0;
   PosixDesktop desktop(ConfigIn(folder.Path()));
-  ASSERT_EQ(desktop.RegOpenKeyExA(HKEY_CURRENT_USER, "Control Panel\\Desktop", key), 0);
-  EXPECT_EQ(desktop.RegSetValueExA(key, "TileWallpaper", "1"), 0);
+  ASSERT_EQ(desktop.RegOpenKeyExA(HKEY_CURRENT_USER, "Control Panel\\Desktop", KEY_SET_VALUE, key), 0);
+  EXPECT_EQ(desktop.RegSetValueExA(key, "TileWallpaper", REG_SZ, "1"), 0);
   EXPECT_EQ(desktop.RegCloseKey(key), 0);
-  EXPECT_NE(desktop.RegSetValueExA(key, "TileWallpaper", "0"), 0);
+  EXPECT_NE(desktop.RegSetValueExA(key, "TileWallpaper", REG_SZ, "0"), 0);
   PosixDesktop next(ConfigIn(folder.Path()));
-  std::string value;
-  ASSERT_EQ(next.RegOpenKeyExA(HKEY_CURRENT_USER, "Control Panel\\Desktop", key), 0);
-  EXPECT_EQ(next.RegQueryValueExA(key, "TileWallpaper", value), 0);
+  std::string value(100, ' ');
+  std::uint32_t type = 0;
+  ASSERT_EQ(next.RegOpenKeyExA(HKEY_CURRENT_USER, "Control Panel\\Desktop", KEY_READ_WRITE, key), 0);
+  EXPECT_EQ(next.RegQueryValueExA(key, "TileWallpaper", type, value), 0);
+  EXPECT_EQ(type, REG_SZ);
   EXPECT_EQ(value, "1");
-  EXPECT_NE(next.RegQueryValueExA(key, "WallpaperStyle", value), 0);
+  EXPECT_NE(next.RegQueryValueExA(key, "WallpaperStyle", type, value), 0);
+}
+
+TEST(Registry, A_value_that_is_longer_than_the_buffer_is_refused) {
+  TemporaryFolder folder;
+  RegistryKey key = 0;
+  PosixDesktop desktop(ConfigIn(folder.Path()));
+  ASSERT_EQ(desktop.RegOpenKeyExA(HKEY_CURRENT_USER, "Key", KEY_READ_WRITE, key), 0);
+  ASSERT_EQ(desktop.RegSetValueExA(key, "name", REG_SZ, "12345"), 0);
+  std::uint32_t type = 0;
+  std::string value(4, ' ');
+  EXPECT_EQ(desktop.RegQueryValueExA(key, "name", type, value), 234);
+  EXPECT_EQ(value, "    ");
+}
+
+TEST(Registry, Only_texts_are_kept) {
+  TemporaryFolder folder;
+  RegistryKey key = 0;
+  PosixDesktop desktop(ConfigIn(folder.Path()));
+  ASSERT_EQ(desktop.RegOpenKeyExA(HKEY_CURRENT_USER, "Key", KEY_READ_WRITE, key), 0);
+  EXPECT_NE(desktop.RegSetValueExA(key, "name", REG_DWORD, "1234"), 0);
 }
 
 TEST(Registry, The_machines_own_keys_are_not_there) {
   TemporaryFolder folder;
   RegistryKey key = 0;
-  EXPECT_NE(PosixDesktop(ConfigIn(folder.Path())).RegOpenKeyExA(HKEY_LOCAL_MACHINE, "SOFTWARE", key), 0);
+  EXPECT_NE(PosixDesktop(ConfigIn(folder.Path()))
+                .RegOpenKeyExA(HKEY_LOCAL_MACHINE, "SOFTWARE", KEY_READ_WRITE, key),
+            0);
 }
 
 TEST(StartingPrograms, A_missing_program_is_told) {
@@ -92,8 +116,8 @@ TEST(StartingPrograms, No_shell_reads_the_arguments) {
 
 TEST(StartingPrograms, A_missing_file_and_another_verb_are_refused) {
   PosixShell shell;
-  EXPECT_EQ(shell.ShellExecuteA("open", "/nowhere/file.html", "", "", 1), 2);
-  EXPECT_LE(shell.ShellExecuteA("print", "/etc/hostname", "", "", 1), 32);
+  EXPECT_EQ(shell.ShellExecuteA(0, "Open", "/nowhere/file.html", "", "", 1), 2);
+  EXPECT_LE(shell.ShellExecuteA(0, "print", "/etc/hostname", "", "", 1), 32);
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
+#include <algorithm>
 #include <stdexcept>
 #include <thread>
 
@@ -83,6 +84,39 @@ TEST(QtEventQueue, A_timer_may_stop_itself_while_it_ticks) {
   events.RunUntil([&] { return ticks > 0; });
   events.Wait(5);
   EXPECT_EQ(ticks, 100);
+}
+
+TEST(QtEventQueue, A_tick_may_come_again_inside_its_own_yields) {
+  QtEventQueue events;
+  int depth = 0, deepest = 0;
+  const TimerId timer = events.StartTimer(1, [&] {
+    deepest = std::max(deepest, ++depth);
+    events.RunUntil([&] { return deepest >= 3; });
+    --depth;
+  });
+  events.RunUntil([&] { return deepest >= 3; });
+  events.StopTimer(timer);
+  EXPECT_GE(deepest, 3);
+}
+
+TEST(QtEventQueue, Ticks_are_nested_no_deeper_than_they_may_be) {
+  QtEventQueue events;
+  int depth = 0, deepest = 0, others = 0;
+  const TimerId timer = events.StartTimer(1, [&] {
+    deepest = std::max(deepest, ++depth);
+    if (deepest < EventQueue::mostNestedTicks) {
+      events.RunUntil([&] { return deepest >= EventQueue::mostNestedTicks; });
+    } else {
+      const int before = others;
+      events.RunUntil([&] { return others >= before + 5; });
+    }
+    --depth;
+  });
+  const TimerId other = events.StartTimer(1, [&] { ++others; });
+  events.RunUntil([&] { return deepest >= EventQueue::mostNestedTicks && depth == 0; });
+  events.StopTimer(timer);
+  events.StopTimer(other);
+  EXPECT_EQ(deepest, EventQueue::mostNestedTicks);
 }
 
 TEST(QtEventQueue, Waiting_ends_without_an_event_after_its_time) {

@@ -27,10 +27,10 @@ struct QtWorld {
   QtWindowControl windows{views};
   QtDialogs dialogs{views};
   QtClipboard clipboard;
-  Platform platform{headless.files,   events,           dialogs,           windows,
-                    headless.events,  headless.process, clipboard,         headless.desktop,
-                    headless.tray,    headless.shell,   headless.settings, headless.loader,
-                    headless.folders, headless.browser, headless.readAhead};
+  Platform platform{headless.files,  events,           dialogs,          windows,
+                    headless.events, headless.process, clipboard,        headless.desktop,
+                    headless.tray,   headless.popup,   headless.shell,   headless.settings,
+                    headless.loader, headless.folders, headless.browser, headless.readAhead};
 };
 
 // Serves what is pending, so that every widget shows what its control holds.

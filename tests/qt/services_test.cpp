@@ -4,6 +4,7 @@
 #include <QMimeData>
 #include <QPushButton>
 
+#include "number_raised.h"
 #include "platform/qt/clock.h"
 #include "platform/qt/conversions.h"
 #include "qt/qt_world.h"
@@ -105,7 +106,7 @@ class CountingDecoder final : public Decoder {
 TEST(QtClipboard, A_picture_is_decoded_when_it_is_pasted) {
   int decodes = 0;
   QtClipboard clipboard;
-  clipboard.SetPicture(Picture::FromDecoder(std::make_unique<CountingDecoder>(decodes)));
+  clipboard.SetData(Picture::FromDecoder(std::make_unique<CountingDecoder>(decodes)), ClipboardFormat::Own);
   EXPECT_TRUE(QGuiApplication::clipboard()->mimeData()->hasImage());
   EXPECT_EQ(decodes, 0);
   const QImage pasted = QGuiApplication::clipboard()->image();
@@ -113,6 +114,27 @@ TEST(QtClipboard, A_picture_is_decoded_when_it_is_pasted) {
   EXPECT_EQ(pasted.size(), QSize(4, 2));
   EXPECT_EQ(pasted.pixelColor(3, 1), QColor(Qt::green));
   clipboard.Clear();
+}
+
+TEST(QtClipboard, No_picture_is_refused) {
+  QtClipboard clipboard;
+  EXPECT_EQ(NumberRaisedBy([&] { clipboard.SetData(Picture(), ClipboardFormat::Own); }), 460);
+}
+
+TEST(QtClock, The_time_of_a_file_is_told_in_local_time) {
+  const QByteArray before = qgetenv("TZ");
+  qputenv("TZ", "TST-5:30");
+  tzset();
+  const DateTime moment = QtClock().LocalTime(86400);
+  EXPECT_EQ(moment.day, 2);
+  EXPECT_EQ(moment.hour, 5);
+  EXPECT_EQ(moment.minute, 30);
+  if (before.isNull()) {
+    qunsetenv("TZ");
+  } else {
+    qputenv("TZ", before);
+  }
+  tzset();
 }
 
 TEST(QtClock, The_time_of_day_lies_within_the_day) {

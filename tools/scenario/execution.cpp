@@ -3,21 +3,33 @@
 
 #include "base/run_time_error.h"
 #include "platform/headless/script_ends.h"
+#include "scenario/statements.h"
 #include "windows/windows.h"
 
 namespace lumidex::scenario {
+namespace {
 
-const std::string& WordAt(const Statement& statement, std::size_t place, const char* what) {
-  if (place >= statement.words.size()) throw Failure{std::string(what) + " is missing"};
-  return statement.words[place].text;
+const StatementTable& AllStatements() {
+  static const StatementTable all = [] {
+    StatementTable table;
+    for (const auto add : {AddFileStatements, AddWorldStatements, AddUserStatements, AddDialogStatements,
+                           AddCodeStatements, AddFlowStatements, AddExpectations}) {
+      add(table);
+    }
+    return table;
+  }();
+  return all;
 }
+
+}  // namespace
 
 Execution::Execution(const Scenario& scenario, FrontEnd& frontEnd, std::string folder)
     : scenario_(scenario),
       frontEnd_(frontEnd),
       folder_(std::move(folder)),
       separator_(FindSeparator()),
-      world_(std::make_unique<HeadlessPlatform>(separator_)) {
+      world_(std::make_unique<HeadlessPlatform>(separator_)),
+      imageControls_(world_->log) {
   world_->events.NextUserAction = [this] { return Step(); };
   world_->events.OnYield = [this] { WhenYielding(); };
 }
@@ -39,25 +51,35 @@ void Execution::Run() {
   cursors_.push_back({&scenario_.statements});
   while (!cursors_.front().AtEnd()) {
     cursors_.resize(1);
-    try {
-      Step();
-    } catch (const ProgramEnded& end) {
-      state = State::Ended;
-      exitCode = end.exitCode;
-    } catch (const ProgramHung&) {
-      state = State::Hung;
-    } catch (const NoUserActionLeft&) {
-      // The scenario ends with a modal window still open.
-    }
-    if (state == State::Ended || state == State::Hung) world_->events.ForgetEvents();
+    Outside([this] { Step(); });
+    if (state == State::Ended || state == State::Hung) CheckBlocksAreDone();
   }
   CheckNothingIsLeft();
+}
+
+void Execution::Outside(const std::function<void()>& step) {
+  try {
+    step();
+  } catch (const ProgramEnded& end) {
+    state = State::Ended;
+    exitCode = end.exitCode;
+  } catch (const ProgramHung&) {
+    state = State::Hung;
+  } catch (const NoUserActionLeft&) {
+    // The scenario ends with a modal window still open.
+  }
+  if (state == State::Ended || state == State::Hung) world_->events.ForgetEvents();
+}
+
+void Execution::Do(const std::string& line) {
+  Execute(Keep({0, line, SplitWords(line), false, {}}));
 }
 
 bool Execution::Step() {
   for (std::size_t level = cursors_.size(); level-- > 0;) {
     if (cursors_[level].AtEnd()) continue;
-    const Statement& statement = (*cursors_[level].statements)[cursors_[level].next++];
+    const Statement& statement = cursors_[level].Next();
+    ++cursors_[level].next;
     Execute(statement);
     return true;
   }
@@ -65,10 +87,14 @@ bool Execution::Step() {
 }
 
 void Execution::Execute(const Statement& statement) {
-  bool isKnown = false;
+  const auto found = AllStatements().find(statement.words.front().text);
+  if (found == AllStatements().end()) {
+    throw Failure{"\"" + statement.words.front().text + "\" begins no statement", statement.line};
+  }
   try {
-    isKnown = ExecuteSetup(*this, statement) || ExecuteUserAction(*this, statement) ||
-              ExecuteExpectation(*this, statement);
+    Arguments words(statement);
+    found->second(*this, words);
+    words.End();
   } catch (Failure& failure) {
     // A line that ran nested inside this one has set its own number.
     if (failure.line == 0) failure.line = statement.line;
@@ -77,7 +103,6 @@ void Execution::Execute(const Statement& statement) {
     throw Failure{"error " + std::to_string(static_cast<int>(error.Number())) + ", " + error.what(),
                   statement.line};
   }
-  if (!isKnown) throw Failure{"\"" + statement.words.front().text + "\" begins no statement", statement.line};
   if (state == State::Running) frontEnd_.Settle();
 }
 
@@ -96,6 +121,8 @@ void Execution::Start() {
   app_->WPaper2.mnuFileBatchConvertImages.Visible = true;
   app_->WPaper2.KeepDesign();
   frontEnd_.Attach(*app_, *world_);
+  imageControls_.Watch(*app_);
+  for (const auto& setUp : setUps_) setUp(*app_);
   state = State::Running;
   Act([this] { app_->WPaper2.Load(); });
 }
@@ -126,41 +153,54 @@ void Execution::RunBlock(const Statement& statement) {
 }
 
 void Execution::RunAfter(std::int64_t milliseconds, const Statement& statement) {
-  ++laterBlocks_;
+  const auto line = laterLines_.insert(laterLines_.end(), statement.line);
   auto timer = std::make_shared<TimerId>();
-  *timer = world_->events.StartTimer(static_cast<int>(milliseconds), [this, timer, &statement] {
+  *timer = world_->events.StartTimer(static_cast<int>(milliseconds), [this, timer, line, &statement] {
     world_->events.StopTimer(*timer);
-    --laterBlocks_;
+    laterLines_.erase(line);
     RunBlock(statement);
   });
 }
 
 void Execution::WhenYielding() {
-  for (std::size_t i = 0; i < interruptions_.size(); ++i) {
-    Interruption& interruption = interruptions_[i];
-    if (interruption.condition && !interruption.condition()) continue;
-    if (--interruption.yields > 0) continue;
-    const Statement& statement = *interruption.statement;
-    interruptions_.erase(interruptions_.begin() + static_cast<std::ptrdiff_t>(i));
-    RunBlock(statement);
-    return;
+  // Every block counts this yield, whatever the others do in it.
+  std::list<Interruption> due;
+  for (auto next = interruptions_.begin(); next != interruptions_.end();) {
+    const auto interruption = next++;
+    if (interruption->condition && !interruption->condition()) continue;
+    if (--interruption->yields <= 0) due.splice(due.end(), interruptions_, interruption);
+  }
+  try {
+    while (!due.empty()) {
+      const Statement& statement = *due.front().statement;
+      due.pop_front();
+      RunBlock(statement);
+    }
+  } catch (...) {
+    // The program ends in one of them; the others never ran.
+    interruptions_.splice(interruptions_.begin(), due);
+    throw;
+  }
+}
+
+void Execution::CheckBlocksAreDone() const {
+  for (std::size_t level = 1; level < cursors_.size(); ++level) {
+    if (cursors_[level].AtEnd()) continue;
+    throw Failure{"the program has ended before this line", cursors_[level].Next().line};
   }
 }
 
 void Execution::CheckNothingIsLeft() const {
   if (!interruptions_.empty()) {
-    throw Failure{"the yield for this block never came", interruptions_.front().line};
+    throw Failure{"the yield for this block never came", interruptions_.front().statement->line};
   }
-  if (laterBlocks_ > 0) throw Failure{"the time for an \"after\" block never came"};
+  if (!laterLines_.empty()) throw Failure{"the time for this block never came", laterLines_.front()};
   const ScriptedDialogs& dialogs = world_->dialogs;
   if (messagesTold < dialogs.messages.size()) {
     throw Failure{"a message box was shown that the scenario does not expect: " +
                   dialogs.messages[messagesTold].text};
   }
-  if (!dialogs.messageAnswers.empty() || !dialogs.inputAnswers.empty() || !dialogs.fileAnswers.empty() ||
-      !dialogs.colorAnswers.empty()) {
-    throw Failure{"an answer was given to a dialog that was never shown"};
-  }
+  if (dialogs.HasAnswersLeft()) throw Failure{"an answer was given to a dialog that was never shown"};
 }
 
 }  // namespace lumidex::scenario

@@ -4,9 +4,10 @@
 // its next line there.
 
 #include <deque>
-#include <optional>
+#include <list>
 
 #include "scenario/front_end.h"
+#include "scenario/image_controls.h"
 #include "scenario/script.h"
 
 namespace lumidex::scenario {
@@ -24,23 +25,33 @@ class Execution {
   // The rest is for the statements.
 
   HeadlessPlatform& World() { return *world_; }
+  const HeadlessPlatform& World() const { return *world_; }
+  ImageControls& GetImageControls() { return imageControls_; }
   FrontEnd& Windows() { return frontEnd_; }
   // The folder of the scenario file, where "copy" begins to look.
   const std::string& Folder() const { return folder_; }
-  bool IsDrives() const { return separator_ == '\\'; }
 
   void Start();
   // Throws Failure when the program does not run (any more).
   App& Running();
   // The program, also after its end; throws Failure before the start.
   App& Program();
+  bool HasProgram() const { return app_ != nullptr; }
 
   // Does what a user does: through the guard that catches what the program's traps let through.
   void Act(const std::function<void()>& action);
 
+  // Does one line as if it stood in the scenario.
+  void Do(const std::string& line);
+  // Runs a step that is not part of anything that the program does: it is cut off where the program ends or
+  // hangs in it, or waits for a user who does nothing more.
+  void Outside(const std::function<void()>& step);
+
+  // Runs at the next start, before the first form is loaded.
+  void BeforeStart(std::function<void(App&)> setUp) { setUps_.push_back(std::move(setUp)); }
+
   // A block that runs inside a yield to come.
   struct Interruption {
-    int line = 0;
     int yields = 1;                   // the yield at which it is due, counted down
     std::function<bool()> condition;  // counts only yields at which it holds; none counts all
     const Statement* statement = nullptr;
@@ -63,11 +74,14 @@ class Execution {
     const std::vector<Statement>* statements;
     std::size_t next = 0;
     bool AtEnd() const { return next == statements->size(); }
+    const Statement& Next() const { return (*statements)[next]; }
   };
   // Executes the next statement of the innermost block that has one; false when none has.
   bool Step();
   void Execute(const Statement& statement);
   void WhenYielding();
+  // Throws Failure for lines of blocks that the end of the program has cut off.
+  void CheckBlocksAreDone() const;
   void CheckNothingIsLeft() const;
   char FindSeparator() const;
 
@@ -76,22 +90,13 @@ class Execution {
   const std::string folder_;
   const char separator_;
   std::unique_ptr<HeadlessPlatform> world_;
+  ImageControls imageControls_;
   std::unique_ptr<App> app_;
+  std::vector<std::function<void(App&)>> setUps_;
   std::vector<Cursor> cursors_;
-  std::vector<Interruption> interruptions_;
+  std::list<Interruption> interruptions_;
   std::deque<Statement> kept_;
-  int laterBlocks_ = 0;  // of RunAfter, that have not run
+  std::list<int> laterLines_;  // of the RunAfter blocks that have not run
 };
-
-// The statements, in three groups. Each answers false when the first word is not one of its own.
-bool ExecuteSetup(Execution& run, const Statement& statement);
-bool ExecuteUserAction(Execution& run, const Statement& statement);
-bool ExecuteExpectation(Execution& run, const Statement& statement);
-
-// Whether what stands behind "expect" or "when" holds; `why` then says what was found instead.
-bool Holds(Execution& run, const Statement& statement, std::size_t firstWord, std::string& why);
-
-// The word at a place; throws Failure saying `what` is missing there.
-const std::string& WordAt(const Statement& statement, std::size_t place, const char* what);
 
 }  // namespace lumidex::scenario

@@ -1,5 +1,7 @@
 #include "scenario/sample_pictures.h"
 
+#include <algorithm>
+
 #include "base/text.h"
 #include "gallery/encoders/bmp_encoder.h"
 #include "gallery/encoders/gif_encoder.h"
@@ -19,6 +21,13 @@ IndexedPicture Indexed(const Pixels& pixels, int bitsPerPixel) {
   return Reduce(pixels, GreyColours(256), Dithering::None);
 }
 
+// The same pixels with a channel that says that none of them is transparent.
+Pixels WithAlpha(const Pixels& pixels) {
+  Pixels copy = Pixels::MakeUnfilled(pixels.GetSize(), PixelFormat::Argb);
+  for (int y = 0; y < pixels.Height(); ++y) std::ranges::copy(pixels.Row(y), copy.Row(y).begin());
+  return copy;
+}
+
 std::vector<std::uint8_t> Encoded(const std::string& kind, const Pixels& pixels, int bits) {
   const bool isIndexed = bits == 1 || bits == 4 || bits == 8;
   const bool isFull = bits == 0 || bits == 24;
@@ -29,7 +38,8 @@ std::vector<std::uint8_t> Encoded(const std::string& kind, const Pixels& pixels,
   if (kind == ".rle" && (bits == 0 || bits == 8)) return EncodeRunLengthBmp(Indexed(pixels, 8));
   if (kind == ".png") {
     if (isIndexed) return EncodePng(Indexed(pixels, bits));
-    if (isFull || bits == 32) return EncodePng(pixels);
+    if (isFull) return EncodePng(pixels);
+    if (bits == 32) return EncodePng(WithAlpha(pixels));
   }
   if (kind == ".jpg" && isFull) return EncodeJpeg(pixels, 90);
   if (kind == ".jpe" && isFull) return EncodeJpeg(pixels, 90);

@@ -38,44 +38,39 @@ const Shown& Next(const std::vector<Shown>& shown, std::size_t& told, const char
   return shown[told++];
 }
 
-// From `first` on: "contains" and a text, or a text, then pairs of a fact's name and its value.
-void CheckFacts(const Statement& statement, std::size_t first, const std::string& text, const Facts& facts) {
-  const auto& words = statement.words;
-  std::size_t next = first;
-  if (next < words.size() && words[next].Is("contains")) {
-    if (text.find(WordAt(statement, next + 1, "the text")) == std::string::npos) {
-      throw Failure{"it says \"" + text + "\""};
-    }
-    next += 2;
-  } else if (next < words.size() && words[next].quoted) {
-    if (text != words[next].text) throw Failure{"it says \"" + text + "\""};
-    ++next;
+// "contains" and a text, or a text, then pairs of a fact's name and its value.
+void CheckFacts(Arguments& words, const std::string& text, const Facts& facts) {
+  if (words.Take("contains")) {
+    if (text.find(words.Next("the text")) == std::string::npos) throw Failure{"it says \"" + text + "\""};
+  } else if (words.Peek() && words.Peek()->quoted) {
+    if (text != words.Next("the text")) throw Failure{"it says \"" + text + "\""};
   }
-  for (; next < words.size(); next += 2) {
-    const auto fact = facts.find(words[next].text);
-    if (fact == facts.end()) throw Failure{"\"" + words[next].text + "\" is nothing to tell of it"};
-    const std::string& wanted = WordAt(statement, next + 1, "the value");
-    if (fact->second != wanted) throw Failure{"its " + fact->first + " is \"" + fact->second + "\""};
+  while (!words.AtEnd()) {
+    const std::string& name = words.Next("the fact");
+    const auto fact = facts.find(name);
+    if (fact == facts.end()) throw Failure{"\"" + name + "\" is nothing to tell of it"};
+    if (fact->second != words.Next("the value"))
+      throw Failure{"its " + name + " is \"" + fact->second + "\""};
   }
 }
 
-void CheckMessage(Execution& run, const Statement& statement) {
+void CheckMessage(Execution& run, Arguments& words) {
   const Message& message = Next(run.World().dialogs.messages, run.messagesTold, "further message box");
-  CheckFacts(statement, 2, message.text,
+  CheckFacts(words, message.text,
              {{"title", message.title},
               {"icon", IconName(message.icon)},
               {"buttons", ButtonsName(message.buttons)}});
 }
 
-void CheckInput(Execution& run, const Statement& statement) {
+void CheckInput(Execution& run, Arguments& words) {
   const InputRequest& input = Next(run.World().dialogs.inputs, run.inputsTold, "further input box");
-  CheckFacts(statement, 2, input.prompt, {{"title", input.title}, {"preset", input.preset}});
+  CheckFacts(words, input.prompt, {{"title", input.title}, {"preset", input.preset}});
 }
 
-void CheckFileDialog(Execution& run, const Statement& statement) {
+void CheckFileDialog(Execution& run, Arguments& words) {
   const FileDialogRequest& request =
       Next(run.World().dialogs.fileRequests, run.fileDialogsTold, "further file dialog");
-  CheckFacts(statement, 3, request.title,
+  CheckFacts(words, request.title,
              {{"kind", request.save ? "save" : "open"},
               {"filter", request.filter},
               {"index", Number(request.filterIndex)},
@@ -95,16 +90,22 @@ void CheckNoMessage(Execution& run) {
 
 }  // namespace
 
-bool CheckShownDialog(Execution& run, const Statement& statement) {
-  const auto& words = statement.words;
-  if (words[1].Is("message")) {
-    CheckMessage(run, statement);
-  } else if (words[1].Is("no") && words.size() > 2 && words[2].Is("message")) {
+bool CheckShownDialog(Execution& run, Arguments& words) {
+  const auto& all = words.Line().words;
+  const bool speaksOfDialog = all.size() > 2 && all[1].Is("file") && all[2].Is("dialog");
+  const bool speaksOfMessage = all.size() > 2 && all[1].Is("no") && all[2].Is("message");
+  if (words.Take("message")) {
+    CheckMessage(run, words);
+  } else if (words.Take("input")) {
+    CheckInput(run, words);
+  } else if (speaksOfDialog) {
+    words.Need("file");
+    words.Need("dialog");
+    CheckFileDialog(run, words);
+  } else if (speaksOfMessage) {
+    words.Need("no");
+    words.Need("message");
     CheckNoMessage(run);
-  } else if (words[1].Is("input")) {
-    CheckInput(run, statement);
-  } else if (words[1].Is("file") && words.size() > 2 && words[2].Is("dialog")) {
-    CheckFileDialog(run, statement);
   } else {
     return false;
   }

@@ -23,6 +23,24 @@ std::string Truth(bool value) {
   return value ? "True" : "False";
 }
 
+Element& ElementOf(const Target& target) {
+  return target.control ? static_cast<Element&>(*target.control) : *target.form;
+}
+
+// The control may be missing, or the property of a control that is there.
+[[noreturn]] void RefuseProperty(const Target& target, const std::string& name) {
+  const std::string text = "there is no \"" + target.property + "\" in " + name;
+  if (target.control) throw Failure{text};
+  throw NotThere{{text}};
+}
+
+std::optional<std::string> FormState(const Form& form, const std::string& name) {
+  if (name == "Visible") return Truth(form.Visible());
+  if (name == "Loaded") return Truth(form.IsLoaded());
+  if (name == "Modal") return Truth(form.IsModal());
+  return {};
+}
+
 }  // namespace
 
 Target FindTarget(App& app, const std::string& name) {
@@ -40,36 +58,56 @@ Target FindTarget(App& app, const std::string& name) {
   return target;
 }
 
+Target FindElement(App& app, const std::string& name) {
+  Target target = FindTarget(app, name);
+  if (target.property.empty()) return target;
+  if (target.control) throw Failure{"\"" + name + "\" is a property"};
+  throw NotThere{{"there is no control \"" + target.property + "\" in " + target.form->Name()}};
+}
+
+Form& FindForm(App& app, const std::string& name) {
+  Form* form = app.FindForm(name);
+  if (!form) throw NotThere{{"there is no form \"" + name + "\""}};
+  return *form;
+}
+
 std::string ReadProperty(App& app, const std::string& name) {
   const Target target = FindTarget(app, name);
   if (target.property.empty()) throw Failure{"\"" + name + "\" names no property"};
   std::optional<std::string> value;
-  if (target.control) {
-    value = target.control->ReadProperty(target.property);
-  } else if (target.property == "Visible") {
-    value = Truth(target.form->Visible());
-  } else if (target.property == "Loaded") {
-    value = Truth(target.form->IsLoaded());
-  } else if (target.property == "Modal") {
-    value = Truth(target.form->IsModal());
-  } else {
-    value = target.form->ReadProperty(target.property);
-  }
-  if (!value) throw Failure{"there is no \"" + target.property + "\" in " + name};
+  if (!target.control) value = FormState(*target.form, target.property);
+  if (!value) value = ElementOf(target).ReadProperty(target.property);
+  if (!value) RefuseProperty(target, name);
   return *value;
 }
 
-void CheckReachable(Execution& run, const Target& target) {
-  const std::string& name = target.form->Name();
-  if (!target.form->Visible()) throw Failure{name + " is not on the screen"};
-  const Form* modal = run.World().windows.FrontModal();
+void WriteProperty(App& app, const std::string& name, const std::string& value) {
+  const Target target = FindTarget(app, name);
+  if (!ElementOf(target).WriteProperty(target.property, value)) RefuseProperty(target, name);
+}
+
+std::string WhyOutOfReach(Execution& run, const Target& target) {
+  const HeadlessPlatform& world = run.World();
+  const std::string& form = target.form->Name();
+  if (world.dialogs.IsOpen()) return form + " can't be reached while a box is open";
+  if (world.popup.OpenMenu() != 0) {
+    return form + " can't be reached while the popup menu " + world.windows.NameOf(world.popup.OpenMenu()) +
+           " is open";
+  }
+  if (!target.form->Visible()) return form + " is not on the screen";
+  const Form* modal = world.windows.FrontModal();
   if (modal && modal != target.form) {
-    throw Failure{name + " can't be reached while " + modal->Name() + " is open"};
+    return form + " can't be reached while " + modal->Name() + " is open";
   }
   const bool isMenu = dynamic_cast<MenuItem*>(target.control) != nullptr;
   if (target.control && !isMenu && !target.control->Visible) {
-    throw Failure{target.control->Name() + " is not visible"};
+    return target.control->Name() + " is not visible";
   }
+  return {};
+}
+
+void CheckReachable(Execution& run, const Target& target) {
+  if (std::string why = WhyOutOfReach(run, target); !why.empty()) throw Failure{std::move(why)};
 }
 
 Picture PictureOf(const Target& target) {
@@ -78,6 +116,18 @@ Picture PictureOf(const Target& target) {
   if (const auto* box = dynamic_cast<Gvbox*>(target.control)) return box->Picture();
   if (!target.control) return target.form->Picture.Get();
   throw Failure{target.control->Name() + " holds no picture"};
+}
+
+void SetDesignPicture(const Target& target, const Picture& picture) {
+  const auto set = [&](Property<Picture>& property) {
+    property = picture;
+    property.KeepAsDesign();
+  };
+  if (!target.property.empty()) throw Failure{"there is no control \"" + target.property + "\""};
+  if (auto* image = dynamic_cast<ImageBox*>(target.control)) return set(image->Picture);
+  if (auto* box = dynamic_cast<PictureBox*>(target.control)) return set(box->Picture);
+  if (!target.control) return set(target.form->Picture);
+  throw Failure{target.control->Name() + " takes no picture"};
 }
 
 }  // namespace lumidex::scenario

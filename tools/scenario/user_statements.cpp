@@ -1,38 +1,38 @@
-// Statements that say what the user does, what is answered to dialogs, and when things happen.
+// Statements that say what the user does.
 
-#include <map>
-
-#include "base/text.h"
 #include "controls/bars.h"
 #include "controls/buttons.h"
+#include "controls/combo_box.h"
 #include "controls/file_lists.h"
-#include "controls/gvbox.h"
+#include "controls/grid.h"
 #include "controls/list_box.h"
 #include "controls/menu_item.h"
-#include "controls/picture_controls.h"
+#include "controls/pointed.h"
 #include "controls/ranges.h"
 #include "controls/tab_strip.h"
 #include "controls/texts.h"
 #include "forms/WPaper2.h"
 #include "scenario/keys.h"
+#include "scenario/popup_menu.h"
+#include "scenario/statements.h"
 #include "scenario/targets.h"
 
 namespace lumidex::scenario {
 namespace {
 
+Target NextElement(Execution& run, Arguments& words) {
+  return FindElement(run.Running(), words.Next("the control"));
+}
+
 // The control or form that a user gets at; throws Failure when he can not.
-Target Reached(Execution& run, const Statement& statement, std::size_t place) {
-  Target target = FindTarget(run.Running(), WordAt(statement, place, "the control"));
-  if (!target.property.empty()) {
-    throw Failure{"there is no control \"" + target.property + "\" in " + target.form->Name()};
-  }
+Target Reached(Execution& run, Arguments& words) {
+  Target target = NextElement(run, words);
   CheckReachable(run, target);
   return target;
 }
 
 [[noreturn]] void Refuse(const Target& target, const std::string& verb) {
-  const std::string name = target.control ? target.control->Name() : target.form->Name();
-  throw Failure{name + " is nothing to " + verb};
+  throw Failure{target.Name() + " is nothing to " + verb};
 }
 
 // Runs `action` on the control when it is of the kind, and says whether it was.
@@ -43,335 +43,320 @@ bool On(Execution& run, const Target& target, Action&& action) {
   return control != nullptr;
 }
 
-void Click(Execution& run, const Statement& statement) {
-  const Target target = Reached(run, statement, 1);
+// What the mouse is used on: labels, pictures, the image control, the form itself.
+Pointed* PointedAt(const Target& target) {
+  return target.control ? dynamic_cast<Pointed*>(target.control) : target.form;
+}
+
+bool OnPointed(Execution& run, const Target& target, void (Pointed::*verb)()) {
+  Pointed* pointed = PointedAt(target);
+  if (pointed) run.Act([&] { (pointed->*verb)(); });
+  return pointed != nullptr;
+}
+
+void Click(Execution& run, Arguments& words) {
+  Target target = NextElement(run, words);
+  words.End();
+  if (ChooseFromPopup(run, target)) return;
+  CheckReachable(run, target);
   const auto click = [&run](auto& control) {
     if (!run.Windows().Click(control)) control.UserClick();
   };
   const bool done = On<CommandButton>(run, target, click) || On<CheckBox>(run, target, click) ||
                     On<OptionButton>(run, target, click) || On<MenuItem>(run, target, click) ||
-                    On<Label>(run, target, click) || On<ImageBox>(run, target, click) ||
-                    On<Gvbox>(run, target, [](Gvbox& box) { box.OnClick(); });
-  if (done) return;
-  if (target.control) Refuse(target, "click");
-  run.Act([&] { target.form->OnClick(); });
+                    OnPointed(run, target, &Pointed::UserClick);
+  if (!done) Refuse(target, "click");
 }
 
-void DoubleClick(Execution& run, const Statement& statement) {
-  const Target target = Reached(run, statement, 2);
-  const auto doubleClick = [](auto& control) { control.UserDoubleClick(); };
-  if (On<ListBox>(run, target, doubleClick) || On<ImageBox>(run, target, doubleClick)) return;
-  Refuse(target, "double-click");
+void DoubleClick(Execution& run, Arguments& words) {
+  words.Need("click");
+  const Target target = Reached(run, words);
+  words.End();
+  const bool done = On<ListBox>(run, target, [](ListBox& list) { list.UserDoubleClick(); }) ||
+                    OnPointed(run, target, &Pointed::UserDoubleClick);
+  if (!done) Refuse(target, "double-click");
 }
 
-// Words 2 and 3: "row 4", or the text of a row as `textOf` gives it.
+// "row 4", or the text of a row as `textOf` gives it.
 template <class TextOf>
-int RowNamed(const Statement& statement, int first, int count, TextOf&& textOf) {
-  const std::string& word = WordAt(statement, 2, "the row");
-  if (word == "row" && !statement.words[2].quoted) {
-    return static_cast<int>(WholeNumber(WordAt(statement, 3, "the row's number")));
+int TakeRow(Arguments& words, int first, int count, TextOf&& textOf) {
+  int found = count;
+  if (words.Take("row")) {
+    found = words.NextInt("the row's number");
+  } else {
+    const std::string& text = words.Next("the row");
+    for (int row = first; row < count && found == count; ++row) {
+      if (textOf(row) == text) found = row;
+    }
+    if (found == count) throw Failure{"no row reads \"" + text + "\""};
   }
-  for (int row = first; row < count; ++row) {
-    if (textOf(row) == word) return row;
+  words.End();
+  return found;
+}
+
+template <class List>
+int TakeListRow(Arguments& words, const List& list) {
+  return TakeRow(words, 0, list.ListCount(), [&](int row) { return list.List(row); });
+}
+
+int TakeDirectoryRow(Arguments& words, const DirList& list) {
+  return TakeRow(words, -list.Depth(), list.ListCount(), [&](int row) { return list.List(row); });
+}
+
+void Select(Execution& run, Arguments& words) {
+  const Target target = Reached(run, words);
+  const auto selectRow = [&](auto& list) {
+    const int row = TakeListRow(words, list);
+    run.Act([&] { list.UserSelect(row); });
+  };
+  if (auto* list = dynamic_cast<ListBox*>(target.control)) return selectRow(*list);
+  if (auto* files = dynamic_cast<FileList*>(target.control)) return selectRow(*files);
+  if (auto* combo = dynamic_cast<ComboBox*>(target.control)) return selectRow(*combo);
+  if (auto* grid = dynamic_cast<Grid*>(target.control)) {
+    words.Need("row");
+    const int row = words.NextInt("the row's number");
+    words.Need("column");
+    const int column = words.NextInt("the column's number");
+    words.End();
+    return run.Act([&] { grid->UserSelect(row, column); });
   }
-  throw Failure{"no row reads \"" + word + "\""};
+  if (auto* drives = dynamic_cast<DriveList*>(target.control)) {
+    const std::string& drive = words.Next("the drive");
+    words.End();
+    return run.Act([&] { drives->UserSelect(drive); });
+  }
+  if (auto* tabs = dynamic_cast<TabStrip*>(target.control)) {
+    words.Need("page");
+    const int page = words.NextInt("the page's number");
+    words.End();
+    return run.Act([&] { tabs->UserSelect(page); });
+  }
+  Refuse(target, "select in");
 }
 
-int ListRow(const ListBox& list, const Statement& statement) {
-  return RowNamed(statement, 0, list.ListCount(), [&](int row) { return list.List(row); });
+template <void (DirList::*verb)(int row)>
+void InDirectories(Execution& run, Arguments& words) {
+  const Target target = Reached(run, words);
+  auto* list = dynamic_cast<DirList*>(target.control);
+  if (!list) Refuse(target, "open a directory in");
+  const int row = TakeDirectoryRow(words, *list);
+  run.Act([&] { (list->*verb)(row); });
 }
 
-void Select(Execution& run, const Statement& statement) {
-  const Target target = Reached(run, statement, 1);
-  const std::string& what = WordAt(statement, 2, "what to select");
-  const bool done =
-      On<ListBox>(run, target, [&](ListBox& list) { list.UserSelect(ListRow(list, statement)); }) ||
-      On<FileList>(run, target,
-                   [&](FileList& list) {
-                     list.UserSelect(
-                         RowNamed(statement, 0, list.ListCount(), [&](int row) { return list.List(row); }));
-                   }) ||
-      On<DriveList>(run, target, [&](DriveList& list) { list.UserSelect(what); }) ||
-      On<TabStrip>(run, target, [&](TabStrip& tabs) {
-        tabs.UserSelect(static_cast<int>(WholeNumber(WordAt(statement, 3, "the page's number"))));
-      });
-  if (!done) Refuse(target, "select in");
-}
-
-int DirectoryRow(const DirList& list, const Statement& statement) {
-  return RowNamed(statement, -list.Depth(), list.ListCount(), [&](int row) { return list.List(row); });
-}
-
-void Highlight(Execution& run, const Statement& statement) {
-  const Target target = Reached(run, statement, 1);
-  const auto highlight = [&](DirList& list) { list.UserHighlight(DirectoryRow(list, statement)); };
-  if (!On<DirList>(run, target, highlight)) Refuse(target, "highlight in");
-}
-
-void Open(Execution& run, const Statement& statement) {
-  const Target target = Reached(run, statement, 1);
-  const auto open = [&](DirList& list) { list.UserOpen(DirectoryRow(list, statement)); };
-  if (!On<DirList>(run, target, open)) Refuse(target, "open");
-}
-
-void Tick(Execution& run, const Statement& statement) {
-  const bool ticked = statement.words.front().text == "tick";
-  const Target target = Reached(run, statement, 1);
+template <bool ticked>
+void Tick(Execution& run, Arguments& words) {
+  const Target target = Reached(run, words);
+  if (auto* list = dynamic_cast<ListBox*>(target.control)) {
+    const int row = TakeListRow(words, *list);
+    return run.Act([&] { list->UserTick(row, ticked); });
+  }
+  words.End();
   const auto tickBox = [&](CheckBox& box) {
     if ((box.Value == 1) != ticked) box.UserClick();
   };
-  const auto tickRow = [&](ListBox& list) { list.UserTick(ListRow(list, statement), ticked); };
-  if (!On<CheckBox>(run, target, tickBox) && !On<ListBox>(run, target, tickRow)) Refuse(target, "tick");
+  if (!On<CheckBox>(run, target, tickBox)) Refuse(target, "tick");
 }
 
-void Type(Execution& run, const Statement& statement) {
-  const std::string& text = WordAt(statement, 1, "the text");
-  const Target target = Reached(run, statement, 3);
-  if (!On<TextBox>(run, target, [&](TextBox& box) { box.UserType(text); })) Refuse(target, "type in");
+void Type(Execution& run, Arguments& words) {
+  const std::string& text = words.Next("the text");
+  words.Choice({"in", "into"});
+  const Target target = Reached(run, words);
+  words.End();
+  const auto type = [&](auto& box) { box.UserType(text); };
+  if (!On<TextBox>(run, target, type) && !On<ComboBox>(run, target, type)) Refuse(target, "type in");
 }
 
-void SetTo(Execution& run, const Statement& statement) {
-  const Target target = Reached(run, statement, 1);
-  const auto value = static_cast<int>(WholeNumber(WordAt(statement, 3, "the value")));
-  if (!On<RangeControl>(run, target, [&](RangeControl& range) { range.UserSet(value); }))
+template <void (RangeControl::*verb)(int value)>
+void Move(Execution& run, Arguments& words) {
+  const Target target = Reached(run, words);
+  words.Need("to");
+  const int value = words.NextInt("the value");
+  words.End();
+  if (!On<RangeControl>(run, target, [&](RangeControl& range) { (range.*verb)(value); })) {
     Refuse(target, "set");
+  }
 }
 
-void Drag(Execution& run, const Statement& statement) {
-  const Target target = Reached(run, statement, 1);
-  const auto value = static_cast<int>(WholeNumber(WordAt(statement, 3, "the value")));
-  if (!On<RangeControl>(run, target, [&](RangeControl& range) { range.UserDrag(value); }))
-    Refuse(target, "drag");
-}
-
-void Drop(Execution& run, const Statement& statement) {
-  const Target target = Reached(run, statement, 1);
+void Drop(Execution& run, Arguments& words) {
+  const Target target = Reached(run, words);
+  words.End();
   if (!On<RangeControl>(run, target, [](RangeControl& range) { range.UserDrop(); })) Refuse(target, "drop");
 }
 
-// A toolbar's button by its key, or a key of the keyboard.
-void Press(Execution& run, const Statement& statement) {
-  const std::string& what = WordAt(statement, 1, "what to press");
-  if (what == "toolbar") {
-    Toolbar& bar = run.Running().WPaper2.Toolbar1;
-    const std::string& key = WordAt(statement, 2, "the button's key");
-    CheckReachable(run, {&run.Running().WPaper2, &bar, {}});
-    const int position = bar.Find(key);
-    if (position == 0) throw Failure{"the toolbar has no button \"" + key + "\""};
-    run.Act([&] { bar.UserPress(position); });
-    return;
-  }
+// "press toolbar Next", "press toolbar 7 of frmZoomView.Toolbar1": by key, or by position where a key names
+// several buttons.
+void PressToolbar(Execution& run, Arguments& words) {
+  const std::string& which = words.Next("the button's key or position");
   App& app = run.Running();
-  Form* front = run.World().windows.Front();
-  const bool saysWhere = statement.words.size() > 3 && statement.words[2].Is("in");
-  Target target{front, front ? front->ActiveControl() : nullptr, {}};
-  if (saysWhere) target = FindTarget(app, statement.words[3].text);
-  if (!target.form) throw Failure{"no window is on the screen"};
+  Target target{&app.WPaper2, &app.WPaper2.Toolbar1, {}};
+  if (words.Take("of")) target = NextElement(run, words);
+  words.End();
+  auto* bar = dynamic_cast<Toolbar*>(target.control);
+  if (!bar) Refuse(target, "press a button of");
   CheckReachable(run, target);
-  const Key key = KeyNamed(what);
+  int position = bar->Find(which);
+  const bool isNumber = which.find_first_not_of("0123456789") == std::string::npos;
+  if (position == 0 && isNumber) position = static_cast<int>(WholeNumber(which));
+  if (position < 1 || position > bar->Count()) {
+    throw Failure{"the toolbar has no button \"" + which + "\""};
+  }
+  run.Act([&] { bar->UserPress(position); });
+}
+
+void Press(Execution& run, Arguments& words) {
+  if (words.Take("toolbar")) return PressToolbar(run, words);
+  const Key key = KeyNamed(words.Next("what to press"));
+  if (PressInPopup(run, key)) return;
+  Target target;
+  if (words.Take("in")) {
+    target = NextElement(run, words);
+    words.End();
+  } else {
+    words.End();
+    target.form = run.World().windows.Front();
+    if (!target.form) throw Failure{"no window is on the screen"};
+    target.control = target.form->ActiveControl();
+  }
+  CheckReachable(run, target);
   run.Act([&] { PressKey(*target.form, target.control, key); });
 }
 
-void Mouse(Execution& run, const Statement& statement) {
-  const Target target = Reached(run, statement, 1);
-  const auto x = static_cast<float>(WholeNumber(WordAt(statement, 3, "the column")));
-  const auto y = static_cast<float>(WholeNumber(WordAt(statement, 4, "the row")));
-  const bool saysButton = statement.words.size() > 6 && statement.words[5].Is("button");
-  const int button = saysButton ? static_cast<int>(WholeNumber(statement.words[6].text)) : 1;
-  const auto release = [&](Gvbox& box) {
-    box.UserMouseUp({button, 0, x * twipsPerPixel, y * twipsPerPixel});
-  };
-  if (!On<Gvbox>(run, target, release)) Refuse(target, "use the mouse on");
+float TakeLength(Arguments& words, const char* what) {
+  return static_cast<float>(words.NextNumber(what));
 }
 
-void Resize(Execution& run, const Statement& statement) {
-  const Target target = Reached(run, statement, 1);
-  Form& form = *target.form;
-  const std::string& verb = statement.words.front().text;
-  float width = form.Width, height = form.Height;
-  WindowState state = WindowState::Normal;
-  if (verb == "resize") {
-    const auto twips = Measures(WordAt(statement, 3, "the size"));
-    width = static_cast<float>(twips[0]);
-    height = static_cast<float>(twips[1]);
-    state = form.State;
+// "mouse NAME at 10 20", "mouse NAME moves at 155 300 twips", "mouse NAME down at 10 20 button 2"
+void Mouse(Execution& run, Arguments& words) {
+  const Target target = Reached(run, words);
+  auto verb = &Pointed::UserMouseUp;
+  if (words.Take("down")) {
+    verb = &Pointed::UserMouseDown;
+  } else if (words.Take("moves")) {
+    verb = &Pointed::UserMouseMove;
   }
-  if (verb == "maximize") {
-    state = WindowState::Maximized;
-    width = run.World().windows.screenWidth;
-    height = run.World().windows.screenHeight;
+  words.Need("at");
+  MouseState mouse;
+  mouse.x = TakeLength(words, "the column");
+  mouse.y = TakeLength(words, "the row");
+  if (!words.Take("twips")) {
+    mouse.x *= twipsPerPixel;
+    mouse.y *= twipsPerPixel;
   }
-  if (verb == "minimize") state = WindowState::Minimized;
-  run.Act([&] { form.UserResize(width, height, state); });
+  if (words.Take("button")) mouse.button = words.NextInt("the button");
+  words.End();
+  Pointed* pointed = PointedAt(target);
+  if (!pointed) Refuse(target, "use the mouse on");
+  run.Act([&] { (pointed->*verb)(mouse); });
 }
 
-void Close(Execution& run, const Statement& statement) {
-  const Target target = Reached(run, statement, 1);
-  run.Act([&] { target.form->UserClose(); });
+// The icon works whatever stands on the screen, unless a box of the desktop's waits for its answer.
+void TrayMouse(Execution& run, float x, float y) {
+  MemoryTray& tray = run.World().tray;
+  if (!tray.icon) throw Failure{"there is no tray icon"};
+  if (run.World().dialogs.IsOpen()) throw Failure{"the tray can't be reached while a box is open"};
+  // Whatever is clicked elsewhere, an open menu closes.
+  run.World().popup.Close();
+  bool told = true;
+  run.Act([&] { told = tray.MoveMouse(x, y); });
+  if (!told) throw Failure{"the tray icon does not ask for mouse moves"};
 }
 
-void Activate(Execution& run, const Statement& statement) {
-  const Target target = Reached(run, statement, 1);
-  run.Act([&] { target.form->UserActivate(); });
+void TrayMessage(Execution& run, long long message) {
+  TrayMouse(run, static_cast<float>(message) * twipsPerPixel, 0);
 }
 
-// As code does it, without asking whether a user could.
-void Write(Execution& run, const Statement& statement) {
-  const std::string& name = WordAt(statement, 1, "the property");
-  if (statement.words.size() < 3 || !statement.words[2].Is("=")) throw Failure{"\"=\" is missing"};
-  const std::string value = RestOfLine(statement.text, statement.words[2].start + 1);
-  const Target target = FindTarget(run.Running(), name);
-  Element& element = target.control ? static_cast<Element&>(*target.control) : *target.form;
-  bool exists = true;
-  run.Act([&] { exists = element.WriteProperty(target.property, value); });
-  if (!exists) throw Failure{"there is no \"" + target.property + "\" in " + name};
-}
-
-void Answer(Execution& run, const Statement& statement) {
-  static const std::map<std::string, MessageAnswer, std::less<>> buttons{
-      {"Ok", MessageAnswer::Ok},       {"Cancel", MessageAnswer::Cancel}, {"Abort", MessageAnswer::Abort},
-      {"Retry", MessageAnswer::Retry}, {"Ignore", MessageAnswer::Ignore}, {"Yes", MessageAnswer::Yes},
-      {"No", MessageAnswer::No}};
-  ScriptedDialogs& dialogs = run.World().dialogs;
-  const std::string& what = WordAt(statement, 1, "the answer");
-  if (const auto button = buttons.find(what); button != buttons.end()) {
-    dialogs.messageAnswers.push_back(button->second);
-  } else if (what == "input") {
-    dialogs.inputAnswers.emplace_back(WordAt(statement, 2, "the text"));
-  } else if (what == "file") {
-    FileDialogAnswer answer{true, WordAt(statement, 2, "the path"), 0};
-    const bool saysFilter = statement.words.size() > 4 && statement.words[3].Is("filter");
-    if (saysFilter) answer.filterIndex = static_cast<int>(WholeNumber(statement.words[4].text));
-    dialogs.fileAnswers.push_back(answer);
-  } else if (what == "color") {
-    dialogs.colorAnswers.emplace_back(
-        static_cast<std::uint32_t>(WholeNumber(WordAt(statement, 2, "the colour"))));
-  } else {
-    throw Failure{"\"" + what + "\" is no answer"};
-  }
-}
-
-void Cancel(Execution& run, const Statement& statement) {
-  ScriptedDialogs& dialogs = run.World().dialogs;
-  const std::string& what = WordAt(statement, 1, "which dialog");
-  if (what == "input") {
-    dialogs.inputAnswers.emplace_back();
-  } else if (what == "file") {
-    dialogs.fileAnswers.emplace_back();
-  } else if (what == "color") {
-    dialogs.colorAnswers.emplace_back();
-  } else {
-    throw Failure{"an input, a file or a color dialog can be cancelled"};
-  }
-}
-
-std::int64_t Milliseconds(const Statement& statement, std::size_t place) {
-  const auto amount = WholeNumber(WordAt(statement, place, "the time"));
-  const std::string& unit = WordAt(statement, place + 1, "the unit of time, s or ms");
-  if (unit == "ms") return amount;
-  if (unit == "s") return amount * 1000;
-  throw Failure{"time is told in s or ms"};
-}
-
-void Wait(Execution& run, const Statement& statement) {
-  run.Running();
-  run.World().events.Advance(Milliseconds(statement, 1));
-}
-
-void NeedBlock(const Statement& statement) {
-  if (!statement.hasBlock) throw Failure{"an indented block is missing below the line"};
-}
-
-void After(Execution& run, const Statement& statement) {
-  NeedBlock(statement);
-  run.RunAfter(Milliseconds(statement, 1), statement);
-}
-
-// "at yield 3:", "at yield when global DirectoriesSearched = 2:", "at yield 2 when ...:"
-void At(Execution& run, const Statement& statement) {
-  NeedBlock(statement);
-  const auto& words = statement.words;
-  Execution::Interruption interruption;
-  interruption.line = statement.line;
-  interruption.statement = &statement;
-  std::size_t next = 2;
-  if (words.size() > next && !words[next].Is("when")) {
-    interruption.yields = static_cast<int>(WholeNumber(words[next++].text));
-  }
-  if (words.size() > next && words[next].Is("when")) {
-    interruption.condition = [&run, &statement, next] {
-      std::string why;
-      return Holds(run, statement, next + 1, why);
-    };
-  }
-  run.Expect(std::move(interruption));
-}
-
-// "repeat 29 as n:" runs its block for n from 1 to 29, with the number wherever {n} stands.
-void Repeat(Execution& run, const Statement& statement) {
-  NeedBlock(statement);
-  const auto times = WholeNumber(WordAt(statement, 1, "how often"));
-  const bool counts = statement.words.size() > 3 && statement.words[2].Is("as");
-  for (long long i = 1; i <= times; ++i) {
-    if (counts) {
-      run.RunBlock(run.Keep(WithNumber(statement, "{" + statement.words[3].text + "}", i)));
-    } else {
-      run.RunBlock(statement);
+void Tray(Execution& run, Arguments& words) {
+  switch (words.Choice({"missing", "there", "left", "right", "double", "message", "move"})) {
+    case 0:
+      run.World().tray.isAvailable = false;
+      return;
+    case 1:
+      run.World().tray.isAvailable = true;
+      return;
+    case 2: {
+      const bool up = words.Take("up");
+      words.End();
+      return TrayMessage(run, up ? WM_LBUTTONUP : WM_LBUTTONDOWN);
+    }
+    case 3:
+      words.End();
+      return TrayMessage(run, WM_RBUTTONDOWN);
+    case 4:
+      words.Need("click");
+      words.End();
+      return TrayMessage(run, WM_LBUTTONDBLCLK);
+    case 5: {
+      const auto message = words.NextNumber("the message's number");
+      words.End();
+      return TrayMessage(run, message);
+    }
+    default: {
+      const float x = TakeLength(words, "the column in twips");
+      const float y = words.AtEnd() ? 0.0F : TakeLength(words, "the row in twips");
+      words.End();
+      return TrayMouse(run, x, y);
     }
   }
 }
 
-void Screenshot(Execution& run, const Statement& statement) {
-  const std::string& file = WordAt(statement, 1, "the file");
-  run.Windows().Settle();
-  // Without windows there is nothing to be seen, and nothing wrong.
-  run.Windows().Screenshot(file);
+Form& ReachedForm(Execution& run, Arguments& words) {
+  Form& form = FindForm(run.Running(), words.Next("the form"));
+  CheckReachable(run, {&form, nullptr, {}});
+  return form;
 }
 
-using Handler = void (*)(Execution&, const Statement&);
+void Resize(Execution& run, Arguments& words) {
+  Form& form = ReachedForm(run, words);
+  words.Need("to");
+  const auto twips = Measures(words.Next("the size"));
+  words.End();
+  run.Act([&] { form.UserResize(static_cast<float>(twips[0]), static_cast<float>(twips[1]), form.State); });
+}
 
-const std::map<std::string, Handler, std::less<>>& Handlers() {
-  static const std::map<std::string, Handler, std::less<>> handlers{
-      {"start", [](Execution& run, const Statement&) { run.Start(); }},
-      {"click", Click},
-      {"choose", Click},
-      {"double", DoubleClick},
-      {"select", Select},
-      {"highlight", Highlight},
-      {"open", Open},
-      {"tick", Tick},
-      {"untick", Tick},
-      {"type", Type},
-      {"set", SetTo},
-      {"drag", Drag},
-      {"drop", Drop},
-      {"press", Press},
-      {"mouse", Mouse},
-      {"resize", Resize},
-      {"maximize", Resize},
-      {"minimize", Resize},
-      {"restore", Resize},
-      {"close", Close},
-      {"activate", Activate},
-      {"write", Write},
-      {"answer", Answer},
-      {"cancel", Cancel},
-      {"wait", Wait},
-      {"after", After},
-      {"at", At},
-      {"repeat", Repeat},
-      {"screenshot", Screenshot},
-  };
-  return handlers;
+template <WindowState state>
+void Bring(Execution& run, Arguments& words) {
+  Form& form = ReachedForm(run, words);
+  words.End();
+  const bool fills = state == WindowState::Maximized;
+  const float width = fills ? run.World().windows.screenWidth : form.Width.Get();
+  const float height = fills ? run.World().windows.screenHeight : form.Height.Get();
+  run.Act([&] { form.UserResize(width, height, state); });
+}
+
+template <void (Form::*verb)()>
+void OnForm(Execution& run, Arguments& words) {
+  Form& form = ReachedForm(run, words);
+  words.End();
+  run.Act([&] { (form.*verb)(); });
 }
 
 }  // namespace
 
-bool ExecuteUserAction(Execution& run, const Statement& statement) {
-  const auto found = Handlers().find(statement.words.front().text);
-  if (found == Handlers().end()) return false;
-  found->second(run, statement);
-  return true;
+void AddUserStatements(StatementTable& table) {
+  table["start"] = [](Execution& run, Arguments& words) {
+    words.End();
+    run.Start();
+  };
+  table["click"] = table["choose"] = Click;
+  table["double"] = DoubleClick;
+  table["select"] = Select;
+  table["highlight"] = InDirectories<&DirList::UserHighlight>;
+  table["open"] = InDirectories<&DirList::UserOpen>;
+  table["tick"] = Tick<true>;
+  table["untick"] = Tick<false>;
+  table["type"] = Type;
+  table["set"] = Move<&RangeControl::UserSet>;
+  table["drag"] = Move<&RangeControl::UserDrag>;
+  table["drop"] = Drop;
+  table["press"] = Press;
+  table["mouse"] = Mouse;
+  table["tray"] = Tray;
+  table["resize"] = Resize;
+  table["maximize"] = Bring<WindowState::Maximized>;
+  table["minimize"] = Bring<WindowState::Minimized>;
+  table["restore"] = Bring<WindowState::Normal>;
+  table["close"] = OnForm<&Form::UserClose>;
+  table["activate"] = OnForm<&Form::UserActivate>;
 }
 
 }  // namespace lumidex::scenario

@@ -3,9 +3,13 @@
 namespace lumidex {
 
 HeadlessPlatform::HeadlessPlatform(char separator)
-    : files(separator, log, [this] { return events.SecondsSince1970(); }),
-      ports{files, events, dialogs,  windows, events,  process, clipboard, desktop,
-            tray,  shell,  settings, loader,  folders, browser, readAhead} {
+    : files(separator, log, [this] { return events.SecondsSince1970(); }), ports{files,     events,  dialogs,
+                                                                                 windows,   events,  process,
+                                                                                 clipboard, desktop, tray,
+                                                                                 popup,     shell,   settings,
+                                                                                 loader,    folders, browser,
+                                                                                 readAhead} {
+  popup.nameOf = shell.nameOf = [this](WindowHandle window) { return windows.NameOf(window); };
   const bool drives = separator == '\\';
   process.executableFolder = drives ? "C:\\Lumidex" : "/opt/lumidex";
   folders.desktop = drives ? "C:\\Desktop" : "/home/ada/Desktop";

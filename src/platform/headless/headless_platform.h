@@ -1,8 +1,10 @@
 #pragma once
 // A whole platform for tests: simulated time, scripted dialogs, files in memory, and a log of every call.
 
+#include "platform/headless/memory_desktop.h"
 #include "platform/headless/memory_file_system.h"
 #include "platform/headless/memory_services.h"
+#include "platform/headless/memory_tray.h"
 #include "platform/headless/scripted_dialogs.h"
 #include "platform/headless/simulated_events.h"
 #include "platform/headless/watched_windows.h"
@@ -24,6 +26,7 @@ struct HeadlessPlatform {
   MemoryClipboard clipboard{log};
   MemoryDesktop desktop{log};
   MemoryTray tray{log};
+  MemoryPopup popup{log, events};
   MemoryShell shell{log};
   MemorySettingsStore settings{log};
   OpeningPictureLoader loader{files, log};

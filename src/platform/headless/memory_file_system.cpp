@@ -6,24 +6,9 @@
 
 #include "base/run_time_error.h"
 #include "base/text.h"
+#include "platform/headless/memory_node.h"
 
 namespace lumidex {
-
-struct MemoryFileSystem::Node {
-  std::string name;
-  EntryKind kind = EntryKind::File;
-  std::shared_ptr<const std::string> content = std::make_shared<const std::string>();
-  std::string target;  // of a link
-  std::int64_t modified = 0;
-  std::uint64_t stamp = 0;
-  bool hidden = false;
-  bool locked = false;
-  bool readOnly = false;
-  bool ready = true;
-  // By the name as it is compared; backwards, since nobody may lean on an order that real directories do
-  // not keep either.
-  std::map<std::string, NodePointer, std::greater<>> children;
-};
 
 namespace {
 
@@ -56,11 +41,6 @@ class GrowingText final : public ByteSink {
  private:
   std::uint64_t most_;
 };
-
-PathParts Above(PathParts parts) {
-  parts.names.pop_back();
-  return parts;
-}
 
 }  // namespace
 
@@ -157,6 +137,12 @@ EntryKind MemoryFileSystem::KindSeen(const PathParts& parts, const Node& node) c
   }
 }
 
+void MemoryFileSystem::ChDir(const std::string& path) {
+  log_.Add("ChDir " + path);
+  if (Directory(path)->locked) throw RunTimeError(ErrorNumber::PathFileAccess);
+  current_ = Normalised(path);
+}
+
 std::vector<DirectoryEntry> MemoryFileSystem::ReadDirectory(const std::string& path) const {
   PathParts parts = Parts(path);
   ++reads_[parts.Text(separator_)];
@@ -186,7 +172,8 @@ std::optional<FileFacts> MemoryFileSystem::Look(const std::string& path) const {
     const NodePointer node = Find(parts, false);
     if (!node) return {};
     const bool hidden = node->hidden || (separator_ == '/' && node->name.starts_with('.'));
-    return FileFacts{KindSeen(parts, *node), node->content->size(), node->modified, hidden, node->stamp};
+    const std::uint64_t size = node->reportedSize.value_or(node->content->size());
+    return FileFacts{KindSeen(parts, *node), size, node->modified, hidden, node->stamp};
   } catch (const RunTimeError&) {
     return {};
   }
@@ -202,28 +189,66 @@ std::shared_ptr<const ByteSource> MemoryFileSystem::Open(const std::string& path
 
 MemoryFileSystem::NodePointer MemoryFileSystem::ParentForChange(const PathParts& parts) const {
   if (parts.names.empty()) throw RunTimeError(ErrorNumber::PathFileAccess);
-  NodePointer directory = Find(Above(parts), true);
+  NodePointer directory = Find(parts.Above(), true);
   if (!directory || directory->kind != EntryKind::Directory) throw RunTimeError(ErrorNumber::PathNotFound);
   if (directory->locked) throw RunTimeError(ErrorNumber::PathFileAccess);
   return directory;
 }
 
-void MemoryFileSystem::Write(const std::string& path, const Produce& produce) {
-  log_.Add("WriteAll " + path);
-  const PathParts parts = Parts(path);
+MemoryFileSystem::NodePointer MemoryFileSystem::FileForChange(const PathParts& parts) const {
   const NodePointer directory = ParentForChange(parts);
   NodePointer file = Find(parts, true);
   if (file && file->kind != EntryKind::File) throw RunTimeError(ErrorNumber::PathFileAccess);
-  if (file && (file->readOnly || file->locked)) throw RunTimeError(ErrorNumber::PermissionDenied);
   if (!file && directory->readOnly) throw RunTimeError(ErrorNumber::PathFileAccess);
+  return file;
+}
+
+void MemoryFileSystem::Write(const std::string& path, const Produce& produce) {
+  log_.Add("WriteAll " + path);
+  NodePointer file = FileForChange(Parts(path));
+  if (file && (file->readOnly || file->locked)) throw RunTimeError(ErrorNumber::PermissionDenied);
   const std::uint64_t before = file ? file->content->size() : 0;
   GrowingText content(freeBytes_ ? before + *freeBytes_ : std::numeric_limits<std::uint64_t>::max());
   produce(content);
   if (freeBytes_) *freeBytes_ = *freeBytes_ + before - content.text.size();
   if (!file) file = Put(path, EntryKind::File);
-  file->content = std::make_shared<const std::string>(std::move(content.text));
+  file->content = std::make_shared<std::string>(std::move(content.text));
+  file->reportedSize.reset();
   file->modified = now_();
   Touch(*file);
+}
+
+// What is written behind a file's content, also when the file has been removed meanwhile.
+class MemoryFileSystem::EndOfFile final : public ByteSink {
+ public:
+  EndOfFile(MemoryFileSystem& files, NodePointer file) : files_(files), file_(std::move(file)) {}
+  void Write(std::span<const std::uint8_t> bytes) override {
+    auto& free = files_.freeBytes_;
+    if (free && bytes.size() > *free) throw RunTimeError(ErrorNumber::DiskFull);
+    if (free) *free -= bytes.size();
+    if (file_->content.use_count() > 1) file_->content = std::make_shared<std::string>(*file_->content);
+    file_->content->append(bytes.begin(), bytes.end());
+    file_->modified = files_.now_();
+    files_.Touch(*file_);
+  }
+
+ private:
+  MemoryFileSystem& files_;
+  NodePointer file_;
+};
+
+std::unique_ptr<ByteSink> MemoryFileSystem::OpenAtEnd(const std::string& path, bool emptied) {
+  log_.Add((emptied ? "OpenForOutput " : "OpenForAppend ") + path);
+  NodePointer file = FileForChange(Parts(path));
+  if (file && file->readOnly) throw RunTimeError(ErrorNumber::PathFileAccess);
+  if (file && file->locked) throw RunTimeError(ErrorNumber::PermissionDenied);
+  if (!file) file = Put(path, EntryKind::File);
+  if (emptied) {
+    if (freeBytes_) *freeBytes_ += file->content->size();
+    file->content = std::make_shared<std::string>();
+    Touch(*file);
+  }
+  return std::make_unique<EndOfFile>(*this, file);
 }
 
 void MemoryFileSystem::WriteOver(const std::string& path, std::string_view content) {
@@ -277,100 +302,6 @@ void MemoryFileSystem::MakeDirectory(const std::string& path) {
     throw RunTimeError(ErrorNumber::PathFileAccess);
   }
   Put(path, EntryKind::Directory);
-}
-
-MemoryFileSystem::NodePointer MemoryFileSystem::Put(const std::string& path, EntryKind kind) {
-  PathParts parts = Parts(path);
-  NodePointer directory = Root(parts.root);
-  if (!directory) throw RunTimeError(ErrorNumber::PathNotFound, "no drive for " + path);
-  if (parts.names.empty()) return directory;
-  const std::string name = parts.names.back();
-  parts.names.pop_back();
-  if (const NodePointer above = Find(parts, true)) {
-    directory = above;
-  } else {
-    directory = Put(parts.Text(separator_), EntryKind::Directory);
-  }
-  NodePointer node = Child(*directory, name);
-  if (node && node->kind == kind) return node;
-  node = std::make_shared<Node>();
-  node->name = name;
-  node->kind = kind;
-  Touch(*node);
-  directory->children[Key(name)] = node;
-  Touch(*directory);
-  return node;
-}
-
-void MemoryFileSystem::AddDrive(const std::string& name, bool ready) {
-  NodePointer node;
-  if (separator_ == '/' && name != "/") {
-    node = Put(name, EntryKind::Directory);
-    const std::string mount = Normalised(name);
-    if (std::ranges::find(mounts_, mount) == mounts_.end()) mounts_.push_back(mount);
-  } else {
-    NodePointer& root = roots_[Parts(name).root];
-    if (!root) {
-      root = std::make_shared<Node>();
-      root->kind = EntryKind::Directory;
-    }
-    node = root;
-  }
-  node->ready = ready;
-  Touch(*node);
-}
-
-void MemoryFileSystem::AddDirectory(const std::string& path) {
-  Put(path, EntryKind::Directory);
-}
-
-void MemoryFileSystem::AddFile(const std::string& path, std::string content) {
-  const NodePointer file = Put(path, EntryKind::File);
-  file->content = std::make_shared<const std::string>(std::move(content));
-  file->modified = now_();
-  Touch(*file);
-}
-
-void MemoryFileSystem::AddLink(const std::string& path, const std::string& target) {
-  Put(path, EntryKind::DirectoryLink)->target = target;
-}
-
-void MemoryFileSystem::AddOther(const std::string& path) {
-  Put(path, EntryKind::Other);
-}
-
-void MemoryFileSystem::SetHidden(const std::string& path, bool hidden) {
-  Needed(path)->hidden = hidden;
-  const PathParts parts = Parts(path);
-  if (!parts.names.empty()) Touch(*Find(Above(parts), true));
-}
-
-void MemoryFileSystem::SetLocked(const std::string& path, bool locked) {
-  const NodePointer node = Needed(path);
-  node->locked = locked;
-  node->stamp = ++lastStamp_;
-}
-
-void MemoryFileSystem::SetReadOnly(const std::string& path, bool readOnly) {
-  Needed(path)->readOnly = readOnly;
-}
-
-void MemoryFileSystem::SetModified(const std::string& path, std::int64_t secondsSince1970) {
-  Needed(path)->modified = secondsSince1970;
-}
-
-void MemoryFileSystem::RemoveTree(const std::string& path) {
-  const NodePointer node = Needed(path);
-  const PathParts parts = Parts(path);
-  if (parts.names.empty()) throw RunTimeError(ErrorNumber::PathFileAccess);
-  const NodePointer directory = Find(Above(parts), true);
-  directory->children.erase(Key(node->name));
-  Touch(*directory);
-}
-
-int MemoryFileSystem::ReadsOf(const std::string& path) const {
-  const auto found = reads_.find(Normalised(path));
-  return found == reads_.end() ? 0 : found->second;
 }
 
 }  // namespace lumidex

@@ -23,6 +23,7 @@ class MemoryFileSystem final : public FileSystem {
   std::vector<std::string> Drives() const override;
   std::string DriveOf(const std::string& path) const override;
   std::string CurrentDirectory() const override { return current_; }
+  void ChDir(const std::string& path) override;
   std::string Normalised(const std::string& path) const override;
   std::vector<DirectoryEntry> ReadDirectory(const std::string& path) const override;
   std::uint64_t DirectoryStamp(const std::string& path) const override;
@@ -50,6 +51,8 @@ class MemoryFileSystem final : public FileSystem {
   // A directory in which nothing can be made or removed, a file that can't be replaced.
   void SetReadOnly(const std::string& path, bool readOnly);
   void SetModified(const std::string& path, std::int64_t secondsSince1970);
+  // The length that a look at the file tells, whatever it holds; makes the file when it is missing.
+  void SetReportedSize(const std::string& path, std::uint64_t bytes);
   // With everything below it.
   void RemoveTree(const std::string& path);
   void SetCurrentDirectory(const std::string& path) { current_ = Normalised(path); }
@@ -75,6 +78,10 @@ class MemoryFileSystem final : public FileSystem {
   // The directory above, for something that is to be made or removed.
   NodePointer ParentForChange(const PathParts& parts) const;
   void WriteOrEmpty(const std::string& path, std::string_view content);
+  // The file at a path, for one that is to be written; null when there is none yet.
+  NodePointer FileForChange(const PathParts& parts) const;
+  std::unique_ptr<ByteSink> OpenAtEnd(const std::string& path, bool emptied) override;
+  class EndOfFile;
   EntryKind KindSeen(const PathParts& parts, const Node& node) const;
   // A name as it is compared with others.
   std::string Key(const std::string& name) const;

@@ -11,6 +11,8 @@ struct PathParts {
   std::vector<std::string> names;
 
   std::string Text(char separator) const;
+  // Those of the directory in which it stands; for a path below the root.
+  PathParts Above() const { return {root, {names.begin(), names.end() - 1}}; }
 };
 
 // Takes a path apart after making it absolute: "." and ".." and doubled separators are gone. A path without

@@ -1,5 +1,7 @@
 #include "platform/headless/memory_services.h"
 
+#include <algorithm>
+
 #include "base/run_time_error.h"
 #include "base/text.h"
 #include "ports/open_picture.h"
@@ -7,97 +9,59 @@
 namespace lumidex {
 namespace {
 
-// The numbers that the calls themselves answer.
-constexpr std::int32_t success = 0;
-constexpr std::int32_t fileNotFound = 2;
-constexpr std::int32_t invalidHandle = 6;
-
 std::string SizeText(const Picture& picture) {
   return picture.IsEmpty() ? "(none)"
                            : Number(picture.GetSize().width) + " x " + Number(picture.GetSize().height);
 }
 
+Picture Inverted(const Picture& picture) {
+  const Pixels source = picture.FullPixels();
+  Pixels pixels = Pixels::MakeUnfilled(source.GetSize(), source.Format());
+  for (int y = 0; y < source.Height(); ++y) {
+    std::ranges::transform(source.Row(y), pixels.Row(y).begin(),
+                           [](std::uint32_t word) { return word ^ 0x00FFFFFFU; });
+  }
+  return Picture::FromPixels(std::move(pixels), picture.BitsPerPixel());
+}
+
 }  // namespace
+
+void MemoryClipboard::CheckWorks() const {
+  if (!works) throw RunTimeError(ErrorNumber::ClipboardUnavailable);
+}
 
 void MemoryClipboard::Clear() {
   log_.Add("Clipboard.Clear");
+  CheckWorks();
   text_.clear();
   picture_ = Picture();
+  format_.reset();
 }
 
 void MemoryClipboard::SetText(const std::string& text) {
   log_.Add("Clipboard.SetText " + text);
+  CheckWorks();
   text_ = text;
 }
 
-void MemoryClipboard::SetPicture(const Picture& picture) {
-  log_.Add("Clipboard.SetPicture " + SizeText(picture));
-  picture_ = picture;
-}
-
-std::int32_t MemoryDesktop::RegOpenKeyExA(RegistryKey root, const std::string& path, RegistryKey& key) {
-  log_.Add(std::string("RegOpenKeyExA ") +
-           (root == HKEY_CURRENT_USER ? "HKEY_CURRENT_USER" : "HKEY_LOCAL_MACHINE") + " " + path);
-  if (!works) return fileNotFound;
-  key = ++lastKey_;
-  open_[key] = path;
-  return success;
-}
-
-std::int32_t MemoryDesktop::RegSetValueExA(RegistryKey key, const std::string& name,
-                                           const std::string& value) {
-  log_.Add("RegSetValueExA " + name + " = " + value);
-  const auto open = open_.find(key);
-  if (open == open_.end()) return invalidHandle;
-  registry[open->second + "\\" + name] = value;
-  return success;
-}
-
-std::int32_t MemoryDesktop::RegQueryValueExA(RegistryKey key, const std::string& name, std::string& value) {
-  log_.Add("RegQueryValueExA " + name);
-  const auto open = open_.find(key);
-  if (open == open_.end()) return invalidHandle;
-  const auto found = registry.find(open->second + "\\" + name);
-  if (found == registry.end()) return fileNotFound;
-  value = found->second;
-  return success;
-}
-
-std::int32_t MemoryDesktop::RegCloseKey(RegistryKey key) {
-  log_.Add("RegCloseKey");
-  return open_.erase(key) == 1 ? success : invalidHandle;
-}
-
-bool MemoryDesktop::SystemParametersInfoA(unsigned action, unsigned parameter, const std::string& text,
-                                          unsigned flags) {
-  log_.Add("SystemParametersInfoA " + Number(static_cast<std::int64_t>(action)) + ", " +
-           Number(static_cast<std::int64_t>(parameter)) + ", \"" + text + "\", " +
-           Number(static_cast<std::int64_t>(flags)));
-  if (works && action == SPI_SETDESKWALLPAPER) wallpaper = text;
-  return works;
-}
-
-void MemoryDesktop::ShowDisplaySettings() {
-  log_.Add("ShowDisplaySettings");
-}
-
-bool MemoryTray::Shell_NotifyIconA(unsigned action, const TrayIconRecord& record) {
-  static constexpr const char* names[] = {"add", "modify", "delete"};
-  log_.Add(std::string("Shell_NotifyIconA ") + (action < 3 ? names[action] : "unknown") + " \"" + record.tip +
-           "\"");
-  if (!isAvailable || action > 2) return false;
-  if (action != 0 && !icon) return false;
-  if (action == 2) {
-    icon.reset();
-  } else {
-    icon = record;
+void MemoryClipboard::SetData(const Picture& picture, ClipboardFormat format) {
+  const std::string number =
+      format == ClipboardFormat::Own ? std::string() : ", " + Number(static_cast<int>(format));
+  log_.Add("Clipboard.SetData " + SizeText(picture) + number);
+  CheckWorks();
+  const bool isMetafile = picture.Type() != PictureType::Bitmap;
+  if (picture.IsEmpty() || format == ClipboardFormat::Text ||
+      (format == ClipboardFormat::Metafile && !isMetafile) ||
+      (format == ClipboardFormat::Bitmap && isMetafile)) {
+    throw RunTimeError(ErrorNumber::InvalidClipboardFormat);
   }
-  return true;
+  picture_ = picture;
+  format_ = format;
 }
 
-int MemoryShell::ShellExecuteA(const std::string& verb, const std::string& file, const std::string& arguments,
-                               const std::string& directory, int show) {
-  std::string line = "ShellExecuteA";
+int MemoryShell::ShellExecuteA(WindowHandle window, const std::string& verb, const std::string& file,
+                               const std::string& arguments, const std::string& directory, int show) {
+  std::string line = "ShellExecuteA " + nameOf(window);
   for (const std::string& text : {verb, file, arguments, directory}) line += " \"" + text + "\"";
   log_.Add(line + " " + Number(show));
   return executeAnswer;
@@ -108,25 +72,53 @@ void MemoryShell::StartProgram(const std::string& command) {
   if (!programsAreThere) throw RunTimeError(ErrorNumber::FileNotFound);
 }
 
+void MemorySettingsStore::CheckWorks() const {
+  if (!works) throw RunTimeError(ErrorNumber::InvalidCall);
+}
+
 std::string MemorySettingsStore::GetSetting(const std::string& section, const std::string& key,
                                             const std::string& preset) const {
+  CheckWorks();
+  return Stored(section, key).value_or(preset);
+}
+
+void MemorySettingsStore::Put(const std::string& section, const std::string& key, const std::string& value) {
+  values_[{section, key}] = value;
+}
+
+std::optional<std::string> MemorySettingsStore::Stored(const std::string& section,
+                                                       const std::string& key) const {
   const auto found = values_.find({section, key});
-  return found == values_.end() ? preset : found->second;
+  if (found == values_.end()) return {};
+  return found->second;
 }
 
 void MemorySettingsStore::SaveSetting(const std::string& section, const std::string& key,
                                       const std::string& value) {
   log_.Add("SaveSetting " + section + ", " + key + " = " + value);
-  values_[{section, key}] = value;
+  CheckWorks();
+  Put(section, key, value);
 }
 
 Picture OpeningPictureLoader::LoadPicture(const std::string& path) {
   log_.Add("LoadPicture " + path);
-  return OpenPicture(files_, path);
+  if (way == Way::Failing) throw RunTimeError(ErrorNumber::InvalidPicture);
+  const Picture picture = OpenPicture(files_, path);
+  return way == Way::Inverted ? Inverted(picture) : picture;
 }
 
-void MemoryBrowser::Navigate(const std::string& address) {
-  log_.Add("Navigate " + address);
+void MemoryBrowser::Navigate(int browser, const std::string& address) {
+  log_.Add("Navigate " + Number(browser) + " " + address);
+  Usable(browser);
+  pages[browser].address = address;
+}
+
+const MemoryBrowser::Page& MemoryBrowser::Usable(int browser) const {
+  static const Page untouched;
+  const auto page = pages.find(browser);
+  if (page == pages.end()) return untouched;
+  if (page->second.fails) throw RunTimeError(ErrorNumber::AutomationError);
+  return page->second;
 }
 
 }  // namespace lumidex

@@ -1,7 +1,9 @@
 #pragma once
 // The small services as tests need them: they keep what they are told and write it into the call log.
 
+#include <functional>
 #include <map>
+#include <optional>
 
 #include "platform/headless/call_log.h"
 #include "ports/file_system.h"
@@ -25,60 +27,32 @@ class MemoryClipboard final : public Clipboard {
   explicit MemoryClipboard(CallLog& log) : log_(log) {}
   void Clear() override;
   void SetText(const std::string& text) override;
-  void SetPicture(const Picture& picture) override;
+  void SetData(const Picture& picture, ClipboardFormat format) override;
   std::string Text() const override { return text_; }
   const Picture& GetPicture() const { return picture_; }
+  // The number with which the picture was put there; nothing without one.
+  std::optional<ClipboardFormat> Format() const { return format_; }
+
+  // False makes every call that writes raise ClipboardUnavailable.
+  bool works = true;
 
  private:
+  void CheckWorks() const;
   CallLog& log_;
   std::string text_;
   Picture picture_;
-};
-
-class MemoryDesktop final : public Desktop {
- public:
-  explicit MemoryDesktop(CallLog& log) : log_(log) {}
-  std::int32_t RegOpenKeyExA(RegistryKey root, const std::string& path, RegistryKey& key) override;
-  std::int32_t RegSetValueExA(RegistryKey key, const std::string& name, const std::string& value) override;
-  std::int32_t RegQueryValueExA(RegistryKey key, const std::string& name, std::string& value) override;
-  std::int32_t RegCloseKey(RegistryKey key) override;
-  bool SystemParametersInfoA(unsigned action, unsigned parameter, const std::string& text,
-                             unsigned flags) override;
-  void ShowDisplaySettings() override;
-
-  // The store, values by "path\name"; the path is that of the key, without its root.
-  std::map<std::string, std::string> registry;
-  // False makes every call fail.
-  bool works = true;
-  std::string wallpaper;
-
- private:
-  CallLog& log_;
-  std::map<RegistryKey, std::string> open_;
-  RegistryKey lastKey_ = 0x100;
-};
-
-class MemoryTray final : public Tray {
- public:
-  explicit MemoryTray(CallLog& log) : log_(log) {}
-  bool IsAvailable() const override { return isAvailable; }
-  bool Shell_NotifyIconA(unsigned action, const TrayIconRecord& record) override;
-
-  bool isAvailable = true;
-  // The icon that is shown; nothing when there is none.
-  std::optional<TrayIconRecord> icon;
-
- private:
-  CallLog& log_;
+  std::optional<ClipboardFormat> format_;
 };
 
 class MemoryShell final : public Shell {
  public:
   explicit MemoryShell(CallLog& log) : log_(log) {}
-  int ShellExecuteA(const std::string& verb, const std::string& file, const std::string& arguments,
-                    const std::string& directory, int show) override;
+  int ShellExecuteA(WindowHandle window, const std::string& verb, const std::string& file,
+                    const std::string& arguments, const std::string& directory, int show) override;
   void StartProgram(const std::string& command) override;
 
+  // What the window that asks is called; it stands in the log.
+  std::function<std::string(WindowHandle)> nameOf;
   int executeAnswer = 33;
   // False makes StartProgram raise FileNotFound.
   bool programsAreThere = true;
@@ -94,16 +68,28 @@ class MemorySettingsStore final : public SettingsStore {
                          const std::string& preset) const override;
   void SaveSetting(const std::string& section, const std::string& key, const std::string& value) override;
 
+  // As another program would have it, and what is there; nothing when there is no such value.
+  void Put(const std::string& section, const std::string& key, const std::string& value);
+  std::optional<std::string> Stored(const std::string& section, const std::string& key) const;
+  // False makes both calls raise InvalidCall.
+  bool works = true;
+
  private:
+  void CheckWorks() const;
   CallLog& log_;
   std::map<std::pair<std::string, std::string>, std::string> values_;
 };
 
-// Decodes with the program's own decoders.
+// Decodes with the program's own decoders; a test can have it decode differently from the image control, so
+// that it shows which of the two a picture came through.
 class OpeningPictureLoader final : public PictureLoader {
  public:
   OpeningPictureLoader(const FileSystem& files, CallLog& log) : files_(files), log_(log) {}
   Picture LoadPicture(const std::string& path) override;
+
+  enum class Way { Same, Inverted, Failing };
+  // Inverted turns every colour into its opposite, Failing raises InvalidPicture.
+  Way way = Way::Same;
 
  private:
   const FileSystem& files_;
@@ -122,9 +108,22 @@ class FixedFolders final : public SpecialFolders {
 class MemoryBrowser final : public Browser {
  public:
   explicit MemoryBrowser(CallLog& log) : log_(log) {}
-  void Navigate(const std::string& address) override;
+  void Navigate(int browser, const std::string& address) override;
+  bool Busy(int browser) const override { return Usable(browser).busy; }
+  std::string LocationName(int browser) const override { return Usable(browser).locationName; }
+
+  struct Page {
+    std::string address;
+    std::string locationName;
+    bool busy = false;
+    bool fails = false;
+  };
+  // There is one of every number.
+  std::map<int, Page> pages;
 
  private:
+  // Raises AutomationError when it fails.
+  const Page& Usable(int browser) const;
   CallLog& log_;
 };
 

@@ -1,17 +1,10 @@
 #include "platform/headless/scripted_dialogs.h"
 
 #include "base/text.h"
+#include "platform/headless/script_ends.h"
 
 namespace lumidex {
 namespace {
-
-template <class Answer>
-std::optional<Answer> Next(std::deque<Answer>& answers) {
-  if (answers.empty()) return {};
-  Answer answer = std::move(answers.front());
-  answers.pop_front();
-  return answer;
-}
 
 // What Enter presses: the first button.
 MessageAnswer FirstButton(MessageButtons buttons) {
@@ -32,39 +25,54 @@ MessageAnswer FirstButton(MessageButtons buttons) {
 
 }  // namespace
 
-void ScriptedDialogs::StayOpen() {
-  if (!whileOpen) return;
-  const auto once = std::exchange(whileOpen, nullptr);
-  once();
+template <class Answer>
+Answer ScriptedDialogs::Take(Box box, std::deque<Scripted<Answer>>& answers, Answer withoutOne) {
+  if (OnOpen) OnOpen(box);
+  if (answers.empty()) {
+    if (++unanswered_ > mostUnanswered) throw ProgramHung{};
+    return withoutOne;
+  }
+  unanswered_ = 0;
+  // Taken first: other dialogs may open meanwhile.
+  const Scripted<Answer> scripted = std::move(answers.front());
+  answers.pop_front();
+  if (!scripted.whileOpen) return scripted.answer;
+  const struct Standing {
+    explicit Standing(int& count) : open(count) { ++open; }
+    ~Standing() { --open; }
+    int& open;
+  } standing(open_);
+  scripted.whileOpen();
+  return scripted.answer;
+}
+
+bool ScriptedDialogs::HasAnswersLeft() const {
+  return !messageAnswers.empty() || !inputAnswers.empty() || !fileAnswers.empty() || !colorAnswers.empty();
 }
 
 MessageAnswer ScriptedDialogs::MsgBox(const Message& message) {
   log_.Add("MsgBox " + message.text);
   messages.push_back(message);
-  StayOpen();
-  return Next(messageAnswers).value_or(FirstButton(message.buttons));
+  return Take(Box::Message, messageAnswers, FirstButton(message.buttons));
 }
 
 std::optional<std::string> ScriptedDialogs::InputBox(const InputRequest& request) {
   log_.Add("InputBox " + request.prompt);
   inputs.push_back(request);
-  StayOpen();
-  return Next(inputAnswers).value_or(std::nullopt);
+  return Take(Box::Input, inputAnswers, {});
 }
 
 FileDialogAnswer ScriptedDialogs::AskFile(const FileDialogRequest& request) {
   log_.Add((request.save ? "AskFile to save " : "AskFile to open ") + request.fileName);
   fileRequests.push_back(request);
-  StayOpen();
-  FileDialogAnswer answer = Next(fileAnswers).value_or(FileDialogAnswer{});
+  FileDialogAnswer answer = Take(Box::File, fileAnswers, {});
   if (answer.filterIndex == 0) answer.filterIndex = request.filterIndex;
   return answer;
 }
 
 std::optional<std::uint32_t> ScriptedDialogs::AskColor(std::uint32_t initial) {
   log_.Add("AskColor " + Number(static_cast<std::int64_t>(initial)));
-  StayOpen();
-  return Next(colorAnswers).value_or(std::nullopt);
+  return Take(Box::Color, colorAnswers, {});
 }
 
 }  // namespace lumidex

@@ -11,6 +11,15 @@
 
 namespace lumidex {
 
+// An answer, and what goes on while its dialog stands on the screen.
+template <class Answer>
+struct Scripted {
+  Scripted(Answer given = {}, std::function<void()> meanwhile = {})
+      : answer(std::move(given)), whileOpen(std::move(meanwhile)) {}
+  Answer answer;
+  std::function<void()> whileOpen;
+};
+
 class ScriptedDialogs final : public Dialogs {
  public:
   explicit ScriptedDialogs(CallLog& log) : log_(log) {}
@@ -20,21 +29,33 @@ class ScriptedDialogs final : public Dialogs {
   FileDialogAnswer AskFile(const FileDialogRequest& request) override;
   std::optional<std::uint32_t> AskColor(std::uint32_t initial) override;
 
-  std::deque<MessageAnswer> messageAnswers;
-  std::deque<std::optional<std::string>> inputAnswers;
-  std::deque<FileDialogAnswer> fileAnswers;  // filterIndex 0 leaves the one that was asked with
-  std::deque<std::optional<std::uint32_t>> colorAnswers;
+  std::deque<Scripted<MessageAnswer>> messageAnswers;
+  std::deque<Scripted<std::optional<std::string>>> inputAnswers;
+  std::deque<Scripted<FileDialogAnswer>> fileAnswers;  // filterIndex 0 leaves the one that was asked with
+  std::deque<Scripted<std::optional<std::uint32_t>>> colorAnswers;
+  bool HasAnswersLeft() const;
 
   std::vector<Message> messages;
   std::vector<InputRequest> inputs;
   std::vector<FileDialogRequest> fileRequests;
 
-  // What goes on while a message box stands on the screen.
-  std::function<void()> whileOpen;
+  // True while a dialog stands on the screen and keeps the user from the windows.
+  bool IsOpen() const { return open_ > 0; }
+  enum class Box { Message, Input, File, Color };
+  // Called when a dialog opens, before its answer is looked for.
+  std::function<void(Box)> OnOpen;
+
+  // Dialogs that nobody answers end the program as hung when so many come in a row: they would come for ever.
+  static constexpr int mostUnanswered = 1000;
+  // The user has done something meanwhile.
+  void NoteUser() { unanswered_ = 0; }
 
  private:
-  void StayOpen();
+  template <class Answer>
+  Answer Take(Box box, std::deque<Scripted<Answer>>& answers, Answer withoutOne);
   CallLog& log_;
+  int open_ = 0;
+  int unanswered_ = 0;
 };
 
 }  // namespace lumidex

@@ -1,9 +1,9 @@
 #include "platform/headless/simulated_events.h"
 
 #include <algorithm>
-#include <chrono>
 
 #include "base/text.h"
+#include "platform/headless/civil_time.h"
 #include "platform/headless/script_ends.h"
 
 namespace lumidex {
@@ -34,17 +34,22 @@ bool SimulatedEvents::ServeOne() {
   }
   auto first = timers_.end();
   for (auto timer = timers_.begin(); timer != timers_.end(); ++timer) {
-    if (timer->second.running || timer->second.due > elapsed_) continue;
+    if (timer->second.running >= mostNestedTicks || timer->second.due > elapsed_) continue;
     if (first == timers_.end() || timer->second.due < first->second.due) first = timer;
   }
   if (first == timers_.end()) return false;
-  const TimerId id = first->first;
+  Tick(first->first);
+  return true;
+}
+
+void SimulatedEvents::Tick(TimerId id) {
+  PeriodicTimer& timer = timers_[id];
   // Periods that were missed are merged into this one tick.
-  first->second.due = elapsed_ + first->second.period;
-  first->second.running = true;
-  const Work tick = first->second.tick;
+  timer.due = elapsed_ + timer.period;
+  ++timer.running;
+  const Work tick = timer.tick;
   const auto finished = [&] {
-    if (const auto timer = timers_.find(id); timer != timers_.end()) timer->second.running = false;
+    if (const auto still = timers_.find(id); still != timers_.end()) --still->second.running;
   };
   try {
     Guard(tick);
@@ -53,7 +58,6 @@ bool SimulatedEvents::ServeOne() {
     throw;
   }
   finished();
-  return true;
 }
 
 void SimulatedEvents::ServeDue() {
@@ -66,7 +70,8 @@ void SimulatedEvents::ServeDue() {
 std::optional<std::int64_t> SimulatedEvents::NextDue() const {
   std::optional<std::int64_t> next;
   for (const auto& [id, timer] : timers_) {
-    if (!timer.running && (!next || timer.due < *next)) next = timer.due;
+    const bool mayTick = timer.running < mostNestedTicks;
+    if (mayTick && (!next || timer.due < *next)) next = timer.due;
   }
   return next;
 }
@@ -101,7 +106,7 @@ void SimulatedEvents::Stall() {
 
 TimerId SimulatedEvents::StartTimer(int milliseconds, Work tick) {
   const std::int64_t period = std::max(1, milliseconds);
-  timers_[++lastTimer_] = {period, elapsed_ + period, std::move(tick), false};
+  timers_[++lastTimer_] = {period, elapsed_ + period, std::move(tick), 0};
   return lastTimer_;
 }
 
@@ -124,24 +129,15 @@ double SimulatedEvents::TimeOfDay() const {
 }
 
 DateTime SimulatedEvents::Now() const {
-  using namespace std::chrono;
-  const sys_time<milliseconds> moment{milliseconds(start_ + elapsed_)};
-  const auto midnight = floor<days>(moment);
-  const year_month_day date{midnight};
-  const hh_mm_ss time{floor<seconds>(moment - midnight)};
-  return {static_cast<int>(date.year()),
-          static_cast<int>(static_cast<unsigned>(date.month())),
-          static_cast<int>(static_cast<unsigned>(date.day())),
-          static_cast<int>(time.hours().count()),
-          static_cast<int>(time.minutes().count()),
-          static_cast<int>(time.seconds().count())};
+  return CivilTime(SecondsSince1970());
+}
+
+DateTime SimulatedEvents::LocalTime(std::int64_t secondsSince1970) const {
+  return CivilTime(secondsSince1970);
 }
 
 void SimulatedEvents::SetNow(const DateTime& now) {
-  using namespace std::chrono;
-  const sys_days date = year(now.year) / now.month / now.day;
-  const auto moment = date + hours(now.hour) + minutes(now.minute) + seconds(now.second);
-  start_ = duration_cast<milliseconds>(moment.time_since_epoch()).count() - elapsed_;
+  start_ = lumidex::SecondsSince1970(now) * 1000 - elapsed_;
 }
 
 void SimulatedEvents::Advance(std::int64_t milliseconds) {

@@ -30,6 +30,8 @@ class SimulatedEvents final : public EventQueue, public Clock {
 
   double TimeOfDay() const override;
   DateTime Now() const override;
+  // There is no time zone here.
+  DateTime LocalTime(std::int64_t secondsSince1970) const override;
 
   // The clock at the present moment; does not touch the timers.
   void SetNow(const DateTime& now);
@@ -53,9 +55,10 @@ class SimulatedEvents final : public EventQueue, public Clock {
     std::int64_t period = 0;
     std::int64_t due = 0;
     Work tick;
-    bool running = false;
+    int running = 0;  // how often its tick is being served, one inside the other
   };
   bool ServeOne();
+  void Tick(TimerId id);
   void ServeDue();
   // When the next timer is due; nothing when no timer runs.
   std::optional<std::int64_t> NextDue() const;

@@ -8,9 +8,15 @@ namespace lumidex {
 
 void WatchedWindows::Watch(Form& form) {
   names_[form.hwnd()] = form.Name();
-  for (const Control* control : form.Controls())
-    names_[control->hwnd()] = form.Name() + "." + control->Name();
+  const auto name = [this, &form](const Control& control) {
+    names_[control.hwnd()] = form.Name() + "." + control.Name();
+  };
+  for (const Control* control : form.Controls()) name(*control);
+  connections_.push_back(form.ControlAdded.Connect(name));
+  connections_.push_back(
+      form.ControlRemoved.Connect([this](const Control& control) { names_.erase(control.hwnd()); }));
   connections_.push_back(form.VisibilityChanged.Connect([this, &form] {
+    if (form.IsLoaded() && loaded_.insert(&form).second) log_.Add("Load " + form.Name());
     const auto place = std::ranges::find(shown_, &form);
     if (form.Visible() && place == shown_.end()) {
       log_.Add("Show " + form.Name());
@@ -18,24 +24,22 @@ void WatchedWindows::Watch(Form& form) {
     } else if (!form.Visible() && place != shown_.end()) {
       log_.Add("Hide " + form.Name());
       shown_.erase(place);
-      if (!shown_.empty()) TakeKeyboard(*shown_.back());
+      // The keyboard is back on the window below.
+      if (keyboard_ == &form) keyboard_ = Front();
     }
+    if (!form.IsLoaded() && loaded_.erase(&form) > 0) log_.Add("Unload " + form.Name());
   }));
   connections_.push_back(form.Requested.Connect([this, &form](FormRequest request) {
+    if (request == FormRequest::Repaint) log_.Add("Refresh " + form.Name());
     if (request == FormRequest::BringToFront && form.Visible()) Raise(form);
-    if (request == FormRequest::Focus) focus_ = form.ActiveControl() ? form.ActiveControl()->hwnd() : 0;
+    if (request == FormRequest::Focus && form.Visible()) keyboard_ = &form;
   }));
 }
 
 void WatchedWindows::Raise(Form& form) {
   std::erase(shown_, &form);
   shown_.push_back(&form);
-  TakeKeyboard(form);
-}
-
-void WatchedWindows::TakeKeyboard(const Form& form) {
-  const Control* control = form.ActiveControl();
-  focus_ = control ? control->hwnd() : 0;
+  keyboard_ = &form;  // as a window manager gives it to the window that comes to the front
 }
 
 Form* WatchedWindows::Front() const {
@@ -52,7 +56,8 @@ void WatchedWindows::Forget() {
   connections_.clear();
   names_.clear();
   shown_.clear();
-  focus_ = 0;
+  loaded_.clear();
+  keyboard_ = nullptr;
 }
 
 std::string WatchedWindows::NameOf(WindowHandle window) const {
@@ -82,7 +87,8 @@ std::int32_t WatchedWindows::SendMessageA(WindowHandle window, unsigned message,
 }
 
 WindowHandle WatchedWindows::GetFocus() {
-  return focus_;
+  const Control* control = keyboard_ ? keyboard_->ActiveControl() : nullptr;
+  return control ? control->hwnd() : 0;
 }
 
 float WatchedWindows::TextWidth(WindowHandle, std::string_view text) {

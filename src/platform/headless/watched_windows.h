@@ -3,6 +3,7 @@
 // which order, and where the keyboard is. A character is six pixels wide.
 
 #include <map>
+#include <set>
 
 #include "controls/form.h"
 #include "platform/headless/call_log.h"
@@ -39,14 +40,13 @@ class WatchedWindows final : public WindowControl {
 
  private:
   void Raise(Form& form);
-  // As a window manager gives it to the window that comes to the front.
-  void TakeKeyboard(const Form& form);
 
   CallLog& log_;
   std::vector<Form*> shown_;  // the front one last
+  std::set<const Form*> loaded_;
   std::map<WindowHandle, std::string> names_;
   std::vector<Connection> connections_;
-  WindowHandle focus_ = 0;
+  Form* keyboard_ = nullptr;  // the form that has the keyboard
 };
 
 }  // namespace lumidex

@@ -12,29 +12,36 @@ constexpr std::int32_t success = 0;
 constexpr std::int32_t fileNotFound = 2;
 constexpr std::int32_t accessDenied = 5;
 constexpr std::int32_t invalidHandle = 6;
+constexpr std::int32_t invalidParameter = 87;
+constexpr std::int32_t moreData = 234;
 
 }  // namespace
 
-std::int32_t PosixDesktop::RegOpenKeyExA(RegistryKey root, const std::string& path, RegistryKey& key) {
+std::int32_t PosixDesktop::RegOpenKeyExA(RegistryKey root, const std::string& path, std::uint32_t,
+                                         RegistryKey& key) {
   if (root != HKEY_CURRENT_USER) return fileNotFound;
   key = ++lastKey_;
   open_[key] = path;
   return success;
 }
 
-std::int32_t PosixDesktop::RegSetValueExA(RegistryKey key, const std::string& name,
-                                          const std::string& value) {
+std::int32_t PosixDesktop::RegSetValueExA(RegistryKey key, const std::string& name, std::uint32_t type,
+                                          const std::string& bytes) {
   const auto open = open_.find(key);
   if (open == open_.end()) return invalidHandle;
-  return store_.SetValue(open->second, name, value) ? success : accessDenied;
+  if (type != REG_SZ) return invalidParameter;
+  return store_.SetValue(open->second, name, bytes) ? success : accessDenied;
 }
 
-std::int32_t PosixDesktop::RegQueryValueExA(RegistryKey key, const std::string& name, std::string& value) {
+std::int32_t PosixDesktop::RegQueryValueExA(RegistryKey key, const std::string& name, std::uint32_t& type,
+                                            std::string& bytes) {
   const auto open = open_.find(key);
   if (open == open_.end()) return invalidHandle;
   const auto found = store_.Value(open->second, name);
   if (!found) return fileNotFound;
-  value = *found;
+  if (found->size() > bytes.size()) return moreData;
+  type = REG_SZ;
+  bytes = *found;
   return success;
 }
 

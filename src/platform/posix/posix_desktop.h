@@ -16,9 +16,13 @@ class PosixDesktop : public Desktop {
       : store_(ConfigHome(environment) + "/Lumidex/registry.ini") {}
 
   // Every key of HKEY_CURRENT_USER exists; of HKEY_LOCAL_MACHINE none does.
-  std::int32_t RegOpenKeyExA(RegistryKey root, const std::string& path, RegistryKey& key) override;
-  std::int32_t RegSetValueExA(RegistryKey key, const std::string& name, const std::string& value) override;
-  std::int32_t RegQueryValueExA(RegistryKey key, const std::string& name, std::string& value) override;
+  std::int32_t RegOpenKeyExA(RegistryKey root, const std::string& path, std::uint32_t access,
+                             RegistryKey& key) override;
+  // The store is for texts: other types are refused.
+  std::int32_t RegSetValueExA(RegistryKey key, const std::string& name, std::uint32_t type,
+                              const std::string& bytes) override;
+  std::int32_t RegQueryValueExA(RegistryKey key, const std::string& name, std::uint32_t& type,
+                                std::string& bytes) override;
   std::int32_t RegCloseKey(RegistryKey key) override;
   bool SystemParametersInfoA(unsigned, unsigned, const std::string&, unsigned) override { return false; }
   void ShowDisplaySettings() override;

@@ -129,6 +129,11 @@ std::string PosixFileSystem::CurrentDirectory() const {
   return getcwd(path, sizeof path) ? path : "/";
 }
 
+void PosixFileSystem::ChDir(const std::string& path) {
+  if (HoldsZeroByte(path)) throw RunTimeError(ErrorNumber::PathNotFound);
+  if (chdir(path.c_str()) != 0) RaiseSystemError(errno, path);
+}
+
 std::string PosixFileSystem::Normalised(const std::string& path) const {
   const std::string whole = path.starts_with('/') ? path : CurrentDirectory() + "/" + path;
   std::string result;
@@ -214,6 +219,11 @@ void PosixFileSystem::MakeDirectory(const std::string& path) {
   // A directory that is there already counts as one that can't be made.
   if (errno == EEXIST) throw RunTimeError(ErrorNumber::PathFileAccess);
   RaiseSystemError(errno, path);
+}
+
+std::unique_ptr<ByteSink> PosixFileSystem::OpenAtEnd(const std::string& path, bool emptied) {
+  if (HoldsZeroByte(path)) throw RunTimeError(ErrorNumber::PathNotFound);
+  return OpenFileAtEnd(path, emptied);
 }
 
 }  // namespace lumidex

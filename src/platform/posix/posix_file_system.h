@@ -12,6 +12,7 @@ class PosixFileSystem final : public FileSystem {
   std::vector<std::string> Drives() const override;
   std::string DriveOf(const std::string& path) const override;
   std::string CurrentDirectory() const override;
+  void ChDir(const std::string& path) override;
   // By the text alone: symbolic links stay in the path.
   std::string Normalised(const std::string& path) const override;
   std::vector<DirectoryEntry> ReadDirectory(const std::string& path) const override;
@@ -22,6 +23,9 @@ class PosixFileSystem final : public FileSystem {
   void WriteOver(const std::string& path, std::string_view content) override;
   void Remove(const std::string& path) override;
   void MakeDirectory(const std::string& path) override;
+
+ private:
+  std::unique_ptr<ByteSink> OpenAtEnd(const std::string& path, bool emptied) override;
 };
 
 }  // namespace lumidex

@@ -5,6 +5,7 @@
 #include <cerrno>
 
 #include "base/run_time_error.h"
+#include "base/text.h"
 #include "platform/posix/start_process.h"
 
 namespace lumidex {
@@ -42,9 +43,9 @@ std::vector<std::string> Arguments(const std::string& command) {
 
 }  // namespace
 
-int PosixShell::ShellExecuteA(const std::string& verb, const std::string& file, const std::string&,
-                              const std::string& directory, int) {
-  if (!verb.empty() && verb != "open") return noAssociation;
+int PosixShell::ShellExecuteA(WindowHandle, const std::string& verb, const std::string& file,
+                              const std::string&, const std::string& directory, int) {
+  if (!verb.empty() && LCase(verb) != "open") return noAssociation;
   std::string target = file;
   if (!IsAddress(file)) {
     if (!file.starts_with('/') && !directory.empty()) target = directory + "/" + file;

@@ -55,6 +55,16 @@ class FileSink final : public ByteSink {
   const std::string& path_;
 };
 
+class EndOfFile final : public ByteSink {
+ public:
+  EndOfFile(int file, std::string path) : path_(std::move(path)), file_(file) {}
+  void Write(std::span<const std::uint8_t> bytes) override { FileSink(file_, path_).Write(bytes); }
+
+ private:
+  const std::string path_;
+  const Descriptor file_;
+};
+
 // The file that a link leads to, so that the link is not replaced by a file.
 std::string BehindLinks(const std::string& path) {
   char resolved[PATH_MAX];
@@ -167,6 +177,14 @@ void OverwriteFile(const std::string& path, std::string_view content,
   }
   SyncFolderOf(target);
   unlink(kept.c_str());
+}
+
+std::unique_ptr<ByteSink> OpenFileAtEnd(const std::string& path, bool emptied) {
+  const int emptying = emptied ? O_TRUNC : 0;
+  const int file =
+      open(path.c_str(), O_WRONLY | O_CREAT | O_APPEND | emptying | O_CLOEXEC | O_NONBLOCK, 0666);
+  if (file < 0) RaiseSystemError(errno, path);
+  return std::make_unique<EndOfFile>(file, path);
 }
 
 void WriteFile(const std::string& path, const Produce& produce) {

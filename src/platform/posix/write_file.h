@@ -2,6 +2,7 @@
 // Writing a whole file so that it never stands half written and nothing is lost on the way.
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -20,5 +21,10 @@ void WriteFile(const std::string& path, const std::function<void(ByteSink&)>& pr
 // the file is empty then. A device is written in place.
 void OverwriteFile(const std::string& path, std::string_view content,
                    const std::function<std::string(const std::string& path)>& aside);
+
+// Opens the file, or makes it, to write behind what it holds, or behind nothing when it is to be emptied.
+// Each write stands in the file at once. Raises PathNotFound, PathFileAccess or PermissionDenied; writing
+// raises DiskFull.
+std::unique_ptr<ByteSink> OpenFileAtEnd(const std::string& path, bool emptied);
 
 }  // namespace lumidex

@@ -5,6 +5,7 @@
 #include <QMimeData>
 #include <memory>
 
+#include "base/run_time_error.h"
 #include "platform/qt/conversions.h"
 
 namespace lumidex {
@@ -37,12 +38,9 @@ void QtClipboard::SetText(const std::string& text) {
   QGuiApplication::clipboard()->setText(ToQt(text));
 }
 
-void QtClipboard::SetPicture(const Picture& picture) {
-  if (picture.IsEmpty()) {
-    Clear();
-  } else {
-    QGuiApplication::clipboard()->setMimeData(std::make_unique<PictureOffer>(picture).release());
-  }
+void QtClipboard::SetData(const Picture& picture, ClipboardFormat) {
+  if (picture.IsEmpty()) throw RunTimeError(ErrorNumber::InvalidClipboardFormat);
+  QGuiApplication::clipboard()->setMimeData(std::make_unique<PictureOffer>(picture).release());
 }
 
 std::string QtClipboard::Text() const {

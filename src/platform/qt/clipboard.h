@@ -10,7 +10,8 @@ class QtClipboard final : public Clipboard {
  public:
   void Clear() override;
   void SetText(const std::string& text) override;
-  void SetPicture(const Picture& picture) override;
+  // Every picture is offered in all the ways that the desktop knows, whatever format was asked for.
+  void SetData(const Picture& picture, ClipboardFormat format) override;
   std::string Text() const override;
 };
 

@@ -9,6 +9,7 @@ class QtClock final : public Clock {
  public:
   double TimeOfDay() const override;
   DateTime Now() const override;
+  DateTime LocalTime(std::int64_t secondsSince1970) const override;
 };
 
 }  // namespace lumidex

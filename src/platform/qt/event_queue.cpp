@@ -5,6 +5,8 @@
 #include <QEventLoop>
 #include <QMetaObject>
 #include <QThread>
+#include <algorithm>
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <utility>
@@ -41,17 +43,44 @@ void QtEventQueue::Stall() {
   QThread::msleep(50);
 }
 
+// One period at a time: Qt's own repeating timers do not fire inside their own tick, which may serve events.
+struct QtEventQueue::Ticking {
+  QTimer* timer;
+  std::int64_t period;
+  std::int64_t due;
+  Work tick;
+  int running = 0;
+
+  void AwaitNext() {
+    const std::int64_t now = Milliseconds();
+    due += period;
+    // Periods that were missed are merged into one.
+    if (due <= now) due = now + period;
+    timer->start(static_cast<int>(due - now));
+  }
+  static std::int64_t Milliseconds() {
+    const auto now = std::chrono::steady_clock::now().time_since_epoch();
+    return std::chrono::duration_cast<std::chrono::milliseconds>(now).count();
+  }
+};
+
 TimerId QtEventQueue::StartTimer(int milliseconds, Work tick) {
   const TimerId id = ++lastTimer_;
   auto timer = std::make_unique<QTimer>();
   timer->setTimerType(Qt::PreciseTimer);
-  const auto shared = std::make_shared<Work>(std::move(tick));
-  QObject::connect(timer.get(), &QTimer::timeout, &receiver_, [this, shared] {
+  timer->setSingleShot(true);
+  const auto ticking = std::make_shared<Ticking>(
+      Ticking{timer.get(), std::max(1, milliseconds), Ticking::Milliseconds(), std::move(tick)});
+  QObject::connect(timer.get(), &QTimer::timeout, &receiver_, [this, ticking] {
     // The copy keeps the work alive when it stops its own timer.
-    const auto running = shared;
-    Guard(*running);
+    const auto running = ticking;
+    running->AwaitNext();
+    if (running->running >= mostNestedTicks) return;
+    ++running->running;
+    Guard(running->tick);
+    --running->running;
   });
-  timer->start(milliseconds);
+  ticking->AwaitNext();
   timers_.emplace(id, std::move(timer));
   return id;
 }

@@ -24,6 +24,8 @@ class QtEventQueue final : public EventQueue {
 
  private:
   void ServePending() override;
+  struct Ticking;
+
   QObject receiver_;  // lives on the event thread: what Post delivers runs there
   std::map<TimerId, std::unique_ptr<QTimer>> timers_;
   TimerId lastTimer_ = 0;

@@ -1,6 +1,7 @@
 #pragma once
 // The services that this front end does not offer, and says so.
 
+#include "base/run_time_error.h"
 #include "ports/services.h"
 
 namespace lumidex {
@@ -12,10 +13,17 @@ class NoTray final : public Tray {
   bool Shell_NotifyIconA(unsigned, const TrayIconRecord&) override { return false; }
 };
 
+class NoPopup final : public Popup {
+ public:
+  void PopupMenu(WindowHandle, WindowHandle) override { throw RunTimeError(ErrorNumber::InvalidCall); }
+};
+
 // No web pages.
 class NoBrowser final : public Browser {
  public:
-  void Navigate(const std::string&) override {}
+  void Navigate(int, const std::string&) override { throw RunTimeError(ErrorNumber::AutomationError); }
+  bool Busy(int) const override { throw RunTimeError(ErrorNumber::AutomationError); }
+  std::string LocationName(int) const override { throw RunTimeError(ErrorNumber::AutomationError); }
 };
 
 }  // namespace lumidex

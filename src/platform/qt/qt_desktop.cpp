@@ -33,10 +33,10 @@ struct Attributes {
 
 struct QtDesktop::Parts {
   Parts(int& argc, char** argv, const SystemPorts& system)
-      : application(argc, argv), platform{system.files,   events,         dialogs,         windows,
-                                          clock,          system.process, clipboard,       system.desktop,
-                                          tray,           system.shell,   system.settings, system.loader,
-                                          system.folders, browser,        system.readAhead} {
+      : application(argc, argv), platform{system.files,  events,         dialogs,      windows,
+                                          clock,         system.process, clipboard,    system.desktop,
+                                          tray,          popup,          system.shell, system.settings,
+                                          system.loader, system.folders, browser,      system.readAhead} {
     // Only the program itself ends the process: it lives on while all its windows are hidden.
     QApplication::setQuitOnLastWindowClosed(false);
     // What can wait until the first window stands.
@@ -58,6 +58,7 @@ struct QtDesktop::Parts {
   QtClock clock;
   QtClipboard clipboard;
   NoTray tray;
+  NoPopup popup;
   NoBrowser browser;
   Platform platform;
 };
