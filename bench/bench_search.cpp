@@ -58,7 +58,7 @@ struct Search {
   Platform ports{files,           headless.events,  headless.dialogs,   headless.windows,
                  headless.events, headless.process, headless.clipboard, headless.desktop,
                  headless.tray,   headless.popup,   headless.shell,     headless.settings,
-                 headless.loader, headless.folders, headless.browser,   headless.readAhead};
+                 headless.loader, headless.folders, headless.browser,   headless.decoding};
   App app{ports};
 
   int Run(const std::string& directory) {

@@ -2,10 +2,9 @@
 
 #include "core/default_report.h"
 #include "forms/WPaper2.h"
-#include "forms/checkjpg.h"
+#include "platform/posix/decoding_threads.h"
 #include "platform/posix/early_picture.h"
 #include "platform/posix/file_picture_loader.h"
-#include "platform/posix/idle_read_ahead.h"
 #include "platform/posix/posix_desktop.h"
 #include "platform/posix/posix_file_system.h"
 #include "platform/posix/posix_process.h"
@@ -21,14 +20,14 @@ int main(int argc, char** argv) {
   const EarlyFonts fonts;
   PosixFileSystem files;
   PosixProcess process(argc, argv, LUMIDEX_INSTALLED_CONTENT);
-  const EarlyPicture early(files, process.CommandLine());
+  DecodingThreads decoding(files);
+  const EarlyPicture early(decoding, process.CommandLine());
   PosixDesktop registry;
   PosixShell shell;
   PosixSettingsStore settings;
   FilePictureLoader loader(files);
   PosixSpecialFolders folders;
-  IdleReadAhead ahead(files);
-  QtDesktop desktop(argc, argv, {files, process, registry, shell, settings, loader, folders, ahead});
+  QtDesktop desktop(argc, argv, {files, process, registry, shell, settings, loader, folders, decoding});
 
   App app(desktop.GetPlatform());
   desktop.Attach(app.Forms());
@@ -36,10 +35,7 @@ int main(int argc, char** argv) {
   // The conversion of whole lists is a command of the shipped program.
   app.WPaper2.mnuFileBatchConvertImages.Visible = true;
   app.WPaper2.KeepDesign();
-  if (!early.Opened().picture.IsEmpty()) {
-    app.checkjpg.Picture1.OfferOpened(early.Opened());
-    desktop.AwaitPicture();
-  }
+  if (early.IsOnItsWay()) desktop.AwaitPicture();
   RunEvent(app, [&app] { app.WPaper2.Load(); });
   desktop.Run();
 }

@@ -77,7 +77,7 @@ lumidex::Picture Gvbox::Open(const std::string& path) {
   const std::uint64_t stamp = PictureStamp(platform.files, path);
   const DecoderOptions decoder = ChosenDecoding();
   if (opened_.IsFor(path, stamp, decoder)) return opened_.picture;
-  lumidex::Picture picture = platform.readAhead.Find(path, stamp, decoder);
+  lumidex::Picture picture = platform.decoding.Find(path, stamp, decoder);
   if (picture.IsEmpty()) {
     OpenOptions options;
     options.decoder = decoder;
@@ -87,8 +87,10 @@ lumidex::Picture Gvbox::Open(const std::string& path) {
   return picture;
 }
 
-void Gvbox::ReadFilesAhead(std::vector<std::string> paths, ReadAhead::ShownSize shown) {
-  Owner().GetPlatform().readAhead.Want(opened_, {std::move(paths), ChosenDecoding(), std::move(shown)});
+void Gvbox::ReadFilesAhead(DecodingPriority priority, std::vector<std::string> paths, DecodingExtent extent,
+                           DecodingService::ShownSize shown) {
+  if (!ahead_) ahead_ = std::make_unique<DecodingService::Client>(Owner().GetPlatform().decoding);
+  ahead_->Want(priority, {std::move(paths), extent, std::move(shown), ChosenDecoding()}, opened_);
 }
 
 DecoderOptions Gvbox::ChosenDecoding() const {
@@ -102,10 +104,6 @@ DecoderOptions Gvbox::ChosenDecoding() const {
     options.dithering = static_cast<DitherMode>(JPGDitherMethod.Get());
   }
   return options;
-}
-
-void Gvbox::OfferOpened(OpenedPicture opened) {
-  opened_ = std::move(opened);
 }
 
 lumidex::Picture Gvbox::Usable() const {
@@ -199,7 +197,9 @@ void Gvbox::SetScrollY(std::int32_t y) {
 
 std::int32_t Gvbox::PixelColor(float x, float y) const {
   Tell("PixelColor", x, y);
-  const Pixels pixels = Usable().FullPixels();
+  const lumidex::Picture image = Usable();
+  Pixels pixels = image.ReadyPixels();
+  if (pixels.IsEmpty()) Aside(image.GetSize(), [&] { pixels = image.FullPixels(); });
   const auto place = [&](float twips, std::int32_t scroll) {
     return std::floor(static_cast<double>(twips) / twipsPerPixel / static_cast<double>(ZoomLevel.Get())) +
            scroll;
@@ -211,19 +211,39 @@ std::int32_t Gvbox::PixelColor(float x, float y) const {
   return static_cast<std::int32_t>((word & 0xFF) << 16 | (word & 0xFF00) | (word >> 16 & 0xFF));
 }
 
+void Gvbox::Aside(Size size, const EventQueue::Work& work) const {
+  // What this many pixels take is done before a thread would have begun.
+  constexpr std::int64_t few = 100'000;
+  if (std::int64_t{size.width} * size.height <= few) {
+    work();
+  } else {
+    Owner().GetPlatform().events.RunAside(work);
+  }
+}
+
 template <class Operation>
 void Gvbox::Change(Operation operation) {
   if (Usable().IsEmpty()) return;
   const int bits = working_.BitsPerPixel();
-  static_cast<void>(working_.FullPixels());  // whatever may fail fails while the image still stands
-  Pixels pixels = Picture::Release(std::exchange(working_, {}));
+  // Nobody else's while it is worked on.
+  lumidex::Picture image = std::exchange(working_, {});
   try {
-    operation(pixels);
+    Aside(image.GetSize(), [&] {
+      static_cast<void>(image.FullPixels());  // whatever may fail fails while the image still stands
+      Pixels pixels = Picture::Release(std::exchange(image, {}));
+      try {
+        operation(pixels);
+      } catch (...) {
+        image = Picture::FromPixels(std::move(pixels), bits);
+        throw;
+      }
+      image = Picture::FromPixels(std::move(pixels), bits);
+    });
   } catch (...) {
-    working_ = Picture::FromPixels(std::move(pixels), bits);
+    working_ = image;
     throw;
   }
-  working_ = Picture::FromPixels(std::move(pixels), bits);
+  working_ = image;
   Changed.Emit();
   OnImageChanged();
 }
@@ -237,7 +257,8 @@ void Gvbox::PaintPicture(const lumidex::Picture& picture, float x1, float y1, fl
   const PixelBox onto{run(x1, w1), run(y1, h1)}, from{run(x2, w2), run(y2, h2)};
   Usable();
   if (AutoRedraw == 0) return;
-  const Pixels source = picture.FullPixels();
+  Pixels source;
+  Aside(picture.GetSize(), [&] { source = picture.FullPixels(); });
   Change([&](Pixels& pixels) { Paint(pixels, onto, source, from); });
 }
 
@@ -277,9 +298,13 @@ JpegWriterOptions Gvbox::ChosenWriting() const {
 
 void Gvbox::SaveJPEG(const std::string& path) {
   if (OnOperation) OnOperation("SaveJPEG " + path);
-  const Pixels pixels = Usable().FullPixels();
-  if (pixels.IsEmpty()) throw RunTimeError(ErrorNumber::InvalidPicture);
-  Owner().GetPlatform().files.Write(path, [&](ByteSink& sink) { WriteJpeg(pixels, ChosenWriting(), sink); });
+  const lumidex::Picture image = Usable();
+  if (image.IsEmpty()) throw RunTimeError(ErrorNumber::InvalidPicture);
+  const JpegWriterOptions options = ChosenWriting();
+  Aside(image.GetSize(), [&] {
+    const Pixels pixels = image.FullPixels();
+    Owner().GetPlatform().files.Write(path, [&](ByteSink& sink) { WriteJpeg(pixels, options, sink); });
+  });
 }
 
 }  // namespace lumidex

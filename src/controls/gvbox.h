@@ -7,10 +7,12 @@
 // filtering a drawing makes a bitmap of it.
 
 #include <algorithm>
+#include <memory>
 
 #include "controls/pointed.h"
 #include "pictures/jpeg_writer.h"
-#include "ports/read_ahead.h"
+#include "ports/decoding.h"
+#include "ports/event_queue.h"
 
 namespace lumidex {
 
@@ -28,16 +30,15 @@ class Gvbox final : public PointedControl {
   // releases the image. Raises what opening raises and leaves no picture then; fires ImageChanged after a
   // load.
   void SetFileName(const std::string& path);
-  // A picture that somebody has opened already: the next SetFileName of its path takes it as long as the file
-  // on the disk is the same.
-  void OfferOpened(OpenedPicture opened);
-
-  // Wishes to have these files decoded while the program idles, as they will be shown; see
-  // ports/read_ahead.h. The file opened last is kept for going back to it.
-  void ReadFilesAhead(std::vector<std::string> paths, ReadAhead::ShownSize shown);
+  // Has these files read ahead with the control's decoder options, in this order and as far as `extent` says;
+  // `shown` is for the extent Shown. Whoever opens them here one after the other finds them opened or decoded
+  // (ports/decoding.h). As neighbours they are read while the program idles, and the file opened last is kept
+  // for going back to it. Replaces what was wished before; no paths end it.
+  void ReadFilesAhead(DecodingPriority priority, std::vector<std::string> paths, DecodingExtent extent,
+                      DecodingService::ShownSize shown = {});
 
   // The working image as a picture object; with a ThumbnailSize a reduced copy that fits a square of so many
-  // pixels, never enlarged, in the style of Appearance.
+  // pixels, never enlarged, in the style of Appearance, whose pixels are made when they are first needed.
   lumidex::Picture Picture() const;
   void SetPicture(const lumidex::Picture& picture);
   Property<int> ThumbnailSize{*this, "ThumbnailSize", 0, &RefuseNegative};
@@ -132,10 +133,13 @@ class Gvbox final : public PointedControl {
   // Runs an operation on the pixels of the working image, which it takes as Pixels& and may change in place.
   template <class Operation>
   void Change(Operation operation);
+  // Runs what works on all pixels of a picture of that size, aside when there are many.
+  void Aside(Size size, const EventQueue::Work& work) const;
 
   std::string fileName_;
   // The file opened last, kept with its decoded pixels: most files are asked for again, at another size.
   OpenedPicture opened_;
+  std::unique_ptr<DecodingService::Client> ahead_;
   lumidex::Picture working_;
   bool failed_ = false;
   int fileBits_ = 0;

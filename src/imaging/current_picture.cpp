@@ -96,7 +96,7 @@ void ReadNeighboursAhead(App& app) {
                   static_cast<int>(window.Picture1.ScaleHeight())};
   const bool stretch = app.frmPreferences.chkStretch.Value == 1;
   const float zoom = GetZoomFactor(app);
-  app.checkjpg.Picture1.ReadFilesAhead(std::move(neighbours), [=](Size full) {
+  const auto shownSize = [=](Size full) {
     if (stretch) return area;
     Size shown = full;
     IgnoreError([&] {
@@ -105,7 +105,9 @@ void ReadNeighboursAhead(App& app) {
       shown = {width, height};
     });
     return shown;
-  });
+  };
+  app.checkjpg.Picture1.ReadFilesAhead(DecodingPriority::Neighbours, std::move(neighbours),
+                                       DecodingExtent::Shown, shownSize);
 }
 
 }  // namespace lumidex

@@ -7,8 +7,10 @@ namespace lumidex {
 
 void SavePicture(App& app, Picture picture, std::string path) {
   if (picture.IsEmpty()) throw RunTimeError(ErrorNumber::InvalidPropertyValue);
-  const Pixels pixels = picture.FullPixels();
-  app.platform.files.Write(path, [&](ByteSink& sink) { WriteBmp(pixels, sink); });
+  app.platform.events.RunAside([&] {
+    const Pixels pixels = picture.FullPixels();
+    app.platform.files.Write(path, [&](ByteSink& sink) { WriteBmp(pixels, sink); });
+  });
 }
 
 }  // namespace lumidex

@@ -6,6 +6,7 @@
 
 #include <memory>
 #include <span>
+#include <stop_token>
 #include <string_view>
 
 #include "pictures/decoder_options.h"
@@ -20,6 +21,7 @@ struct PictureFacts {
   std::string_view format;  // "JPEG", "PCX": for people
   bool scalable = false;    // a drawing: any size asked for is drawn sharp
   bool reducible = false;   // decoding for a smaller size costs less memory
+  bool once = false;        // all there is to it comes with the first decode
 };
 
 struct OpenOptions {
@@ -33,6 +35,8 @@ struct DecodeRequest {
   // The size at which the picture will be shown; 0 by 0 asks for full size. A decoder may answer with any
   // size that is at least this on both sides, or with its full size; drawings answer with exactly this size.
   Size wanted;
+  // Once it is asked for, nobody wants the answer: a decoder may end with any, and does where its file ends.
+  std::stop_token stop = {};
 };
 
 class Decoder {

@@ -1,36 +1,72 @@
 #include "pictures/picture.h"
 
+#include <algorithm>
 #include <atomic>
 #include <mutex>
 #include <utility>
 
 #include "base/out_of_memory.h"
+#include "pictures/scaling.h"
 
 namespace lumidex {
 
-// The mutex guards the cached pixels: a read-ahead thread may decode while the program asks.
+// The mutex guards what is kept: others decode while the program asks.
 struct Picture::State {
   std::unique_ptr<Decoder> decoder;  // none when made from pixels
+  std::shared_ptr<std::atomic<bool>> stopMark = std::make_shared<std::atomic<bool>>(false);
   PictureFacts facts;
   std::mutex mutex;
   Pixels pixels;                      // the last answer
-  std::atomic<std::size_t> bytes{0};  // of the pixels; read without the mutex, which a decode holds long
+  bool fullWanted = false;            // somebody has asked for all pixels, and may do so again
+  Pixels shown;                       // scaled for showing
+  std::atomic<std::size_t> bytes{0};  // of both; read without the mutex, which a decode holds long
 
-  void Keep(Pixels answer) {
-    pixels = std::move(answer);
-    bytes = pixels.ByteCount();
-  }
+  bool IsDrawnAt(Size wanted) const { return facts.scalable && wanted.width > 0 && wanted.height > 0; }
+  bool Covers(Size wanted) const;
+  Size SizeToShow(Size wanted) const;
+  Pixels Decode(Size wanted, const std::stop_token& stop) const;
+  void Keep(Pixels answer);
+  void KeepShown(Pixels answer);
+  void Count() { bytes = pixels.ByteCount() + (shown.Data() == pixels.Data() ? 0 : shown.ByteCount()); }
 };
 
-namespace {
-
-bool Covers(Size have, Size wanted, Size full) {
-  if (have == full) return true;
+bool Picture::State::Covers(Size wanted) const {
+  const Size have = pixels.GetSize();
+  if (IsDrawnAt(wanted)) return have == wanted;
+  if (have == facts.size) return true;
   if (wanted.width <= 0 || wanted.height <= 0) return false;
   return have.width >= wanted.width && have.height >= wanted.height;
 }
 
-}  // namespace
+Size Picture::State::SizeToShow(Size wanted) const {
+  if (IsDrawnAt(wanted)) return wanted;
+  return {std::min(wanted.width, facts.size.width), std::min(wanted.height, facts.size.height)};
+}
+
+Pixels Picture::State::Decode(Size wanted, const std::stop_token& stop) const {
+  if (stop.stop_requested()) return {};
+  *stopMark = false;
+  const std::stop_callback endTheFile(stop, [this] { *stopMark = true; });
+  Pixels answer = TellingOutOfMemory([&] { return decoder->Decode({wanted, stop}); });
+  // What came of a file that was ended must not be taken for the picture.
+  return stop.stop_requested() ? Pixels() : answer;
+}
+
+void Picture::State::Keep(Pixels answer) {
+  pixels = std::move(answer);
+  if (facts.once && pixels.GetSize() == facts.size) decoder.reset();
+  Count();
+}
+
+void Picture::State::KeepShown(Pixels answer) {
+  shown = std::move(answer);
+  if (!facts.scalable && shown.GetSize() == facts.size) {
+    pixels = shown;
+  } else if (decoder && !fullWanted) {
+    pixels = {};
+  }
+  Count();
+}
 
 Picture Picture::FromDecoder(std::unique_ptr<Decoder> decoder) {
   auto state = std::make_shared<State>();
@@ -40,7 +76,9 @@ Picture Picture::FromDecoder(std::unique_ptr<Decoder> decoder) {
 }
 
 Picture Picture::Open(const PictureData& data, const OpenOptions& options) {
-  return TellingOutOfMemory([&] { return FromDecoder(OpenDecoder(data, options)); });
+  Picture picture = TellingOutOfMemory([&] { return FromDecoder(OpenDecoder(data, options)); });
+  picture.state_->stopMark = data.StopMark();
+  return picture;
 }
 
 Picture Picture::FromPixels(Pixels pixels, int bitsPerPixel) {
@@ -87,23 +125,53 @@ Pixels Picture::Release(Picture picture) {
   return Picture(state).FullPixels();
 }
 
-Pixels Picture::PixelsFor(Size wanted) const {
+Pixels Picture::PixelsFor(Size wanted, const std::stop_token& stop) const {
   if (!state_) return {};
   const std::scoped_lock lock(state_->mutex);
-  const bool exact = state_->facts.scalable && wanted.width > 0 && wanted.height > 0;
-  const Size have = state_->pixels.GetSize();
-  const bool good = exact ? have == wanted : Covers(have, wanted, state_->facts.size);
-  if (!good && state_->decoder)
-    state_->Keep(TellingOutOfMemory([&] { return state_->decoder->Decode({wanted}); }));
+  if (wanted.width <= 0 || wanted.height <= 0) state_->fullWanted = true;
+  if (!state_->Covers(wanted) && state_->decoder) {
+    Pixels answer = state_->Decode(wanted, stop);
+    if (answer.IsEmpty()) return {};
+    state_->Keep(std::move(answer));
+  }
   return state_->pixels;
 }
 
-bool Picture::HasPixelsFor(Size wanted) const {
-  if (!state_) return true;
+Pixels Picture::PixelsToShow(Size wanted, const std::stop_token& stop) const {
+  if (!state_ || wanted.width <= 0 || wanted.height <= 0) return {};
   const std::scoped_lock lock(state_->mutex);
-  if (state_->facts.scalable && wanted.width > 0 && wanted.height > 0)
-    return state_->pixels.GetSize() == wanted;
-  return Covers(state_->pixels.GetSize(), wanted, state_->facts.size);
+  const Size size = state_->SizeToShow(wanted);
+  const Size have = state_->shown.GetSize();
+  if (have == size) return state_->shown;
+  Pixels pixels;
+  if (state_->Covers(wanted)) {
+    pixels = state_->pixels;
+  } else if (!state_->facts.scalable && have.width >= 2 * size.width && have.height >= 2 * size.height) {
+    // Averages of averages: below half the size nobody can tell.
+    pixels = state_->shown;
+  } else if (state_->decoder) {
+    pixels = state_->Decode(wanted, stop);
+  }
+  if (pixels.IsEmpty() || stop.stop_requested()) return {};
+  if (state_->facts.once) state_->Keep(pixels);
+  if (!(pixels.GetSize() == size)) pixels = TellingOutOfMemory([&] { return Scale(pixels, size); });
+  state_->KeepShown(pixels);
+  return pixels;
+}
+
+Pixels Picture::ReadyPixels() const {
+  if (!state_) return {};
+  const std::unique_lock lock(state_->mutex, std::try_to_lock);
+  return lock && state_->Covers({}) ? state_->pixels : Pixels();
+}
+
+Pixels Picture::ReadyToShow(Size wanted) const {
+  if (!state_) return {};
+  const std::unique_lock lock(state_->mutex, std::try_to_lock);
+  if (!lock) return {};
+  const Size size = state_->SizeToShow(wanted);
+  if (state_->shown.GetSize() == size) return state_->shown;
+  return state_->pixels.GetSize() == size ? state_->pixels : Pixels();
 }
 
 }  // namespace lumidex

@@ -34,12 +34,17 @@ class Picture {
   // All pixels of a picture that is given up: not shared, when nobody else holds it and it has no file behind
   // it, so that they can be changed in place.
   static Pixels Release(Picture picture);
-  // Pixels at no less than `wanted` on both sides (or full size when that is smaller), for showing at that
-  // size. The last answer is kept.
-  Pixels PixelsFor(Size wanted) const;
-  // True when PixelsFor(wanted) would answer without decoding.
-  bool HasPixelsFor(Size wanted) const;
+  // Pixels at no less than `wanted` on both sides (or full size when that is smaller). The last answer is
+  // kept. Empty when `stop` was asked for before they were there; then nothing is kept.
+  Pixels PixelsFor(Size wanted, const std::stop_token& stop = {}) const;
+  // Pixels for showing it at that very size: each side as long as wanted, or as the picture where that is
+  // shorter, but a drawing's. They are kept instead of larger ones that were only made for them. `stop` as
+  // above.
+  Pixels PixelsToShow(Size wanted, const std::stop_token& stop = {}) const;
 
+  // What the two above would answer without any work; empty when there is some, or somebody is at it.
+  Pixels ReadyPixels() const;
+  Pixels ReadyToShow(Size wanted) const;
   // Bytes of the pixels that are kept. Never waits for a decode that is running elsewhere.
   std::size_t HeldBytes() const;
 

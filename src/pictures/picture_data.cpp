@@ -26,13 +26,16 @@ class StretchSource final : public ByteSource {
   std::uint64_t size_;
 };
 
-// Answers from the head what lies in it, since readers of headers ask for it again in small pieces.
+// Answers from the head what lies in it, since readers of headers ask for it again in small pieces. Ends the
+// file while it is stopped.
 class HeadKeeper final : public ByteSource {
  public:
-  HeadKeeper(std::shared_ptr<const ByteSource> source, std::shared_ptr<const std::vector<std::uint8_t>> head)
-      : source_(std::move(source)), head_(std::move(head)) {}
+  HeadKeeper(std::shared_ptr<const ByteSource> source, std::shared_ptr<const std::vector<std::uint8_t>> head,
+             std::shared_ptr<const std::atomic<bool>> stop)
+      : source_(std::move(source)), head_(std::move(head)), stop_(std::move(stop)) {}
   std::uint64_t Size() const override { return source_->Size(); }
   std::size_t ReadAt(std::uint64_t offset, std::span<std::uint8_t> into) const override {
+    if (stop_->load(std::memory_order_relaxed)) return 0;
     std::size_t done = 0;
     if (offset < head_->size()) {
       done = std::min(into.size(), head_->size() - static_cast<std::size_t>(offset));
@@ -45,6 +48,7 @@ class HeadKeeper final : public ByteSource {
  private:
   std::shared_ptr<const ByteSource> source_;
   std::shared_ptr<const std::vector<std::uint8_t>> head_;
+  std::shared_ptr<const std::atomic<bool>> stop_;
 };
 
 }  // namespace
@@ -65,9 +69,10 @@ std::size_t MemorySource::ReadAt(std::uint64_t offset, std::span<std::uint8_t> i
 PictureData::PictureData(std::shared_ptr<const ByteSource> source, std::string extension)
     : source_(std::move(source)),
       extension_(std::move(extension)),
-      size_(std::min(source_->Size(), MostBytes)) {
+      size_(std::min(source_->Size(), MostBytes)),
+      stop_(std::make_shared<std::atomic<bool>>(false)) {
   head_ = std::make_shared<const std::vector<std::uint8_t>>(Stretch(0, HeadSize));
-  source_ = std::make_shared<HeadKeeper>(std::move(source_), head_);
+  source_ = std::make_shared<HeadKeeper>(std::move(source_), head_, stop_);
 }
 
 std::vector<std::uint8_t> PictureData::Stretch(std::uint64_t offset, std::size_t count) const {

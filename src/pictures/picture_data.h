@@ -2,6 +2,7 @@
 // The bytes of one picture file, wherever they lie. Decoders ask for the head first, so that telling
 // what a file is costs one short read, and for the rest only when they need it.
 
+#include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -58,6 +59,9 @@ class PictureData {
   std::vector<std::uint8_t> All() const;
   const ByteSource& Source() const { return *source_; }
   std::shared_ptr<const ByteSource> SharedSource() const { return source_; }
+  // While it is set the file ends where it is being read, so a decoder soon comes to its end; what that one
+  // gives then is of no use.
+  const std::shared_ptr<std::atomic<bool>>& StopMark() const { return stop_; }
 
   // A palette kept in a file of its own beside the picture, set by whoever opened the file; may be empty.
   std::vector<std::uint8_t> paletteFile;
@@ -67,6 +71,7 @@ class PictureData {
   std::string extension_;
   std::uint64_t size_ = 0;
   std::shared_ptr<const std::vector<std::uint8_t>> head_;
+  std::shared_ptr<std::atomic<bool>> stop_;
 };
 
 }  // namespace lumidex

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <memory>
+#include <utility>
 
 #include "pictures/scaling.h"
 
@@ -31,6 +33,29 @@ void DrawBevel(Pixels& pixels) {
   }
 }
 
+// Makes the small copy when it is asked for.
+class Reducing final : public Decoder {
+ public:
+  Reducing(Picture picture, int square, ReducedStyle style) : picture_(std::move(picture)), style_(style) {
+    facts_.size = ReducedSize(picture_.GetSize(), square);
+    facts_.bitsPerPixel = picture_.BitsPerPixel();
+    facts_.format = picture_.Format();
+    facts_.once = true;
+  }
+
+  Pixels Decode(const DecodeRequest& request) const override {
+    Pixels pixels = picture_.PixelsToShow(facts_.size, request.stop);
+    if (pixels.IsEmpty() || style_ == ReducedStyle::Flat) return pixels;
+    pixels = Copy(pixels);
+    DrawBevel(pixels);
+    return pixels;
+  }
+
+ private:
+  Picture picture_;
+  ReducedStyle style_;
+};
+
 }  // namespace
 
 Size ReducedSize(Size full, int square) {
@@ -42,15 +67,7 @@ Size ReducedSize(Size full, int square) {
 }
 
 Picture ReducedPicture(const Picture& picture, int square, ReducedStyle style) {
-  const Size size = ReducedSize(picture.GetSize(), square);
-  const Pixels decoded = picture.PixelsFor(size);
-  Pixels reduced = Scale(decoded, size);
-  if (style == ReducedStyle::Raised) {
-    // Scaling to the same size hands out the shared pixels, which must not be drawn on.
-    if (reduced.Data() == decoded.Data()) reduced = Copy(decoded);
-    DrawBevel(reduced);
-  }
-  return Picture::FromPixels(std::move(reduced), picture.BitsPerPixel());
+  return Picture::FromDecoder(std::make_unique<Reducing>(picture, square, style));
 }
 
 }  // namespace lumidex

@@ -14,7 +14,8 @@ enum class ReducedStyle {
 // enlarged.
 Size ReducedSize(Size full, int square);
 
-// A copy that fits the square. The depth stays the picture's own.
+// A copy that fits the square. The depth stays the picture's own. Its pixels are made when they are first
+// needed, and until then it holds the picture.
 Picture ReducedPicture(const Picture& picture, int square, ReducedStyle style = ReducedStyle::Flat);
 
 }  // namespace lumidex

@@ -34,6 +34,13 @@ class EventQueue {
   // the processor. A desktop sleeps a moment and returns; a test ends there and says so.
   virtual void Stall() = 0;
 
+  // Runs work that may take long, and returns when it is done. Where there are threads it runs on one of its
+  // own; meanwhile windows are painted, and every other event waits for the end. So the work may use what the
+  // caller alone uses, but nothing that a window shows. Raises what the work raises.
+  virtual void RunAside(const Work& work) { work(); }
+  // True inside RunAside, when an event would have to wait.
+  virtual bool IsAside() const { return false; }
+
   // Calls `tick` each time the period has passed, until stopped; missed periods are merged into one. What
   // serves events inside a tick may have the same tick served again there, up to mostNestedTicks deep: beyond
   // that it is late.

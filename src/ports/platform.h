@@ -1,10 +1,10 @@
 #pragma once
 // Everything the program asks of its platform, in one bundle. `main` and each test make one.
 
+#include "ports/decoding.h"
 #include "ports/dialogs.h"
 #include "ports/event_queue.h"
 #include "ports/file_system.h"
-#include "ports/read_ahead.h"
 #include "ports/services.h"
 #include "ports/window_control.h"
 
@@ -26,7 +26,7 @@ struct Platform {
   PictureLoader& loader;
   SpecialFolders& folders;
   Browser& browser;
-  ReadAhead& readAhead;
+  DecodingService& decoding;
 };
 
 }  // namespace lumidex

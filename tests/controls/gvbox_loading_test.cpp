@@ -123,10 +123,9 @@ TEST_F(GvboxTest, A_file_that_is_gone_fails_at_the_next_load) {
 }
 
 TEST_F(GvboxTest, What_was_read_ahead_is_taken_as_long_as_the_file_stands) {
-  const auto whole = [](Size full) { return full; };
-  box.ReadFilesAhead({path}, whole);
-  EXPECT_TRUE(platform.readAhead.RunNext());
-  const Picture read = platform.readAhead.Find(path, PictureStamp(platform.files, path), {});
+  box.ReadFilesAhead(DecodingPriority::Neighbours, {path}, DecodingExtent::Full);
+  EXPECT_TRUE(platform.decoding.RunNext());
+  const Picture read = platform.decoding.Find(path, PictureStamp(platform.files, path), {});
   ASSERT_FALSE(read.IsEmpty());
   box.SetFileName(path);
   EXPECT_EQ(box.Picture(), read);
@@ -141,8 +140,10 @@ TEST_F(GvboxTest, Errors_are_the_same_after_reading_ahead) {
   platform.files.AddFile("/folder.bmp", AsText(EncodeBmp(Marks())));
   platform.files.AddFile("/spoilt.bmp", AsText(EncodeBmp(Marks())));
   platform.files.AddFile("/locked.bmp", AsText(EncodeBmp(Marks())));
-  box.ReadFilesAhead({"/bad.bmp", "/gone.bmp", "/folder.bmp", "/spoilt.bmp", "/locked.bmp"}, nullptr);
-  while (platform.readAhead.RunNext()) {
+  box.ReadFilesAhead(DecodingPriority::Batch,
+                     {"/bad.bmp", "/gone.bmp", "/folder.bmp", "/spoilt.bmp", "/locked.bmp"},
+                     DecodingExtent::Header);
+  while (platform.decoding.RunNext()) {
   }
   platform.files.Remove("/gone.bmp");
   platform.files.Remove("/folder.bmp");
@@ -157,16 +158,16 @@ TEST_F(GvboxTest, Errors_are_the_same_after_reading_ahead) {
   EXPECT_EQ(NumberRaisedBy([&] { box.SetFileName("/locked.bmp"); }), 70);
 }
 
-TEST_F(GvboxTest, A_picture_that_is_offered_is_taken_as_long_as_the_file_stands) {
-  const Picture offered = OpenPicture(platform.files, path);
-  const OpenedPicture opened{path, PictureStamp(platform.files, path), {}, offered};
-  box.OfferOpened(opened);
-  box.SetFileName(path);
-  EXPECT_EQ(box.Picture(), offered);
-  platform.files.AddFile(path, AsText(EncodeBmp(Marks({6, 2}))));
-  box.OfferOpened(opened);
-  box.SetFileName(path);
-  EXPECT_EQ(box.PictureWidth(), 6);
+TEST_F(GvboxTest, What_is_read_ahead_has_the_controls_own_decoder_options) {
+  box.DCTMethod = 1;
+  box.ReadFilesAhead(DecodingPriority::Batch, {path}, DecodingExtent::Header);
+  EXPECT_TRUE(platform.decoding.RunNext());
+  DecoderOptions options;
+  EXPECT_TRUE(platform.decoding.Find(path, PictureStamp(platform.files, path), options).IsEmpty());
+  box.ReadFilesAhead(DecodingPriority::Batch, {path}, DecodingExtent::Header);
+  EXPECT_TRUE(platform.decoding.RunNext());
+  options.dct = DctMethod::FastInteger;
+  EXPECT_FALSE(platform.decoding.Find(path, PictureStamp(platform.files, path), options).IsEmpty());
 }
 
 TEST_F(GvboxTest, A_palette_file_that_changed_is_seen_at_the_next_load) {

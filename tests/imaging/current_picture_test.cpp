@@ -220,7 +220,7 @@ class Neighbours : public CurrentPicture {
     for (int i = 0; i < 4; ++i) {
       const std::string path = DisplayText(i);
       const auto facts = platform.files.Look(path);
-      if (!platform.readAhead.Find(path, facts->stamp, {}).IsEmpty()) numbers += Number(i);
+      if (!platform.decoding.Find(path, facts->stamp, {}).IsEmpty()) numbers += Number(i);
     }
     return numbers;
   }
@@ -228,24 +228,24 @@ class Neighbours : public CurrentPicture {
 
 TEST_F(Neighbours, The_next_picture_is_read_first_then_the_one_before) {
   app.WPaper2.LstRight.SetListIndex(1);
-  EXPECT_TRUE(platform.readAhead.RunNext());
+  EXPECT_TRUE(platform.decoding.RunNext());
   EXPECT_EQ(Ready(), "12");
   app.WPaper2.LstRight.SetListIndex(2);
-  EXPECT_TRUE(platform.readAhead.RunNext());
-  EXPECT_FALSE(platform.readAhead.RunNext());  // the one before was shown last
+  EXPECT_TRUE(platform.decoding.RunNext());
+  EXPECT_FALSE(platform.decoding.RunNext());  // the one before was shown last
   EXPECT_EQ(Ready(), "123");
 }
 
 TEST_F(Neighbours, They_go_round_the_ends_of_the_list) {
   app.WPaper2.LstRight.SetListIndex(0);
-  while (platform.readAhead.RunNext()) {
+  while (platform.decoding.RunNext()) {
   }
   EXPECT_EQ(Ready(), "013");
 }
 
 TEST_F(Neighbours, The_step_takes_what_was_read_ahead) {
   app.WPaper2.LstRight.SetListIndex(0);
-  while (platform.readAhead.RunNext()) {
+  while (platform.decoding.RunNext()) {
   }
   NextImage(app);
   EXPECT_EQ(app.CurrentImagePath, DisplayText(1));
@@ -254,7 +254,7 @@ TEST_F(Neighbours, The_step_takes_what_was_read_ahead) {
 
 TEST_F(Neighbours, A_file_replaced_since_is_shown_as_it_is_now) {
   app.WPaper2.LstRight.SetListIndex(0);
-  while (platform.readAhead.RunNext()) {
+  while (platform.decoding.RunNext()) {
   }
   platform.files.AddFile(DisplayText(1), BitmapFile(77, 55));
   NextImage(app);
@@ -265,23 +265,23 @@ TEST_F(Neighbours, A_single_entry_has_none) {
   ZapDisplayList(app);
   FillDisplayList(1);
   app.WPaper2.LstRight.SetListIndex(0);
-  EXPECT_FALSE(platform.readAhead.RunNext());
+  EXPECT_FALSE(platform.decoding.RunNext());
 }
 
 TEST_F(Neighbours, An_emptied_list_lets_them_go) {
   app.WPaper2.LstRight.SetListIndex(0);
-  while (platform.readAhead.RunNext()) {
+  while (platform.decoding.RunNext()) {
   }
   const std::string path = DisplayText(1);
   ZapDisplayList(app);
-  EXPECT_TRUE(platform.readAhead.Find(path, platform.files.Look(path)->stamp, {}).IsEmpty());
+  EXPECT_TRUE(platform.decoding.Find(path, platform.files.Look(path)->stamp, {}).IsEmpty());
 }
 
 TEST_F(Neighbours, They_are_decoded_at_the_size_they_will_be_shown_at) {
   const auto bytes = EncodeJpeg(Pixels::Make({1600, 1200}, PixelFormat::Rgb, 0xFF336699), 90);
   platform.files.AddFile(DisplayText(1), {bytes.begin(), bytes.end()});
   app.WPaper2.LstRight.SetListIndex(0);
-  EXPECT_TRUE(platform.readAhead.RunNext());
+  EXPECT_TRUE(platform.decoding.RunNext());
   NextImage(app);
   EXPECT_EQ(app.checkjpg.Picture1.Picture().HeldBytes(), 400U * 300 * 4);
 }

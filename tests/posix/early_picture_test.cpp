@@ -6,6 +6,7 @@
 #include <filesystem>
 
 #include "pictures/bmp_writer.h"
+#include "platform/posix/decoding_threads.h"
 #include "platform/posix/posix_file_system.h"
 #include "posix/temporary_folder.h"
 
@@ -21,24 +22,45 @@ class EarlyPictureTest : public testing::Test {
                                      std::filesystem::file_time_type::clock::now() - std::chrono::hours(1));
   }
 
+  Picture Find() { return decoding.Find(path, PictureStamp(disk, path), {}); }
+
   TemporaryFolder folder;
   PosixFileSystem disk;
+  DecodingThreads decoding{disk};
   const std::string path = folder / "a b.bmp";
 };
 
 TEST_F(EarlyPictureTest, The_path_stands_between_the_first_and_the_last_character) {
   WritePicture({30, 20});
-  const EarlyPicture early(disk, "\"" + path + "\"");
-  EXPECT_EQ(early.Opened().path, path);
-  EXPECT_EQ(early.Opened().picture.GetSize(), (Size{30, 20}));
-  EXPECT_TRUE(early.Opened().IsFor(path, PictureStamp(disk, path), {}));
+  const EarlyPicture early(decoding, "\"" + path + "\"");
+  decoding.WaitUntilDone();
+  EXPECT_TRUE(early.IsOnItsWay());
+  EXPECT_EQ(Find().GetSize(), (Size{30, 20}));
+}
+
+TEST_F(EarlyPictureTest, It_has_pixels_for_a_screen_of_usual_size) {
+  WritePicture({3000, 1000});
+  const EarlyPicture early(decoding, "\"" + path + "\"");
+  decoding.WaitUntilDone();
+  const Picture found = Find();
+  EXPECT_NE(found.HeldBytes(), 0U);
+}
+
+TEST_F(EarlyPictureTest, Who_opens_it_takes_it) {
+  WritePicture({30, 20});
+  const EarlyPicture early(decoding, "\"" + path + "\"");
+  decoding.WaitUntilDone();
+  EXPECT_FALSE(Find().IsEmpty());
+  EXPECT_TRUE(Find().IsEmpty());
+  EXPECT_FALSE(early.IsOnItsWay());
 }
 
 TEST_F(EarlyPictureTest, A_file_that_changed_since_is_told_apart) {
   WritePicture({30, 20});
-  const EarlyPicture early(disk, "\"" + path + "\"");
+  const EarlyPicture early(decoding, "\"" + path + "\"");
+  decoding.WaitUntilDone();
   WritePicture({40, 20});
-  EXPECT_FALSE(early.Opened().IsFor(path, PictureStamp(disk, path), {}));
+  EXPECT_TRUE(Find().IsEmpty());
 }
 
 TEST_F(EarlyPictureTest, What_is_no_picture_file_gives_none) {
@@ -46,12 +68,11 @@ TEST_F(EarlyPictureTest, What_is_no_picture_file_gives_none) {
   ASSERT_EQ(mkfifo((folder / "pipe.bmp").c_str(), 0600), 0);
   for (const std::string& name :
        {folder / "text.bmp", folder / "pipe.bmp", folder / "none.bmp", folder.Path()}) {
-    const EarlyPicture early(disk, "\"" + name + "\"");
-    EXPECT_TRUE(early.Opened().picture.IsEmpty()) << name;
+    const EarlyPicture early(decoding, "\"" + name + "\"");
+    decoding.WaitUntilDone();
+    EXPECT_FALSE(early.IsOnItsWay()) << name;
   }
-  for (const char* line : {"", "x", "\"\""}) {
-    EXPECT_TRUE(EarlyPicture(disk, line).Opened().picture.IsEmpty()) << line;
-  }
+  for (const char* line : {"", "x", "\"\""}) EXPECT_FALSE(EarlyPicture(decoding, line).IsOnItsWay()) << line;
 }
 
 }  // namespace

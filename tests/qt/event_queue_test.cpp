@@ -4,9 +4,14 @@
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
+#include <QWidget>
 #include <algorithm>
+#include <future>
 #include <stdexcept>
 #include <thread>
+#include <utility>
+
+#include "support/no_threads.h"
 
 namespace lumidex {
 namespace {
@@ -154,6 +159,59 @@ TEST(QtEventQueue, The_process_ends_at_once_from_inside_a_nested_loop) {
         events.RunUntil([] { return false; });
       },
       testing::ExitedWithCode(3), "");
+}
+
+TEST(QtEventQueue, Work_aside_runs_on_another_thread_and_is_waited_for) {
+  QtEventQueue events;
+  std::thread::id workedOn;
+  events.RunAside([&] { workedOn = std::this_thread::get_id(); });
+  EXPECT_NE(workedOn, std::thread::id());
+  EXPECT_NE(workedOn, std::this_thread::get_id());
+  EXPECT_FALSE(events.IsAside());
+}
+
+TEST(QtEventQueue, What_work_aside_raises_is_raised_to_who_asked_for_it) {
+  QtEventQueue events;
+  EXPECT_THROW(events.RunAside([] { throw std::domain_error("aside"); }), std::domain_error);
+  EXPECT_FALSE(events.IsAside());
+}
+
+TEST(QtEventQueue, Without_threads_work_aside_is_done_at_once) {
+  const NoThreads none;
+  QtEventQueue events;
+  std::thread::id workedOn;
+  events.RunAside([&] { workedOn = std::this_thread::get_id(); });
+  EXPECT_EQ(workedOn, std::this_thread::get_id());
+}
+
+// Tells when it has been painted.
+class PaintedWidget final : public QWidget {
+ public:
+  std::promise<void> painted;
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    if (!std::exchange(isPainted_, true)) painted.set_value();
+  }
+
+ private:
+  bool isPainted_ = false;
+};
+
+TEST(QtEventQueue, Work_aside_that_waits_for_a_paint_gets_it_and_nothing_else_is_served) {
+  QtEventQueue events;
+  PaintedWidget widget;
+  std::string served;
+  events.Post([&] { served += "posted"; });
+  events.StartTimer(1, [&] { served += "ticked"; });
+  widget.show();
+  events.RunAside([&] {
+    widget.painted.get_future().wait();
+    EXPECT_EQ(served, "");
+  });
+  EXPECT_EQ(served, "");
+  events.Yield();
+  EXPECT_TRUE(served.starts_with("posted") || served.ends_with("posted")) << served;
 }
 
 }  // namespace

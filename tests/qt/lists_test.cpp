@@ -1,5 +1,6 @@
 #include <QComboBox>
 #include <QListView>
+#include <QTimer>
 
 #include "controls/directory_reader.h"
 #include "controls/file_lists.h"
@@ -133,6 +134,28 @@ TEST_F(ListTest, The_longest_list_is_shown_row_by_row) {
   form.plain.Clear();
   Settle();
   EXPECT_EQ(Shown(form.plain).model()->rowCount(), 0);
+}
+
+TEST_F(ListTest, A_long_list_that_grows_shows_its_rows_now_and_then) {
+  auto* pause = Shown(form.plain).findChild<QTimer*>("pauseBetweenRefreshes");
+  ASSERT_TRUE(pause);
+  EXPECT_EQ(pause->interval(), 100);
+  pause->setInterval(std::chrono::hours(1));
+  Fill(999);
+  EXPECT_EQ(Shown(form.plain).model()->rowCount(), 999);
+  Fill(500);
+  Fill(500);
+  EXPECT_EQ(Shown(form.plain).model()->rowCount(), 999);
+  QMetaObject::invokeMethod(pause, "timeout");
+  EXPECT_EQ(Shown(form.plain).model()->rowCount(), 1999);
+  // What the program selects is seen at once, and so is what it takes away.
+  Fill(500);
+  form.plain.SetListIndex(2400);
+  Settle();
+  EXPECT_EQ(Shown(form.plain).currentIndex().row(), 2400);
+  form.plain.RemoveItem(7);
+  Settle();
+  EXPECT_EQ(Shown(form.plain).model()->rowCount(), 2498);
 }
 
 TEST_F(ListTest, A_sorted_list_shows_every_later_entry_as_well) {

@@ -27,15 +27,20 @@ struct QtWorld {
   QtWindowControl windows{views};
   QtDialogs dialogs{views};
   QtClipboard clipboard;
-  Platform platform{headless.files,  events,           dialogs,          windows,
-                    headless.events, headless.process, clipboard,        headless.desktop,
-                    headless.tray,   headless.popup,   headless.shell,   headless.settings,
-                    headless.loader, headless.folders, headless.browser, headless.readAhead};
+  Platform platform = PlatformWith(headless.decoding);
+
+  // The same with another service behind it.
+  Platform PlatformWith(DecodingService& decoding) {
+    return {headless.files,  events,           dialogs,          windows,
+            headless.events, headless.process, clipboard,        headless.desktop,
+            headless.tray,   headless.popup,   headless.shell,   headless.settings,
+            headless.loader, headless.folders, headless.browser, decoding};
+  }
 };
 
-// Serves what is pending, so that every widget shows what its control holds.
+// Serves what is pending and what that leads to, so that every widget shows what its control holds.
 inline void Settle() {
-  QCoreApplication::processEvents();
+  for (int turn = 0; turn < 4; ++turn) QCoreApplication::processEvents();
 }
 
 // The widget that shows a control.

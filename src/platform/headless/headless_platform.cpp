@@ -8,7 +8,7 @@ HeadlessPlatform::HeadlessPlatform(char separator)
                                                                                  clipboard, desktop, tray,
                                                                                  popup,     shell,   settings,
                                                                                  loader,    folders, browser,
-                                                                                 readAhead} {
+                                                                                 decoding} {
   popup.nameOf = shell.nameOf = [this](WindowHandle window) { return windows.NameOf(window); };
   const bool drives = separator == '\\';
   process.executableFolder = drives ? "C:\\Lumidex" : "/opt/lumidex";

@@ -1,6 +1,7 @@
 #pragma once
 // A whole platform for tests: simulated time, scripted dialogs, files in memory, and a log of every call.
 
+#include "platform/headless/inline_decoding.h"
 #include "platform/headless/memory_desktop.h"
 #include "platform/headless/memory_file_system.h"
 #include "platform/headless/memory_services.h"
@@ -32,8 +33,7 @@ struct HeadlessPlatform {
   OpeningPictureLoader loader{files, log};
   FixedFolders folders;
   MemoryBrowser browser{log};
-  // Reads nothing ahead unless a test lets it: scenarios are the same with and without.
-  ReadAhead readAhead{files};
+  InlineDecoding decoding{files};
 
   // All of them as the program is given them.
   Platform ports;

@@ -1,9 +1,6 @@
 #include "platform/posix/early_picture.h"
 
 #include <algorithm>
-#include <exception>
-
-#include "base/run_time_error.h"
 
 namespace lumidex {
 namespace {
@@ -20,25 +17,17 @@ Size FitScreen(Size full) {
 
 }  // namespace
 
-EarlyPicture::EarlyPicture(const FileSystem& files, const std::string& commandLine) {
+EarlyPicture::EarlyPicture(DecodingService& decoding, const std::string& commandLine)
+    : decoding_(decoding), client_(decoding) {
   if (commandLine.size() < 3) return;
-  opened_.path = commandLine.substr(1, commandLine.size() - 2);
-  opened_.stamp = PictureStamp(files, opened_.path);
-  if (opened_.stamp == 0) return;
-  try {
-    opened_.picture = OpenPicture(files, opened_.path);
-  } catch (const RunTimeError&) {
-    return;
-  }
-  // A drawing is made at the very size it is shown at, which is not known yet.
-  if (opened_.picture.IsScalable()) return;
-  decoding_ = std::jthread([picture = opened_.picture] {
-    try {
-      picture.PixelsFor(FitScreen(picture.GetSize()));
-    } catch (const std::exception&) {
-      // Whoever shows the picture meets the same again, be it a bad file or a lack of memory.
-    }
-  });
+  path_ = commandLine.substr(1, commandLine.size() - 2);
+  // The size at which it will be shown is not known yet, so it is not brought to one.
+  client_.Want(DecodingPriority::Screen, {{path_}, DecodingExtent::AtLeast, FitScreen});
+}
+
+bool EarlyPicture::IsOnItsWay() const {
+  const auto state = decoding_.StateOf(path_);
+  return state && *state != DecodingState::Failed;
 }
 
 }  // namespace lumidex

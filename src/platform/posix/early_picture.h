@@ -1,26 +1,25 @@
 #pragma once
-// The picture of the command line, decoded on a thread of its own while the window system is still being
-// connected to.
+// The picture of the command line, decoded while the window system is still being connected to.
 
 #include <string>
-#include <thread>
 
-#include "ports/open_picture.h"
+#include "ports/decoding.h"
 
 namespace lumidex {
 
 class EarlyPicture {
  public:
-  // Opens the file named by a command line of one path in double quotes; a file that does not open is
-  // nobody's business yet. Pixels are made for a screen of usual size.
-  EarlyPicture(const FileSystem& files, const std::string& commandLine);
+  // Begins with the file named by a command line of one path in double quotes; one that does not open is
+  // nobody's business yet. Pixels are made for a screen of usual size. Whoever opens the file first takes it.
+  EarlyPicture(DecodingService& decoding, const std::string& commandLine);
 
-  // Its picture is empty when there is none.
-  const OpenedPicture& Opened() const { return opened_; }
+  // False when there is none, or none that can be read.
+  bool IsOnItsWay() const;
 
  private:
-  OpenedPicture opened_;
-  std::jthread decoding_;
+  DecodingService& decoding_;
+  std::string path_;
+  DecodingService::Client client_;
 };
 
 }  // namespace lumidex

@@ -72,6 +72,14 @@ QImage ToImage(const Picture& picture) {
   }
 }
 
+QImage ToImage(const Picture& picture, QSize devicePixels) {
+  try {
+    return ToImage(picture.PixelsToShow({devicePixels.width(), devicePixels.height()}));
+  } catch (const RunTimeError&) {
+    return {};
+  }
+}
+
 QIcon ToIcon(const Picture& picture) {
   const QImage image = ToImage(picture);
   return image.isNull() ? QIcon() : QIcon(QPixmap::fromImage(image));

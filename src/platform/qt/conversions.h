@@ -35,6 +35,8 @@ QColor ReadableOn(const QColor& background);
 QImage ToImage(const Pixels& pixels);
 // All pixels of a picture; null for the empty one and for one whose pixels can not be had.
 QImage ToImage(const Picture& picture);
+// As it is shown at that size; for small pictures of the program's own, since it is decoded here.
+QImage ToImage(const Picture& picture, QSize devicePixels);
 // A picture as a window's icon.
 QIcon ToIcon(const Picture& picture);
 

@@ -2,6 +2,7 @@
 // Reads the desktop's font configuration on a thread of its own while the window system is being connected
 // to: it is the longest single step before the first text can be drawn.
 
+#include <optional>
 #include <thread>
 
 namespace lumidex {
@@ -11,7 +12,8 @@ class EarlyFonts {
   EarlyFonts();
 
  private:
-  std::jthread reading_;
+  // None where there are no threads: the fonts are then read when they are first asked for.
+  std::optional<std::jthread> reading_;
 };
 
 }  // namespace lumidex

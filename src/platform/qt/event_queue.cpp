@@ -2,16 +2,47 @@
 
 #include <QAbstractEventDispatcher>
 #include <QCoreApplication>
+#include <QCursor>
+#include <QElapsedTimer>
 #include <QEventLoop>
+#include <QGuiApplication>
 #include <QMetaObject>
 #include <QThread>
 #include <algorithm>
 #include <chrono>
+#include <condition_variable>
 #include <cstdio>
 #include <cstdlib>
+#include <exception>
+#include <mutex>
 #include <utility>
 
+#include "base/start_thread.h"
+
 namespace lumidex {
+namespace {
+
+// Serves paints until `isDone`, which waits for at most so long, answers true. What the user does and what
+// the timers bring stays where it is; whatever else comes is kept by those who would serve it.
+void PaintUntil(const std::function<bool(std::chrono::milliseconds)>& isDone) {
+  using std::chrono::milliseconds;
+  constexpr milliseconds unnoticed{30}, between{10}, untilBusySign{500};
+  if (isDone(unnoticed)) return;
+  QElapsedTimer passed;
+  passed.start();
+  bool isSignShown = false;
+  do {
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::ExcludeSocketNotifiers |
+                                    QEventLoop::X11ExcludeTimers);
+    if (!isSignShown && passed.elapsed() >= untilBusySign.count()) {
+      isSignShown = true;
+      QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    }
+  } while (!isDone(between));
+  if (isSignShown) QGuiApplication::restoreOverrideCursor();
+}
+
+}  // namespace
 
 void QtEventQueue::ServePending() {
   QCoreApplication::processEvents();
@@ -41,6 +72,41 @@ void QtEventQueue::RunUntil(const std::function<bool()>& done) {
 
 void QtEventQueue::Stall() {
   QThread::msleep(50);
+}
+
+void QtEventQueue::RunAside(const Work& work) {
+  if (isAside_) return work();
+  std::mutex mutex;
+  std::condition_variable changed;
+  bool isDone = false;
+  std::exception_ptr error;
+  const auto thread = StartThread([&] {
+    try {
+      work();
+    } catch (...) {
+      error = std::current_exception();
+    }
+    const std::scoped_lock lock(mutex);
+    isDone = true;
+    changed.notify_one();
+  });
+  if (!thread) return work();
+  isAside_ = true;
+  PaintUntil([&](std::chrono::milliseconds time) {
+    std::unique_lock lock(mutex);
+    return changed.wait_for(lock, time, [&] { return isDone; });
+  });
+  isAside_ = false;
+  for (Work& waiting : std::exchange(waiting_, {})) Post(std::move(waiting));
+  if (error) std::rethrow_exception(error);
+}
+
+void QtEventQueue::Serve(const Work& work) {
+  if (isAside_) {
+    waiting_.push_back(work);
+  } else {
+    Guard(work);
+  }
 }
 
 // One period at a time: Qt's own repeating timers do not fire inside their own tick, which may serve events.
@@ -75,7 +141,7 @@ TimerId QtEventQueue::StartTimer(int milliseconds, Work tick) {
     // The copy keeps the work alive when it stops its own timer.
     const auto running = ticking;
     running->AwaitNext();
-    if (running->running >= mostNestedTicks) return;
+    if (isAside_ || running->running >= mostNestedTicks) return;
     ++running->running;
     Guard(running->tick);
     --running->running;
@@ -96,7 +162,7 @@ void QtEventQueue::StopTimer(TimerId timer) {
 
 void QtEventQueue::Post(Work work) {
   QMetaObject::invokeMethod(
-      &receiver_, [this, work = std::move(work)] { Guard(work); }, Qt::QueuedConnection);
+      &receiver_, [this, work = std::move(work)] { Serve(work); }, Qt::QueuedConnection);
 }
 
 void QtEventQueue::EndProcess(int exitCode) {

@@ -5,6 +5,7 @@
 #include <QTimer>
 #include <map>
 #include <memory>
+#include <vector>
 
 #include "ports/event_queue.h"
 
@@ -17,6 +18,8 @@ class QtEventQueue final : public EventQueue {
   void Wait(int milliseconds) override;
   void RunUntil(const std::function<bool()>& done) override;
   void Stall() override;
+  void RunAside(const Work& work) override;
+  bool IsAside() const override { return isAside_; }
   TimerId StartTimer(int milliseconds, Work tick) override;
   void StopTimer(TimerId timer) override;
   void Post(Work work) override;
@@ -26,9 +29,13 @@ class QtEventQueue final : public EventQueue {
   void ServePending() override;
   struct Ticking;
 
+  // Runs it now, or behind the work aside.
+  void Serve(const Work& work);
   QObject receiver_;  // lives on the event thread: what Post delivers runs there
   std::map<TimerId, std::unique_ptr<QTimer>> timers_;
   TimerId lastTimer_ = 0;
+  bool isAside_ = false;
+  std::vector<Work> waiting_;  // for the end of the work aside
 };
 
 }  // namespace lumidex

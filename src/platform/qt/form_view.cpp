@@ -18,7 +18,11 @@
 namespace lumidex {
 
 FormView::FormView(FormViews& views, Form& form, Qt::WindowFlags flags)
-    : QWidget(nullptr, flags), views_(views), form_(form), pushes_(form.GetPlatform().events) {
+    : QWidget(nullptr, flags),
+      views_(views),
+      form_(form),
+      pushes_(form.GetPlatform().events),
+      background_(form.GetPlatform(), [this] { update(); }) {
   setObjectName(ToQt(form.Name()));
   if (form.Border == BorderStyle::None) setWindowFlag(Qt::FramelessWindowHint);
   new PointerWatch(*this, form, this, this);
@@ -95,10 +99,20 @@ Control* FormView::ControlOf(const QWidget* widget) const {
 void FormView::Serve(const std::function<void()>& work, Mirror* mirror) {
   const QPointer<FormView> self = this;
   const QPointer<Mirror> shown = mirror;
-  form_.GetPlatform().events.Guard(work);
+  EventQueue& events = form_.GetPlatform().events;
+  // Nothing of the user's comes while a step waits for its work; what a tool might press then is refused.
+  if (!events.IsAside()) events.Guard(work);
   if (!self) return;
   if (shown) shown->MarkChanged();
   pushes_.Flush();
+}
+
+void FormView::ServeInTime(std::function<void()> work) {
+  EventQueue& events = form_.GetPlatform().events;
+  if (!events.IsAside()) return Serve(work);
+  events.Post([self = QPointer(this), work = std::move(work)] {
+    if (self) self->Serve(work);
+  });
 }
 
 void FormView::CarryOut(FormRequest request) {
@@ -157,7 +171,7 @@ bool FormView::event(QEvent* event) {
     views_.NoteActive(*this);
     // Show has told the form of its first activation itself.
     if (!std::exchange(ignoresActivation_, false)) {
-      Serve([this] { form_.UserActivate(); });
+      ServeInTime([this] { form_.UserActivate(); });
     }
   }
   return QWidget::event(event);
@@ -204,13 +218,11 @@ void FormView::paintEvent(QPaintEvent*) {
 }
 
 void FormView::PaintBackground() {
-  if (form_.Picture.Get().IsEmpty() && form_.Drawing().empty()) return;
+  if (background_.Painted().IsEmpty() && form_.Drawing().empty()) return;
   QPainter painter(this);
   const QPoint corner = DrawingCorner();
-  // What can't be had stays unpainted.
-  IgnoreError([&] {
-    if (!form_.Picture.Get().IsEmpty()) painter.drawImage(corner, ToImage(form_.Picture.Get()));
-  });
+  const Size size = background_.Painted().GetSize();
+  background_.Paint(painter, {corner, QSize(size.width, size.height)}, Qt::NoBrush);
   for (const DrawnBand& band : form_.Drawing()) {
     const int top = GetUnits().Pixels(double{twipsPerPixel} * band.top);
     const int bottom = GetUnits().Pixels(double{twipsPerPixel} * band.bottom);
@@ -225,7 +237,9 @@ bool FormView::eventFilter(QObject* watched, QEvent* event) {
   if (!control) return false;
   if (event->type() == QEvent::FocusIn) {
     if (form_.ActiveControl() != control) {
-      Serve([this, control] { form_.UserFocus(control); });
+      ServeInTime([this, control] {
+        if (WidgetOf(*control)) form_.UserFocus(control);
+      });
     }
     return false;
   }

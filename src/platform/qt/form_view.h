@@ -8,6 +8,7 @@
 
 #include "controls/form.h"
 #include "platform/qt/mirror.h"
+#include "platform/qt/mirrors/shown_picture.h"
 #include "platform/qt/units.h"
 
 namespace lumidex {
@@ -43,6 +44,9 @@ class FormView : public QWidget {
   // Runs what a user's gesture leads to. Errors end in the program's report; afterwards the widget shows what
   // the control holds, since the control may have refused.
   void Serve(const std::function<void()>& work, Mirror* mirror = nullptr);
+  // The same for what the window system brings by itself: where a step waits for its work, it is kept until
+  // that has come. `work` holds what it needs.
+  void ServeInTime(std::function<void()> work);
 
   // The window becomes active by something that is no change of windows for the program.
   void IgnoreNextActivation() { ignoresActivation_ = true; }
@@ -110,7 +114,7 @@ class FormView : public QWidget {
   QSizeF shownSize_;            // the form's, in twips
   QPointF shownPlace_;
   Picture shownIcon_;
-  Picture shownPicture_;
+  ShownPicture background_;
   std::vector<DrawnBand> shownDrawing_;
   bool ignoresActivation_ = true;
   bool pushing_ = false;

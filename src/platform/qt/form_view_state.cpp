@@ -31,8 +31,9 @@ void FormView::ShowState() {
 }
 
 void FormView::PushBackground() {
-  if (shownPicture_ == form_.Picture.Get() && shownDrawing_ == form_.Drawing()) return;
-  shownPicture_ = form_.Picture.Get();
+  const Size size = form_.Picture.Get().GetSize();
+  background_.Want(form_.Picture, {size.width, size.height}, DecodingPriority::Screen);
+  if (shownDrawing_ == form_.Drawing()) return;
   shownDrawing_ = form_.Drawing();
   update();
 }
@@ -122,7 +123,7 @@ void FormView::TellSize(const QSize& size) {
   // Called back from the task bar: the form, which counts as hidden, is shown again.
   const bool isBack = !form_.Visible() && isVisible() && state != WindowState::Minimized;
   if (isBack) ignoresActivation_ = !isActiveWindow();
-  Serve([&] {
+  ServeInTime([=, this] {
     form_.UserResize(width, height, state);
     if (isBack) form_.Show();
   });

@@ -45,6 +45,9 @@ Mirror::Mirror(PushQueue& queue, Element& element, QObject* widget, std::functio
   queue.Push(*this);
 }
 
+Mirror::Mirror(PushQueue& queue, QObject* widget, std::function<void()> push)
+    : QObject(widget), queue_(&queue), push_(std::move(push)) {}
+
 void Mirror::MarkChanged() {
   if (waiting_ || !queue_) return;
   waiting_ = true;

@@ -38,8 +38,11 @@ class Mirror final : public QObject {
   // element and writes the widget; it is run here for the first time. What it writes must not look like a
   // user's gesture; what it raises comes to the program's report.
   Mirror(PushQueue& queue, Element& element, QObject* widget, std::function<void()> push);
+  // One that nothing but MarkChanged leads to: its push comes behind all that are waiting then.
+  Mirror(PushQueue& queue, QObject* widget, std::function<void()> push);
 
   void MarkChanged();
+  bool IsWaiting() const { return waiting_; }
 
  private:
   friend class PushQueue;

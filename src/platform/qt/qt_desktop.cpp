@@ -36,14 +36,21 @@ struct QtDesktop::Parts {
       : application(argc, argv), platform{system.files,  events,         dialogs,      windows,
                                           clock,         system.process, clipboard,    system.desktop,
                                           tray,          popup,          system.shell, system.settings,
-                                          system.loader, system.folders, browser,      system.readAhead} {
+                                          system.loader, system.folders, browser,      system.decoding} {
     // Only the program itself ends the process: it lives on while all its windows are hidden.
     QApplication::setQuitOnLastWindowClosed(false);
     // What can wait until the first window stands.
     later.setSingleShot(true);
-    QObject::connect(&later, &QTimer::timeout, [&ahead = system.readAhead] {
+    QObject::connect(&later, &QTimer::timeout, [&decoding = system.decoding] {
       QApplication::setWindowIcon(ApplicationIcon());
-      ahead.SetDevicePixels(Units::For(QApplication::font()).factor * qApp->devicePixelRatio());
+      // As the picture area places what stands in it.
+      const Units units = Units::For(QApplication::font());
+      decoding.SetDeviceSize([units, ratio = qApp->devicePixelRatio()](Size size) {
+        const QSize box(units.Pixels(double{twipsPerPixel} * size.width),
+                        units.Pixels(double{twipsPerPixel} * size.height));
+        const QSize device = (QSizeF(box) * ratio).toSize();
+        return Size{device.width(), device.height()};
+      });
     });
     later.start(0);
   }

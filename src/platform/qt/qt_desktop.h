@@ -18,7 +18,7 @@ struct SystemPorts {
   SettingsStore& settings;
   PictureLoader& loader;
   SpecialFolders& folders;
-  ReadAhead& readAhead;
+  DecodingService& decoding;
 };
 
 class FormViews;

@@ -14,6 +14,8 @@
 namespace lumidex {
 namespace {
 
+constexpr int longList = 1000;
+
 void ShowListColor(QWidget& list, std::int32_t value) {
   const QColor back = ToColor(value);
   if (!back.isValid() || back == list.palette().color(QPalette::Active, QPalette::Base)) return;
@@ -54,24 +56,29 @@ RowList* MakeListBox(FormView& view, ListBox& control, QWidget* parent) {
   // What the next push has to do; a burst of changes ends in one.
   struct Pending {
     bool rows = true;
+    bool onlyMore = false;  // the rows that were there are as they were
     bool selection = true;
   };
   const auto pending = std::make_shared<Pending>();
   Mirror* mirror = view.Follow(control, list, [&control, list, pending] {
     ShowListColor(*list, control.BackColor);
     const Pending now = *pending;
-    *pending = {false, false};
-    if (now.rows) {
-      list->Refresh(control.Style() != ListStyle::Sorted);
-    } else {
-      list->ShowSelection();
-    }
+    *pending = {false, true, false};
+    // A long list that is being filled need not show each row at once: telling of rows costs a look at all of
+    // them.
+    const bool isFilling = now.onlyMore && control.ListCount() > longList;
+    if (now.rows) list->Refresh(control.Style() != ListStyle::Sorted && !isFilling);
+    if (now.selection || !now.rows) list->ShowSelection();
   });
-  new KeptConnection(mirror, control.ItemsChanged.Connect([mirror, pending](const ListChange& change) {
-    const bool onlySelection = change.kind == ListChange::Kind::Selection;
-    (onlySelection ? pending->selection : pending->rows) = true;
-    mirror->MarkChanged();
-  }));
+  new KeptConnection(
+      mirror, control.ItemsChanged.Connect([&control, mirror, pending](const ListChange& change) {
+        const bool onlySelection = change.kind == ListChange::Kind::Selection;
+        const bool isAppended =
+            change.kind == ListChange::Kind::Inserted && change.position == control.ListCount() - 1;
+        (onlySelection ? pending->selection : pending->rows) = true;
+        pending->onlyMore = pending->onlyMore && (onlySelection || isAppended);
+        mirror->MarkChanged();
+      }));
   list->onSelect = [&view, &control, mirror](int row) {
     view.Serve([&] { control.UserSelect(row); }, mirror);
   };

@@ -65,6 +65,8 @@ QWidget* MakeGrid(FormView& view, Grid& control, QWidget* parent);
 QWidget* MakeAnimation(FormView& view, Animation& control, QWidget* parent);
 QWidget* MakeImageControl(FormView& view, Gvbox& control, QWidget* parent);
 QWidget* MakeImage(FormView& view, ImageBox& control, QWidget* parent);
+// Its box follows the control's, together with its picture.
+void PlaceImage(FormView& view, ImageBox& control);
 QWidget* MakePictureBox(FormView& view, PictureBox& control, QWidget* parent);
 
 QWidget* MakeToolbar(FormView& view, Toolbar& control, QWidget* parent);

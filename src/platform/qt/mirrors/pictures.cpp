@@ -3,11 +3,9 @@
 #include <QPainter>
 #include <QTimer>
 
-#include "platform/qt/artwork.h"
 #include "platform/qt/conversions.h"
-#include "platform/qt/guarded.h"
+#include "platform/qt/mirrors/image_view.h"
 #include "platform/qt/mirrors/mirrors.h"
-#include "platform/qt/mirrors/shown_picture.h"
 #include "platform/qt/pointer_watch.h"
 
 namespace lumidex {
@@ -18,47 +16,13 @@ namespace {
 // size.
 constexpr int milliSecondsBeforeHiding = 150;
 
-class ImageView final : public PaintedWidget {
- public:
-  explicit ImageView(QWidget* parent) : PaintedWidget(parent) { hide(); }
-
-  void Show(const Picture& picture, bool stretch) {
-    if (picture_ == picture && stretch_ == stretch) return;
-    picture_ = picture;
-    stretch_ = stretch;
-    updateGeometry();
-    update();
-  }
-  // A drawn picture of the program's own: it fills the widget and keeps its transparent places.
-  void ShowArtwork(const std::string& name) { artwork_ = ToImage(ArtworkPicture(name + ".png")); }
-  QSize sizeHint() const override {
-    const Size size = picture_.GetSize();
-    return {size.width, size.height};
-  }
-
- protected:
-  void Paint() override {
-    QPainter painter(this);
-    if (picture_.IsEmpty() && !artwork_.isNull()) {
-      painter.setRenderHint(QPainter::SmoothPixmapTransform);
-      painter.drawImage(rect(), artwork_);
-      return;
-    }
-    shown_.Paint(painter, picture_, stretch_ ? rect() : QRect(QPoint(0, 0), sizeHint()));
-  }
-
- private:
-  Picture picture_;
-  bool stretch_ = false;
-  ShownPicture shown_;
-  QImage artwork_;
-};
-
 // The sunken frame and the ground; what stands inside is clipped by `inside`.
 class PictureBoxView final : public QWidget {
  public:
-  PictureBoxView(const Units& units, QWidget* parent)
-      : QWidget(parent), border_(units.Pixels(PictureBox::Border)), inside_(new ImageView(this)) {
+  PictureBoxView(FormView& view, QWidget* parent)
+      : QWidget(parent),
+        border_(view.GetUnits().Pixels(PictureBox::Border)),
+        inside_(new ImageView(view.GetForm().GetPlatform(), view.Pushes(), this)) {
     inside_->show();
   }
 
@@ -93,7 +57,7 @@ class PictureBoxView final : public QWidget {
 }  // namespace
 
 QWidget* MakeImage(FormView& view, ImageBox& control, QWidget* parent) {
-  auto* image = new ImageView(parent);
+  auto* image = new ImageView(view.GetForm().GetPlatform(), view.Pushes(), parent);
   if (!control.PictureKey.Get().empty()) image->ShowArtwork(control.PictureKey);
   auto* hide = new QTimer(image);
   hide->setSingleShot(true);
@@ -115,8 +79,17 @@ QWidget* MakeImage(FormView& view, ImageBox& control, QWidget* parent) {
   return image;
 }
 
+void PlaceImage(FormView& view, ImageBox& control) {
+  auto* image = dynamic_cast<ImageView*>(view.WidgetOf(control));
+  if (!image) return;
+  new Mirror(view.Pushes(), control, image, [&view, &control, image] {
+    // A picture that is hidden while the program changes it keeps its place until the new one is ready.
+    if (control.Visible) image->Place(PlaceOf(view, control));
+  });
+}
+
 QWidget* MakePictureBox(FormView& view, PictureBox& control, QWidget* parent) {
-  auto* box = new PictureBoxView(view.GetUnits(), parent);
+  auto* box = new PictureBoxView(view, parent);
   Mirror* mirror =
       view.Follow(control, box, [&control, box] { box->Show(control.Picture, control.BackColor); });
   new PointerWatch(view, control, box->Inside(), mirror);

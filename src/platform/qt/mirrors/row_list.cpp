@@ -95,6 +95,8 @@ RowList::RowList(RowSource source, QWidget* parent) : QListView(parent), model_(
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setTextElideMode(Qt::ElideMiddle);
   setTabKeyNavigation(false);
+  pause_.setObjectName(QStringLiteral("pauseBetweenRefreshes"));
+  pause_.setInterval(milliSecondsBetweenRefreshes);
   pause_.setSingleShot(true);
   connect(&pause_, &QTimer::timeout, this, [this] {
     if (waiting_) Refresh(true);
@@ -109,7 +111,7 @@ void RowList::Refresh(bool atOnce) {
   waiting_ = false;
   model_.Refresh();
   ShowSelection();
-  pause_.start(milliSecondsBetweenRefreshes);
+  pause_.start();
 }
 
 void RowList::ShowSelection() {

@@ -68,7 +68,7 @@ class RowList final : public QListView {
   void TellSelection(bool always);
 
   RowModel model_;
-  QTimer pause_;
+  QTimer pause_{this};
   bool waiting_ = false;
 };
 

@@ -1,62 +1,57 @@
 #include "platform/qt/mirrors/shown_picture.h"
 
 #include <QPaintDevice>
+#include <thread>
 
-#include "base/run_time_error.h"
-#include "pictures/scaling.h"
 #include "platform/qt/conversions.h"
 
 namespace lumidex {
-namespace {
 
-// Down to half the size the painter's own scaling loses nothing to see, and it is several times as fast.
-QImage Reduced(const QImage& image, Size size) {
-  QImage reduced(size.width, size.height, image.format());
-  if (image.hasAlphaChannel()) reduced.fill(Qt::transparent);
-  QPainter painter(&reduced);
-  painter.setRenderHint(QPainter::SmoothPixmapTransform);
-  painter.setCompositionMode(QPainter::CompositionMode_Source);
-  painter.drawImage(reduced.rect(), image);
-  return reduced;
-}
+ShownPicture::ShownPicture(Platform& platform, std::function<void()> changed)
+    : platform_(platform), changed_(std::move(changed)), self_(std::make_shared<ShownPicture*>(this)) {}
 
-}  // namespace
-
-void ShownPicture::Paint(QPainter& painter, const Picture& picture, const QRect& box) {
-  if (picture.IsEmpty() || box.isEmpty()) {
-    picture_ = {};
-    image_ = {};
-    return;
-  }
-  const qreal ratio = painter.device()->devicePixelRatioF();
-  const QImage& image = Scaled(picture, (QSizeF(box.size()) * ratio).toSize());
-  if (image.isNull()) return;
-  if (image.hasAlphaChannel()) painter.fillRect(box, Qt::white);
-  // An enlarged picture is kept small and enlarged by the painter, which draws only what is visible.
-  const bool isExact = image.size() == size_;
-  painter.setRenderHint(QPainter::SmoothPixmapTransform, !isExact);
-  painter.drawImage(box, image);
-}
-
-const QImage& ShownPicture::Scaled(const Picture& picture, QSize devicePixels) {
-  if (picture_ == picture && size_ == devicePixels) return image_;
-  picture_ = picture;
+void ShownPicture::Want(const Picture& picture, QSize devicePixels, DecodingPriority priority) {
+  if (wanted_ == picture && size_ == devicePixels) return;
+  wanted_ = picture;
   size_ = devicePixels;
-  image_ = {};
-  try {
-    const Size wanted{devicePixels.width(), devicePixels.height()};
-    Pixels pixels = picture.PixelsFor(wanted);
-    const Size have = pixels.GetSize();
-    const Size shown{std::min(have.width, wanted.width), std::min(have.height, wanted.height)};
-    if (have.width > 2 * shown.width || have.height > 2 * shown.height) {
-      pixels = Scale(pixels, shown);
+  isWaiting_ = true;
+  const std::uint64_t number = ++number_;
+  showing_.reset();
+  if (picture.IsEmpty() || devicePixels.isEmpty()) return Take(number, {});
+  // The answer comes from any thread, and maybe when this is gone.
+  const auto ready = [number, self = std::weak_ptr(self_), here = std::this_thread::get_id(),
+                      &events = platform_.events](const Pixels& pixels) {
+    const auto take = [number, self, image = ToImage(pixels)] {
+      if (const auto shown = self.lock()) (*shown)->Take(number, image);
+    };
+    if (std::this_thread::get_id() == here) {
+      take();
+    } else {
+      events.Post(take);
     }
-    image_ = ToImage(pixels);
-    if (image_.size() != QSize(shown.width, shown.height)) image_ = Reduced(image_, shown);
-  } catch (const RunTimeError&) {
-    // Painting has no way to report; the box stays empty.
-  }
-  return image_;
+  };
+  auto showing =
+      platform_.decoding.Show(picture, {devicePixels.width(), devicePixels.height()}, priority, ready);
+  if (number == number_) showing_ = std::move(showing);
+}
+
+void ShownPicture::Take(std::uint64_t number, const QImage& image) {
+  if (number != number_) return;
+  isWaiting_ = false;
+  painted_ = wanted_;
+  image_ = image;
+  changed_();
+}
+
+void ShownPicture::Paint(QPainter& painter, const QRect& box, const QBrush& ground) const {
+  if (image_.isNull() || box.isEmpty()) return;
+  if (image_.hasAlphaChannel()) painter.fillRect(box, ground);
+  // An enlarged picture is kept small and enlarged by the painter, which draws only what is visible. Enlarged
+  // by a whole number its pixels stay hard.
+  const QSize size = (QSizeF(box.size()) * painter.device()->devicePixelRatioF()).toSize();
+  const bool isWhole = size.width() % image_.width() == 0 && size.height() % image_.height() == 0;
+  painter.setRenderHint(QPainter::SmoothPixmapTransform, !isWhole);
+  painter.drawImage(box, image_);
 }
 
 }  // namespace lumidex

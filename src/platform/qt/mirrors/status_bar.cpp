@@ -11,7 +11,6 @@
 #include "platform/qt/conversions.h"
 #include "platform/qt/guarded.h"
 #include "platform/qt/mirrors/mirrors.h"
-#include "platform/qt/mirrors/shown_picture.h"
 
 namespace lumidex {
 namespace {
@@ -58,7 +57,8 @@ class PanelView final : public QFrame {
     if (!picture_.IsEmpty()) {
       const int height = room.height() - 2;
       const QRect box(room.left(), room.top() + 1, height * 2, height);
-      shown_.Paint(painter, picture_, box);
+      painter.setRenderHint(QPainter::SmoothPixmapTransform);
+      painter.drawImage(box, ToImage(picture_, (QSizeF(box.size()) * devicePixelRatioF()).toSize()));
       room.setLeft(box.right() + 1 + margin);
     }
     const QString shown = fontMetrics().elidedText(text_, Qt::ElideMiddle, room.width());
@@ -70,7 +70,6 @@ class PanelView final : public QFrame {
   QString text_;
   std::string key_;
   Picture picture_;
-  ShownPicture shown_;
 };
 
 class StatusBarView final : public QWidget {

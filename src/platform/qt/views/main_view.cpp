@@ -6,6 +6,7 @@
 
 #include "platform/qt/conversions.h"
 #include "platform/qt/form_views.h"
+#include "platform/qt/mirrors/image_view.h"
 
 namespace lumidex {
 namespace {
@@ -29,9 +30,8 @@ float MainView::UsefulWidth(float width, float height) const {
 void MainView::HoldPainting() {
   setUpdatesEnabled(false);
   QTimer::singleShot(longestHoldMilliseconds, this, [this] { setUpdatesEnabled(true); });
-  new Mirror(Pushes(), form.Image1, this, [this] {
-    if (form.Image1.Visible && !form.Image1.Picture.Get().IsEmpty()) setUpdatesEnabled(true);
-  });
+  auto* image = dynamic_cast<ImageView*>(WidgetOf(form.Image1));
+  if (image) image->onShown = [this, image] { setUpdatesEnabled(updatesEnabled() || image->HasPicture()); };
 }
 
 }  // namespace lumidex

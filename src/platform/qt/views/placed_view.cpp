@@ -26,15 +26,6 @@ void PlaceAroundText(FormView& view, Control& control, QLabel* label) {
   });
 }
 
-// A picture that is hidden while the program changes it keeps its place until the new one is ready.
-void PlacePicture(FormView& view, ImageBox& control, QWidget* widget) {
-  new Mirror(view.Pushes(), control, widget, [&view, &control, widget] {
-    if (!control.Visible) return;
-    const QRect place = PlaceOf(view, control);
-    if (widget->geometry() != place) widget->setGeometry(place);
-  });
-}
-
 }  // namespace
 
 PlacedView::PlacedView(FormViews& views, Form& form, Qt::WindowFlags flags, Labels labels)
@@ -82,7 +73,7 @@ void PlacedView::Place(Control& control, QWidget* widget) {
   } else if (dynamic_cast<StatusBar*>(&control)) {
     statusBar_ = &control;
   } else if (auto* picture = dynamic_cast<ImageBox*>(&control)) {
-    PlacePicture(*this, *picture, widget);
+    PlaceImage(*this, *picture);
   } else if (label && labels_ == Labels::AroundText) {
     PlaceAroundText(*this, control, label);
   } else {

@@ -33,7 +33,8 @@ void Whiten(QWidget* label, int points, bool bold) {
 }  // namespace
 
 SplashView::SplashView(FormViews& views, frmSplashWindow& itsForm)
-    : TypedView(views, itsForm), picture_(ArtworkPicture("splash/splash.png")) {
+    : TypedView(views, itsForm), shown_(itsForm.GetPlatform(), [this] { update(); }) {
+  shown_.Want(ArtworkPicture("splash/splash.png"), artworkSize * devicePixelRatio(), DecodingPriority::Page);
   setAttribute(Qt::WA_OpaquePaintEvent);
   auto* rows = new QVBoxLayout(this);
   rows->setContentsMargins(margin, titleTop, margin, margin);
@@ -74,7 +75,7 @@ void SplashView::paintEvent(QPaintEvent*) {
   PaintGuarded(*this, [this] {
     QPainter painter(this);
     painter.fillRect(rect(), palette().window());
-    shown_.Paint(painter, picture_, QRect(QPoint(0, 0), artworkSize));
+    shown_.Paint(painter, QRect(QPoint(0, 0), artworkSize));
   });
 }
 

@@ -15,7 +15,6 @@ class SplashView final : public TypedView<frmSplashWindow> {
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  Picture picture_;
   ShownPicture shown_;
 };
 

@@ -1,0 +1,111 @@
+#include "platform/qt/mirrors/image_view.h"
+
+#include "platform/qt/artwork.h"
+#include "platform/qt/conversions.h"
+
+namespace lumidex {
+namespace {
+
+constexpr int millisecondsUntilBusySign = 500;
+
+// What is no larger than the cell of a page waits behind the pictures that people look at.
+DecodingPriority PriorityOf(const QSize& size) {
+  constexpr int cell = 160;
+  return size.width() <= cell && size.height() <= cell ? DecodingPriority::Page : DecodingPriority::Screen;
+}
+
+}  // namespace
+
+ImageView::ImageView(Platform& platform, PushQueue& pushes, QWidget* parent)
+    : PaintedWidget(parent),
+      shown_(platform, [this] { TakeWhatCame(); }),
+      ask_(new Mirror(pushes, this, [this] { Ask(); })) {
+  hide();
+  untilBusy_.setObjectName(QStringLiteral("untilBusySign"));
+  untilBusy_.setSingleShot(true);
+  untilBusy_.setInterval(millisecondsUntilBusySign);
+  connect(&untilBusy_, &QTimer::timeout, this, [this] { ShowBusySign(); });
+}
+
+ImageView::~ImageView() {
+  delete busy_;
+}
+
+void ImageView::Show(const Picture& picture, bool stretch) {
+  if (picture_ == picture && stretch_ == stretch) return;
+  picture_ = picture;
+  stretch_ = stretch;
+  updateGeometry();
+  AskSoon();
+}
+
+void ImageView::Place(const QRect& place) {
+  if (place_ == place) return;
+  place_ = place;
+  AskSoon();
+}
+
+void ImageView::ShowArtwork(const std::string& name) {
+  artwork_ = ToImage(ArtworkPicture(name + ".png"));
+}
+
+QSize ImageView::sizeHint() const {
+  const Size size = picture_.GetSize();
+  return {size.width, size.height};
+}
+
+QRect ImageView::BoxIn(const QSize& size, const Picture& picture) const {
+  if (stretch_) return {QPoint(0, 0), size};
+  const Size natural = picture.GetSize();
+  return {0, 0, natural.width, natural.height};
+}
+
+void ImageView::Ask() {
+  const QRect place = WantedPlace();
+  // The same picture at another size is there already, if not quite as sharp as it will be.
+  if (shown_.Painted() == picture_ || !isVisible()) setGeometry(place);
+  // What nobody sees is not decoded.
+  if (!isVisible()) return;
+  const QSize box = BoxIn(place.size(), picture_).size();
+  ratio_ = devicePixelRatioF();
+  shown_.Want(picture_, (QSizeF(box) * ratio_).toSize(), PriorityOf(place.size()));
+  if (!shown_.IsWaiting()) return;
+  if (!untilBusy_.isActive() && !busy_) untilBusy_.start();
+}
+
+void ImageView::TakeWhatCame() {
+  untilBusy_.stop();
+  delete busy_;
+  setGeometry(WantedPlace());
+  update();
+  if (onShown) onShown();
+}
+
+void ImageView::ShowBusySign() {
+  if (!isVisible() || !shown_.IsWaiting()) return;
+  busy_ = new BusySign(parentWidget(), WantedPlace());
+}
+
+void ImageView::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  AskSoon();
+}
+
+void ImageView::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  AskSoon();
+}
+
+void ImageView::Paint() {
+  // The window may have come to another screen.
+  if (ratio_ != devicePixelRatioF()) AskSoon();
+  QPainter painter(this);
+  if (picture_.IsEmpty() && !artwork_.isNull()) {
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.drawImage(rect(), artwork_);
+    return;
+  }
+  shown_.Paint(painter, BoxIn(size(), shown_.Painted()));
+}
+
+}  // namespace lumidex

@@ -1,0 +1,60 @@
+#pragma once
+// The widget of an image box: shows a picture in its box, and the one before until that is there.
+
+#include <QPointer>
+#include <QTimer>
+#include <optional>
+
+#include "platform/qt/guarded.h"
+#include "platform/qt/mirror.h"
+#include "platform/qt/mirrors/busy_sign.h"
+#include "platform/qt/mirrors/shown_picture.h"
+
+namespace lumidex {
+
+class ImageView final : public PaintedWidget {
+ public:
+  ImageView(Platform& platform, PushQueue& pushes, QWidget* parent);
+  ~ImageView() override;
+
+  // Scaled to the box where it is stretched, else in its own size from the upper left corner.
+  void Show(const Picture& picture, bool stretch);
+  // The box. A picture that is on its way takes its place when it is there; until then the one before keeps
+  // its own.
+  void Place(const QRect& place);
+  // A drawn picture of the program's own: it fills the widget and keeps its transparent places.
+  void ShowArtwork(const std::string& name);
+  // True while the picture that it was given last is on its way.
+  bool IsWaiting() const { return ask_->IsWaiting() || shown_.IsWaiting(); }
+  bool HasPicture() const { return !shown_.Painted().IsEmpty(); }
+  QSize sizeHint() const override;
+
+  // Something else is painted from now on.
+  std::function<void()> onShown;
+
+ protected:
+  void showEvent(QShowEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void Paint() override;
+
+ private:
+  void AskSoon() { ask_->MarkChanged(); }
+  void Ask();
+  void TakeWhatCame();
+  QRect WantedPlace() const { return place_.value_or(geometry()); }
+  QRect BoxIn(const QSize& size, const Picture& picture) const;
+  void ShowBusySign();
+
+  Picture picture_;
+  bool stretch_ = false;
+  std::optional<QRect> place_;
+  qreal ratio_ = 0;  // of device pixels, as it was asked for
+  ShownPicture shown_;
+  // Picture and place change one after the other: what is wanted is asked for once they both have.
+  Mirror* ask_;
+  QImage artwork_;
+  QTimer untilBusy_{this};
+  QPointer<BusySign> busy_;
+};
+
+}  // namespace lumidex

@@ -1,0 +1,122 @@
+#include "ports/decoding.h"
+
+#include <algorithm>
+#include <exception>
+
+#include "pictures/alpha.h"
+#include "ports/decoding_work.h"
+
+namespace lumidex {
+
+DecodingService::DecodingService(const FileSystem& files, std::size_t budget)
+    : files_(files), budget_(budget), toDevice_([](Size size) { return size; }) {}
+
+DecodingService::~DecodingService() = default;
+
+void DecodingService::SetDeviceSize(ShownSize toDevice) {
+  const std::scoped_lock lock(mutex_);
+  toDevice_ = std::move(toDevice);
+}
+
+std::unique_ptr<DecodingService::Showing> DecodingService::Show(const Picture& picture, Size size,
+                                                                DecodingPriority priority, Ready ready) {
+  auto order = std::make_shared<Order>(picture, size, priority, std::move(ready));
+  auto showing = std::make_unique<Showing>(*this, order);
+  const Pixels pixels = picture.ReadyToShow(size);
+  if (!pixels.IsEmpty() && !(pixels.Format() == PixelFormat::Argb)) {
+    order->state = DecodingState::Decoded;
+    order->ready(pixels);
+    return showing;
+  }
+  {
+    const std::scoped_lock lock(mutex_);
+    orders_.push_back(order);
+  }
+  Woken(true);
+  return showing;
+}
+
+std::size_t DecodingService::Backlog() const {
+  const std::scoped_lock lock(mutex_);
+  return orders_.size();
+}
+
+std::shared_ptr<DecodingService::Order> DecodingService::TakeOrder() {
+  const std::scoped_lock lock(mutex_);
+  std::shared_ptr<Order> first;
+  for (const auto& order : orders_) {
+    if (!order->isRunning && (!first || order->priority < first->priority)) first = order;
+  }
+  if (first) first->isRunning = true;
+  return first;
+}
+
+void DecodingService::Run(Order& order) {
+  Pixels pixels;
+  try {
+    pixels = Premultiplied(order.picture.PixelsToShow(order.size, order.stop.get_token()));
+  } catch (const std::exception&) {
+    // There is nothing to show then, for lack of memory as a rule.
+  }
+  {
+    const std::scoped_lock lock(mutex_);
+    std::erase_if(orders_, [&](const auto& other) { return other.get() == &order; });
+    if (order.stop.stop_requested()) return;
+    order.state = pixels.IsEmpty() ? DecodingState::Failed : DecodingState::Decoded;
+  }
+  order.ready(pixels);
+}
+
+void DecodingService::Withdraw(const std::shared_ptr<Order>& order) {
+  {
+    const std::scoped_lock lock(mutex_);
+    order->stop.request_stop();
+    if (!order->isRunning) std::erase(orders_, order);
+    // What was read ahead for showing it is of no use either.
+    for (const auto& reading : running_) {
+      if (reading->isTaken && reading->opened.picture == order->picture && !IsToBeShown(order->picture))
+        reading->stop.request_stop();
+    }
+    StopUnwanted();
+  }
+  Woken(false);
+}
+
+bool DecodingService::IsToBeShown(const Picture& picture) const {
+  return std::ranges::any_of(
+      orders_, [&](const auto& order) { return !order->stop.stop_requested() && order->picture == picture; });
+}
+
+bool DecodingService::RunNextShowing() {
+  const std::shared_ptr<Order> order = TakeOrder();
+  if (order) Run(*order);
+  return order != nullptr;
+}
+
+bool DecodingService::RunNext(bool isIdle) {
+  if (RunNextShowing()) return true;
+  const std::shared_ptr<Reading> reading = TakeReading(isIdle);
+  if (reading) Run(reading);
+  return reading != nullptr;
+}
+
+void DecodingService::StopAll() {
+  const std::scoped_lock lock(mutex_);
+  ends_ = true;
+  std::erase_if(orders_, [](const auto& order) { return !order->isRunning; });
+  for (const auto& order : orders_) order->stop.request_stop();
+  for (const auto& reading : running_) reading->stop.request_stop();
+}
+
+DecodingService::Showing::Showing(DecodingService& service, std::shared_ptr<Order> order)
+    : service_(service), order_(std::move(order)) {}
+
+DecodingService::Showing::~Showing() {
+  if (State() == DecodingState::HeaderKnown) service_.Withdraw(order_);
+}
+
+DecodingState DecodingService::Showing::State() const {
+  return order_->state;
+}
+
+}  // namespace lumidex

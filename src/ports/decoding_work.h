@@ -1,0 +1,67 @@
+#pragma once
+// What the decoding service has in work; for its own files alone. Everything is guarded by the service's
+// mutex but for what the one thread that works on it uses by itself.
+
+#include <algorithm>
+#include <atomic>
+#include <stop_token>
+
+#include "ports/decoding.h"
+
+namespace lumidex {
+
+// A picture that is to be shown.
+struct DecodingService::Order {
+  Picture picture;
+  Size size;
+  DecodingPriority priority;
+  Ready ready;
+  std::stop_source stop;
+  std::atomic<DecodingState> state{DecodingState::HeaderKnown};
+  bool isRunning = false;
+};
+
+// A file that is read ahead.
+struct DecodingService::Reading {
+  // From its beginning on the same.
+  DecodingExtent extent = DecodingExtent::Header;
+  ShownSize shown, toDevice;
+  std::stop_source stop;
+
+  OpenedPicture opened;  // the picture comes with the state HeaderKnown
+  DecodingState state = DecodingState::Asked;
+  std::size_t place = 0;     // in the wish
+  std::size_t estimate = 0;  // of the bytes that decoding it will take
+  bool isRunning = false;
+  bool waitsForRoom = false;
+  bool isTaken = false;  // whoever it was read for has it now
+
+  // While it runs, its pixels may take what was estimated.
+  std::size_t HeldBytes() const {
+    const std::size_t held = opened.picture.HeldBytes();
+    return isRunning && !waitsForRoom ? std::max(estimate, held) : held;
+  }
+};
+
+// What one client wishes and what has been read for it.
+struct DecodingService::Record {
+  // More opened files than this are not kept for later.
+  static constexpr std::size_t mostAhead = 32;
+
+  DecodingPriority priority = DecodingPriority::Neighbours;
+  Wish wish;
+  OpenedPicture current;
+  std::deque<std::shared_ptr<Reading>> readings;
+  std::size_t next = 0;    // the path to begin next
+  std::size_t behind = 0;  // the paths before it have been opened by now
+  bool gaveWay = false;    // until the next wish
+
+  bool IsNeighbours() const { return priority == DecodingPriority::Neighbours; }
+  // The place of a path from `first` on, but no further than `most` behind it; their number for none.
+  std::size_t PlaceOf(const std::string& path, std::size_t first, std::size_t most) const;
+  bool Knows(const std::string& path) const;
+  // Forgets what was read for the paths before this place; of what runs the work ends.
+  void DropBefore(std::size_t place);
+};
+
+}  // namespace lumidex
