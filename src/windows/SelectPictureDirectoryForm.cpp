@@ -12,6 +12,7 @@
 #include "imaging/working_image.h"
 #include "lists/file_pattern.h"
 #include "preferences/pages.h"
+#include "windows/drive_and_directory.h"
 #include "windows/windows.h"
 
 namespace lumidex {
@@ -28,17 +29,6 @@ void Form_Load(App& app) {
   dialog.Dir1.SetPath(app.platform.files.CurrentDirectory());
   dialog.Drive1.SetDrive(dialog.Dir1.Path());
   dialog.File1.Pattern = BuildFilePattern(app);
-}
-
-void Drive1_Change(App& app) {
-  Dialog& dialog = app.SelectPictureDirectoryForm;
-  try {
-    // A drive alone means the directory that is current on it, and that is where Dir1 stands already.
-    if (app.platform.files.DriveOf(dialog.Dir1.Path()) == dialog.Drive1.Drive()) return;
-    dialog.Dir1.SetPath(dialog.Drive1.Drive());
-  } catch (const RunTimeError&) {
-    dialog.Drive1.SetDrive(dialog.Dir1.Path());
-  }
 }
 
 // Takes in what other programs have done meanwhile.
@@ -171,13 +161,8 @@ void WireSelectPictureDirectoryForm(App& app) {
     LeaveGoneDirectory(app);
     takePattern();
   };
-  dialog.Drive1.OnChange = [&app] { Drive1_Change(app); };
+  JoinDriveAndDirectory(app, dialog.Drive1, dialog.Dir1);
   dialog.Dir1.OnChange = [&app] { Dir1_Change(app); };
-  dialog.Dir1.OnKeyPress = [&dialog](int keyCode) {
-    constexpr int space = 32;
-    if (keyCode == space) dialog.Dir1.OpenHighlighted();
-  };
-  dialog.Dir1.OnLostFocus = [&dialog] { dialog.Dir1.OpenHighlighted(); };
   dialog.File1.OnClick = [&app] { IgnoreError([&] { ShowPreview(app); }); };
   for (int i = 0; i <= 2; ++i) {
     dialog.cmdFolder(i).OnClick = [&app, i] { cmdFolder_Click(app, i); };

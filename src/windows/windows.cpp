@@ -20,6 +20,9 @@ void WireWindows(App& app) {
   Wirecheckjpg(app);
   WirefrmPreferences(app);
   WireListFiles(app);
+  WireBatch(app);
+  Wirefrmstats(app);
+  WirefrmReport(app);
 }
 
 }  // namespace lumidex

@@ -17,5 +17,8 @@ void Wirefrmlocatefiles(App& app);
 void Wirecheckjpg(App& app);
 void WirefrmPreferences(App& app);
 void WireListFiles(App& app);
+void WireBatch(App& app);
+void Wirefrmstats(App& app);
+void WirefrmReport(App& app);
 
 }  // namespace lumidex

@@ -1,11 +1,10 @@
 #include "platform/posix/posix_shell.h"
 
-#include <unistd.h>
-
 #include <cerrno>
 
 #include "base/run_time_error.h"
 #include "base/text.h"
+#include "platform/posix/file_named_like.h"
 #include "platform/posix/start_process.h"
 
 namespace lumidex {
@@ -49,7 +48,8 @@ int PosixShell::ShellExecuteA(WindowHandle, const std::string& verb, const std::
   std::string target = file;
   if (!IsAddress(file)) {
     if (!file.starts_with('/') && !directory.empty()) target = directory + "/" + file;
-    if (target.empty() || access(target.c_str(), F_OK) != 0) return fileNotFound;
+    target = FileNamedLike(target);
+    if (target.empty()) return fileNotFound;
     // A name that begins with a dash would be read as an option.
     if (target.starts_with('-')) target = "./" + target;
   }

@@ -1,12 +1,15 @@
 #include "platform/qt/views/view_factory.h"
 
 #include "forms/frmSystemTray.h"
+#include "platform/qt/views/batch_views.h"
 #include "platform/qt/views/directory_view.h"
 #include "platform/qt/views/main_view.h"
 #include "platform/qt/views/preferences_view.h"
+#include "platform/qt/views/report_view.h"
 #include "platform/qt/views/search_view.h"
 #include "platform/qt/views/splash_view.h"
 #include "platform/qt/views/stacked_view.h"
+#include "platform/qt/views/statistics_view.h"
 #include "platform/qt/views/tip_view.h"
 
 namespace lumidex {
@@ -31,7 +34,11 @@ std::unique_ptr<FormView> MakeView(FormViews& views, Form& form) {
       Try<PreferencesView, frmPreferencesWindow>(views, form, view) ||
       Try<SplashView, frmSplashWindow>(views, form, view) ||
       Try<SearchView, frmlocatefilesWindow>(views, form, view) ||
-      Try<TipView, frmTipWindow>(views, form, view);
+      Try<TipView, frmTipWindow>(views, form, view) ||
+      Try<StatisticsView, frmstatsWindow>(views, form, view) ||
+      Try<ReportView, frmReportWindow>(views, form, view) ||
+      Try<ConvertTypeView, frmConvertFileTypeWindow>(views, form, view) ||
+      Try<ConvertProgressView, frmConvertFileNameWindow>(views, form, view);
   if (!view) view = std::make_unique<StackedView>(views, form);
   return view;
 }

@@ -1,0 +1,174 @@
+#include "reports/scan.h"
+
+#include <cmath>
+
+#include "base/run_time_error.h"
+#include "base/text.h"
+#include "base/widths.h"
+#include "core/paths.h"
+#include "forms/WPaper2.h"
+#include "forms/checkjpg.h"
+#include "forms/frmPreferences.h"
+#include "forms/frmReport.h"
+#include "forms/frmstats.h"
+#include "imaging/proper_names.h"
+#include "imaging/working_image.h"
+#include "reports/report_columns.h"
+#include "reports/scan_counts.h"
+#include "reports/shown_counts.h"
+
+namespace lumidex {
+namespace {
+
+// The numbers under which the two reports are open.
+constexpr int textReport = 1;
+constexpr int htmlReport = 2;
+
+// What ImageBitsPerPixel holds behind a depth that was counted.
+constexpr float countedDepth = 99;
+
+// Every step ignores its own error and the next one runs: what a failed step would have set keeps its value
+// of the file before.
+class Scan {
+ public:
+  explicit Scan(App& app) : app_(app), opening_(app.frmstats.closings), widths_(app) {}
+
+  void Run() {
+    app_.frmstats.Pointer = MousePointer::Hourglass;
+    BeginReports();
+    const std::int32_t last = app_.WPaper2.LstRight.ListCount() - 1;
+    while (index_ <= last) {
+      OpenBoth();
+      if (IsCancelled()) break;
+      HandleFile();
+      IgnoreError([&] { ShowProgress(); });
+      app_.platform.events.Yield();
+      ++index_;
+    }
+    IgnoreError([&] { Files().OpenForAppend(htmlReport, app_.AppPath + "Report.Html"); });
+    Print(htmlReport, HtmlReportFooter());
+    Files().Close(htmlReport);
+    Finish();
+  }
+
+ private:
+  FileSystem& Files() { return app_.platform.files; }
+  bool WindowIsGone() const { return app_.frmstats.closings != opening_; }
+  bool IsCancelled() const { return !app_.frmstats.ScanRunning || WindowIsGone(); }
+  void Print(int number, const std::string& text) {
+    IgnoreError([&] { Files().Print(number, text); });
+  }
+
+  void BeginReports() {
+    const std::string text = app_.AppPath + "Report.Txt", html = app_.AppPath + "Report.Html";
+    IgnoreError([&] { Files().OpenForOutput(textReport, text); });
+    Files().Close(textReport);
+    IgnoreError([&] { Files().OpenForOutput(htmlReport, html); });
+    IgnoreError([&] { Files().OpenForAppend(textReport, text); });
+    Print(htmlReport, HtmlReportHeader());
+    Files().Close(htmlReport);
+  }
+
+  void OpenBoth() {
+    IgnoreError([&] { Files().OpenForAppend(textReport, app_.AppPath + "Report.Txt"); });
+    IgnoreError([&] { Files().OpenForAppend(htmlReport, app_.AppPath + "Report.Html"); });
+  }
+
+  void HandleFile() {
+    const frmPreferencesWindow& options = app_.frmPreferences;
+    app_.platform.events.Yield();
+    path_ = app_.WPaper2.LstRight.List(index_);
+    if (!WindowIsGone()) app_.frmstats.lblCurrentFileName.Caption = path_;
+    app_.platform.events.Yield();
+    if (options.chkCountFileColorDepth.Value == 1) CountDepth();
+    if (options.chkCountFileSize.Value == 1) CountSize();
+    if (options.chkCountFileTypes.Value == 1) counts_.CountType(path_);
+    if (!WindowIsGone()) ShowCounts(app_, counts_, index_ + 1);
+    WriteRow();
+    Files().Close(textReport);
+    Files().Close(htmlReport);
+  }
+
+  void CountDepth() {
+    LoadScratchImage(app_, path_);
+    GetImageInfo(app_, path_, app_.ImageWidth, app_.ImageHeight, app_.ImageBitsPerPixel);
+    IgnoreError([&] { depth_ = ToInt16(double{app_.ImageBitsPerPixel}); });
+    if (counts_.CountDepth(app_.ImageBitsPerPixel)) app_.ImageBitsPerPixel = countedDepth;
+  }
+
+  void CountSize() {
+    IgnoreError([&] {
+      if (path_.empty() || !FileExists(app_, path_)) return;
+      if (const auto facts = Files().Look(path_)) size_ = ToInt32(static_cast<std::int64_t>(facts->size));
+    });
+    counts_.CountSize(size_);
+  }
+
+  void WriteRow() {
+    row_.ItemNo = index_;
+    // Without a separator directory and name stay those of the row before.
+    const std::string before = row_.Directory;
+    SplitPath(app_, path_, row_.Drive, row_.Directory, row_.FileName);
+    if (row_.Directory.empty()) row_.Directory = before;
+    row_.ColorText = ColorTextOf(depth_);
+    row_.DimensionText = DimensionTextOf(app_.ImageWidth, app_.ImageHeight);
+    row_.SizeText = SizeTextOf(size_);
+    Print(textReport, TextReportLine(row_));
+    const std::string shown = ProperCaseName(app_, row_.Drive + row_.Directory + row_.FileName);
+    // Where names that differ in case are different files, the shown one would open nothing.
+    Print(htmlReport, HtmlReportBlock(row_, shown, Files().Separator() == '\\' ? shown : path_));
+    if (WindowIsGone()) return;
+    IgnoreError([&] { app_.frmReport.MSFlexGrid1.AddItem(GridRow(row_)); });
+    widths_.Take(app_, row_);
+  }
+
+  void ShowProgress() {
+    if (WindowIsGone()) return;
+    const int steps = app_.WPaper2.LstRight.ListCount() - 1;
+    if (steps == 0) throw RunTimeError(ErrorNumber::DivisionByZero);
+    app_.frmstats.ProgressBar1.Value =
+        static_cast<int>(std::floor(static_cast<double>(index_) / steps * 100.0));
+  }
+
+  // A window that was closed meanwhile is left as its next opening shall find it.
+  void Finish() {
+    if (WindowIsGone()) return;
+    frmstatsWindow& window = app_.frmstats;
+    if (index_ > 0) {
+      ShowCounts(app_, counts_, index_);
+      app_.platform.events.Yield();
+      if (WindowIsGone()) return;
+    }
+    widths_.GiveTo(app_);
+    window.cmdReport.Enabled = true;
+    window.lblCurrentFileName.Caption = "";
+    window.Pointer = MousePointer::Default;
+  }
+
+  App& app_;
+  const int opening_;
+  std::int32_t index_ = 0;
+  std::string path_;
+  std::int32_t size_ = 0;
+  std::int16_t depth_ = 0;
+  ScanCounts counts_;
+  ReportRow row_;
+  ReportWidths widths_;
+};
+
+}  // namespace
+
+void LoadScratchImage(App& app, const std::string& path) {
+  Gvbox& control = app.checkjpg.Picture1;
+  try {
+    control.SetFileName(path);
+  } catch (const RunTimeError&) {
+    control.SetFileName("");
+  }
+}
+
+void ScanFiles(App& app) {
+  Scan(app).Run();
+}
+
+}  // namespace lumidex
