@@ -2,6 +2,7 @@
 
 #include <random>
 
+#include "base/line_reader.h"
 #include "base/run_time_error.h"
 #include "base/text.h"
 #include "core/paths.h"
@@ -22,19 +23,6 @@ std::string MissingFileText() {
          " using NotePad with 1 tip per line. Then place it in the same directory as the application. ";
 }
 
-// The lines of a text file, whose ends may be CR LF or LF; a last line needs none.
-std::vector<std::string> Lines(const std::string& content) {
-  std::vector<std::string> lines;
-  for (std::size_t start = 0; start < content.size();) {
-    const std::size_t end = std::min(content.find('\n', start), content.size());
-    std::string line = content.substr(start, end - start);
-    if (line.ends_with('\r')) line.pop_back();
-    lines.push_back(std::move(line));
-    start = end + 1;
-  }
-  return lines;
-}
-
 }  // namespace
 
 bool ShowsTipsAtStartup(App& app) {
@@ -47,7 +35,9 @@ void StoreShowsTipsAtStartup(App& app, int value) {
 
 bool LoadTips(App& app, std::string path) {
   if (path.empty() || !FileExists(app, path)) return false;
-  app.frmTip.Tips = Lines(app.platform.files.ReadAll(path));
+  LineReader lines(app.platform.files.ReadAll(path));
+  app.frmTip.Tips.clear();
+  while (!lines.AtEnd()) app.frmTip.Tips.push_back(lines.Next());
   DoNextTip(app);
   return true;
 }

@@ -183,6 +183,10 @@ std::string NumberInGroups(std::int64_t value) {
   return text;
 }
 
+std::string DigitsInGroups(std::int64_t value) {
+  return value == 0 ? std::string() : NumberInGroups(value);
+}
+
 int CompareText(std::string_view a, std::string_view b) {
   const std::size_t common = std::min(a.size(), b.size());
   std::size_t i = 0;

@@ -44,6 +44,8 @@ inline std::string Number(int value) {
 }
 // With a comma between groups of three digits: 1,234,567.
 std::string NumberInGroups(std::int64_t value);
+// The same with no digits at all for 0.
+std::string DigitsInGroups(std::int64_t value);
 
 // Ascending, case-insensitive order; texts that differ in case only are ordered by their bytes, so
 // the order is total. Returns below 0, 0 or above 0.

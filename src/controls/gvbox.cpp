@@ -65,7 +65,7 @@ void Gvbox::SetFileName(const std::string& path) {
     opened_ = {};  // lets go of the pixels and of the file
     return;
   }
-  working_ = Open(path);
+  working_ = loaded_ = Open(path);
   fileBits_ = working_.BitsPerPixel();
   failed_ = false;
   Changed.Emit();
@@ -125,6 +125,9 @@ void Gvbox::SetPicture(const lumidex::Picture& picture) {
 
 void Gvbox::TakePicture(const lumidex::Picture& picture) {
   working_ = picture;
+  loaded_ = {};
+  unfiltered_ = {};
+  filters_.clear();
   fileBits_ = picture.BitsPerPixel();
   failed_ = false;
   scrollX_ = scrollY_ = 0;
@@ -230,6 +233,8 @@ void Gvbox::Change(Operation operation) {
   try {
     Aside(image.GetSize(), [&] {
       static_cast<void>(image.FullPixels());  // whatever may fail fails while the image still stands
+      unfiltered_ = {};
+      filters_.clear();
       Pixels pixels = Picture::Release(std::exchange(image, {}));
       try {
         operation(pixels);
@@ -270,19 +275,31 @@ void Gvbox::Rotate(std::int16_t direction) {
   Change([turn](Pixels& pixels) { pixels = Turned(pixels, turn); });
 }
 
+void Gvbox::Filter(const PixelFilter& filter, bool changesNothing) {
+  if (Usable().IsEmpty()) return;
+  Pixels none;
+  filter(none);  // an amount that is refused is refused now
+  if (unfiltered_.IsEmpty()) unfiltered_ = working_;
+  if (!changesNothing) filters_.push_back(filter);
+  working_ = Filtered(unfiltered_, filters_);
+  Changed.Emit();
+  OnImageChanged();
+}
+
 void Gvbox::Brightness(std::int16_t value) {
   Tell("Brightness", value);
-  Change([value](Pixels& pixels) { Brighten(pixels, value); });
+  Filter([value](Pixels& pixels) { Brighten(pixels, value); }, value == 0);
 }
 
 void Gvbox::Contrast(std::int16_t value) {
   Tell("Contrast", value);
-  Change([value](Pixels& pixels) { ChangeContrast(pixels, value); });
+  Filter([value](Pixels& pixels) { ChangeContrast(pixels, value); }, value == 0);
 }
 
 void Gvbox::ColorBalance(std::int16_t red, std::int16_t green, std::int16_t blue) {
   Tell("ColorBalance", red, green, blue);
-  Change([=](Pixels& pixels) { BalanceColours(pixels, red, green, blue); });
+  Filter([=](Pixels& pixels) { BalanceColours(pixels, red, green, blue); },
+         red == 0 && green == 0 && blue == 0);
 }
 
 JpegWriterOptions Gvbox::ChosenWriting() const {
@@ -303,7 +320,11 @@ void Gvbox::SaveJPEG(const std::string& path) {
   const JpegWriterOptions options = ChosenWriting();
   Aside(image.GetSize(), [&] {
     const Pixels pixels = image.FullPixels();
-    Owner().GetPlatform().files.Write(path, [&](ByteSink& sink) { WriteJpeg(pixels, options, sink); });
+    JpegMetadata metadata = loaded_.Metadata();
+    DescribeUpright(metadata, pixels.GetSize(),
+                    image == loaded_ ? PixelsAre::AsInTheFile : PixelsAre::Changed);
+    Owner().GetPlatform().files.Write(
+        path, [&](ByteSink& sink) { WriteJpeg(pixels, options, sink, metadata); });
   });
 }
 

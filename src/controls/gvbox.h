@@ -10,6 +10,7 @@
 #include <memory>
 
 #include "controls/pointed.h"
+#include "pictures/filtered_picture.h"
 #include "pictures/jpeg_writer.h"
 #include "ports/decoding.h"
 #include "ports/event_queue.h"
@@ -93,12 +94,14 @@ class Gvbox final : public PointedControl {
   // raises InvalidPicture when there is none.
   void Rotate(std::int16_t direction);
   // Amounts from -100 to 100, others raise InvalidCall; 0 changes nothing. pictures/filters.h has the
-  // arithmetic. Without an image they do nothing.
+  // arithmetic, which is done when pixels are asked for, on no more of them than are. Without an image they
+  // do nothing.
   void Brightness(std::int16_t value);
   void Contrast(std::int16_t value);
   void ColorBalance(std::int16_t red, std::int16_t green, std::int16_t blue);
   // Writes the working image with the writer options. JPGDitherMethod has no say: a JPEG file holds no
-  // reduced colours. Raises InvalidPicture without an image, and what writing raises.
+  // reduced colours. What a JPEG file that it came from says beside its pixels goes along, made true of what
+  // the image is now. Raises InvalidPicture without an image, and what writing raises.
   void SaveJPEG(const std::string& path);
 
   // Top left image pixel of the view, brought between 0 and the greatest legal value, also when that changes.
@@ -135,12 +138,19 @@ class Gvbox final : public PointedControl {
   void Change(Operation operation);
   // Runs what works on all pixels of a picture of that size, aside when there are many.
   void Aside(Size size, const EventQueue::Work& work) const;
+  void Filter(const PixelFilter& filter, bool changesNothing);
 
   std::string fileName_;
   // The file opened last, kept with its decoded pixels: most files are asked for again, at another size.
   OpenedPicture opened_;
   std::unique_ptr<DecodingService::Client> ahead_;
   lumidex::Picture working_;
+  // What the last SetFileName gave; empty when the working image came otherwise.
+  lumidex::Picture loaded_;
+  // What the working image was before the filters that nothing but filters has followed; then it is
+  // Filtered(unfiltered_, filters_).
+  lumidex::Picture unfiltered_;
+  std::vector<PixelFilter> filters_;
   bool failed_ = false;
   int fileBits_ = 0;
   std::int32_t scrollX_ = 0, scrollY_ = 0;

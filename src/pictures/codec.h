@@ -10,6 +10,7 @@
 #include <string_view>
 
 #include "pictures/decoder_options.h"
+#include "pictures/jpeg_metadata.h"
 #include "pictures/picture_data.h"
 #include "pictures/pixels.h"
 
@@ -45,6 +46,9 @@ class Decoder {
   const PictureFacts& Facts() const { return facts_; }
   // Never raises anything but OutOfMemory. May be called again and from another thread, one at a time.
   virtual Pixels Decode(const DecodeRequest& request) const = 0;
+  // What the file says beside its pixels, but for its orientation mark true of the pixels as this decoder
+  // gives them. Only JPEG files say anything that is kept.
+  virtual JpegMetadata Metadata() const { return {}; }
 
  protected:
   PictureFacts facts_;

@@ -96,12 +96,27 @@ void Start(jpeg_compress_struct& info, Size size, const JpegWriterOptions& optio
   jpeg_set_quality(&info, std::clamp(options.quality, 1, 100), TRUE);
   info.smoothing_factor = std::clamp(options.smoothing, 0, 100);
   info.optimize_coding = options.optimize ? TRUE : FALSE;
+}
+
+// EXIF data wants to be the first thing in the file, and tells the density itself.
+void StartFile(jpeg_compress_struct& info, const JpegMetadata& metadata) {
+  info.write_JFIF_header = metadata.HasExif() ? FALSE : TRUE;
+  info.density_unit = static_cast<UINT8>(metadata.densityUnit);
+  info.X_density = static_cast<UINT16>(metadata.densityX);
+  info.Y_density = static_cast<UINT16>(metadata.densityY);
   jpeg_start_compress(&info, TRUE);
+  for (const JpegMetadata::Segment& segment : metadata.segments) {
+    jpeg_write_marker(&info, segment.marker, segment.bytes.data(),
+                      static_cast<unsigned>(segment.bytes.size()));
+  }
+  if (metadata.profile.empty()) return;
+  jpeg_write_icc_profile(&info, metadata.profile.data(), static_cast<unsigned>(metadata.profile.size()));
 }
 
 }  // namespace
 
-void WriteJpeg(const Pixels& pixels, const JpegWriterOptions& options, ByteSink& sink) {
+void WriteJpeg(const Pixels& pixels, const JpegWriterOptions& options, ByteSink& sink,
+               const JpegMetadata& metadata) {
   if (pixels.IsEmpty()) throw RunTimeError(ErrorNumber::InvalidPicture);
   const auto width = static_cast<std::size_t>(pixels.Width());
   const bool opaque = pixels.Format() == PixelFormat::Rgb;
@@ -110,6 +125,7 @@ void WriteJpeg(const Pixels& pixels, const JpegWriterOptions& options, ByteSink&
   run.Create();
   run.Run([&](jpeg_compress_struct& info) {
     Start(info, pixels.GetSize(), options);
+    StartFile(info, metadata);
     while (info.next_scanline < info.image_height) {
       const int first = static_cast<int>(info.next_scanline);
       const int count = std::min(rowsAtOnce, pixels.Height() - first);

@@ -2,6 +2,7 @@
 // Writes JPEG files, through libjpeg-turbo.
 
 #include "pictures/byte_sink.h"
+#include "pictures/jpeg_metadata.h"
 #include "pictures/pixels.h"
 
 namespace lumidex {
@@ -15,6 +16,7 @@ struct JpegWriterOptions {
 
 // Three components, the chroma at half size, rows top-down; transparency is blended over white. Raises
 // InvalidPicture for no pixels, and what the sink raises.
-void WriteJpeg(const Pixels& pixels, const JpegWriterOptions& options, ByteSink& sink);
+void WriteJpeg(const Pixels& pixels, const JpegWriterOptions& options, ByteSink& sink,
+               const JpegMetadata& metadata = {});
 
 }  // namespace lumidex

@@ -137,6 +137,11 @@ Pixels Picture::PixelsFor(Size wanted, const std::stop_token& stop) const {
   return state_->pixels;
 }
 
+JpegMetadata Picture::Metadata() const {
+  if (!state_ || !state_->decoder) return {};
+  return TellingOutOfMemory([&] { return state_->decoder->Metadata(); });
+}
+
 Pixels Picture::PixelsToShow(Size wanted, const std::stop_token& stop) const {
   if (!state_ || wanted.width <= 0 || wanted.height <= 0) return {};
   const std::scoped_lock lock(state_->mutex);

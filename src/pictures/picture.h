@@ -45,6 +45,9 @@ class Picture {
   // What the two above would answer without any work; empty when there is some, or somebody is at it.
   Pixels ReadyPixels() const;
   Pixels ReadyToShow(Size wanted) const;
+
+  // What its file says beside the pixels, read anew each time; see Decoder::Metadata.
+  JpegMetadata Metadata() const;
   // Bytes of the pixels that are kept. Never waits for a decode that is running elsewhere.
   std::size_t HeldBytes() const;
 

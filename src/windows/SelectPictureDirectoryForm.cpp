@@ -1,14 +1,13 @@
 // The events of the directory dialog.
 
-#include <cmath>
-
+#include "forms/SelectPictureDirectoryForm.h"
 #include "base/run_time_error.h"
 #include "base/text.h"
 #include "core/paths.h"
-#include "forms/SelectPictureDirectoryForm.h"
 #include "forms/WPaper2.h"
 #include "forms/checkjpg.h"
 #include "forms/frmBackground.h"
+#include "imaging/picture_texts.h"
 #include "imaging/working_image.h"
 #include "lists/file_pattern.h"
 #include "preferences/pages.h"
@@ -54,17 +53,6 @@ void Dir1_Change(App& app) {
   app.SearchDirectory = dialog.Dir1.Path();
   dialog.imgThumbNail.Picture = Picture();
   for (auto& label : dialog.lblFileInfo) label->Caption = "";
-}
-
-std::string LengthText(std::int16_t pixels) {
-  return pixels == 0 ? "Unknown" : Number(pixels);
-}
-
-std::string ColorsText(float bitsPerPixel) {
-  if (bitsPerPixel == 0) return "Unknown";
-  if (bitsPerPixel == 24) return "16.7 Million (24-bit)";
-  if (bitsPerPixel == 16) return "65,536 (16-bit)";
-  return Number(std::pow(2.0, static_cast<double>(bitsPerPixel)));
 }
 
 // However the preview ends, whoever reads the control afterwards gets the picture itself.

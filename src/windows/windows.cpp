@@ -23,6 +23,9 @@ void WireWindows(App& app) {
   WireBatch(app);
   Wirefrmstats(app);
   WirefrmReport(app);
+  WireEditing(app);
+  WirefrmAdjustColorBalance(app);
+  WirefrmAdjustContrastandBrightness(app);
 }
 
 }  // namespace lumidex

@@ -20,5 +20,8 @@ void WireListFiles(App& app);
 void WireBatch(App& app);
 void Wirefrmstats(App& app);
 void WirefrmReport(App& app);
+void WireEditing(App& app);
+void WirefrmAdjustColorBalance(App& app);
+void WirefrmAdjustContrastandBrightness(App& app);
 
 }  // namespace lumidex

@@ -58,6 +58,8 @@ TEST(Text, Numbers_are_written_without_blanks_or_leading_zero) {
   EXPECT_EQ(NumberInGroups(-1234), "-1,234");
   EXPECT_EQ(NumberInGroups(999), "999");
   EXPECT_EQ(NumberInGroups(0), "0");
+  EXPECT_EQ(DigitsInGroups(1234), "1,234");
+  EXPECT_EQ(DigitsInGroups(0), "");
 }
 
 TEST(Text, Order_ignores_case_and_is_total) {

@@ -1,7 +1,9 @@
 #include <set>
 
 #include "controls/gvbox_world.h"
+#include "gallery/encoders/byte_writer.h"
 #include "gallery/encoders/jpeg_encoder.h"
+#include "ports/open_picture.h"
 
 namespace lumidex {
 namespace {
@@ -148,6 +150,77 @@ TEST_F(GvboxJpegTest, A_file_can_be_saved_over_itself) {
   Saved("/slopes.jpg");
   box.SetFileName("/slopes.jpg");
   EXPECT_EQ(box.PictureWidth(), 64);
+}
+
+// A JPEG file with a comment and with EXIF data: the orientation mark, and a further directory for a small
+// picture.
+std::vector<std::uint8_t> WithMetadata(const std::vector<std::uint8_t>& jpeg, std::uint8_t orientation) {
+  ByteWriter exif;
+  exif.Append(std::string_view("Exif\0\0II", 8)).U16Le(42).U32Le(8);
+  exif.U16Le(1).U16Le(0x0112).U16Le(3).U32Le(1).U32Le(orientation).U32Le(26);
+  exif.U16Le(0).U32Le(0);
+  ByteWriter file;
+  file.Append(std::span(jpeg).first(2));
+  file.Add({0xFF, 0xE1}).U16Be(static_cast<std::uint32_t>(exif.Size() + 2)).Append(exif.Bytes());
+  file.Add({0xFF, 0xFE}).U16Be(6).Append(std::string_view("note"));
+  file.Append(std::span(jpeg).subspan(2));
+  return file.Take();
+}
+
+class GvboxMetadata : public GvboxJpegTest {
+ protected:
+  void SetUp() override {
+    GvboxJpegTest::SetUp();
+    const auto plain = EncodeJpeg(Pixels::Make({32, 16}, PixelFormat::Rgb, 0xFF404040), 80);
+    platform.files.AddFile("/noted.jpg", AsText(WithMetadata(plain, 6)));
+    box.SetFileName("/noted.jpg");
+  }
+  // What the saved file says.
+  JpegMetadata SavedMetadata(const std::string& to = "/out.jpg") {
+    Saved(to);
+    return OpenPicture(platform.files, to).Metadata();
+  }
+  static int OrientationMark(const JpegMetadata& metadata) {
+    return metadata.segments.at(0).bytes.at(6 + 18);
+  }
+  static int NextDirectory(const JpegMetadata& metadata) { return metadata.segments.at(0).bytes.at(6 + 22); }
+};
+
+TEST_F(GvboxMetadata, Saved_as_it_was_a_jpeg_file_keeps_what_it_says_and_stands_upright) {
+  ASSERT_EQ(box.PictureWidth(), 16);
+  const JpegMetadata saved = SavedMetadata();
+  ASSERT_EQ(saved.segments.size(), 2U);
+  EXPECT_EQ(OrientationMark(saved), 1);
+  EXPECT_EQ(NextDirectory(saved), 26);
+  EXPECT_EQ(AsText(saved.segments[1].bytes), "note");
+  box.SetFileName("/out.jpg");
+  EXPECT_EQ(box.PictureWidth(), 16);
+  EXPECT_EQ(box.PictureHeight(), 32);
+}
+
+TEST_F(GvboxMetadata, Turned_or_filtered_it_says_so_too_without_the_small_picture) {
+  box.Rotate(1);
+  JpegMetadata saved = SavedMetadata();
+  EXPECT_EQ(OrientationMark(saved), 1);
+  EXPECT_EQ(NextDirectory(saved), 0);
+  box.SetFileName("/noted.jpg");
+  box.Brightness(10);
+  saved = SavedMetadata();
+  EXPECT_EQ(saved.segments.size(), 2U);
+  EXPECT_EQ(NextDirectory(saved), 0);
+}
+
+TEST_F(GvboxMetadata, A_file_saved_over_itself_or_gone_meanwhile_still_says_it) {
+  EXPECT_EQ(SavedMetadata("/noted.jpg").segments.size(), 2U);
+  platform.files.Remove("/noted.jpg");
+  EXPECT_EQ(SavedMetadata().segments.size(), 2U);
+}
+
+TEST_F(GvboxMetadata, What_came_from_no_file_says_nothing) {
+  box.SetPicture(box.Picture());
+  EXPECT_TRUE(SavedMetadata().segments.empty());
+  box.SetFileName(path);
+  EXPECT_TRUE(SavedMetadata().segments.empty());
 }
 
 TEST_F(GvboxJpegTest, Errors_of_the_disk_come_out_and_the_old_file_stays) {

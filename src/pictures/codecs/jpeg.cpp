@@ -10,6 +10,7 @@
 #include "pictures/colour_profile.h"
 #include "pictures/exif.h"
 #include "pictures/small_file.h"
+#include "pictures/srgb_profile.h"
 
 namespace lumidex {
 namespace {
@@ -108,6 +109,18 @@ class JpegDecoder final : public Decoder {
     const int rows = ReadRows(reader, pixels);
     for (int y = rows; y < pixels.Height(); ++y) std::ranges::fill(pixels.Row(y), blankPixel);
     return Turned(pixels, orientation_);
+  }
+
+  JpegMetadata Metadata() const override {
+    JpegMetadata metadata = ReadJpegMetadata(*source_, start_);
+    if (metadata.profile.empty()) return metadata;
+    const ProfileInput input = facts_.bitsPerPixel == 32 ? ProfileInput::Cmyk : ProfileInput::Words;
+    if (!options_.asStored && ColourProfile::FromIcc(metadata.profile, input, 1)) {
+      DescribeSrgb(metadata);
+    } else if (facts_.bitsPerPixel != 24 || !IsRgbProfile(metadata.profile)) {
+      metadata.profile.clear();  // it is none for the pixels
+    }
+    return metadata;
   }
 
  private:

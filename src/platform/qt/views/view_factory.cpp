@@ -1,10 +1,12 @@
 #include "platform/qt/views/view_factory.h"
 
 #include "forms/frmSystemTray.h"
+#include "platform/qt/views/adjustment_view.h"
 #include "platform/qt/views/batch_views.h"
 #include "platform/qt/views/directory_view.h"
 #include "platform/qt/views/main_view.h"
 #include "platform/qt/views/preferences_view.h"
+#include "platform/qt/views/properties_view.h"
 #include "platform/qt/views/report_view.h"
 #include "platform/qt/views/search_view.h"
 #include "platform/qt/views/splash_view.h"
@@ -38,7 +40,10 @@ std::unique_ptr<FormView> MakeView(FormViews& views, Form& form) {
       Try<StatisticsView, frmstatsWindow>(views, form, view) ||
       Try<ReportView, frmReportWindow>(views, form, view) ||
       Try<ConvertTypeView, frmConvertFileTypeWindow>(views, form, view) ||
-      Try<ConvertProgressView, frmConvertFileNameWindow>(views, form, view);
+      Try<ConvertProgressView, frmConvertFileNameWindow>(views, form, view) ||
+      Try<AdjustmentView, frmAdjustColorBalanceWindow>(views, form, view) ||
+      Try<AdjustmentView, frmAdjustContrastandBrightnessWindow>(views, form, view) ||
+      Try<PropertiesView, frmFilePropertiesWindow>(views, form, view);
   if (!view) view = std::make_unique<StackedView>(views, form);
   return view;
 }
