@@ -13,6 +13,7 @@
 #include "platform/posix/posix_special_folders.h"
 #include "platform/qt/early_fonts.h"
 #include "platform/qt/qt_desktop.h"
+#include "platform/qt/session_bus.h"
 #include "windows/windows.h"
 
 int main(int argc, char** argv) {
@@ -22,12 +23,17 @@ int main(int argc, char** argv) {
   PosixProcess process(argc, argv, LUMIDEX_INSTALLED_CONTENT);
   DecodingThreads decoding(files);
   const EarlyPicture early(decoding, process.CommandLine());
-  PosixDesktop registry;
+  QtSessionBus bus;
+  DesktopServices services(bus);
+  PosixDesktop registry(ReadEnvironment, &services);
   PosixShell shell;
   PosixSettingsStore settings;
   FilePictureLoader loader(files);
   PosixSpecialFolders folders;
   QtDesktop desktop(argc, argv, {files, process, registry, shell, settings, loader, folders, decoding});
+
+  // A wallpaper that was asked for last still comes, but no desktop keeps the program from ending.
+  desktop.BeforeEnd([&services] { services.Finish(std::chrono::seconds(2)); });
 
   App app(desktop.GetPlatform());
   desktop.Attach(app.Forms());

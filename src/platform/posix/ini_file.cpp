@@ -82,9 +82,11 @@ std::optional<std::string> IniFile::Value(const std::string& section, const std:
 bool IniFile::SetValue(const std::string& section, const std::string& key, const std::string& value) {
   written_[section][key] = value;
   Read();
+  const Values onDisk = values_;
   for (const auto& [name, group] : written_) {
     for (const auto& [entry, text] : group) values_[name][entry] = text;
   }
+  if (values_ == onDisk) return true;
   MakeFolders(path_.substr(0, path_.rfind('/')));
   try {
     WriteFile(path_, [this](ByteSink& sink) { sink.WriteText(Text()); });

@@ -49,6 +49,24 @@ std::int32_t PosixDesktop::RegCloseKey(RegistryKey key) {
   return open_.erase(key) == 1 ? success : invalidHandle;
 }
 
+WallpaperMode PosixDesktop::ChosenMode() const {
+  const auto value = [this](const char* name) {
+    return store_.Value("Control Panel\\Desktop", name).value_or("");
+  };
+  if (value("WallpaperStyle") == "2") return WallpaperMode::Stretched;
+  return value("TileWallpaper") == "1" ? WallpaperMode::Tiled : WallpaperMode::Centered;
+}
+
+bool PosixDesktop::SystemParametersInfoA(unsigned action, unsigned, const std::string& text, unsigned) {
+  if (!services_ || action != SPI_SETDESKWALLPAPER || !services_->HasWallpaper()) return false;
+  if (text.empty()) {
+    services_->ClearWallpaper();
+  } else {
+    services_->SetWallpaper(text, ChosenMode());
+  }
+  return true;
+}
+
 void PosixDesktop::ShowDisplaySettings() {
   // The first of the desktops' own that is there; with none of them nothing opens.
   static const std::vector<std::string> tools[] = {{"gnome-control-center", "display"},

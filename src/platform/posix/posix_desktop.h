@@ -1,9 +1,9 @@
 #pragma once
-// The registry calls, over a store of the user's own. The calls that change the desktop itself need to know
-// which one runs; here they answer that they failed.
+// The registry calls, over a store of the user's own, and the calls that change the desktop itself.
 
 #include <map>
 
+#include "platform/posix/desktop_services.h"
 #include "platform/posix/environment.h"
 #include "platform/posix/ini_file.h"
 #include "ports/services.h"
@@ -12,8 +12,9 @@ namespace lumidex {
 
 class PosixDesktop : public Desktop {
  public:
-  explicit PosixDesktop(const Environment& environment = ReadEnvironment)
-      : store_(ConfigHome(environment) + "/Lumidex/registry.ini") {}
+  // Without services nothing changes the desktop, and the calls say that they failed.
+  explicit PosixDesktop(const Environment& environment = ReadEnvironment, DesktopServices* services = nullptr)
+      : services_(services), store_(ConfigHome(environment) + "/Lumidex/registry.ini") {}
 
   // Every key of HKEY_CURRENT_USER exists; of HKEY_LOCAL_MACHINE none does.
   std::int32_t RegOpenKeyExA(RegistryKey root, const std::string& path, std::uint32_t access,
@@ -24,10 +25,16 @@ class PosixDesktop : public Desktop {
   std::int32_t RegQueryValueExA(RegistryKey key, const std::string& name, std::uint32_t& type,
                                 std::string& bytes) override;
   std::int32_t RegCloseKey(RegistryKey key) override;
-  bool SystemParametersInfoA(unsigned, unsigned, const std::string&, unsigned) override { return false; }
+  // Only the wallpaper, whose mode stands in the registry. Returns at once: what the desktop answers is
+  // awaited elsewhere.
+  bool SystemParametersInfoA(unsigned action, unsigned parameter, const std::string& text,
+                             unsigned flags) override;
   void ShowDisplaySettings() override;
 
  private:
+  WallpaperMode ChosenMode() const;
+
+  DesktopServices* services_;
   IniFile store_;
   std::map<RegistryKey, std::string> open_;
   RegistryKey lastKey_ = 0;

@@ -105,8 +105,12 @@ void SyncFolderOf(const std::string& path) {
 }
 
 mode_t NewFileMode() {
-  const mode_t mask = umask(0);
-  umask(mask);
+  // Read once: it can only be read by changing it, which other threads that make files would notice.
+  static const mode_t mask = [] {
+    const mode_t present = umask(0);
+    umask(present);
+    return present;
+  }();
   return 0666 & ~mask;
 }
 

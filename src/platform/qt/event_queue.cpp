@@ -166,6 +166,7 @@ void QtEventQueue::Post(Work work) {
 }
 
 void QtEventQueue::EndProcess(int exitCode) {
+  if (BeforeEnd) BeforeEnd();
   std::fflush(nullptr);
   std::_Exit(exitCode);
 }

@@ -25,6 +25,9 @@ class QtEventQueue final : public EventQueue {
   void Post(Work work) override;
   [[noreturn]] void EndProcess(int exitCode) override;
 
+  // The last work of the process.
+  std::function<void()> BeforeEnd;
+
  private:
   void ServePending() override;
   struct Ticking;

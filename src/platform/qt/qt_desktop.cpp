@@ -92,6 +92,10 @@ void QtDesktop::Attach(const std::vector<Form*>& forms) {
   }
 }
 
+void QtDesktop::BeforeEnd(std::function<void()> work) {
+  parts_->events.BeforeEnd = std::move(work);
+}
+
 void QtDesktop::AwaitPicture() {
   parts_->views.AwaitPicture();
 }

@@ -1,6 +1,7 @@
 #pragma once
 // The program's platform on a desktop: Qt's ports together with the operating system's.
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -36,6 +37,8 @@ class QtDesktop final {
   FormViews& Views();
   // From now on the forms have windows whenever they are shown.
   void Attach(const std::vector<Form*>& forms);
+  // Runs when the program ends the process.
+  void BeforeEnd(std::function<void()> work);
   // To be called when a picture is shown as soon as the program stands.
   void AwaitPicture();
   // Serves events until the program ends the process.

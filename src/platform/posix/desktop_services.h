@@ -1,0 +1,44 @@
+#pragma once
+// What the running desktop does for the program: the wallpaper, and a screen that stays awake. Everything is
+// only asked for here; the desktop's answers are awaited on a thread of its own.
+
+#include <chrono>
+#include <memory>
+#include <string>
+
+#include "platform/posix/background_jobs.h"
+#include "platform/posix/screen_awake.h"
+#include "platform/posix/wallpaper/backend.h"
+
+namespace lumidex {
+
+class WallpaperChanger;
+
+class DesktopServices {
+ public:
+  explicit DesktopServices(SessionBus& bus, const Environment& environment = ReadEnvironment);
+  ~DesktopServices();
+  DesktopServices(const DesktopServices&) = delete;
+  DesktopServices& operator=(const DesktopServices&) = delete;
+
+  // False when no desktop is known here.
+  bool HasWallpaper() const { return hasWallpaper_; }
+  // The file must stay as it is until the desktop has taken it over or another one is set.
+  void SetWallpaper(const std::string& file, WallpaperMode mode);
+  // Gives back what was there before the first change.
+  void ClearWallpaper();
+  void KeepScreenAwake(bool awake);
+
+  // To be called before the process ends: lets the last wish come true, but does not wait for a desktop that
+  // does not answer.
+  void Finish(std::chrono::milliseconds atMost) { jobs_.WaitUntilDone(atMost); }
+
+ private:
+  DesktopTools tools_;
+  bool hasWallpaper_;
+  std::unique_ptr<WallpaperChanger> changer_;  // on the thread of the jobs alone
+  ScreenAwake screen_;
+  BackgroundJobs jobs_;
+};
+
+}  // namespace lumidex
