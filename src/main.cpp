@@ -30,7 +30,7 @@ int main(int argc, char** argv) {
   PosixSettingsStore settings;
   FilePictureLoader loader(files);
   PosixSpecialFolders folders;
-  QtDesktop desktop(argc, argv, {files, process, registry, shell, settings, loader, folders, decoding});
+  QtDesktop desktop(argc, argv, {files, process, registry, shell, settings, loader, folders, decoding, bus});
 
   // A wallpaper that was asked for last still comes, but no desktop keeps the program from ending.
   desktop.BeforeEnd([&services] { services.Finish(std::chrono::seconds(2)); });

@@ -8,6 +8,7 @@
 #include <cmath>
 #include <cstdlib>
 #include <cstring>
+#include <limits>
 
 #include "base/run_time_error.h"
 
@@ -162,6 +163,19 @@ std::optional<double> NumberAtStart(std::string_view text) {
 
 double Val(std::string_view text) {
   return NumberAtStart(text).value_or(0);
+}
+
+double DecimalAtStart(std::string_view text) {
+  while (text.starts_with(' ')) text.remove_prefix(1);
+  const bool negative = text.starts_with('-');
+  if (negative || text.starts_with('+')) text.remove_prefix(1);
+  // Else words for numbers and a second sign would be read too.
+  if (text.empty() || text.find_first_of(".0123456789") != 0) return 0;
+  double value = 0;
+  const auto result =
+      std::from_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed);
+  if (result.ec == std::errc::result_out_of_range) value = std::numeric_limits<double>::infinity();
+  return negative ? -value : value;
 }
 
 std::string Number(std::int64_t value) {

@@ -34,6 +34,9 @@ std::string LCase(std::string_view text);
 double Val(std::string_view text);
 // The same, telling text that begins with no number, or with one beyond a double, from the number 0.
 std::optional<double> NumberAtStart(std::string_view text);
+// The same for what a person types: a sign, digits, a point and digits, and no other writing of numbers, so
+// that "1e1" is 1. One beyond a double is infinite.
+double DecimalAtStart(std::string_view text);
 
 // A number as text without the leading blank: 12, -3, 0.25 as ".25", 1E+20.
 std::string Number(std::int64_t value);

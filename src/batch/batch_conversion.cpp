@@ -25,14 +25,14 @@ std::string ChosenTarget(App& app) {
 
 // The folder that takes the target of a source in `folder`. One that is there but empty counts as missing,
 // and can't be made.
-std::string OutputFolder(App& app, const std::string& folder) {
+std::string OutputFolder(App& app, std::string folder) {
   if (!(app.frmConvertFileType.chkAddConvertFolder.Value == 1)) return folder;
   const std::string convert = folder + "convert" + app.platform.files.Separator();
   if (!FileExists(app, convert)) app.platform.files.MakeDirectory(convert);
   return Trim(convert);
 }
 
-void ConvertFile(App& app, const std::string& source, const std::string& target) {
+void ConvertFile(App& app, std::string source, std::string target) {
   frmConvertFileNameWindow& progress = app.frmConvertFileName;
   Gvbox& control = app.checkjpg.Gvbox2;
   control.SetFileName(source);

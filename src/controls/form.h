@@ -4,6 +4,7 @@
 #include <optional>
 #include <vector>
 
+#include "controls/border_style.h"
 #include "controls/pointed.h"
 #include "pictures/picture.h"
 #include "ports/platform.h"
@@ -12,7 +13,6 @@ namespace lumidex {
 
 enum class WindowState : int { Normal = 0, Minimized = 1, Maximized = 2 };
 enum class MousePointer : int { Default = 0, Hourglass = 11 };
-enum class BorderStyle : int { None = 0, FixedSingle = 1, Sizable = 2, FixedDialog = 3 };
 enum class Modality { Modeless, Modal };
 
 // A filled band of a form's persistent drawing: the rows from `top` to above `bottom`, in pixels from the

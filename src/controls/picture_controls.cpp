@@ -14,7 +14,8 @@ std::optional<std::string> PictureBox::ReadProperty(std::string_view name) {
 }
 
 float PictureBox::Inside(float length) const {
-  return std::max(0.0F, length * TwipsPerOuterUnit() - 2 * Border) / TwipsPerUnit(Scale);
+  const float border = this->Border == BorderStyle::None ? 0.0F : BorderWidth;
+  return std::max(0.0F, length * TwipsPerOuterUnit() - 2 * border) / TwipsPerUnit(Scale);
 }
 
 float PictureBox::ScaleWidth() const {

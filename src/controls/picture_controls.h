@@ -2,6 +2,7 @@
 // Controls that show pictures: the image box, which scales by its size, and the picture box, which holds
 // others.
 
+#include "controls/border_style.h"
 #include "controls/pointed.h"
 #include "pictures/picture.h"
 
@@ -22,8 +23,8 @@ class ImageBox final : public PointedControl {
 
 class PictureBox final : public PointedControl {
  public:
-  // Width of the border on each side, in twips.
-  static constexpr float Border = 15.0F;
+  // Width of the border on each side, in twips, where there is one.
+  static constexpr float BorderWidth = 15.0F;
 
   PictureBox(Form& owner, std::string name) : PointedControl(owner, std::move(name)) {}
   std::string_view Kind() const override { return "PictureBox"; }
@@ -32,6 +33,8 @@ class PictureBox final : public PointedControl {
 
   Property<lumidex::Picture> Picture{*this, "Picture"};
   Property<std::int32_t> BackColor{*this, "BackColor", -1};
+  // None, or else the sunken one.
+  Property<BorderStyle> Border{*this, "BorderStyle", BorderStyle::FixedSingle};
   // The unit of the inner size, and of what stands inside.
   Property<ScaleMode> Scale{*this, "ScaleMode", ScaleMode::Twips};
   ScaleMode InnerScale() const override { return Scale; }

@@ -18,7 +18,7 @@ namespace lumidex {
 struct WPaper2Window : Form {
   explicit WPaper2Window(Platform& platform);
 
-  Timer tmrSlideShow{*this, "tmrSlideShow"};
+  Timer tmrSlideShow{*this, "tmrSlideShow", 0, false};
   StatusBar StatusBar1;
   Toolbar Toolbar1;
   PictureBox Picture1{*this, "Picture1"};
@@ -171,6 +171,9 @@ struct WPaper2Window : Form {
   // The width up to which the picture area and the lists end above the title, in a window of that height.
   float WidestFor(float height) const;
 
+  // Follows the timer of the slide show, and whether the screen was told to stay awake for it.
+  Connection SlideShowWatch;
+  bool KeepsScreenAwake = false;
   // False until the first activation has finished its one-time work.
   Field<bool> WindowActivatedOnce{*this, "WindowActivatedOnce"};
 

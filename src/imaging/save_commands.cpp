@@ -23,7 +23,7 @@ std::string CutName(const App& app, const std::string& path, std::int32_t cut) {
 }
 
 // False when the user cancels.
-bool AskForName(App& app, const char* title, const std::string& fileName, const char* filter) {
+bool AskForName(App& app, const char* title, std::string fileName, const char* filter) {
   CommonDialog& dialog = app.WPaper2.CMDialog1;
   dialog.DefaultExt = "BMP";
   dialog.DialogTitle = title;
@@ -33,7 +33,7 @@ bool AskForName(App& app, const char* title, const std::string& fileName, const 
   return dialog.ShowSave();
 }
 
-void SaveBitmap(App& app, const std::string& path) {
+void SaveBitmap(App& app, std::string path) {
   Gvbox& control = app.checkjpg.Picture1;
   control.AutoRedraw = 1;
   SavePicture(app, control.Picture(), path);

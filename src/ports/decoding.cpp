@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <exception>
+#include <new>
 
+#include "base/run_time_error.h"
 #include "pictures/alpha.h"
 #include "ports/decoding_work.h"
 
@@ -55,8 +57,11 @@ void DecodingService::Run(Order& order) {
   Pixels pixels;
   try {
     pixels = Premultiplied(order.picture.PixelsToShow(order.size, order.stop.get_token()));
-  } catch (const std::exception&) {
-    // There is nothing to show then, for lack of memory as a rule.
+  } catch (const RunTimeError&) {
+    // There is nothing to show then.
+  } catch (const std::bad_alloc&) {
+  } catch (...) {
+    if (OnUnexpected) OnUnexpected(std::current_exception());
   }
   {
     const std::scoped_lock lock(mutex_);

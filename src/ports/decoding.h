@@ -18,6 +18,7 @@
 // function may be called from any thread.
 
 #include <deque>
+#include <exception>
 #include <functional>
 #include <mutex>
 #include <optional>
@@ -64,6 +65,9 @@ class DecodingService {
   class Showing;
   // `size` in device pixels. What needs no work is ready before this returns.
   std::unique_ptr<Showing> Show(const Picture& picture, Size size, DecodingPriority priority, Ready ready);
+  // What showing a picture raises other than for a bad file or for lack of memory. Set before anything is
+  // shown; called on any thread.
+  std::function<void(std::exception_ptr error)> OnUnexpected;
   // Pictures that are to be shown and are not decoded yet.
   std::size_t Backlog() const;
 

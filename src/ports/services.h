@@ -85,6 +85,9 @@ class Desktop {
   virtual bool SystemParametersInfoA(unsigned action, unsigned parameter, const std::string& text,
                                      unsigned flags) = 0;
   virtual void ShowDisplaySettings() = 0;
+  // Keeps the screen from going dark until it is told otherwise, at the latest until the process ends. Where
+  // no desktop grants that, nothing happens.
+  virtual void KeepScreenAwake(bool awake) = 0;
 };
 
 // An icon of the notification area, as the call takes it.

@@ -158,7 +158,7 @@ class Scan {
 
 }  // namespace
 
-void LoadScratchImage(App& app, const std::string& path) {
+void LoadScratchImage(App& app, std::string path) {
   Gvbox& control = app.checkjpg.Picture1;
   try {
     control.SetFileName(path);

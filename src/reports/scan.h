@@ -11,6 +11,6 @@ namespace lumidex {
 void ScanFiles(App& app);
 
 // Loads a file into the working image; one that can't be loaded leaves it empty.
-void LoadScratchImage(App& app, const std::string& path);
+void LoadScratchImage(App& app, std::string path);
 
 }  // namespace lumidex

@@ -26,6 +26,10 @@ void WireWindows(App& app) {
   WireEditing(app);
   WirefrmAdjustColorBalance(app);
   WirefrmAdjustContrastandBrightness(app);
+  WireSlideShow(app);
+  WireDesktop(app);
+  WirefrmSlideShowFullScreen(app);
+  WirefrmSystemTray(app);
 }
 
 }  // namespace lumidex

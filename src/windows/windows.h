@@ -23,5 +23,9 @@ void WirefrmReport(App& app);
 void WireEditing(App& app);
 void WirefrmAdjustColorBalance(App& app);
 void WirefrmAdjustContrastandBrightness(App& app);
+void WireSlideShow(App& app);
+void WireDesktop(App& app);
+void WirefrmSlideShowFullScreen(App& app);
+void WirefrmSystemTray(App& app);
 
 }  // namespace lumidex

@@ -23,9 +23,9 @@ class PosixDesktopTest : public testing::Test {
   }
   bool Set(const char* tile, const char* style, const std::string& file) {
     RegistryKey key = 0;
-    desktop_.RegOpenKeyExA(HKEY_CURRENT_USER, "Control Panel\\Desktop", key);
-    desktop_.RegSetValueExA(key, "TileWallpaper", tile);
-    desktop_.RegSetValueExA(key, "WallpaperStyle", style);
+    desktop_.RegOpenKeyExA(HKEY_CURRENT_USER, "Control Panel\\Desktop", 0x20006, key);
+    desktop_.RegSetValueExA(key, "TileWallpaper", REG_SZ, tile);
+    desktop_.RegSetValueExA(key, "WallpaperStyle", REG_SZ, style);
     desktop_.RegCloseKey(key);
     return desktop_.SystemParametersInfoA(SPI_SETDESKWALLPAPER, 0, file, 3);
   }

@@ -21,8 +21,8 @@ class CurrentPicture : public TestProgram {
 
   // An area of that many pixels.
   void SetArea(int width, int height) {
-    app.WPaper2.Picture1.Width = static_cast<float>(width) * twipsPerPixel + 2 * PictureBox::Border;
-    app.WPaper2.Picture1.Height = static_cast<float>(height) * twipsPerPixel + 2 * PictureBox::Border;
+    app.WPaper2.Picture1.Width = static_cast<float>(width) * twipsPerPixel + 2 * PictureBox::BorderWidth;
+    app.WPaper2.Picture1.Height = static_cast<float>(height) * twipsPerPixel + 2 * PictureBox::BorderWidth;
   }
   void Show(int width, int height, float zoom = 1.0F) {
     platform.files.AddFile("C:\\p.bmp", BitmapFile(width, height));

@@ -28,8 +28,8 @@ class Displays : public TestProgram {
  protected:
   void SetUp() override {
     ShowMainWindow();
-    app.WPaper2.Picture1.Width = 400 * twipsPerPixel + 2 * PictureBox::Border;
-    app.WPaper2.Picture1.Height = 300 * twipsPerPixel + 2 * PictureBox::Border;
+    app.WPaper2.Picture1.Width = 400 * twipsPerPixel + 2 * PictureBox::BorderWidth;
+    app.WPaper2.Picture1.Height = 300 * twipsPerPixel + 2 * PictureBox::BorderWidth;
     for (int i = 0; i < 10; ++i) {
       const std::string path = "C:\\Pics\\p" + std::to_string(i) + ".bmp";
       platform.files.AddFile(path, BitmapFile(20 + i, 10 + i));

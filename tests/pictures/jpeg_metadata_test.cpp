@@ -8,6 +8,7 @@
 #include "pictures/support/byte_writer.h"
 #include "pictures/support/collecting_sink.h"
 #include "pictures/support/library_writers.h"
+#include "pictures/support/profiles.h"
 
 namespace lumidex {
 namespace {
@@ -160,7 +161,7 @@ TEST(JpegMetadata, A_profile_that_the_colours_were_converted_from_gives_way_to_s
   EXPECT_NE(converted.profile, SwappedProfile());
   const Picture saved = Picture::Open(DataOf(Written(converted), ".jpg"));
   EXPECT_EQ(saved.Metadata().profile, converted.profile);  // nothing is left to convert
-  EXPECT_EQ(open(1, LinearGreyProfile()).Metadata().profile, converted.profile);
+  EXPECT_EQ(open(1, GreyProfileOf(Curve::Linear)).Metadata().profile, converted.profile);
   EXPECT_EQ(open(3, SrgbProfile()).Metadata().profile, SrgbProfile());
   EXPECT_TRUE(open(3, {1, 2, 3}).Metadata().profile.empty());
   EXPECT_TRUE(open(3, {}).Metadata().profile.empty());

@@ -47,6 +47,9 @@ struct Guarded : testing::Test {
         raised.emplace_back(error.what());
       }
     };
+    world.headless.decoding.OnUnexpected = [this](const std::exception_ptr& error) {
+      world.events.Post([error] { std::rethrow_exception(error); });
+    };
     world.views.Attach(form);
   }
   ~Guarded() override { world.views.Close(); }

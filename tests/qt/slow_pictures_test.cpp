@@ -108,6 +108,7 @@ struct SlowPictures : testing::Test {
     return image.pixel(image.width() / 2, image.height() / 2);
   }
   void AwaitShown() {
+    Settle();
     world.events.RunUntil([this] { return !View().IsWaiting(); });
     Settle();
   }

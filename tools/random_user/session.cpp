@@ -1,6 +1,7 @@
 #include "random_user/session.h"
 
 #include "base/text.h"
+#include "forms/WPaper2.h"
 #include "platform/headless/script_ends.h"
 #include "random_user/acts.h"
 
@@ -104,8 +105,14 @@ void Session::Answer(ScriptedDialogs::Box box) {
 void Session::CheckAlive() {
   const bool endedByUser = run_.state == State::Ended && run_.exitCode == 0;
   // Leaving a program that was begun with a picture waits for ever, by rule.
-  const bool leftWaiting = run_.state == State::Hung && run_.Program().exiting && run_.Program().CommandLineMode;
-  if (run_.state == State::Running || endedByUser || leftWaiting) return;
+  const bool leftWaiting =
+      run_.state == State::Hung && run_.Program().exiting && run_.Program().CommandLineMode;
+  // Nothing traps the error of a wallpaper that is to be made of no picture.
+  const auto& messages = run_.World().dialogs.messages;
+  const bool hadNoPicture = run_.state == State::Ended && !messages.empty() &&
+                            run_.Program().WPaper2.Image1.Picture.Get().IsEmpty() &&
+                            messages.back().text.starts_with("Run-time error '380'");
+  if (run_.state == State::Running || endedByUser || leftWaiting || hadNoPicture) return;
   Perform("expect running");
 }
 

@@ -182,6 +182,11 @@ std::string CurrentDirectory(Execution& run, Arguments& words) {
   return run.World().files.CurrentDirectory();
 }
 
+std::string ScreenValue(Execution& run, Arguments& words) {
+  words.Need("awake");
+  return run.World().desktop.keepsScreenAwake ? "True" : "False";
+}
+
 std::string ModalValue(Execution& run, Arguments&) {
   const Form* modal = run.World().windows.FrontModal();
   return modal ? modal->Name() : none;
@@ -204,6 +209,7 @@ const std::map<std::string, Reader, std::less<>>& Readers() {
       {"popup", [](Execution& run, Arguments&) { return OpenPopupName(run); }},
       {"registry", RegistryValue},
       {"wallpaper", [](Execution& run, Arguments&) { return run.World().desktop.wallpaper; }},
+      {"screen", ScreenValue},
       {"setting", SettingValue},
       {"clock", [](Execution& run, Arguments&) { return TimeText(run.World().events.Now()); }},
       {"yields", [](Execution& run, Arguments&) { return Number(run.World().events.Yields()); }},

@@ -23,6 +23,7 @@ class MemoryDesktop final : public Desktop {
   bool SystemParametersInfoA(unsigned action, unsigned parameter, const std::string& text,
                              unsigned flags) override;
   void ShowDisplaySettings() override;
+  void KeepScreenAwake(bool awake) override { keepsScreenAwake = awake; }
 
   struct Value {
     std::uint32_t type = REG_SZ;
@@ -38,6 +39,7 @@ class MemoryDesktop final : public Desktop {
   static const std::set<std::string>& Calls();
   std::set<std::string> failing;
   std::string wallpaper;
+  bool keepsScreenAwake = false;
 
  private:
   struct OpenKey {

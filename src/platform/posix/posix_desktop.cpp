@@ -81,4 +81,8 @@ void PosixDesktop::ShowDisplaySettings() {
   }
 }
 
+void PosixDesktop::KeepScreenAwake(bool awake) {
+  if (services_) services_->KeepScreenAwake(awake);
+}
+
 }  // namespace lumidex

@@ -30,6 +30,7 @@ class PosixDesktop : public Desktop {
   bool SystemParametersInfoA(unsigned action, unsigned parameter, const std::string& text,
                              unsigned flags) override;
   void ShowDisplaySettings() override;
+  void KeepScreenAwake(bool awake) override;
 
  private:
   WallpaperMode ChosenMode() const;

@@ -25,7 +25,8 @@ class FormView : public QWidget {
 
   Form& GetForm() const { return form_; }
   FormViews& Views() const { return views_; }
-  const Units& GetUnits() const;
+  // How many logical pixels the form's lengths are.
+  virtual const Units& GetUnits() const;
   PushQueue& Pushes() { return pushes_; }
 
   // Gives the widget the control's name, enabled state, visibility and tool tip, keeps it up to date together

@@ -79,6 +79,11 @@ FormView* FormViews::ViewOf(WindowHandle form) const {
   return entry ? entry->view.get() : nullptr;
 }
 
+Form* FormViews::FormOf(WindowHandle form) const {
+  const Entry* entry = Find(form);
+  return entry ? entry->form : nullptr;
+}
+
 QWidget* FormViews::DialogParent() const {
   if (QWidget* modal = QApplication::activeModalWidget()) return modal;
   if (active_ && active_->isVisible()) return active_;

@@ -29,6 +29,8 @@ class FormViews final {
   // Null while the form has never been shown.
   FormView* ViewOf(const Form& form) const;
   FormView* ViewOf(WindowHandle form) const;
+  // The attached form of that handle; null when there is none.
+  Form* FormOf(WindowHandle form) const;
   // The view that has the keyboard, or had it last; null before the first one.
   FormView* Active() const { return active_; }
   // The window that a dialog is to stand before.

@@ -6,18 +6,6 @@
 
 namespace lumidex {
 
-// No notification area: the program keeps its windows on the task bar.
-class NoTray final : public Tray {
- public:
-  bool IsAvailable() const override { return false; }
-  bool Shell_NotifyIconA(unsigned, const TrayIconRecord&) override { return false; }
-};
-
-class NoPopup final : public Popup {
- public:
-  void PopupMenu(WindowHandle, WindowHandle) override { throw RunTimeError(ErrorNumber::InvalidCall); }
-};
-
 // No web pages.
 class NoBrowser final : public Browser {
  public:

@@ -11,6 +11,8 @@
 #include "platform/qt/event_queue.h"
 #include "platform/qt/form_views.h"
 #include "platform/qt/missing_services.h"
+#include "platform/qt/popup.h"
+#include "platform/qt/tray.h"
 #include "platform/qt/units.h"
 #include "platform/qt/views/view_factory.h"
 #include "platform/qt/window_control.h"
@@ -33,12 +35,16 @@ struct Attributes {
 
 struct QtDesktop::Parts {
   Parts(int& argc, char** argv, const SystemPorts& system)
-      : application(argc, argv), platform{system.files,  events,         dialogs,      windows,
-                                          clock,         system.process, clipboard,    system.desktop,
-                                          tray,          popup,          system.shell, system.settings,
-                                          system.loader, system.folders, browser,      system.decoding} {
+      : application(argc, argv),
+        tray(events, views, popup, [&bus = system.bus] { return FindTrayHost(bus, ReadEnvironment); }),
+        platform{system.files,  events,         dialogs, windows,        clock,        system.process,
+                 clipboard,     system.desktop, tray,    popup,          system.shell, system.settings,
+                 system.loader, system.folders, browser, system.decoding} {
     // Only the program itself ends the process: it lives on while all its windows are hidden.
     QApplication::setQuitOnLastWindowClosed(false);
+    system.decoding.OnUnexpected = [this](const std::exception_ptr& error) {
+      events.Post([error] { std::rethrow_exception(error); });
+    };
     // What can wait until the first window stands.
     later.setSingleShot(true);
     QObject::connect(&later, &QTimer::timeout, [&decoding = system.decoding] {
@@ -64,8 +70,8 @@ struct QtDesktop::Parts {
   QtWindowControl windows{views};
   QtClock clock;
   QtClipboard clipboard;
-  NoTray tray;
-  NoPopup popup;
+  QtPopup popup{events, views};
+  QtTray tray;
   NoBrowser browser;
   Platform platform;
 };

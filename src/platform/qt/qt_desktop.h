@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "controls/form.h"
+#include "platform/posix/session_bus.h"
 #include "ports/platform.h"
 
 namespace lumidex {
@@ -20,6 +21,7 @@ struct SystemPorts {
   PictureLoader& loader;
   SpecialFolders& folders;
   DecodingService& decoding;
+  SessionBus& bus;  // for the notification area
 };
 
 class FormViews;

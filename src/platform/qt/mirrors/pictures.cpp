@@ -19,9 +19,9 @@ constexpr int milliSecondsBeforeHiding = 150;
 // The sunken frame and the ground; what stands inside is clipped by `inside`.
 class PictureBoxView final : public QWidget {
  public:
-  PictureBoxView(FormView& view, QWidget* parent)
+  PictureBoxView(FormView& view, bool hasBorder, QWidget* parent)
       : QWidget(parent),
-        border_(view.GetUnits().Pixels(PictureBox::Border)),
+        border_(hasBorder ? view.GetUnits().Pixels(PictureBox::BorderWidth) : 0),
         inside_(new ImageView(view.GetForm().GetPlatform(), view.Pushes(), this)) {
     inside_->show();
   }
@@ -89,7 +89,7 @@ void PlaceImage(FormView& view, ImageBox& control) {
 }
 
 QWidget* MakePictureBox(FormView& view, PictureBox& control, QWidget* parent) {
-  auto* box = new PictureBoxView(view, parent);
+  auto* box = new PictureBoxView(view, control.Border != BorderStyle::None, parent);
   Mirror* mirror =
       view.Follow(control, box, [&control, box] { box->Show(control.Picture, control.BackColor); });
   new PointerWatch(view, control, box->Inside(), mirror);

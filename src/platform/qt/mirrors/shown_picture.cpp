@@ -43,12 +43,12 @@ void ShownPicture::Take(std::uint64_t number, const QImage& image) {
   changed_();
 }
 
-void ShownPicture::Paint(QPainter& painter, const QRect& box, const QBrush& ground) const {
+void ShownPicture::Paint(QPainter& painter, const QRectF& box, const QBrush& ground) const {
   if (image_.isNull() || box.isEmpty()) return;
   if (image_.hasAlphaChannel()) painter.fillRect(box, ground);
   // An enlarged picture is kept small and enlarged by the painter, which draws only what is visible. Enlarged
   // by a whole number its pixels stay hard.
-  const QSize size = (QSizeF(box.size()) * painter.device()->devicePixelRatioF()).toSize();
+  const QSize size = (box.size() * painter.device()->devicePixelRatioF()).toSize();
   const bool isWhole = size.width() % image_.width() == 0 && size.height() % image_.height() == 0;
   painter.setRenderHint(QPainter::SmoothPixmapTransform, !isWhole);
   painter.drawImage(box, image_);

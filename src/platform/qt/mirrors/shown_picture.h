@@ -27,7 +27,7 @@ class ShownPicture {
 
   // Paints into `box`, which may reach beyond the widget. What can't be had stays unpainted. Transparent
   // places show the ground.
-  void Paint(QPainter& painter, const QRect& box, const QBrush& ground = Qt::white) const;
+  void Paint(QPainter& painter, const QRectF& box, const QBrush& ground = Qt::white) const;
 
  private:
   void Take(std::uint64_t number, const QImage& image);

@@ -4,6 +4,7 @@
 #include <QHBoxLayout>
 #include <QPainter>
 
+#include "platform/qt/guarded.h"
 #include "platform/qt/mirrors/mirrors.h"
 #include "platform/qt/mirrors/shown_picture.h"
 
@@ -16,25 +17,34 @@ QSize Fitting(const Picture& picture, QSize most) {
   return size.scaled(most, Qt::KeepAspectRatio).expandedTo({1, 1});
 }
 
-class SidePicture final : public QWidget {
+// Fills its place with the lower right of a picture.
+class SidePicture final : public PaintedWidget {
  public:
-  using QWidget::QWidget;
+  SidePicture(Platform& platform, QWidget* parent)
+      : PaintedWidget(parent), shown_(platform, [this] { update(); }) {}
   void Show(const Picture& picture) {
-    if (picture_ == picture) return;
     picture_ = picture;
-    update();
+    Ask();
   }
 
  protected:
-  void paintEvent(QPaintEvent*) override {
-    const QSize size(picture_.GetSize().width, picture_.GetSize().height);
-    QRect box(QPoint(0, 0), size.scaled(this->size(), Qt::KeepAspectRatioByExpanding));
-    box.moveBottomRight(rect().bottomRight());
+  void resizeEvent(QResizeEvent*) override { Ask(); }
+  void Paint() override {
     QPainter painter(this);
-    shown_.Paint(painter, picture_, box);
+    shown_.Paint(painter, Box());
   }
 
  private:
+  void Ask() {
+    shown_.Want(picture_, (QSizeF(Box().size()) * devicePixelRatioF()).toSize(), DecodingPriority::Page);
+  }
+  QRect Box() const {
+    const QSize size(picture_.GetSize().width, picture_.GetSize().height);
+    QRect box(QPoint(0, 0), size.scaled(this->size(), Qt::KeepAspectRatioByExpanding));
+    box.moveBottomRight(rect().bottomRight());
+    return box;
+  }
+
   Picture picture_;
   ShownPicture shown_;
 };
@@ -57,7 +67,7 @@ QWidget* MakeFramedPicture(FormView& view, ImageBox& control, QSize most, QWidge
 }
 
 QWidget* MakeSidePicture(FormView& view, ImageBox& control, int width, QWidget* parent) {
-  auto* strip = new SidePicture(parent);
+  auto* strip = new SidePicture(view.GetForm().GetPlatform(), parent);
   strip->setFixedWidth(width);
   view.Follow(control, strip, [&control, strip] { strip->Show(control.Picture); });
   return strip;

@@ -4,6 +4,7 @@
 #include "platform/qt/views/adjustment_view.h"
 #include "platform/qt/views/batch_views.h"
 #include "platform/qt/views/directory_view.h"
+#include "platform/qt/views/full_screen_view.h"
 #include "platform/qt/views/main_view.h"
 #include "platform/qt/views/preferences_view.h"
 #include "platform/qt/views/properties_view.h"
@@ -35,6 +36,7 @@ std::unique_ptr<FormView> MakeView(FormViews& views, Form& form) {
       Try<DirectoryView, SelectPictureDirectoryFormWindow>(views, form, view) ||
       Try<PreferencesView, frmPreferencesWindow>(views, form, view) ||
       Try<SplashView, frmSplashWindow>(views, form, view) ||
+      Try<FullScreenView, frmSlideShowFullScreenWindow>(views, form, view) ||
       Try<SearchView, frmlocatefilesWindow>(views, form, view) ||
       Try<TipView, frmTipWindow>(views, form, view) ||
       Try<StatisticsView, frmstatsWindow>(views, form, view) ||

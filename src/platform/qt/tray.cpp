@@ -1,0 +1,183 @@
+#include "platform/qt/tray.h"
+
+#include <QApplication>
+#include <QCursor>
+#include <algorithm>
+
+#include "base/text.h"
+#include "platform/posix/x11/x_screen.h"
+#include "platform/qt/artwork.h"
+#include "platform/qt/conversions.h"
+#include "platform/qt/form_views.h"
+
+namespace lumidex {
+namespace {
+
+// A desktop that has just started may still be without its panel.
+constexpr int firstRetryMilliseconds = 1000, lastRetryMilliseconds = 60000;
+// How far the mouse may move between the two presses of a double click.
+constexpr int mostMoved = 8;
+
+QString TipOf(const TrayIconRecord& record) {
+  return ToQt(std::string(record.szTip.begin(), std::ranges::find(record.szTip, '\0')));
+}
+
+}  // namespace
+
+TrayHost FindTrayHost(SessionBus& bus, const Environment& environment) {
+  constexpr const char* watcher = "org.kde.StatusNotifierWatcher";
+  if (bus.HasOwner(watcher)) {
+    const auto answer = bus.Call({watcher,
+                                  "/StatusNotifierWatcher",
+                                  "org.freedesktop.DBus.Properties",
+                                  "Get",
+                                  {{std::string(watcher)}, {std::string("IsStatusNotifierHostRegistered")}}},
+                                 SessionBus::ShortMilliseconds);
+    const bool* shows = answer && !answer->empty() ? std::get_if<bool>(&answer->front().value) : nullptr;
+    if (shows && *shows) return TrayHost::StatusNotifier;
+  }
+  const XScreen screen(environment("DISPLAY"));
+  if (!screen.IsOpen()) return TrayHost::None;
+  const auto cookie = xcb_get_selection_owner(screen.Connection(), screen.Atom("_NET_SYSTEM_TRAY_S0"));
+  const auto owner = Owned(xcb_get_selection_owner_reply(screen.Connection(), cookie, nullptr));
+  return owner && owner->owner != XCB_WINDOW_NONE ? TrayHost::XEmbed : TrayHost::None;
+}
+
+bool CanOpenMenus(const Environment& environment) {
+  return QGuiApplication::platformName() != QStringLiteral("wayland") &&
+         LCase(environment("XDG_CURRENT_DESKTOP")).find("gnome") == std::string::npos;
+}
+
+QtTray::QtTray(EventQueue& events, const FormViews& views, QtPopup& popup, Find find)
+    : events_(events), views_(views), popup_(popup), find_(std::move(find)) {
+  popup_.OnPressedBeside = [this](QPoint place) { PressedBeside(place); };
+  retry_.setSingleShot(true);
+  retry_.setInterval(firstRetryMilliseconds);
+  QObject::connect(&retry_, &QTimer::timeout, [this] { Look(); });
+}
+
+QtTray::~QtTray() = default;
+
+bool QtTray::IsAvailable() const {
+  return icon_ && icon_->isVisible();
+}
+
+bool QtTray::Shell_NotifyIconA(unsigned action, const TrayIconRecord& record) {
+  if (record.cbSize != TrayIconRecord::Size) return false;
+  switch (action) {
+    case NIM_ADD:
+      if (record_) return false;
+      record_ = record;
+      Look();
+      return true;
+    case NIM_MODIFY:
+      if (!record_) return false;
+      record_ = record;
+      if (icon_) Show();
+      return true;
+    case NIM_DELETE:
+      if (!record_) return false;
+      record_.reset();
+      icon_.reset();
+      desktopLines_.clear();
+      desktopMenu_.reset();
+      retry_.stop();
+      return true;
+    default:
+      return false;
+  }
+}
+
+void QtTray::Look() {
+  // A bus that does not answer is waited for elsewhere: the start and the windows go on.
+  jobs_.Ask(0, [this] {
+    const TrayHost host = find_();
+    events_.Post([this, host] { Found(host); });
+  });
+}
+
+void QtTray::Found(TrayHost host) {
+  if (!record_ || icon_) return;
+  if (host == TrayHost::None) {
+    retry_.start();
+    retry_.setInterval(std::min(2 * retry_.interval(), lastRetryMilliseconds));
+    return;
+  }
+  icon_ = std::make_unique<QSystemTrayIcon>();
+  QObject::connect(icon_.get(), &QSystemTrayIcon::activated,
+                   [this](QSystemTrayIcon::ActivationReason reason) { Activated(reason); });
+  if (host == TrayHost::StatusNotifier && !CanOpenMenus(ReadEnvironment)) MakeDesktopMenu();
+  Show();
+}
+
+void QtTray::Show() {
+  icon_->setIcon(record_->hIcon.IsEmpty() ? ApplicationIcon() : ToIcon(record_->hIcon));
+  icon_->setToolTip(TipOf(*record_));
+  icon_->show();
+}
+
+void QtTray::MakeDesktopMenu() {
+  const Form* form = views_.FormOf(record_->hWnd);
+  if (!form) return;
+  popup_.SetDesktopDraws(true);
+  desktopMenu_ = std::make_unique<QMenu>();
+  for (const Control* control : form->Controls()) {
+    const auto* root = dynamic_cast<const MenuItem*>(control);
+    if (!root || root->Parent()) continue;
+    if (!desktopLines_.empty()) desktopMenu_->addSeparator();
+    const auto lines = FillMenu(*desktopMenu_, *form, *root,
+                                [this](MenuItem& item) { events_.Guard([&item] { item.Click(); }); });
+    desktopLines_.insert(desktopLines_.end(), lines.begin(), lines.end());
+  }
+  // The program decides at each press which items are enabled: here for both menus at once.
+  QObject::connect(desktopMenu_.get(), &QMenu::aboutToShow, desktopMenu_.get(), [this] {
+    popup_.LetDesktopDraw([this] {
+      Tell(WM_LBUTTONDOWN);
+      Tell(WM_RBUTTONDOWN);
+    });
+    for (const MenuLine& line : desktopLines_) ShowItem(line);
+  });
+  icon_->setContextMenu(desktopMenu_.get());
+}
+
+void QtTray::Activated(QSystemTrayIcon::ActivationReason reason) {
+  switch (reason) {
+    case QSystemTrayIcon::Trigger:
+      return Press();
+    case QSystemTrayIcon::DoubleClick:
+      // The two presses have told it already.
+      return;
+    case QSystemTrayIcon::Context:
+      return Tell(WM_RBUTTONDOWN);
+    default:
+      return;
+  }
+}
+
+void QtTray::Press() {
+  const bool isSecond = sincePress_.isValid() && sincePress_.elapsed() <= QApplication::doubleClickInterval();
+  pressedAt_ = QCursor::pos();
+  if (isSecond) {
+    // A third press begins anew.
+    sincePress_.invalidate();
+    Tell(WM_LBUTTONDBLCLK);
+  } else {
+    sincePress_.start();
+    Tell(WM_LBUTTONDOWN);
+  }
+}
+
+void QtTray::PressedBeside(QPoint place) {
+  if (!sincePress_.isValid() || (place - pressedAt_).manhattanLength() > mostMoved) return;
+  if (sincePress_.elapsed() <= QApplication::doubleClickInterval()) Press();
+}
+
+void QtTray::Tell(std::uint32_t message) {
+  if (!record_ || (record_->uFlags & NIF_MESSAGE) == 0 || record_->uCallbackMessage != WM_MOUSEMOVE) return;
+  const WindowHandle window = record_->hWnd;
+  events_.Guard([this, window, message] {
+    if (OnMouseMove) OnMouseMove(window, static_cast<float>(message) * twipsPerPixel, 0);
+  });
+}
+
+}  // namespace lumidex
