@@ -323,8 +323,8 @@ void Gvbox::SaveJPEG(const std::string& path) {
     JpegMetadata metadata = loaded_.Metadata();
     DescribeUpright(metadata, pixels.GetSize(),
                     image == loaded_ ? PixelsAre::AsInTheFile : PixelsAre::Changed);
-    Owner().GetPlatform().files.Write(
-        path, [&](ByteSink& sink) { WriteJpeg(pixels, options, sink, metadata); });
+    Owner().GetPlatform().files.Write(path,
+                                      [&](ByteSink& sink) { WriteJpeg(pixels, options, sink, metadata); });
   });
 }
 

@@ -482,8 +482,8 @@ TEST_F(DecodingAheadInTheMidst, A_reduced_picture_is_not_begun_when_its_longer_s
     DecodingService::Client files(other);
     // Half of its width is needed, so half of its height comes with it.
     files.Want(DecodingPriority::Neighbours, {{"/photo.jpg"}, DecodingExtent::AtLeast, [](Size) {
-                                                 return Size{400, 10};
-                                               }});
+                                                return Size{400, 10};
+                                              }});
     other.RunNext();
     EXPECT_EQ(other.Find("/photo.jpg", Stamp("/photo.jpg"), {}).HeldBytes(), interruptions * 400U * 400 * 4);
     return interruptions;

@@ -54,9 +54,10 @@ TEST(ReportRow, A_block_is_eight_lines_and_encodes_nothing) {
 
 TEST(ReportRow, The_header_closes_its_heading_with_a_second_opening_tag) {
   const std::string header = HtmlReportHeader();
-  EXPECT_TRUE(header.starts_with("<HTML>\r\n<HEAD>\r\n<TITLE>\r\nLumidex Image File Report\r\n</TITLE>\r\n"
-                                 "<base target=\"_blank\">\r\n</HEAD>\r\n"
-                                 "<BODY Align=\"Center\"bgcolor=navy>\r\n"));
+  EXPECT_TRUE(
+      header.starts_with("<HTML>\r\n<HEAD>\r\n<TITLE>\r\nLumidex Image File Report\r\n</TITLE>\r\n"
+                         "<base target=\"_blank\">\r\n</HEAD>\r\n"
+                         "<BODY Align=\"Center\"bgcolor=navy>\r\n"));
   EXPECT_NE(header.find("<H1>Lumidex Image File Report<H1>\r\n"), std::string::npos);
   EXPECT_EQ(std::count(header.begin(), header.end(), '\n'), 20);
 }

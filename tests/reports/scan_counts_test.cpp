@@ -54,7 +54,8 @@ TEST(ScanCounts, Both_jpeg_extensions_share_a_type_and_case_does_not_matter) {
 TEST(ScanCounts, Every_row_of_the_table_is_counted_under_its_own_index) {
   ScanCounts counts;
   for (const FileTypeRow& row : FileTypeTable) counts.CountType("x." + std::string(row.resource));
-  for (int type = 1; type <= FileTypeCount; ++type) EXPECT_EQ(counts.types[static_cast<std::size_t>(type)], 1);
+  for (int type = 1; type <= FileTypeCount; ++type)
+    EXPECT_EQ(counts.types[static_cast<std::size_t>(type)], 1);
 }
 
 TEST(ScanCounts, A_sum_beyond_16_bits_raises_overflow) {

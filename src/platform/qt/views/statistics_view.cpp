@@ -119,9 +119,9 @@ QWidget* StatisticsView::Colors() {
   auto* grid = new QGridLayout(group);
   grid->setVerticalSpacing(2);
   const std::pair<Label*, TextBox*> pairs[] = {
-      {&form.lblColors2, &form.txtColors2},         {&form.lblColors16, &form.txtColors16},
-      {&form.lblColors256, &form.txtColors256},     {&form.lblColors64K, &form.txtColors64K},
-      {&form.lblColors167M, &form.txtColors167M},   {&form.lblColorsUnknown, &form.txtColorsUnknown},
+      {&form.lblColors2, &form.txtColors2},        {&form.lblColors16, &form.txtColors16},
+      {&form.lblColors256, &form.txtColors256},    {&form.lblColors64K, &form.txtColors64K},
+      {&form.lblColors167M, &form.txtColors167M},  {&form.lblColorsUnknown, &form.txtColorsUnknown},
       {&form.lblColorsTotal, &form.txtColorsTotal}};
   int column = 0;
   for (const auto& [label, box] : pairs) AddPair(*grid, 0, column++, *label, *box, group);
