@@ -7,6 +7,7 @@
 #include "forms/checkjpg.h"
 #include "forms/frmConvertFileName.h"
 #include "forms/frmConvertFileType.h"
+#include "imaging/files_ahead.h"
 #include "imaging/save_picture.h"
 
 namespace lumidex {
@@ -66,6 +67,7 @@ void ConvertImages(App& app) {
   progress.Converting = true;
   progress.Show();
   try {
+    const FilesAhead ahead(app.checkjpg.Gvbox2, EntriesOf(list), DecodingExtent::Full);
     // The place is this loop's own: commands in its yields move CurrentIndex too.
     for (std::int32_t place = 0; place < count; ++place) {
       app.CurrentIndex = place;

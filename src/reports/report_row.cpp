@@ -69,6 +69,29 @@ std::string HtmlReportBlock(const ReportRow& row, const std::string& shown, cons
        "</TR>", "</B>"});
 }
 
+std::string LinkTarget(const std::string& path) {
+  std::string target;
+  for (const char character : path) {
+    switch (character) {
+      case '%':
+        target += "%25";
+        break;
+      case '#':
+        target += "%23";
+        break;
+      case '?':
+        target += "%3F";
+        break;
+      case '\\':
+        target += "%5C";
+        break;
+      default:
+        target += character;
+    }
+  }
+  return target;
+}
+
 std::string HtmlReportFooter() {
   return Lines({"</TABLE>", "</DIV>", "</HTML>"});
 }

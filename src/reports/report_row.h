@@ -32,6 +32,9 @@ std::string HtmlReportHeader();
 // encoded.
 std::string HtmlReportBlock(const ReportRow& row, const std::string& shown, const std::string& target);
 std::string HtmlReportFooter();
+// A path with slashes as the target of a link: as it is but for the signs that mean something else in an
+// address, so that a browser opens that very file.
+std::string LinkTarget(const std::string& path);
 
 // The cells of the grid, parted by tabs; the first is empty.
 std::string GridRow(const ReportRow& row);

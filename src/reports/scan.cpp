@@ -11,6 +11,7 @@
 #include "forms/frmPreferences.h"
 #include "forms/frmReport.h"
 #include "forms/frmstats.h"
+#include "imaging/files_ahead.h"
 #include "imaging/proper_names.h"
 #include "imaging/working_image.h"
 #include "reports/report_columns.h"
@@ -36,6 +37,10 @@ class Scan {
   void Run() {
     app_.frmstats.Pointer = MousePointer::Hourglass;
     BeginReports();
+    const bool loads = app_.frmPreferences.chkCountFileColorDepth.Value == 1;
+    const FilesAhead ahead(app_.checkjpg.Picture1,
+                           loads ? EntriesOf(app_.WPaper2.LstRight) : std::vector<std::string>(),
+                           DecodingExtent::Header);
     const std::int32_t last = app_.WPaper2.LstRight.ListCount() - 1;
     while (index_ <= last) {
       OpenBoth();
@@ -116,7 +121,7 @@ class Scan {
     Print(textReport, TextReportLine(row_));
     const std::string shown = ProperCaseName(app_, row_.Drive + row_.Directory + row_.FileName);
     // Where names that differ in case are different files, the shown one would open nothing.
-    Print(htmlReport, HtmlReportBlock(row_, shown, Files().Separator() == '\\' ? shown : path_));
+    Print(htmlReport, HtmlReportBlock(row_, shown, Files().Separator() == '\\' ? shown : LinkTarget(path_)));
     if (WindowIsGone()) return;
     IgnoreError([&] { app_.frmReport.MSFlexGrid1.AddItem(GridRow(row_)); });
     widths_.Take(app_, row_);

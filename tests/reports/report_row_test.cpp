@@ -66,5 +66,10 @@ TEST(ReportRow, The_footer_closes_no_body) {
   EXPECT_EQ(HtmlReportFooter(), "</TABLE>\r\n</DIV>\r\n</HTML>\r\n");
 }
 
+TEST(ReportRow, A_link_keeps_the_path_but_for_signs_that_mean_something_in_an_address) {
+  EXPECT_EQ(LinkTarget("/pics/sea view & more.bmp"), "/pics/sea view & more.bmp");
+  EXPECT_EQ(LinkTarget("/pics/50% #1?\\.bmp"), "/pics/50%25 %231%3F%5C.bmp");
+}
+
 }  // namespace
 }  // namespace lumidex

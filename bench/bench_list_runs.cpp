@@ -1,0 +1,121 @@
+// bench_list_runs scan DIRECTORY | bmp DIRECTORY | jpg DIRECTORY: what goes through the whole Display list,
+// with the program's own windows. The list is the files of the directory.
+//
+// scan: all three counts, the reports written into the directory above, against reading the first 4 KiB of
+// each file. Both in turn in one process, five times; prints the medians and their ratio.
+//
+// bmp, jpg: converts the list into "convert" in the directory and prints the time; to be set beside other
+// converters.
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <cstring>
+#include <filesystem>
+
+#include "batch/batch_conversion.h"
+#include "forms/WPaper2.h"
+#include "forms/frmConvertFileType.h"
+#include "forms/frmPreferences.h"
+#include "forms/frmstats.h"
+#include "platform/posix/decoding_threads.h"
+#include "platform/posix/file_picture_loader.h"
+#include "platform/posix/posix_desktop.h"
+#include "platform/posix/posix_file_system.h"
+#include "platform/posix/posix_process.h"
+#include "platform/posix/posix_settings_store.h"
+#include "platform/posix/posix_shell.h"
+#include "platform/posix/posix_special_folders.h"
+#include "platform/qt/qt_desktop.h"
+#include "platform/qt/session_bus.h"
+#include "reports/scan.h"
+#include "timing.h"
+#include "windows/windows.h"
+
+namespace {
+
+using namespace lumidex;
+
+struct Program {
+  Program(int& argc, char** argv)
+      : process(argc, argv, ""),
+        decoding(files),
+        desktop(argc, argv, {files, process, registry, shell, settings, loader, folders, decoding, bus}),
+        app(desktop.GetPlatform()) {
+    desktop.Attach(app.Forms());
+    WireWindows(app);
+    app.WPaper2.OnLoad = nullptr;
+    app.WPaper2.Show();
+  }
+  PosixFileSystem files;
+  PosixProcess process;
+  DecodingThreads decoding;
+  QtSessionBus bus;
+  PosixDesktop registry;
+  PosixShell shell;
+  PosixSettingsStore settings;
+  FilePictureLoader loader{files};
+  PosixSpecialFolders folders;
+  QtDesktop desktop;
+  App app;
+};
+
+void ReadHeads(const std::vector<std::string>& paths) {
+  std::array<char, 4096> head;
+  for (const std::string& path : paths) {
+    const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    if (file < 0) continue;
+    if (read(file, head.data(), head.size()) < 0) std::abort();
+    close(file);
+  }
+}
+
+void MeasureScan(App& app, const std::vector<std::string>& paths) {
+  for (CheckBox* count : {&app.frmPreferences.chkCountFileTypes, &app.frmPreferences.chkCountFileSize,
+                          &app.frmPreferences.chkCountFileColorDepth}) {
+    count->Value = 1;
+  }
+  std::vector<double> bare, scanned;
+  for (int round = 0; round < 5; ++round) {
+    bare.push_back(Milliseconds([&] { ReadHeads(paths); }));
+    app.frmstats.Show();
+    app.frmstats.ScanRunning = true;
+    scanned.push_back(Milliseconds([&] { ScanFiles(app); }));
+    app.frmstats.Unload();
+  }
+  std::printf("first 4 KiB %8.1f ms\nscan        %8.1f ms\nratio       %8.2f\n", Median(bare),
+              Median(scanned), Median(scanned) / Median(bare));
+}
+
+void Convert(App& app, int type) {
+  app.platform.events.Post([&app, type] {
+    app.frmConvertFileType.optFileType(type).Value = true;
+    app.frmConvertFileType.chkAddConvertFolder.Value = 1;
+    app.frmConvertFileType.cmdConvert.Click();
+  });
+  std::printf("%.1f ms\n", Milliseconds([&] { ConvertImages(app); }));
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (argc < 3) return 2;
+  const std::string what = argv[1], directory = argv[2];
+  std::vector<std::string> paths;
+  for (const auto& entry : std::filesystem::directory_iterator(directory)) {
+    if (entry.is_regular_file()) paths.push_back(std::filesystem::absolute(entry.path()));
+  }
+  std::ranges::sort(paths);
+  int noArguments = 1;
+  Program program(noArguments, argv);
+  App& app = program.app;
+  app.AppPath = std::filesystem::absolute(directory).parent_path().string() + "/";
+  for (const std::string& path : paths) app.WPaper2.LstRight.AddItem(path);
+  app.WPaper2.lblCount.Caption = std::to_string(paths.size());
+  if (what == "scan") MeasureScan(app, paths);
+  if (what == "jpg" || what == "bmp") Convert(app, what == "jpg" ? 1 : 0);
+  std::_Exit(0);
+}
