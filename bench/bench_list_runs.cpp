@@ -94,7 +94,7 @@ void Convert(App& app, int type) {
   app.platform.events.Post([&app, type] {
     app.frmConvertFileType.optFileType(type).Value = true;
     app.frmConvertFileType.chkAddConvertFolder.Value = 1;
-    app.frmConvertFileType.cmdConvert.Click();
+    app.frmConvertFileType.cmdConvert.OnClick();
   });
   std::printf("%.1f ms\n", Milliseconds([&] { ConvertImages(app); }));
 }

@@ -50,12 +50,13 @@ std::optional<BusValue> FromBus(QVariant value) {
   if (value.metaType() == QMetaType::fromType<QDBusArgument>()) {
     const auto argument = value.value<QDBusArgument>();
     if (argument.currentSignature() != QStringLiteral("a{sv}")) return {};
-    BusDictionary dictionary;
+    std::optional<BusValue> answer(std::in_place);
+    auto& dictionary = answer->value.emplace<BusDictionary>();
     const auto map = qdbus_cast<QVariantMap>(argument);
     for (auto entry = map.begin(); entry != map.end(); ++entry) {
       if (auto converted = FromBus(entry.value())) dictionary[FromQt(entry.key())] = std::move(*converted);
     }
-    return BusValue{std::move(dictionary)};
+    return answer;
   }
   switch (value.typeId()) {
     case QMetaType::Bool:
