@@ -2,6 +2,7 @@
 
 #include "core/default_report.h"
 #include "forms/WPaper2.h"
+#include "platform/posix/bus_address.h"
 #include "platform/posix/decoding_threads.h"
 #include "platform/posix/early_picture.h"
 #include "platform/posix/file_picture_loader.h"
@@ -18,6 +19,7 @@
 
 int main(int argc, char** argv) {
   using namespace lumidex;
+  SettleSessionBus();
   const EarlyFonts fonts;
   PosixFileSystem files;
   PosixProcess process(argc, argv, LUMIDEX_INSTALLED_CONTENT);

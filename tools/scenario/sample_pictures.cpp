@@ -1,6 +1,8 @@
 #include "scenario/sample_pictures.h"
 
 #include <algorithm>
+#include <map>
+#include <tuple>
 
 #include "base/text.h"
 #include "gallery/encoders/bmp_encoder.h"
@@ -72,8 +74,15 @@ Pixels SamplePixels(Size size) {
 
 std::string SampleFile(const std::string& extension, Size size, int bitsPerPixel) {
   if (size.width < 1 || size.height < 1) throw Failure{"a sample picture has at least one pixel"};
-  const auto bytes = Encoded(LCase(extension), SamplePixels(size), bitsPerPixel);
-  return {bytes.begin(), bytes.end()};
+  // Every scenario of a file builds the same world once more.
+  static std::map<std::tuple<std::string, int, int, int>, std::string> made;
+  const std::string kind = LCase(extension);
+  std::string& file = made[{kind, size.width, size.height, bitsPerPixel}];
+  if (file.empty()) {
+    const auto bytes = Encoded(kind, SamplePixels(size), bitsPerPixel);
+    file.assign(bytes.begin(), bytes.end());
+  }
+  return file;
 }
 
 }  // namespace lumidex::scenario

@@ -1,7 +1,5 @@
 #include "platform/qt/session_bus.h"
 
-#include <unistd.h>
-
 #include <QDBusArgument>
 #include <QDBusConnection>
 #include <QDBusMessage>
@@ -10,6 +8,7 @@
 #include <QDBusVariant>
 #include <QVariantMap>
 
+#include "platform/posix/bus_address.h"
 #include "platform/qt/conversions.h"
 
 namespace lumidex {
@@ -93,13 +92,10 @@ QtSessionBus::~QtSessionBus() {
 QDBusConnection* QtSessionBus::Connected() {
   const std::lock_guard lock(mutex_);
   if (connection_ && connection_->isConnected()) return connection_.get();
-  std::string address = environment_("DBUS_SESSION_BUS_ADDRESS");
-  if (address.empty()) {
-    // Looked for here: the library would start a bus of its own where there is none.
-    const std::string socket = environment_("XDG_RUNTIME_DIR") + "/bus";
-    if (socket == "/bus" || access(socket.c_str(), R_OK | W_OK) != 0) return nullptr;
-    address = "unix:path=" + socket;
-  }
+  const std::string address = environment_(busVariable);
+  // The library waits half a minute for a bus that takes calls and does not answer them.
+  if (address.empty() || !BusAnswers(address, patience_)) return nullptr;
+  if (connection_) QDBusConnection::disconnectFromBus(name_);
   connection_ = std::make_unique<QDBusConnection>(QDBusConnection::connectToBus(ToQt(address), name_));
   return connection_->isConnected() ? connection_.get() : nullptr;
 }
@@ -107,7 +103,7 @@ QDBusConnection* QtSessionBus::Connected() {
 bool QtSessionBus::HasOwner(const std::string& service) {
   const auto answer = Call(
       {"org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "NameHasOwner", {{service}}},
-      ShortMilliseconds);
+      patience_);
   if (!answer || answer->empty()) return false;
   const bool* owned = std::get_if<bool>(&answer->front().value);
   return owned && *owned;

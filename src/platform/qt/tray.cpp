@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "base/text.h"
+#include "platform/posix/bus_address.h"
 #include "platform/posix/x11/x_screen.h"
 #include "platform/qt/artwork.h"
 #include "platform/qt/conversions.h"
@@ -26,15 +27,26 @@ QString TipOf(const TrayIconRecord& record) {
 
 TrayHost FindTrayHost(SessionBus& bus, const Environment& environment) {
   constexpr const char* watcher = "org.kde.StatusNotifierWatcher";
-  if (bus.HasOwner(watcher)) {
-    const auto answer = bus.Call({watcher,
-                                  "/StatusNotifierWatcher",
-                                  "org.freedesktop.DBus.Properties",
-                                  "Get",
-                                  {{std::string(watcher)}, {std::string("IsStatusNotifierHostRegistered")}}},
-                                 SessionBus::ShortMilliseconds);
-    const bool* shows = answer && !answer->empty() ? std::get_if<bool>(&answer->front().value) : nullptr;
-    if (shows && *shows) return TrayHost::StatusNotifier;
+  if (const std::string address = environment(busVariable); !address.empty() && address != noBusAddress) {
+    const auto ask = [&bus](BusCall call) { return bus.Call(call, SessionBus::ShortMilliseconds); };
+    const auto owned = ask({"org.freedesktop.DBus",
+                            "/org/freedesktop/DBus",
+                            "org.freedesktop.DBus",
+                            "NameHasOwner",
+                            {{std::string(watcher)}}});
+    // The icon's own library asks the same once more, in the event thread and without a limit: where nobody
+    // answers now it is kept away.
+    if (!owned || owned->empty()) return TrayHost::None;
+    if (const bool* there = std::get_if<bool>(&owned->front().value); there && *there) {
+      const auto shown = ask({watcher,
+                              "/StatusNotifierWatcher",
+                              "org.freedesktop.DBus.Properties",
+                              "Get",
+                              {{std::string(watcher)}, {std::string("IsStatusNotifierHostRegistered")}}});
+      if (!shown || shown->empty()) return TrayHost::None;
+      if (const bool* shows = std::get_if<bool>(&shown->front().value); shows && *shows)
+        return TrayHost::StatusNotifier;
+    }
   }
   const XScreen screen(environment("DISPLAY"));
   if (!screen.IsOpen()) return TrayHost::None;
