@@ -7,6 +7,7 @@
 
 #include <map>
 
+#include "platform/posix/absolute_path.h"
 #include "platform/posix/posix_special_folders.h"
 #include "posix/temporary_folder.h"
 
@@ -23,6 +24,39 @@ Environment Variables(std::map<std::string, std::string> values) {
 std::string Quoted(std::vector<const char*> arguments) {
   arguments.insert(arguments.begin(), "lumidex");
   return QuotedArgument(static_cast<int>(arguments.size()), arguments.data(), "/home/ada");
+}
+
+TEST(CommandLine, Of_a_relative_path_no_points_are_left) {
+  EXPECT_EQ(Quoted({"./photo.jpg"}), "\"/home/ada/photo.jpg\"");
+  EXPECT_EQ(Quoted({"../bob/./photo.jpg"}), "\"/home/bob/photo.jpg\"");
+  EXPECT_EQ(Quoted({"../../../photo.jpg"}), "\"/photo.jpg\"");
+  EXPECT_EQ(Quoted({"/home//ada/../bob/photo.jpg"}), "\"/home/bob/photo.jpg\"");
+  EXPECT_EQ(Quoted({"."}), "\"/home/ada\"");
+  EXPECT_EQ(Quoted({"..hidden/...jpg"}), "\"/home/ada/..hidden/...jpg\"");
+}
+
+TEST(CommandLine, Links_keep_their_names_but_where_points_lead_out_of_them) {
+  const TemporaryFolder folder;
+  std::filesystem::create_directories(folder / "far/album");
+  std::filesystem::create_directory_symlink(folder / "far/album", folder / "near");
+  const auto absolute = [&](const std::string& path) { return AbsolutePath(path, folder.Path()); };
+  EXPECT_EQ(absolute("./near/a.jpg"), folder.Path() + "/near/a.jpg");
+  EXPECT_EQ(absolute("near/../b.jpg"), folder.Path() + "/far/b.jpg");
+  EXPECT_EQ(absolute("far/../near/a.jpg"), folder.Path() + "/near/a.jpg");
+}
+
+TEST(CommandLine, The_current_directory_keeps_the_name_by_which_the_user_went_there) {
+  const TemporaryFolder folder;
+  std::filesystem::create_directory(folder / "far");
+  std::filesystem::create_directory_symlink(folder / "far", folder / "near");
+  char before[4096];
+  ASSERT_NE(getcwd(before, sizeof before), nullptr);
+  ASSERT_EQ(chdir((folder.Path() + "/far").c_str()), 0);
+  const auto named = [](const std::string& name) { return CurrentDirectoryName(Variables({{"PWD", name}})); };
+  EXPECT_EQ(named(folder.Path() + "/near"), folder.Path() + "/near");
+  EXPECT_EQ(named("/"), folder.Path() + "/far");
+  EXPECT_EQ(named(""), folder.Path() + "/far");
+  ASSERT_EQ(chdir(before), 0);
 }
 
 TEST(CommandLine, Without_an_argument_it_is_empty) {

@@ -9,40 +9,11 @@
 #include <cerrno>
 #include <climits>
 
+#include "platform/posix/absolute_path.h"
+#include "platform/posix/file_address.h"
+
 namespace lumidex {
 namespace {
-
-int HexDigit(char character) {
-  if (character >= '0' && character <= '9') return character - '0';
-  if (character >= 'a' && character <= 'f') return character - 'a' + 10;
-  if (character >= 'A' && character <= 'F') return character - 'A' + 10;
-  return -1;
-}
-
-std::string Decoded(std::string_view text) {
-  std::string path;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    const bool escaped =
-        text[i] == '%' && i + 2 < text.size() && HexDigit(text[i + 1]) >= 0 && HexDigit(text[i + 2]) >= 0;
-    path += escaped ? static_cast<char>(HexDigit(text[i + 1]) * 16 + HexDigit(text[i + 2])) : text[i];
-    if (escaped) i += 2;
-  }
-  return path;
-}
-
-// "file:///a", "file://localhost/a" and "file:/a" give "/a"; others are no address of a file here.
-std::string PathOfAddress(const std::string& argument) {
-  std::string_view rest = argument;
-  if (!rest.starts_with("file:/")) return argument;
-  rest.remove_prefix(5);
-  if (rest.starts_with("//")) {
-    rest.remove_prefix(2);
-    const std::string_view host = rest.substr(0, rest.find('/'));
-    if (!host.empty() && host != "localhost") return argument;
-    rest.remove_prefix(host.size());
-  }
-  return Decoded(rest);
-}
 
 bool CanMakeFilesIn(const std::string& folder) {
   // Asking with access() would tell root that everything is writable, also a read-only file system's folders.
@@ -95,13 +66,7 @@ std::string LockFile(const Environment& environment) {
 
 std::string QuotedArgument(int count, const char* const* arguments, const std::string& currentDirectory) {
   if (count < 2 || arguments[1][0] == '\0') return {};
-  std::string path = PathOfAddress(arguments[1]);
-  if (!path.starts_with('/')) {
-    path = currentDirectory + (currentDirectory.ends_with('/') ? "" : "/") + path;
-  }
-  // A directory named with its separator, as a shell completes it, has the same name without.
-  while (path.size() > 1 && path.ends_with('/')) path.pop_back();
-  return '"' + path + '"';
+  return '"' + AbsolutePath(PathOfAddress(arguments[1]), currentDirectory) + '"';
 }
 
 std::string ProgramFolder(const std::string& executableFolder, const std::string& installed,
@@ -138,8 +103,7 @@ InstanceLock::~InstanceLock() {
 PosixProcess::PosixProcess(int count, const char* const* arguments, const std::string& installed,
                            const Environment& environment)
     : environment_(environment), folder_(ProgramFolder(ExecutableLocation(), installed, environment)) {
-  char current[PATH_MAX];
-  commandLine_ = QuotedArgument(count, arguments, getcwd(current, sizeof current) ? current : "/");
+  commandLine_ = QuotedArgument(count, arguments, CurrentDirectoryName(environment));
 }
 
 bool PosixProcess::HasPreviousInstance() {
