@@ -64,11 +64,11 @@ bool Form::CoversScreen() const {
 }
 
 float Form::FrameWidth() const {
-  return Border == BorderStyle::None || CoversScreen() ? 0.0F : 8 * twipsPerPixel;
+  return Border == BorderStyle::None || CoversScreen() ? 0.0F : nominalFrameWidth;
 }
 
 float Form::FrameHeight() const {
-  return Border == BorderStyle::None || CoversScreen() ? 0.0F : 27 * twipsPerPixel;
+  return Border == BorderStyle::None || CoversScreen() ? 0.0F : nominalFrameHeight;
 }
 
 float Form::MenuHeight() const {
@@ -207,6 +207,10 @@ void Form::UserMenuHeight(float height) {
 
 void Form::UserActivate() {
   if (visible_) OnActivate();
+}
+
+void Form::UserDrop(std::vector<std::string> paths) {
+  if (visible_ && Enabled) OnDrop(std::move(paths));
 }
 
 void Form::UserFocus(Control* control) {

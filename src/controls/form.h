@@ -70,6 +70,7 @@ class Form : public Element, public Pointed {
   bool CoversScreen() const;
   // What the frame counts of the outer size, in twips, whatever the window manager draws: so the same form
   // has the same layout everywhere.
+  static constexpr float nominalFrameWidth = 120, nominalFrameHeight = 405;
   float FrameWidth() const;
   float FrameHeight() const;
   // The inner size, below the menu bar, in the units of `Scale`.
@@ -80,6 +81,8 @@ class Form : public Element, public Pointed {
   // Set `cancel` to keep the form.
   Event<bool&> OnQueryUnload, OnUnload;
   Event<int> OnKeyDown;
+  // Files and folders that were dropped on the window, by their paths.
+  Event<std::vector<std::string>> OnDrop;
 
   // Loads the form if it is not: its handlers see the design values. Every first use loads.
   void Load();
@@ -103,6 +106,7 @@ class Form : public Element, public Pointed {
   // The window has become the active one.
   void UserActivate();
   void UserFocus(Control* control);
+  void UserDrop(std::vector<std::string> paths);
 
   // Null when there is none of that name.
   Control* Find(std::string_view name) const;

@@ -71,9 +71,8 @@ void ComeBackTo(App& app, std::string path) {
   }
 }
 
-}  // namespace
-
-void StartDirectorySearch(App& app) {
+// Answers the number of this search.
+std::uint64_t BeginSearch(App& app) {
   WPaper2Window& window = app.WPaper2;
   // One that runs ends here: this one empties its list.
   ++app.searchesBegun;
@@ -81,6 +80,27 @@ void StartDirectorySearch(App& app) {
   window.Pointer = MousePointer::Hourglass;
   window.StatusBar1.SetText(1, "Search Status:");
   window.LstLeft.Clear();
+  return app.searchesBegun;
+}
+
+void NoteSearched(App& app) {
+  app.frmlocatefiles.Hide();
+  app.CommandLineMode = false;
+  app.CurrentImagePath = app.WPaper2.LstRight.Text();
+}
+
+void EndSearch(App& app) {
+  WPaper2Window& window = app.WPaper2;
+  window.StatusBar1.SetText(1, "Current Image:");
+  UpdateStatusBarQuietly(app, app.CurrentImagePath, true);
+  window.Pointer = MousePointer::Default;
+  UpdateEnableState(app);
+}
+
+}  // namespace
+
+void StartDirectorySearch(App& app) {
+  BeginSearch(app);
   app.SelectPictureDirectoryForm.Show(Modality::Modal);
   if (!app.SearchDirectory.empty()) {
     app.frmlocatefiles.Show();
@@ -89,14 +109,29 @@ void StartDirectorySearch(App& app) {
     } else {
       SearchOneDirectory(app);
     }
-    app.frmlocatefiles.Hide();
-    app.CommandLineMode = false;
-    app.CurrentImagePath = window.LstRight.Text();
+    NoteSearched(app);
   }
-  window.StatusBar1.SetText(1, "Current Image:");
-  UpdateStatusBarQuietly(app, app.CurrentImagePath, true);
-  window.Pointer = MousePointer::Default;
-  UpdateEnableState(app);
+  EndSearch(app);
+}
+
+void SearchFolders(App& app, std::vector<std::string> folders) {
+  DirList& directories = app.SelectPictureDirectoryForm.Dir1;
+  const std::string before = directories.Path();
+  const std::uint64_t search = BeginSearch(app);
+  app.frmlocatefiles.Show();
+  for (const std::string& folder : folders) {
+    app.SearchRunning = false;
+    IgnoreError([&] {
+      directories.SetPath(folder);
+      SearchSubFolders(app);
+    });
+    // Cancelled, overtaken, or there is nothing to search for.
+    if (!app.SearchRunning || app.searchesBegun != search) break;
+  }
+  // A newer search has come to its end within this one, and Dir1 is where that left it.
+  if (app.searchesBegun == search) IgnoreError([&] { directories.SetPath(before); });
+  NoteSearched(app);
+  EndSearch(app);
 }
 
 void SearchSubFolders(App& app) {

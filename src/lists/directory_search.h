@@ -1,12 +1,19 @@
 #pragma once
 // The directory search: from the dialog through the walk to the filled Selection list.
 
+#include <string>
+#include <vector>
+
 #include "forms/app.h"
 
 namespace lumidex {
 
 // The whole operation. The Selection list is cleared before the dialog opens, so cancelling leaves it empty.
 void StartDirectorySearch(App& app);
+
+// The trees below these folders, one after the other, as a search that needs no dialog; Dir1 is back where it
+// was at the end.
+void SearchFolders(App& app, std::vector<std::string> folders);
 
 // The tree below Dir1.Path; with no file type ticked it says so. A highlighted row other than the directory
 // itself is only moved to.

@@ -206,6 +206,20 @@ void AddAllToDisplayList(App& app) {
   UpdateEnableState(app);
 }
 
+void AddToDisplayList(App& app, std::vector<std::string> paths) {
+  ListBox& list = app.WPaper2.LstRight;
+  const int first = list.ListCount();
+  IgnoreError([&] {
+    for (const std::string& path : paths) {
+      list.AddItem(path);
+      RaiseCount(app, 1);
+    }
+  });
+  if (list.ListCount() == first) return;
+  SelectDisplayEntry(app, first);
+  UpdateEnableState(app);
+}
+
 void RemoveOneFromDisplayList(App& app) {
   ListBox& display = app.WPaper2.LstRight;
   const int position = display.ListIndex();

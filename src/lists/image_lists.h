@@ -2,6 +2,9 @@
 // The two lists of the main window. Operations change the current entry by selecting it: the list's click,
 // which fires when the selection changes, does the rest.
 
+#include <string>
+#include <vector>
+
 #include "forms/app.h"
 
 namespace lumidex {
@@ -10,6 +13,9 @@ namespace lumidex {
 // Display list takes nothing, and the Selection list keeps what was not taken.
 void AddOneToDisplayList(App& app);
 void AddAllToDisplayList(App& app);
+
+// Puts paths at the end of the Display list, as many as it holds, and brings the first of them up.
+void AddToDisplayList(App& app, std::vector<std::string> paths);
 
 // Drops the selected entry and selects the one before it.
 void RemoveOneFromDisplayList(App& app);

@@ -21,6 +21,7 @@
 #include "forms/frmstats.h"
 #include "imaging/zoom_menu.h"
 #include "lists/directory_search.h"
+#include "lists/dropped_files.h"
 #include "lists/image_lists.h"
 #include "preferences/pages.h"
 #include "preferences/settings_file.h"
@@ -200,6 +201,7 @@ void WireWPaper2(App& app) {
   window.OnUnload = [&](bool&) { Form_Unload(app); };
   window.OnPaint = [&] { app.platform.events.Yield(); };
   window.OnClick = [&] { WPaper2_Click(app); };
+  window.OnDrop = [&](const std::vector<std::string>& paths) { TakeInDropped(app, paths); };
   window.Toolbar1.OnButtonClick = [&](const std::string& key, int) { Toolbar1_ButtonClick(app, key); };
   WireMenu(app);
   WireLists(app);

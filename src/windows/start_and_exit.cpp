@@ -1,5 +1,6 @@
 #include "windows/start_and_exit.h"
 
+#include "base/run_time_error.h"
 #include "forms/SelectPictureDirectoryForm.h"
 #include "forms/WPaper2.h"
 #include "forms/checkjpg.h"
@@ -44,6 +45,25 @@ void ExitProgram(App& app) {
     form->Unload();
   }
   app.platform.events.EndProcess(0);
+}
+
+namespace {
+
+bool HasStood(const App& app) {
+  return app.WPaper2.Visible() || app.WPaper2.WindowActivatedOnce;
+}
+
+}  // namespace
+
+void EndFromOutside(App& app) {
+  if (app.exiting) return;
+  if (!HasStood(app)) app.platform.events.EndProcess(0);
+  app.WPaper2.UserClose();
+}
+
+void SaveBeforeLeaving(App& app) {
+  if (app.exiting || app.CommandLineMode || !HasStood(app)) return;
+  IgnoreError([&] { SaveSettingsAndList(app); });
 }
 
 }  // namespace lumidex

@@ -16,4 +16,11 @@ void SaveSettingsAndList(App& app);
 // still.
 void ExitProgram(App& app);
 
+// The program is to end whatever the user does: as closing the main window ends it. Before that window has
+// stood nothing is saved, since the settings may not have been read by then.
+void EndFromOutside(App& app);
+
+// Saves as the closing of the main window would, reports nothing and goes on.
+void SaveBeforeLeaving(App& app);
+
 }  // namespace lumidex

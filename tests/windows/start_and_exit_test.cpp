@@ -1,5 +1,7 @@
+#include "windows/start_and_exit.h"
 #include "base/run_time_error.h"
 #include "core/default_report.h"
+#include "core/paths.h"
 #include "forms/SelectPictureDirectoryForm.h"
 #include "forms/WPaper2.h"
 #include "forms/checkjpg.h"
@@ -156,6 +158,57 @@ TEST_F(StartAndExit, Closing_the_window_in_command_line_mode_ends_at_once) {
   StartWith("C:\\a.bmp");
   EXPECT_EQ(ExitCodeOf([&] { app.WPaper2.UserClose(); }), 0);
   EXPECT_TRUE(app.frmPreferences.IsLoaded()) << "nothing was unloaded";
+}
+
+TEST_F(StartAndExit, An_end_from_outside_is_that_of_closing_the_window) {
+  Start();
+  EXPECT_EQ(ExitCodeOf([&] { EndFromOutside(app); }), 0);
+  EXPECT_TRUE(FileExists(app, "C:\\Lumidex\\Lumidex.Cfg"));
+  for (Form* form : app.Forms()) EXPECT_FALSE(form->IsLoaded()) << form->Name();
+}
+
+TEST_F(StartAndExit, An_end_from_outside_reaches_a_hidden_window_too) {
+  Start();
+  app.WPaper2.Hide();
+  EXPECT_EQ(ExitCodeOf([&] { EndFromOutside(app); }), 0);
+  EXPECT_TRUE(FileExists(app, "C:\\Lumidex\\Lumidex.Cfg"));
+}
+
+TEST_F(StartAndExit, An_end_from_outside_saves_nothing_in_command_line_mode) {
+  platform.files.AddFile("C:\\a.bmp", BitmapFile(40, 30));
+  StartWith("C:\\a.bmp");
+  SaveBeforeLeaving(app);
+  EXPECT_EQ(ExitCodeOf([&] { EndFromOutside(app); }), 0);
+  EXPECT_FALSE(FileExists(app, "C:\\Lumidex\\Lumidex.Cfg"));
+}
+
+TEST_F(StartAndExit, An_end_from_outside_before_the_window_has_stood_leaves_the_settings_alone) {
+  // The preferences load before the settings are read, and serve events.
+  WireWindows(app);
+  bool wasAsked = false;
+  platform.events.OnYield = [&] {
+    if (wasAsked) return;
+    wasAsked = true;
+    EXPECT_FALSE(app.WPaper2.Visible());
+    SaveBeforeLeaving(app);
+    EndFromOutside(app);
+  };
+  EXPECT_EQ(ExitCodeOf([&] { app.WPaper2.Load(); }), 0);
+  EXPECT_TRUE(wasAsked);
+  EXPECT_FALSE(FileExists(app, "C:\\Lumidex\\Lumidex.Cfg"));
+}
+
+TEST_F(StartAndExit, Saving_before_leaving_goes_on_without_a_word) {
+  Start();
+  app.WPaper2.LstRight.AddItem("C:\\a.bmp");
+  app.WPaper2.lblCount.Caption = "1";
+  SaveBeforeLeaving(app);
+  EXPECT_TRUE(FileExists(app, "C:\\Lumidex\\Lumidex.Cfg"));
+  EXPECT_TRUE(FileExists(app, "C:\\Lumidex\\Lumidex.Lst"));
+  EXPECT_TRUE(app.WPaper2.Visible());
+  platform.files.SetFreeBytes(0);
+  SaveBeforeLeaving(app);
+  EXPECT_TRUE(platform.dialogs.messages.empty());
 }
 
 TEST_F(StartAndExit, The_exit_item_in_command_line_mode_freezes_the_program) {
