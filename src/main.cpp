@@ -15,6 +15,7 @@
 #include "platform/qt/early_fonts.h"
 #include "platform/qt/qt_desktop.h"
 #include "platform/qt/session_bus.h"
+#include "windows/start_and_exit.h"
 #include "windows/windows.h"
 
 int main(int argc, char** argv) {
@@ -44,6 +45,7 @@ int main(int argc, char** argv) {
   app.WPaper2.mnuFileBatchConvertImages.Visible = true;
   app.WPaper2.KeepDesign();
   if (early.IsOnItsWay()) desktop.AwaitPicture();
+  desktop.OnEnd([&app] { EndFromOutside(app); }, [&app] { SaveBeforeLeaving(app); });
   RunEvent(app, [&app] { app.WPaper2.Load(); });
   desktop.Run();
 }

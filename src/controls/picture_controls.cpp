@@ -13,16 +13,20 @@ std::optional<std::string> PictureBox::ReadProperty(std::string_view name) {
   return Control::ReadProperty(name);
 }
 
-float PictureBox::Inside(float length) const {
+float PictureBox::Inside(float start, float length) const {
+  const float unit = TwipsPerOuterUnit();
   const float border = this->Border == BorderStyle::None ? 0.0F : BorderWidth;
-  return std::max(0.0F, length * TwipsPerOuterUnit() - 2 * border) / TwipsPerUnit(Scale);
+  if (Scale == ScaleMode::Pixels) {
+    return Owner().GetPlatform().windows.PixelsInside(Owner().hwnd(), start * unit, length * unit, border);
+  }
+  return std::max(0.0F, length * unit - 2 * border) / TwipsPerUnit(Scale);
 }
 
 float PictureBox::ScaleWidth() const {
-  return Inside(Width);
+  return Inside(Left, Width);
 }
 float PictureBox::ScaleHeight() const {
-  return Inside(Height);
+  return Inside(Top, Height);
 }
 
 }  // namespace lumidex

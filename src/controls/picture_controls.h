@@ -38,11 +38,12 @@ class PictureBox final : public PointedControl {
   // The unit of the inner size, and of what stands inside.
   Property<ScaleMode> Scale{*this, "ScaleMode", ScaleMode::Twips};
   ScaleMode InnerScale() const override { return Scale; }
+  // The inner size; in pixels it is that of the screen's own.
   float ScaleWidth() const;
   float ScaleHeight() const;
 
  private:
-  float Inside(float length) const;
+  float Inside(float start, float length) const;
 };
 
 }  // namespace lumidex

@@ -1,6 +1,7 @@
 #pragma once
 // Controls that show or take text: labels, text boxes, frames.
 
+#include "controls/border_style.h"
 #include "controls/pointed.h"
 
 namespace lumidex {
@@ -15,6 +16,7 @@ class Label final : public PointedControl {
   // Red in the low byte; -1 is the desktop's own colour.
   Property<std::int32_t> ForeColor{*this, "ForeColor", -1};
   Property<std::int32_t> BackColor{*this, "BackColor", -1};
+  Property<BorderStyle> Border{*this, "BorderStyle", BorderStyle::None};
 };
 
 class TextBox final : public Control {

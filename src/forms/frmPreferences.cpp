@@ -88,6 +88,8 @@ void frmPreferencesWindow::DesignScreenOptions() {
        {-1, 0xE0E0E0, 0x00FF00, 0x00FFFF, 0xFF0000, 0xFFFF00, 0x0000FF, 0xFF00FF}) {
     lblWPaper2Color(index++).BackColor = color;
   }
+  // The plain colour is what a first start shows.
+  lblWPaper2Color(0).Border = BorderStyle::FixedSingle;
   cmdMenuSelect.Enabled = false;
 }
 

@@ -11,14 +11,9 @@
 namespace lumidex {
 
 DecodingService::DecodingService(const FileSystem& files, std::size_t budget)
-    : files_(files), budget_(budget), toDevice_([](Size size) { return size; }) {}
+    : files_(files), budget_(budget) {}
 
 DecodingService::~DecodingService() = default;
-
-void DecodingService::SetDeviceSize(ShownSize toDevice) {
-  const std::scoped_lock lock(mutex_);
-  toDevice_ = std::move(toDevice);
-}
 
 std::unique_ptr<DecodingService::Showing> DecodingService::Show(const Picture& picture, Size size,
                                                                 DecodingPriority priority, Ready ready) {

@@ -40,7 +40,7 @@ enum class DecodingExtent { Header, AtLeast, Shown, Full };
 
 class DecodingService {
  public:
-  // The size in the program's pixels at which a picture of that full size will be shown; called on any
+  // The size in device pixels at which a picture of that full size will be shown; called on any
   // thread.
   using ShownSize = std::function<Size(Size full)>;
   struct Wish {
@@ -80,9 +80,6 @@ class DecodingService {
   Picture Find(const std::string& path, std::uint64_t stamp, const DecoderOptions& decoder);
   // Of a file that somebody goes through; nothing when nobody does.
   std::optional<DecodingState> StateOf(const std::string& path) const;
-
-  // How the window system makes device pixels of the program's; at the beginning they are the same.
-  void SetDeviceSize(ShownSize toDevice);
 
   // Does the next piece of work; false when there is none. Neighbours are left alone unless the program
   // idles. May be called by several threads at once.
@@ -130,7 +127,6 @@ class DecodingService {
 
   mutable std::mutex mutex_;
   bool ends_ = false;
-  ShownSize toDevice_;
   std::vector<std::shared_ptr<Order>> orders_;     // waiting and running, the oldest first
   std::vector<std::shared_ptr<Record>> records_;   // of the clients
   std::vector<std::shared_ptr<Reading>> running_;  // of any client, also of one that has gone

@@ -232,7 +232,6 @@ std::shared_ptr<DecodingService::Reading> DecodingService::NextOf(Record& record
     auto reading = std::make_shared<Reading>();
     reading->extent = record.wish.extent;
     reading->shown = record.wish.shown;
-    reading->toDevice = toDevice_;
     reading->opened.path = path;
     reading->opened.decoder = record.wish.decoder;
     reading->place = record.next - 1;
@@ -274,7 +273,6 @@ bool DecodingService::DecodeAhead(Reading& reading) {
   Size size;
   if (extent != DecodingExtent::Full)
     size = reading.shown ? reading.shown(picture.GetSize()) : picture.GetSize();
-  if (extent == DecodingExtent::Shown) size = reading.toDevice(size);
   {
     const std::scoped_lock lock(mutex_);
     reading.estimate = 0;

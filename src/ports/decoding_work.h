@@ -25,7 +25,7 @@ struct DecodingService::Order {
 struct DecodingService::Reading {
   // From its beginning on the same.
   DecodingExtent extent = DecodingExtent::Header;
-  ShownSize shown, toDevice;
+  ShownSize shown;
   std::stop_source stop;
 
   OpenedPicture opened;  // the picture comes with the state HeaderKnown

@@ -23,6 +23,9 @@ class WindowControl {
   virtual WindowHandle GetFocus() = 0;
   // In twips, in the window's own font.
   virtual float TextWidth(WindowHandle window, std::string_view text) = 0;
+  // How many pixels of the screen fit into a box in the window along one side, The box begins at
+  // `start` and is `length` long, and its frame takes `border` off at both ends, all in twips.
+  virtual float PixelsInside(WindowHandle window, float start, float length, float border) = 0;
   // Size of the screen that the window stands on, in twips.
   virtual float ScreenWidth() = 0;
   virtual float ScreenHeight() = 0;

@@ -29,6 +29,11 @@ void SetWindowColor(App& app, std::int16_t index) {
     PaintGradient(app.WPaper2, red, green, blue);
   }
   app.ColorMNU = index;
+  // The chosen one is marked.
+  for (int swatch = 0; swatch <= 7; ++swatch) {
+    app.frmPreferences.lblWPaper2Color(swatch).Border =
+        swatch == index ? BorderStyle::FixedSingle : BorderStyle::None;
+  }
 }
 
 }  // namespace lumidex

@@ -32,6 +32,10 @@ COLOURS = {
 }
 
 
+def installed(manager):
+    return shutil.which(MANAGERS[manager][0]) is not None
+
+
 class Failure(Exception):
     """What a run found wrong, in words for a person."""
 
@@ -75,7 +79,7 @@ class Desktop:
         self.environment = {
             "PATH": os.environ["PATH"], "HOME": self.home, "XDG_RUNTIME_DIR": runtime, "LANG": "C.UTF-8",
             "XDG_CURRENT_DESKTOP": "KDE", "KDE_SESSION_VERSION": "5", "QT_QPA_PLATFORM": "xcb",
-            "QT_SCALE_FACTOR": f"{scale:g}", "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1", "NO_AT_BRIDGE": "0",
+            "QT_SCALE_FACTOR": f"{scale:g}", "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1",
         }
         for name in ("ASAN_OPTIONS", "LSAN_OPTIONS", "UBSAN_OPTIONS", "FONTCONFIG_FILE"):
             if name in os.environ:

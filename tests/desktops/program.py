@@ -79,7 +79,8 @@ class Window:
 class Program:
     """A copy of the program of its own: its settings and lists lie beside it."""
 
-    def __init__(self, desktop, executable, *arguments, tips=False):
+    def __init__(self, desktop, executable, *arguments, folder=None):
+        """`folder` is where it is started."""
         self.desktop = desktop
         self.folder = os.path.join(desktop.home, "program")
         os.makedirs(self.folder, exist_ok=True)
@@ -90,7 +91,8 @@ class Program:
             except OSError:
                 shutil.copy(executable, copy)
         self.log = open(os.path.join(desktop.home, "program.log"), "wb")
-        self.process = desktop.start([copy, *arguments], stdout=self.log, stderr=subprocess.STDOUT, cwd=desktop.home)
+        self.process = desktop.start([copy, *arguments], stdout=self.log, stderr=subprocess.STDOUT,
+                                     cwd=folder or desktop.home)
 
     def main(self, seconds=60):
         return self.window(MAIN, seconds)

@@ -204,8 +204,6 @@ TEST_F(DecodingAhead, A_picture_is_decoded_for_the_size_it_will_be_shown_at) {
   };
   EXPECT_EQ(read("/photo.jpg").HeldBytes(), 200U * 100 * 4);
   EXPECT_EQ(read("/scan.bmp").HeldBytes(), 200U * 100 * 4);
-  roomy.SetDeviceSize([](Size size) { return Size{size.width * 3 / 2, size.height * 3 / 2}; });
-  EXPECT_EQ(read("/photo.jpg").HeldBytes(), 300U * 150 * 4);
 }
 
 TEST_F(DecodingAhead, Looking_for_another_picture_makes_all_work_give_way) {

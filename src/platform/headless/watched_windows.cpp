@@ -91,6 +91,10 @@ WindowHandle WatchedWindows::GetFocus() {
   return control ? control->hwnd() : 0;
 }
 
+float WatchedWindows::PixelsInside(WindowHandle, float, float length, float border) {
+  return std::max(0.0F, length - 2 * border) / twipsPerPixel;
+}
+
 float WatchedWindows::TextWidth(WindowHandle, std::string_view text) {
   constexpr float characterTwips = 6 * twipsPerPixel;
   return static_cast<float>(Len(text)) * characterTwips;

@@ -21,6 +21,8 @@ class WatchedWindows final : public WindowControl {
                             std::intptr_t lParam) override;
   WindowHandle GetFocus() override;
   float TextWidth(WindowHandle window, std::string_view text) override;
+  // Of 15 twips each, and not whole ones.
+  float PixelsInside(WindowHandle window, float start, float length, float border) override;
   float ScreenWidth() override { return screenWidth; }
   float ScreenHeight() override { return screenHeight; }
 

@@ -18,6 +18,7 @@
 #include <utility>
 
 #include "base/start_thread.h"
+#include "platform/qt/end_requests.h"
 
 namespace lumidex {
 namespace {
@@ -71,6 +72,7 @@ void QtEventQueue::RunUntil(const std::function<bool()>& done) {
 }
 
 void QtEventQueue::Stall() {
+  if (EndRequests::IsAsked()) EndProcess(0);
   QThread::msleep(50);
 }
 

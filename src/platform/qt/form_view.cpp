@@ -6,10 +6,14 @@
 #include <QPainter>
 #include <QPushButton>
 #include <QScreen>
+#include <QVBoxLayout>
 #include <QWindow>
+#include <algorithm>
 
 #include "base/run_time_error.h"
 #include "controls/buttons.h"
+#include "platform/qt/accessibility.h"
+#include "platform/qt/content_area.h"
 #include "platform/qt/conversions.h"
 #include "platform/qt/form_views.h"
 #include "platform/qt/guarded.h"
@@ -24,6 +28,7 @@ FormView::FormView(FormViews& views, Form& form, Qt::WindowFlags flags)
       pushes_(form.GetPlatform().events),
       background_(form.GetPlatform(), [this] { update(); }) {
   setObjectName(ToQt(form.Name()));
+  SetAccessibleRole(*this, flags.testFlag(Qt::Dialog) ? QAccessible::Dialog : QAccessible::Window);
   if (form.Border == BorderStyle::None) setWindowFlag(Qt::FramelessWindowHint);
   new PointerWatch(*this, form, this, this);
   requests_ = form.Requested.Connect([this](FormRequest request) { CarryOut(request); });
@@ -49,7 +54,6 @@ void FormView::ControlWent(const Control& control) {
 
 Mirror* FormView::Follow(Control& control, QWidget* widget, std::function<void()> push, Showing showing) {
   widget->setObjectName(ToQt(control.Name()));
-  if (widget->accessibleName().isEmpty()) widget->setAccessibleName(widget->objectName());
   widgets_[&control].widget = widget;
   widget->installEventFilter(this);
   return new Mirror(pushes_, control, widget,
@@ -147,14 +151,7 @@ void FormView::FollowVisibility() {
   setWindowModality(form_.IsModal() ? Qt::ApplicationModal : Qt::NonModal);
   pushes_.Flush();
   ShowState();
-  // Told to the form by the resize event that comes with the showing.
-  if (form_.State == WindowState::Normal) resize(size().boundedTo(screen()->availableSize()));
-  if (QWidget* before = views_.DialogParent(); before && before != this && windowType() == Qt::Dialog) {
-    winId();
-    windowHandle()->setTransientParent(before->window()->windowHandle());
-    const QPoint middle = before->window()->geometry().center();
-    if (!testAttribute(Qt::WA_Moved)) move(middle - rect().center());
-  }
+  Place();
   if (views_.IsTopmost(form_)) {
     winId();
     windowHandle()->setFlag(Qt::WindowStaysOnTopHint);
@@ -164,6 +161,49 @@ void FormView::FollowVisibility() {
     resize(form_.CoversScreen() ? screen()->size() : screen()->availableSize());
   }
   ShowInState();
+}
+
+void FormView::Place() {
+  if (!std::exchange(wasPlaced_, true)) placesItself_ = testAttribute(Qt::WA_Moved);
+  QWidget* before = views_.DialogParent();
+  if (before == this) before = nullptr;
+  QScreen* on = before ? before->screen() : screen();
+  const QSize room = on->availableSize() - frameAllowance;
+  FitContent(room);
+  // Told to the form by the resize event that comes with the showing.
+  if (form_.State == WindowState::Normal) resize(size().boundedTo(room));
+  if (!before || windowType() != Qt::Dialog) return;
+  QWindow* parent = before->window()->windowHandle();
+  setScreen(on);
+  winId();
+  windowHandle()->setTransientParent(parent);
+  if (placesItself_ || !parent) return;
+  // Its own frame is known only when it stands.
+  const QSize outer = size().grownBy(parent->frameMargins());
+  const QRect all = on->availableGeometry();
+  QRect place(QPoint(0, 0), outer);
+  place.moveCenter(before->window()->frameGeometry().center());
+  place.moveRight(std::min(place.right(), all.right()));
+  place.moveBottom(std::min(place.bottom(), all.bottom()));
+  place.moveLeft(std::max(place.left(), all.left()));
+  place.moveTop(std::max(place.top(), all.top()));
+  move(place.topLeft());
+}
+
+void FormView::FitContent(const QSize& room) {
+  if (SizeComesFromForm() || !layout()) return;
+  const QSize least = layout()->totalMinimumSize();
+  if (least.width() > room.width() || least.height() > room.height()) {
+    auto* content = new QWidget;
+    content->setLayout(layout());
+    auto* rows = new QVBoxLayout(this);
+    rows->setContentsMargins(0, 0, 0, 0);
+    rows->addWidget(new ContentArea(content, this));
+  }
+  if (testAttribute(Qt::WA_Resized)) return;
+  QSize wanted = sizeHint();
+  if (layout()->hasHeightForWidth()) wanted.setHeight(layout()->totalHeightForWidth(wanted.width()));
+  resize(wanted);
 }
 
 bool FormView::event(QEvent* event) {

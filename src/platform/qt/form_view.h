@@ -94,6 +94,11 @@ class FormView : public QWidget {
   void PushBackground();
   void PushSize();
   void ShowInState();
+  // Before the window is shown: in the size that its content asks for, in the middle of the window that it
+  // comes from, and within the screen.
+  void Place();
+  // `room` is what the screen has for the content, in logical pixels; more is scrolled.
+  void FitContent(const QSize& room);
   void CarryOut(FormRequest request);
   void TellSize(const QSize& size);
   // A minimised window that its form has hidden stays in the task bar when the user could not call it back
@@ -119,6 +124,8 @@ class FormView : public QWidget {
   std::vector<DrawnBand> shownDrawing_;
   bool ignoresActivation_ = true;
   bool pushing_ = false;
+  bool wasPlaced_ = false;
+  bool placesItself_ = false;  // the form or the view says where the window stands
 };
 
 // The classic virtual key code of a key press: 13 Enter, 37 to 40 the arrows; 0 when there is none.

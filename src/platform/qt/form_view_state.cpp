@@ -92,6 +92,7 @@ void FormView::PushSize() {
   }
   if (state == WindowState::Normal && FormPlace() != shownPlace_) {
     shownPlace_ = FormPlace();
+    placesItself_ = wasPlaced_ = true;
     move(GetUnits().Pixels(form_.Left), GetUnits().Pixels(form_.Top));
   }
   pushing_ = false;

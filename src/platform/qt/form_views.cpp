@@ -1,11 +1,16 @@
 #include "platform/qt/form_views.h"
 
 #include <QApplication>
+#include <QScreen>
 #include <QWindow>
+
+#include "platform/qt/accessibility.h"
 
 namespace lumidex {
 
-FormViews::FormViews(Factory factory) : factory_(std::move(factory)) {}
+FormViews::FormViews(Factory factory) : factory_(std::move(factory)) {
+  InstallAccessibleRoles();
+}
 
 FormViews::~FormViews() {
   Close();
@@ -38,7 +43,10 @@ void FormViews::GiveBack(std::unique_ptr<FormView> view) {
 }
 
 const Units& FormViews::GetUnits() {
-  if (!units_) units_ = std::make_unique<Units>(Units::For(QApplication::font()));
+  if (!units_) {
+    const QSize room = QGuiApplication::primaryScreen()->availableSize() - frameAllowance;
+    units_ = std::make_unique<Units>(Units::For(QApplication::font(), room));
+  }
   return *units_;
 }
 

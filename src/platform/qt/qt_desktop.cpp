@@ -2,18 +2,19 @@
 
 #include <QApplication>
 #include <QTimer>
+#include <optional>
 
 #include "forms/frmSplash.h"
 #include "platform/qt/artwork.h"
 #include "platform/qt/clipboard.h"
 #include "platform/qt/clock.h"
 #include "platform/qt/dialogs.h"
+#include "platform/qt/end_requests.h"
 #include "platform/qt/event_queue.h"
 #include "platform/qt/form_views.h"
 #include "platform/qt/missing_services.h"
 #include "platform/qt/popup.h"
 #include "platform/qt/tray.h"
-#include "platform/qt/units.h"
 #include "platform/qt/views/view_factory.h"
 #include "platform/qt/window_control.h"
 
@@ -47,17 +48,7 @@ struct QtDesktop::Parts {
     };
     // What can wait until the first window stands.
     later.setSingleShot(true);
-    QObject::connect(&later, &QTimer::timeout, [&decoding = system.decoding] {
-      QApplication::setWindowIcon(ApplicationIcon());
-      // As the picture area places what stands in it.
-      const Units units = Units::For(QApplication::font());
-      decoding.SetDeviceSize([units, ratio = qApp->devicePixelRatio()](Size size) {
-        const QSize box(units.Pixels(double{twipsPerPixel} * size.width),
-                        units.Pixels(double{twipsPerPixel} * size.height));
-        const QSize device = (QSizeF(box) * ratio).toSize();
-        return Size{device.width(), device.height()};
-      });
-    });
+    QObject::connect(&later, &QTimer::timeout, [] { QApplication::setWindowIcon(ApplicationIcon()); });
     later.start(0);
   }
 
@@ -74,6 +65,7 @@ struct QtDesktop::Parts {
   QtTray tray;
   NoBrowser browser;
   Platform platform;
+  std::optional<EndRequests> ends;
 };
 
 QtDesktop::QtDesktop(int& argc, char** argv, const SystemPorts& system)
@@ -104,6 +96,13 @@ void QtDesktop::BeforeEnd(std::function<void()> work) {
 
 void QtDesktop::AwaitPicture() {
   parts_->views.AwaitPicture();
+}
+
+void QtDesktop::OnEnd(std::function<void()> end, std::function<void()> save) {
+  const auto guarded = [&events = parts_->events](std::function<void()> work) {
+    return [&events, work = std::move(work)] { events.Post(work); };
+  };
+  parts_->ends.emplace(guarded(std::move(end)), std::move(save));
 }
 
 void QtDesktop::Run() {

@@ -43,6 +43,9 @@ class QtDesktop final {
   void BeforeEnd(std::function<void()> work);
   // To be called when a picture is shown as soon as the program stands.
   void AwaitPicture();
+  // What the program does when it is to end from outside, and when it is only to save
+  // (platform/qt/end_requests.h).
+  void OnEnd(std::function<void()> end, std::function<void()> save);
   // Serves events until the program ends the process.
   [[noreturn]] void Run();
 

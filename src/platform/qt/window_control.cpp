@@ -3,6 +3,8 @@
 #include <QApplication>
 #include <QFontMetrics>
 #include <QScreen>
+#include <algorithm>
+#include <cmath>
 
 #include "platform/qt/conversions.h"
 
@@ -45,6 +47,17 @@ float QtWindowControl::TextWidth(WindowHandle window, std::string_view text) {
   const FormView* view = views_.ViewOf(window);
   const QFontMetrics metrics(view ? view->font() : QApplication::font());
   return views_.GetUnits().Twips(metrics.horizontalAdvance(ToQt(text)));
+}
+
+float QtWindowControl::PixelsInside(WindowHandle window, float start, float length, float border) {
+  const FormView* view = views_.ViewOf(window);
+  const Units& units = view ? view->GetUnits() : views_.GetUnits();
+  const double ratio = view ? view->devicePixelRatioF() : qApp->devicePixelRatio();
+  const int inside =
+      units.Pixels(double{start} + double{length}) - units.Pixels(start) - 2 * units.Pixels(border);
+  // At a ratio between whole numbers a box may begin within a pixel.
+  const double cut = ratio == std::floor(ratio) ? 0.0 : 0.5;
+  return static_cast<float>(std::max(0.0, std::floor(inside * ratio - cut)));
 }
 
 float QtWindowControl::ScreenWidth() {

@@ -19,6 +19,8 @@ class QtWindowControl final : public WindowControl {
                             std::intptr_t lParam) override;
   WindowHandle GetFocus() override;
   float TextWidth(WindowHandle window, std::string_view text) override;
+  // Whole pixels; those that the window's edges cut do not count.
+  float PixelsInside(WindowHandle window, float start, float length, float border) override;
   float ScreenWidth() override;
   float ScreenHeight() override;
 

@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
+#include <cmath>
 
 #include "platform/qt/conversions.h"
 #include "platform/qt/mirrors/mirrors.h"
@@ -51,13 +52,21 @@ QWidget* MakeWidget(FormView& view, Control& control, QWidget* parent) {
 }
 
 QRect PlaceOf(const FormView& view, const Control& control) {
-  const Units& units = view.GetUnits();
-  const double unit = double{control.TwipsPerOuterUnit()};
+  const auto pixels = [&](double length) {
+    if (IsMeasuredInScreenPixels(control))
+      return static_cast<int>(std::lround(length / view.devicePixelRatioF()));
+    return view.GetUnits().Pixels(length * double{control.TwipsPerOuterUnit()});
+  };
   // Both edges are rounded, not the length, so that neighbours meet without gaps.
-  const int left = units.Pixels(unit * control.Left);
-  const int top = units.Pixels(unit * control.Top);
-  return {left, top, units.Pixels(unit * (control.Left + control.Width)) - left,
-          units.Pixels(unit * (control.Top + control.Height)) - top};
+  const int left = pixels(double{control.Left});
+  const int top = pixels(double{control.Top});
+  return {left, top, pixels(double{control.Left} + double{control.Width}) - left,
+          pixels(double{control.Top} + double{control.Height}) - top};
+}
+
+bool IsMeasuredInScreenPixels(const Control& control) {
+  const Control* container = control.Container;
+  return container && container->InnerScale() == ScaleMode::Pixels;
 }
 
 Mirror* FollowGeometry(FormView& view, Control& control, QWidget* widget) {

@@ -4,6 +4,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 
+#include "platform/qt/accessibility.h"
 #include "platform/qt/artwork.h"
 #include "platform/qt/conversions.h"
 #include "platform/qt/mirrors/mirrors.h"
@@ -68,6 +69,7 @@ QRadioButton* MakeOptionButton(FormView& view, OptionButton& control, QWidget* p
   auto* button = new QRadioButton(parent);
   // The control clears its group itself, and its group need not share a parent widget.
   button->setAutoExclusive(false);
+  SetAccessibleRole(*button, QAccessible::RadioButton);
   Mirror* mirror = view.Follow(control, button, [&control, button] {
     ShowCaption(*button, control.Caption);
     button->setChecked(control.Value);

@@ -1,5 +1,6 @@
 #include "platform/qt/mirrors/image_view.h"
 
+#include "platform/qt/accessibility.h"
 #include "platform/qt/artwork.h"
 #include "platform/qt/conversions.h"
 
@@ -7,6 +8,19 @@ namespace lumidex {
 namespace {
 
 constexpr int millisecondsUntilBusySign = 500;
+
+// Light enough to be no part of a picture.
+QBrush Checkerboard() {
+  constexpr int cell = 8;
+  QImage two(2 * cell, 2 * cell, QImage::Format_RGB32);
+  two.fill(QColor(255, 255, 255));
+  QPainter painter(&two);
+  for (const QPoint at : {QPoint(cell, 0), QPoint(0, cell)}) {
+    painter.fillRect(QRect(at, QSize(cell, cell)), QColor(224, 224, 224));
+  }
+  painter.end();
+  return two;
+}
 
 // What is no larger than the cell of a page waits behind the pictures that people look at.
 DecodingPriority PriorityOf(const QSize& size) {
@@ -20,6 +34,7 @@ ImageView::ImageView(Platform& platform, PushQueue& pushes, QWidget* parent)
     : PaintedWidget(parent),
       shown_(platform, [this] { TakeWhatCame(); }),
       ask_(new Mirror(pushes, this, [this] { Ask(); })) {
+  SetAccessibleRole(*this, QAccessible::Graphic);
   hide();
   untilBusy_.setObjectName(QStringLiteral("untilBusySign"));
   untilBusy_.setSingleShot(true);
@@ -45,6 +60,25 @@ void ImageView::Place(const QRect& place) {
   AskSoon();
 }
 
+void ImageView::PlaceOnDevice(const QRect& pixels) {
+  if (wantedPixels_ == pixels) return;
+  wantedPixels_ = pixels;
+  AskSoon();
+}
+
+QRect ImageView::WantedPlace() const {
+  if (!wantedPixels_) return place_.value_or(geometry());
+  const qreal ratio = devicePixelRatioF();
+  return QRectF(QPointF(wantedPixels_->topLeft()) / ratio, QSizeF(wantedPixels_->size()) / ratio)
+      .toAlignedRect();
+}
+
+void ImageView::TakePlace() {
+  if (pixels_ != wantedPixels_) update();
+  pixels_ = wantedPixels_;
+  setGeometry(WantedPlace());
+}
+
 void ImageView::ShowArtwork(const std::string& name) {
   artwork_ = ToImage(ArtworkPicture(name + ".png"));
 }
@@ -63,12 +97,13 @@ QRect ImageView::BoxIn(const QSize& size, const Picture& picture) const {
 void ImageView::Ask() {
   const QRect place = WantedPlace();
   // The same picture at another size is there already, if not quite as sharp as it will be.
-  if (shown_.Painted() == picture_ || !isVisible()) setGeometry(place);
+  if (shown_.Painted() == picture_ || !isVisible()) TakePlace();
   // What nobody sees is not decoded.
   if (!isVisible()) return;
-  const QSize box = BoxIn(place.size(), picture_).size();
   ratio_ = devicePixelRatioF();
-  shown_.Want(picture_, (QSizeF(box) * ratio_).toSize(), PriorityOf(place.size()));
+  const QSize box = wantedPixels_ ? wantedPixels_->size()
+                                  : (QSizeF(BoxIn(place.size(), picture_).size()) * ratio_).toSize();
+  shown_.Want(picture_, box, PriorityOf(place.size()));
   if (!shown_.IsWaiting()) return;
   if (!untilBusy_.isActive() && !busy_) untilBusy_.start();
 }
@@ -76,7 +111,7 @@ void ImageView::Ask() {
 void ImageView::TakeWhatCame() {
   untilBusy_.stop();
   delete busy_;
-  setGeometry(WantedPlace());
+  TakePlace();
   update();
   if (onShown) onShown();
 }
@@ -96,6 +131,14 @@ void ImageView::resizeEvent(QResizeEvent* event) {
   AskSoon();
 }
 
+void ImageView::PaintOnDevice(QPainter& painter) {
+  // The parent's corner can lie within a pixel of the screen, the picture's does not.
+  const QPoint corner = painter.deviceTransform().map(QPointF(-pos())).toPoint();
+  const QRectF box = painter.deviceTransform().inverted().mapRect(QRectF(pixels_->translated(corner)));
+  painter.setBrushOrigin(box.topLeft());
+  shown_.Paint(painter, box, Checkerboard());
+}
+
 void ImageView::Paint() {
   // The window may have come to another screen.
   if (ratio_ != devicePixelRatioF()) AskSoon();
@@ -105,7 +148,11 @@ void ImageView::Paint() {
     painter.drawImage(rect(), artwork_);
     return;
   }
-  shown_.Paint(painter, BoxIn(size(), shown_.Painted()));
+  if (pixels_) {
+    PaintOnDevice(painter);
+  } else {
+    shown_.Paint(painter, BoxIn(size(), shown_.Painted()));
+  }
 }
 
 }  // namespace lumidex

@@ -22,6 +22,9 @@ class ImageView final : public PaintedWidget {
   // The box. A picture that is on its way takes its place when it is there; until then the one before keeps
   // its own.
   void Place(const QRect& place);
+  // The same in pixels of the screen, counted from the parent's corner: a picture of that very size has one
+  // of its pixels on each. Transparent places show a checkerboard.
+  void PlaceOnDevice(const QRect& pixels);
   // A drawn picture of the program's own: it fills the widget and keeps its transparent places.
   void ShowArtwork(const std::string& name);
   // True while the picture that it was given last is on its way.
@@ -41,13 +44,17 @@ class ImageView final : public PaintedWidget {
   void AskSoon() { ask_->MarkChanged(); }
   void Ask();
   void TakeWhatCame();
-  QRect WantedPlace() const { return place_.value_or(geometry()); }
+  QRect WantedPlace() const;
+  void TakePlace();
   QRect BoxIn(const QSize& size, const Picture& picture) const;
+  void PaintOnDevice(QPainter& painter);
   void ShowBusySign();
 
   Picture picture_;
   bool stretch_ = false;
   std::optional<QRect> place_;
+  // Pixels of the screen: the box that is wanted, and that of what is painted; none where the widget is it.
+  std::optional<QRect> wantedPixels_, pixels_;
   qreal ratio_ = 0;  // of device pixels, as it was asked for
   ShownPicture shown_;
   // Picture and place change one after the other: what is wanted is asked for once they both have.

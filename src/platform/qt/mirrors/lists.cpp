@@ -7,6 +7,7 @@
 #include <memory>
 
 #include "base/text.h"
+#include "platform/qt/accessibility.h"
 #include "platform/qt/conversions.h"
 #include "platform/qt/mirrors/mirrors.h"
 #include "platform/qt/mirrors/row_list.h"
@@ -93,6 +94,7 @@ RowList* MakeListBox(FormView& view, ListBox& control, QWidget* parent) {
 
 QComboBox* MakeDriveList(FormView& view, DriveList& control, QWidget* parent) {
   auto* box = new QComboBox(parent);
+  SetAccessibleRole(*box, QAccessible::ComboBox);
   const auto drives = std::make_shared<std::vector<std::string>>();
   Mirror* mirror = view.Follow(control, box, [&control, box, drives] {
     const QSignalBlocker quiet(box);

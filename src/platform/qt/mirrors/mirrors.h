@@ -65,7 +65,8 @@ QWidget* MakeGrid(FormView& view, Grid& control, QWidget* parent);
 QWidget* MakeAnimation(FormView& view, Animation& control, QWidget* parent);
 QWidget* MakeImageControl(FormView& view, Gvbox& control, QWidget* parent);
 QWidget* MakeImage(FormView& view, ImageBox& control, QWidget* parent);
-// Its box follows the control's, together with its picture.
+// Its box follows the control's, together with its picture: to the pixel of the screen where its container is
+// measured in those.
 void PlaceImage(FormView& view, ImageBox& control);
 QWidget* MakePictureBox(FormView& view, PictureBox& control, QWidget* parent);
 
@@ -77,6 +78,8 @@ QMenuBar* MakeMenuBar(FormView& view);
 // One of its menus to pop up by itself.
 QMenu* MakePopup(FormView& view, MenuItem& root);
 
+// Whether the control's position counts the screen's own pixels, as inside a picture box with that scale.
+bool IsMeasuredInScreenPixels(const Control& control);
 // Where the control stands in its container, in the view's pixels.
 QRect PlaceOf(const FormView& view, const Control& control);
 // Position and size in the view's pixels follow those of the control inside its container.

@@ -2,7 +2,9 @@
 
 #include <QPainter>
 #include <QTimer>
+#include <cmath>
 
+#include "platform/qt/accessibility.h"
 #include "platform/qt/conversions.h"
 #include "platform/qt/mirrors/image_view.h"
 #include "platform/qt/mirrors/mirrors.h"
@@ -23,6 +25,10 @@ class PictureBoxView final : public QWidget {
       : QWidget(parent),
         border_(hasBorder ? view.GetUnits().Pixels(PictureBox::BorderWidth) : 0),
         inside_(new ImageView(view.GetForm().GetPlatform(), view.Pushes(), this)) {
+    // What the window shows behind it must not look like a part of the picture.
+    inside_->setAutoFillBackground(true);
+    inside_->installEventFilter(this);
+    SetAccessibleRole(*inside_, QAccessible::Grouping);
     inside_->show();
   }
 
@@ -34,16 +40,20 @@ class PictureBoxView final : public QWidget {
     QPalette colors = inside_->palette();
     colors.setColor(QPalette::Window, back);
     inside_->setPalette(colors);
-    inside_->setAutoFillBackground(true);
   }
 
  protected:
+  bool eventFilter(QObject*, QEvent* event) override {
+    if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) update();
+    return false;
+  }
   void resizeEvent(QResizeEvent*) override {
     inside_->setGeometry(rect().adjusted(border_, border_, -border_, -border_));
   }
   void paintEvent(QPaintEvent*) override {
     QPainter painter(this);
-    painter.setPen(palette().color(QPalette::Mid));
+    // The frame shows the keyboard, too.
+    painter.setPen(palette().color(inside_->hasFocus() ? QPalette::Highlight : QPalette::Mid));
     for (int ring = 0; ring < border_; ++ring) {
       painter.drawRect(rect().adjusted(ring, ring, -ring - 1, -ring - 1));
     }
@@ -84,7 +94,15 @@ void PlaceImage(FormView& view, ImageBox& control) {
   if (!image) return;
   new Mirror(view.Pushes(), control, image, [&view, &control, image] {
     // A picture that is hidden while the program changes it keeps its place until the new one is ready.
-    if (control.Visible) image->Place(PlaceOf(view, control));
+    if (!control.Visible) return;
+    if (IsMeasuredInScreenPixels(control)) {
+      // The size as it is, wherever between two pixels the box begins.
+      const auto whole = [](float length) { return static_cast<int>(std::floor(length + 0.5F)); };
+      image->PlaceOnDevice(
+          {whole(control.Left), whole(control.Top), whole(control.Width), whole(control.Height)});
+    } else {
+      image->Place(PlaceOf(view, control));
+    }
   });
 }
 

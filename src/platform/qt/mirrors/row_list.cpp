@@ -1,6 +1,8 @@
 #include "platform/qt/mirrors/row_list.h"
 
+#include <QContextMenuEvent>
 #include <QKeyEvent>
+#include <QPainter>
 #include <QStyledItemDelegate>
 #include <algorithm>
 
@@ -138,9 +140,10 @@ void RowList::TellSelection(bool always) {
 
 void RowList::mousePressEvent(QMouseEvent* event) {
   if (waiting_) Refresh(true);
+  // Below the last row nothing is chosen, and nothing loses its mark.
+  if (!indexAt(event->position().toPoint()).isValid()) return;
   QListView::mousePressEvent(event);
-  if (event->button() == Qt::LeftButton && indexAt(event->position().toPoint()).isValid())
-    TellSelection(true);
+  if (event->button() == Qt::LeftButton || event->button() == Qt::RightButton) TellSelection(true);
 }
 
 void RowList::mouseMoveEvent(QMouseEvent* event) {
@@ -154,12 +157,62 @@ void RowList::mouseDoubleClickEvent(QMouseEvent* event) {
   if (event->button() == Qt::LeftButton && index.isValid() && onDoubleClick) onDoubleClick(index.row());
 }
 
+void RowList::TickCurrent() {
+  const int row = currentIndex().row();
+  // The row is selected first, so that the next arrow goes on from it.
+  selectionModel()->select(currentIndex(), QItemSelectionModel::ClearAndSelect);
+  TellSelection(false);
+  if (model_.onTick && row < model_.rowCount({})) model_.onTick(row, !model_.Source().ticked(row));
+}
+
+void RowList::paintEvent(QPaintEvent* event) {
+  QListView::paintEvent(event);
+  if (!hasFocus()) return;
+  // Around the whole, since there may be no row that could show it.
+  constexpr int thickness = 2;
+  QPainter painter(viewport());
+  painter.setPen(QPen(palette().color(QPalette::Highlight), thickness));
+  painter.drawRect(viewport()->rect().adjusted(1, 1, -1, -1));
+}
+
+void RowList::scrollContentsBy(int dx, int dy) {
+  QListView::scrollContentsBy(dx, dy);
+  // The frame around it does not scroll along.
+  if (hasFocus()) viewport()->update();
+}
+
+void RowList::focusInEvent(QFocusEvent* event) {
+  QListView::focusInEvent(event);
+  viewport()->update();
+}
+
+void RowList::focusOutEvent(QFocusEvent* event) {
+  QListView::focusOutEvent(event);
+  viewport()->update();
+}
+
+void RowList::contextMenuEvent(QContextMenuEvent* event) {
+  const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
+  const QModelIndex row = byKey ? currentIndex() : indexAt(event->pos());
+  if (!onOffer || !row.isValid()) return;
+  onOffer(byKey ? viewport()->mapToGlobal(visualRect(row).center()) : event->globalPos());
+}
+
 void RowList::keyPressEvent(QKeyEvent* event) {
   if (waiting_) Refresh(true);
+  // The program's own command, where it has one.
+  if (event->matches(QKeySequence::Copy)) {
+    event->ignore();
+    return;
+  }
   const int code = KeyCode(*event);
   if (code && onKey && onKey(code)) return;
   if (code == 13 || code == 27) {
     event->ignore();  // for the window's default and cancel buttons
+    return;
+  }
+  if (event->key() == Qt::Key_Space && model_.Source().ticked && currentIndex().isValid()) {
+    TickCurrent();
     return;
   }
   // A list that takes the keyboard has a place to start from before anything is selected in it: that place is

@@ -50,12 +50,17 @@ class RowList final : public QListView {
   // second; `atOnce` does it now.
   void Refresh(bool atOnce);
   void ShowSelection();
+  // What a layout gives the list where it has the room.
+  void SetWantedSize(const QSize& size) { wantedSize_ = size; }
+  QSize sizeHint() const override { return wantedSize_.isValid() ? wantedSize_ : QListView::sizeHint(); }
 
   // What the user does.
   std::function<void(int row)> onSelect;  // a press, or a key that moves the selection
   std::function<void(int row)> onDoubleClick;
   // Told a key code before the list acts on it; true when the key is used up.
   std::function<bool(int code)> onKey;
+  // Asked for a menu there, on the screen; the row is selected by then.
+  std::function<void(const QPoint& at)> onOffer;
   RowModel& Rows() { return model_; }
 
  protected:
@@ -63,12 +68,19 @@ class RowList final : public QListView {
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+  void scrollContentsBy(int dx, int dy) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
 
  private:
   void TellSelection(bool always);
+  void TickCurrent();
 
   RowModel model_;
   QTimer pause_{this};
+  QSize wantedSize_;
   bool waiting_ = false;
 };
 

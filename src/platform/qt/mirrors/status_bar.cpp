@@ -7,6 +7,7 @@
 #include <QPainter>
 #include <QTimer>
 
+#include "platform/qt/accessibility.h"
 #include "platform/qt/artwork.h"
 #include "platform/qt/conversions.h"
 #include "platform/qt/guarded.h"
@@ -28,6 +29,7 @@ class PanelView final : public QFrame {
  public:
   explicit PanelView(QWidget* parent) : QFrame(parent) {
     setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
+    SetAccessibleRole(*this, QAccessible::StaticText);
   }
 
   void Show(const QString& text) {
@@ -77,6 +79,8 @@ class StatusBarView final : public QWidget {
   StatusBarView(const StatusBar& control, QWidget* parent) : QWidget(parent), control_(control) {
     // The lists and the picture area may reach below the window; the bar hides what stands behind it.
     setAutoFillBackground(true);
+    SetAccessibleRole(*this, QAccessible::StatusBar);
+    setAccessibleName(QStringLiteral("Status bar"));
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(2, 1, 2, 2);
     row->setSpacing(2);

@@ -7,6 +7,7 @@
 #include <QStyleOptionTab>
 #include <QStylePainter>
 
+#include "platform/qt/accessibility.h"
 #include "platform/qt/conversions.h"
 #include "platform/qt/mirrors/mirrors.h"
 
@@ -16,6 +17,7 @@ namespace {
 class TabButton final : public QAbstractButton {
  public:
   TabButton(const QString& text, QWidget* parent) : QAbstractButton(parent) {
+    SetAccessibleRole(*this, QAccessible::PageTab);
     setText(text);
     setCheckable(true);
     setAutoExclusive(true);
@@ -50,6 +52,7 @@ class TabRows final : public QWidget {
  public:
   TabRows(const TabStrip& control, int perRow, QWidget* parent)
       : QWidget(parent), perRow_(perRow), grid_(new QGridLayout(this)) {
+    SetAccessibleRole(*this, QAccessible::PageTabList);
     grid_->setContentsMargins(0, 0, 0, 0);
     grid_->setSpacing(0);
     for (const std::string& caption : control.Captions()) {

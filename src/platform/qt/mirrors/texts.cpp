@@ -43,7 +43,11 @@ QLabel* MakeLabel(FormView& view, Label& control, QWidget* parent, QWidget* budd
     }
     ShowColors(*label, control.ForeColor, control.BackColor);
   });
-  if (buddy) buddy->setAccessibleName(WithoutAccessKey(control.Caption.Get()));
+  if (buddy) {
+    QString name = WithoutAccessKey(control.Caption.Get());
+    if (name.endsWith(u':')) name.chop(1);
+    buddy->setAccessibleName(name);
+  }
   new PointerWatch(view, control, label, mirror);
   return label;
 }

@@ -3,7 +3,9 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QToolButton>
+#include <algorithm>
 
+#include "platform/qt/accessibility.h"
 #include "platform/qt/artwork.h"
 #include "platform/qt/conversions.h"
 #include "platform/qt/mirrors/mirrors.h"
@@ -11,19 +13,27 @@
 namespace lumidex {
 namespace {
 
+constexpr int drawnIconSide = 24;
+
 class ToolbarView final : public QWidget {
  public:
-  explicit ToolbarView(QWidget* parent) : QWidget(parent), row_(new QHBoxLayout(this)) {
+  // `iconSide` in logical pixels.
+  ToolbarView(int iconSide, QWidget* parent)
+      : QWidget(parent), iconSize_(iconSide, iconSide), row_(new QHBoxLayout(this)) {
     row_->setContentsMargins(2, 2, 2, 2);
     row_->setSpacing(0);
     row_->addStretch();
+    // Its pictures have to be seen, whatever the window shows behind it.
+    setAutoFillBackground(true);
+    SetAccessibleRole(*this, QAccessible::ToolBar);
+    setAccessibleName(QStringLiteral("Toolbar"));
   }
 
   QToolButton* Add(const ToolbarButton& button) {
     auto* shown = new QToolButton(this);
     shown->setObjectName(ToQt(button.Key));
     shown->setAutoRaise(true);
-    shown->setIconSize({24, 24});
+    shown->setIconSize(iconSize_);
     if (!button.ImageKey.empty()) shown->setIcon(ArtworkIcon("toolbar/" + button.ImageKey));
     if (!button.Caption.empty()) {
       shown->setText(ToQt(button.Caption));
@@ -32,7 +42,7 @@ class ToolbarView final : public QWidget {
     }
     shown->setToolTip(ToQt(button.ToolTipText));
     shown->setAccessibleName(ToQt(button.ToolTipText).trimmed());
-    shown->setFocusPolicy(buttons_.empty() ? Qt::TabFocus : Qt::NoFocus);
+    shown->setFocusPolicy(Qt::NoFocus);
     shown->installEventFilter(this);
     row_->insertWidget(static_cast<int>(buttons_.size()), shown);
     buttons_.push_back(shown);
@@ -45,6 +55,7 @@ class ToolbarView final : public QWidget {
       if (buttons_[i]->isEnabled() != button.Enabled) buttons_[i]->setEnabled(button.Enabled);
       if (buttons_[i]->isHidden() == button.Visible) buttons_[i]->setVisible(button.Visible);
     }
+    StopAt(stop_);
   }
 
  protected:
@@ -57,29 +68,45 @@ class ToolbarView final : public QWidget {
   }
 
  private:
+  static bool CanStop(const QToolButton* button) { return button->isEnabled() && !button->isHidden(); }
+
+  // Makes a button the one where Tab stops; the first that can be where it can not.
+  void StopAt(QToolButton* button) {
+    if (!button || !CanStop(button)) {
+      const auto first = std::ranges::find_if(buttons_, &CanStop);
+      button = first == buttons_.end() ? nullptr : *first;
+    }
+    if (button == stop_ && button && button->focusPolicy() == Qt::TabFocus) return;
+    stop_ = button;
+    for (QToolButton* each : buttons_) each->setFocusPolicy(each == stop_ ? Qt::TabFocus : Qt::NoFocus);
+  }
+
   void MoveFocus(const QObject* from, int step) {
     const auto count = static_cast<int>(buttons_.size());
     int at = 0;
     while (at < count && buttons_[static_cast<std::size_t>(at)] != from) ++at;
     for (at += step; at >= 0 && at < count; at += step) {
       QToolButton* next = buttons_[static_cast<std::size_t>(at)];
-      if (!next->isEnabled() || next->isHidden()) continue;
+      if (!CanStop(next)) continue;
       // Tab comes back to where the arrows went.
-      for (QToolButton* button : buttons_) button->setFocusPolicy(Qt::NoFocus);
-      next->setFocusPolicy(Qt::TabFocus);
+      StopAt(next);
       next->setFocus(Qt::TabFocusReason);
       return;
     }
   }
 
+  QSize iconSize_;
   QHBoxLayout* row_;
   std::vector<QToolButton*> buttons_;
+  QToolButton* stop_ = nullptr;
 };
 
 }  // namespace
 
 QWidget* MakeToolbar(FormView& view, Toolbar& control, QWidget* parent) {
-  auto* bar = new ToolbarView(parent);
+  // As drawn, unless there is less room for it than designed.
+  auto* bar =
+      new ToolbarView(static_cast<int>(drawnIconSide * std::min(1.0, view.GetUnits().factor)), parent);
   std::vector<QToolButton*> buttons;
   for (int position = 1; position <= control.Count(); ++position) {
     buttons.push_back(bar->Add(control.Button(position)));

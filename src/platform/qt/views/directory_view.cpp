@@ -4,9 +4,11 @@
 #include <QComboBox>
 #include <QFormLayout>
 #include <QFrame>
+#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QStyle>
 #include <QVBoxLayout>
 
 #include "platform/qt/mirrors/mirrors.h"
@@ -16,8 +18,9 @@ namespace lumidex {
 namespace {
 
 constexpr int previewSide = 150;
-constexpr int leastListWidth = 230;
-constexpr int leastListHeight = 260;
+constexpr int wantedListWidth = 230;
+constexpr int wantedListHeight = 260;
+constexpr int leastListSide = 120;
 // A label stands close to what it names, groups stand apart.
 constexpr int labelSpacing = 3;
 constexpr int groupSpacing = 6;
@@ -33,50 +36,53 @@ DirectoryView::DirectoryView(FormViews& views, SelectPictureDirectoryFormWindow&
   rows->addSpacing(groupSpacing);
   auto* columns = new QHBoxLayout;
   columns->setSpacing(2 * rows->spacing());
-  columns->addLayout(Places(), 1);
-  columns->addLayout(Files(), 1);
+  columns->addLayout(Lists(), 1);
   columns->addLayout(Preview());
   rows->addLayout(columns, 1);
   rows->addSpacing(groupSpacing);
   rows->addLayout(Buttons());
 }
 
-QLayout* DirectoryView::Places() {
-  auto* column = new QVBoxLayout;
-  column->setSpacing(labelSpacing);
+QLayout* DirectoryView::Lists() {
   QComboBox* drives = MakeDriveList(*this, form.Drive1, this);
-  column->addWidget(MakeLabel(*this, form.Label1, this, drives));
-  column->addWidget(drives);
-  column->addSpacing(groupSpacing);
   RowList* directories = MakeDirList(*this, form.Dir1, this);
-  directories->setMinimumSize(leastListWidth, leastListHeight);
-  column->addWidget(MakeLabel(*this, form.Label2, this, directories));
-  column->addWidget(directories, 1);
-  column->addSpacing(groupSpacing);
-  column->addWidget(MakeCheckBox(*this, form.chkSearchSubs, this));
-  return column;
-}
-
-QLayout* DirectoryView::Files() {
-  auto* column = new QVBoxLayout;
-  column->setSpacing(labelSpacing);
   RowList* files = MakeFileList(*this, form.File1, this);
-  files->setMinimumWidth(leastListWidth);
-  column->addWidget(MakeLabel(*this, form.lblFilename, this, files));
-  column->addWidget(files, 1);
-  column->addSpacing(groupSpacing);
-  column->addWidget(MakeButton(*this, form.cmdSelectFileTypes, this));
-  return column;
+  for (RowList* list : {directories, files}) {
+    list->SetWantedSize({wantedListWidth, wantedListHeight});
+    list->setMinimumSize(leastListSide, leastListSide);
+  }
+  // One row for both lists, so that they end in line.
+  constexpr int listRow = 4;
+  auto* grid = new QGridLayout;
+  grid->setVerticalSpacing(labelSpacing);
+  grid->setHorizontalSpacing(2 * style()->pixelMetric(QStyle::PM_LayoutHorizontalSpacing));
+  grid->addWidget(MakeLabel(*this, form.Label1, this, drives), 0, 0);
+  grid->addWidget(drives, 1, 0);
+  grid->setRowMinimumHeight(2, groupSpacing);
+  grid->addWidget(MakeLabel(*this, form.Label2, this, directories), 3, 0);
+  grid->addWidget(directories, listRow, 0);
+  grid->addWidget(MakeLabel(*this, form.lblFilename, this, files), 0, 1);
+  grid->addWidget(files, 1, 1, listRow, 1);
+  grid->setRowMinimumHeight(listRow + 1, groupSpacing);
+  grid->addWidget(MakeCheckBox(*this, form.chkSearchSubs, this), listRow + 2, 0);
+  grid->addWidget(MakeButton(*this, form.cmdSelectFileTypes, this), listRow + 2, 1);
+  grid->setRowStretch(listRow, 1);
+  grid->setColumnStretch(0, 1);
+  grid->setColumnStretch(1, 1);
+  return grid;
 }
 
 QLayout* DirectoryView::Preview() {
   auto* column = new QVBoxLayout;
   auto* frame = new QFrame(this);
   frame->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
+  constexpr int room = 4;
+  frame->setFixedSize(previewSide + 2 * room, previewSide + 2 * room);
   auto* middle = new QHBoxLayout(frame);
-  middle->setContentsMargins(3, 3, 3, 3);
+  middle->setContentsMargins(0, 0, 0, 0);
   QWidget* picture = MakeImage(*this, form.imgThumbNail, frame);
-  picture->setFixedSize(previewSide, previewSide);
+  picture->setMaximumSize(previewSide, previewSide);
+  picture->setAccessibleName(QStringLiteral("Preview"));
   middle->addWidget(picture, 0, Qt::AlignCenter);
   column->addWidget(frame, 0, Qt::AlignHCenter);
   auto* facts = new QFormLayout;

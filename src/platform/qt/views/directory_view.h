@@ -14,8 +14,7 @@ class DirectoryView final : public TypedView<SelectPictureDirectoryFormWindow> {
   DirectoryView(FormViews& views, SelectPictureDirectoryFormWindow& form);
 
  private:
-  QLayout* Places();
-  QLayout* Files();
+  QLayout* Lists();
   QLayout* Preview();
   QLayout* Buttons();
 };

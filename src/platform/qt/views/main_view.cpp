@@ -1,26 +1,69 @@
 #include "platform/qt/views/main_view.h"
 
+#include <QApplication>
+#include <QDropEvent>
 #include <QLabel>
+#include <QMimeData>
 #include <QTimer>
 #include <algorithm>
 
+#include "platform/posix/file_address.h"
 #include "platform/qt/conversions.h"
 #include "platform/qt/form_views.h"
 #include "platform/qt/mirrors/image_view.h"
+#include "platform/qt/mirrors/row_list.h"
+#include "platform/qt/views/picture_gestures.h"
 
 namespace lumidex {
 namespace {
 
 constexpr int longestHoldMilliseconds = 200;
 
+// Byte for byte: not every file name is text.
+std::vector<std::string> DroppedPaths(const QMimeData& data) {
+  return PathsOfAddresses(data.data(QStringLiteral("text/uri-list")).toStdString());
+}
+
 }  // namespace
 
 MainView::MainView(FormViews& views, WPaper2Window& itsForm)
     : TypedView(views, itsForm, Qt::Window, Labels::AroundText) {
+  NameControls();
+  qobject_cast<QLabel*>(WidgetOf(form.txtPrgTitle))->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
+  new PictureGestures(*this, form);
+  OfferOnRightClick(*this, static_cast<RowList&>(*WidgetOf(form.LstLeft)),
+                    {&form.cmdRightOne, &form.cmdRightAll});
+  OfferOnRightClick(*this, static_cast<RowList&>(*WidgetOf(form.LstRight)),
+                    {&form.cmdLeftOne, &form.cmdLeftAll, &form.cmdUp, &form.cmdDown});
+  setAcceptDrops(true);
+  if (views.AwaitsPicture()) HoldPainting();
+}
+
+void MainView::NameControls() {
   WidgetOf(form.LstLeft)->setAccessibleName(ToQt(form.lblSelectionList.Caption.Get()));
   WidgetOf(form.LstRight)->setAccessibleName(ToQt(form.lblDisplayList.Caption.Get()));
-  qobject_cast<QLabel*>(WidgetOf(form.txtPrgTitle))->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
-  if (views.AwaitsPicture()) HoldPainting();
+  InsideOf(form.Picture1)->setAccessibleName(QStringLiteral("Picture area"));
+  // The status bar tells the name and the size of the picture that is shown.
+  QWidget* image = WidgetOf(form.Image1);
+  new Mirror(Pushes(), form.StatusBar1, image, [this, image] {
+    const std::string& size = form.StatusBar1.Panel(3).Text;
+    if (!size.empty()) image->setAccessibleName(ToQt(form.StatusBar1.Panel(2).Text + ", " + size));
+  });
+}
+
+void MainView::dragEnterEvent(QDragEnterEvent* event) {
+  // As with the mouse and the keyboard, a modal window keeps the user from this one.
+  const QWidget* modal = QApplication::activeModalWidget();
+  if (modal && modal != this) return;
+  if (!DroppedPaths(*event->mimeData()).empty()) event->acceptProposedAction();
+}
+
+void MainView::dropEvent(QDropEvent* event) {
+  std::vector<std::string> paths = DroppedPaths(*event->mimeData());
+  event->acceptProposedAction();
+  // The other program waits for the end of this.
+  QTimer::singleShot(
+      0, this, [this, paths = std::move(paths)] { ServeInTime([this, paths] { form.UserDrop(paths); }); });
 }
 
 float MainView::UsefulWidth(float width, float height) const {

@@ -30,6 +30,7 @@ void PlaceAroundText(FormView& view, Control& control, QLabel* label) {
 
 PlacedView::PlacedView(FormViews& views, Form& form, Qt::WindowFlags flags, Labels labels)
     : FormView(views, form, flags), labels_(labels), client_(new QWidget(this)) {
+  setFont(GetUnits().font);
   auto* rows = new QVBoxLayout(this);
   rows->setContentsMargins(0, 0, 0, 0);
   rows->setSpacing(0);

@@ -18,6 +18,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "platform/qt/accessibility.h"
 #include "platform/qt/conversions.h"
 #include "platform/qt/mirrors/mirrors.h"
 #include "platform/qt/mirrors/row_list.h"
@@ -78,6 +79,8 @@ class Swatch final : public QAbstractButton {
  public:
   Swatch(const QColor& color, QWidget* parent) : QAbstractButton(parent), color_(color) {
     setFocusPolicy(Qt::TabFocus);
+    setCheckable(true);
+    SetAccessibleRole(*this, QAccessible::RadioButton);
     setFixedSize(sizeHint());
   }
   QSize sizeHint() const override {
@@ -94,15 +97,27 @@ class Swatch final : public QAbstractButton {
     painter.setPen(edge);
     painter.setBrush(color_.isValid() ? color_ : palette().color(QPalette::Window));
     painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    if (isChecked()) MarkChosen(painter);
     if (!hasFocus()) return;
     QStyleOptionFocusRect option;
     option.initFrom(this);
-    option.rect.adjust(3, 3, -3, -3);
+    option.rect.adjust(5, 5, -5, -5);
     option.backgroundColor = painter.brush().color();
     painter.drawPrimitive(QStyle::PE_FrameFocusRect, option);
   }
 
  private:
+  // A heavy frame, and a light line within that parts it from the colour.
+  void MarkChosen(QPainter& painter) {
+    painter.save();
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(palette().color(QPalette::WindowText), 3));
+    painter.drawRect(rect().adjusted(1, 1, -2, -2));
+    painter.setPen(palette().color(QPalette::Window));
+    painter.drawRect(rect().adjusted(3, 3, -4, -4));
+    painter.restore();
+  }
+
   QColor color_;
 };
 
@@ -114,7 +129,8 @@ QLayout* Swatches(FormView& view, ControlArray<Label>& colors, QWidget* page) {
     Label& control = colors(index);
     auto* swatch = new Swatch(ToColor(control.BackColor), page);
     swatch->setAccessibleName(QString::fromLatin1(names[index]));
-    Mirror* mirror = view.Follow(control, swatch);
+    Mirror* mirror = view.Follow(
+        control, swatch, [&control, swatch] { swatch->setChecked(control.Border != BorderStyle::None); });
     QObject::connect(swatch, &QAbstractButton::clicked, mirror,
                      [&view, &control, mirror] { view.Serve([&] { control.UserClick(); }, mirror); });
     row->addWidget(swatch);
@@ -284,12 +300,9 @@ QWidget* ToolbarPage(FormView& view, frmPreferencesWindow& form) {
   frame->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
   auto* inside = new QVBoxLayout(frame);
   inside->setContentsMargins(4, 4, 4, 4);
-  ImageBox& sample = form.Image1;
-  QWidget* picture = MakeImage(view, sample, frame);
+  QWidget* picture = MakeImage(view, form.Image1, frame);
   picture->setAccessibleName(QStringLiteral("Sample thumbnail"));
-  new Mirror(view.Pushes(), sample, picture, [&sample, picture] {
-    picture->setFixedSize(static_cast<int>(sample.Width), static_cast<int>(sample.Height));
-  });
+  picture->setMaximumSize(largestThumbnail, largestThumbnail);
   // Room for the largest, so that nothing moves while the slider does.
   frame->setFixedSize(largestThumbnail + 10, largestThumbnail + 10);
   inside->addWidget(picture, 0, Qt::AlignCenter);

@@ -2,10 +2,9 @@
 
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QScreen>
-#include <QScrollArea>
-#include <QScrollBar>
+#include <QVBoxLayout>
 
+#include "platform/qt/content_area.h"
 #include "platform/qt/mirrors/mirrors.h"
 
 namespace lumidex {
@@ -17,10 +16,6 @@ constexpr int leastTextWidth = 340;
 
 StackedView::StackedView(FormViews& views, Form& form) : FormView(views, form) {
   auto* rows = new QVBoxLayout(this);
-  auto* area = new QScrollArea(this);
-  area->setFrameShape(QFrame::NoFrame);
-  area->setWidgetResizable(true);
-  area->setFocusPolicy(Qt::NoFocus);
   auto* body = new QWidget;
   auto* stack = new QVBoxLayout(body);
   stack->setContentsMargins(0, 0, 0, 0);
@@ -41,12 +36,8 @@ StackedView::StackedView(FormViews& views, Form& form) : FormView(views, form) {
     stack->addWidget(widget);
   }
   stack->addStretch();
-  area->setWidget(body);
-  rows->addWidget(area);
+  rows->addWidget(new ContentArea(body, this));
   rows->addLayout(buttons);
-  const QSize wanted = body->sizeHint() + QSize(area->verticalScrollBar()->sizeHint().width(), 0);
-  const QSize most = screen()->availableSize() * 4 / 5;
-  area->setMinimumSize(wanted.boundedTo(most));
 }
 
 }  // namespace lumidex

@@ -1,0 +1,48 @@
+#pragma once
+// The hand on the main window: wheel, keys and right clicks that fire the commands which the menus, the
+// toolbar and the buttons have.
+
+#include <QObject>
+
+#include "forms/WPaper2.h"
+
+class QKeyEvent;
+class QWheelEvent;
+
+namespace lumidex {
+
+class FormView;
+class RowList;
+
+// On the picture: the wheel goes to the next and the previous picture, with Ctrl it zooms; a click gives it
+// the keyboard. With that the arrow and page keys step, Home and End go to the ends of the Display list, +
+// and - zoom, 0 is 100 %, Enter opens the viewer as a double click does, Delete takes the picture out of the
+// list. A right click offers what the Picture and the Edit menu offer.
+class PictureGestures final : public QObject {
+ public:
+  PictureGestures(FormView& view, WPaper2Window& form);
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  bool Turn(const QWheelEvent& event);
+  bool Press(const QKeyEvent& event);
+  void Zoom(bool larger);
+  void SelectEntry(int position);
+  void OfferMenus(const QPoint& at);
+  // As a user's gesture, after which the keyboard is where it was.
+  void Fire(const std::function<void()>& command);
+  void Choose(MenuItem& item);
+
+  FormView& view_;
+  WPaper2Window& form_;
+  QWidget* area_;
+  QWidget* image_;
+  int turned_ = 0;  // of the wheel, in eighths of a degree, since the last step
+};
+
+// A right click in a list selects the row, and offers these buttons' commands.
+void OfferOnRightClick(FormView& view, RowList& list, std::vector<CommandButton*> buttons);
+
+}  // namespace lumidex
