@@ -117,5 +117,6 @@ int main(int argc, char** argv) {
   app.WPaper2.lblCount.Caption = std::to_string(paths.size());
   if (what == "scan") MeasureScan(app, paths);
   if (what == "jpg" || what == "bmp") Convert(app, what == "jpg" ? 1 : 0);
+  std::fflush(stdout);
   std::_Exit(0);
 }

@@ -113,6 +113,7 @@ void DecodingService::Keep(Record& record, const OpenedPicture& current) {
 
 Picture DecodingService::Find(const std::string& path, std::uint64_t stamp, const DecoderOptions& decoder) {
   Picture found;
+  bool isHungry = false;
   {
     const std::scoped_lock lock(mutex_);
     for (const auto& record : records_) {
@@ -132,8 +133,9 @@ Picture DecodingService::Find(const std::string& path, std::uint64_t stamp, cons
       }
     }
     StopUnwanted();
+    isHungry = std::ranges::any_of(records_, [](const auto& record) { return record->IsHungry(); });
   }
-  Woken(false);
+  if (isHungry) Woken(false);
   return found;
 }
 

@@ -56,6 +56,12 @@ struct DecodingService::Record {
   std::size_t behind = 0;  // the paths before it have been opened by now
   bool gaveWay = false;    // until the next wish
 
+  // True when somebody should be woken to read on: for a file that goes at once into each free place a thread
+  // would be woken as often as files are opened.
+  bool IsHungry() const {
+    if (next < wish.paths.size() && (IsNeighbours() || readings.size() <= mostAhead / 2)) return true;
+    return std::ranges::any_of(readings, [](const auto& reading) { return reading->waitsForRoom; });
+  }
   bool IsNeighbours() const { return priority == DecodingPriority::Neighbours; }
   // The place of a path from `first` on, but no further than `most` behind it; their number for none.
   std::size_t PlaceOf(const std::string& path, std::size_t first, std::size_t most) const;

@@ -53,11 +53,19 @@ ReportWidths::ReportWidths(App& app) {
   }
 }
 
+float ReportWidths::Measured::Of(App& app, const std::string& wanted) {
+  if (wanted != text || text.empty()) {
+    width = app.frmstats.TextWidth(wanted);
+    text = wanted;
+  }
+  return width;
+}
+
 void ReportWidths::Take(App& app, const ReportRow& row) {
   const auto take = [&](std::size_t column, const std::string& tested, const std::string& stored) {
     IgnoreError([&] {
-      if (double{app.frmstats.TextWidth(tested)} <= widest_[column]) return;
-      widest_[column] = ToInt32(double{app.frmstats.TextWidth(stored)});
+      if (double{tested_[column].Of(app, tested)} <= widest_[column]) return;
+      widest_[column] = ToInt32(double{stored_[column].Of(app, stored)});
     });
   };
   take(0, row.Drive, row.Drive);

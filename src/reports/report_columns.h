@@ -25,6 +25,14 @@ class ReportWidths {
   void GiveTo(App& app) const;
 
  private:
+  // Most fields are those of the row before, and measuring is slow.
+  struct Measured {
+    std::string text;
+    float width = 0;
+    float Of(App& app, const std::string& wanted);
+  };
+
+  std::array<Measured, reportColumns> tested_, stored_;
   std::array<std::int32_t, reportColumns> widest_{};
 };
 

@@ -568,6 +568,35 @@ TEST_F(GoingThroughFiles, No_more_files_than_some_dozens_are_open_at_a_time) {
   }
 }
 
+TEST_F(GoingThroughFiles, Those_who_read_are_woken_for_many_files_at_a_time) {
+  struct CountedService : DecodingService {
+    using DecodingService::DecodingService;
+    int wakes = 0;
+    void Woken(bool) override { ++wakes; }
+  };
+  CountedService service(platform.files);
+  std::vector<std::string> paths;
+  for (int i = 0; i < 100; ++i) {
+    paths.push_back("/many/" + std::to_string(i) + ".bmp");
+    AddPicture(paths.back());
+  }
+  DecodingService::Client reader(service);
+  reader.Want(DecodingPriority::Batch, {paths});
+  while (service.RunNext()) {
+  }
+  service.wakes = 0;
+  int wakes = 0;
+  for (const std::string& path : paths) {
+    EXPECT_FALSE(service.Find(path, Stamp(path), {}).IsEmpty()) << path;
+    if (service.wakes > wakes) {
+      while (service.RunNext()) {
+      }
+      wakes = service.wakes;
+    }
+  }
+  EXPECT_LE(wakes, 100 / 16 + 1);
+}
+
 TEST_F(GoingThroughFiles, Files_that_can_not_be_read_stop_nobody) {
   platform.files.AddFile("/bad.bmp", "no picture");
   Go(DecodingExtent::Full, {"/bad.bmp", "/gone.bmp", "/a.bmp"});

@@ -26,6 +26,24 @@ TEST(QtEventQueue, Yield_serves_what_was_posted_and_returns) {
   EXPECT_EQ(served, 2);
 }
 
+TEST(QtEventQueue, Yields_that_follow_each_other_at_once_still_serve_what_is_posted) {
+  QtEventQueue events;
+  int served = 0;
+  for (int i = 1; i <= 1000; ++i) {
+    events.Post([&] { ++served; });
+    events.Yield();
+    events.Yield();
+    EXPECT_EQ(served, i);
+  }
+}
+
+TEST(QtEventQueue, A_timer_ticks_in_a_routine_that_does_nothing_but_yield) {
+  QtEventQueue events;
+  int ticks = 0;
+  events.StartTimer(1, [&] { ++ticks; });
+  while (ticks < 3) events.Yield();
+}
+
 TEST(QtEventQueue, Another_thread_may_post) {
   QtEventQueue events;
   std::thread::id servedOn;

@@ -1,5 +1,6 @@
 #include <QCheckBox>
 #include <QComboBox>
+#include <QElapsedTimer>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
@@ -60,6 +61,37 @@ TEST_F(MirrorTest, Every_widget_bears_the_name_of_its_control_and_tells_only_cap
   EXPECT_EQ(Shown<QWidget>(form.text).objectName(), "text");
   // That name is for programmers.
   EXPECT_EQ(Shown<QWidget>(form.text).accessibleName(), "");
+}
+
+TEST_F(MirrorTest, A_routine_that_yields_often_has_its_window_brought_up_to_date_with_each_frame) {
+  int pushes = 0;
+  PushQueue& queue = world.views.ViewOf(form)->Pushes();
+  new Mirror(queue, form.label, &Shown<QLabel>(form.label), [&] { ++pushes; });
+  Settle();
+  pushes = 0;
+  QElapsedTimer passed;
+  passed.start();
+  int last = 0;
+  while (pushes < 3) {
+    form.label.Caption = std::to_string(++last);
+    // Something is served in each.
+    world.events.Post([] {});
+    world.events.Yield();
+  }
+  EXPECT_LE(pushes, passed.elapsed() / 16 + 1);
+  Settle();
+  EXPECT_EQ(Shown<QLabel>(form.label).text().toInt(), last);
+}
+
+TEST_F(MirrorTest, What_a_routine_has_left_is_shown_when_the_loop_goes_on) {
+  world.events.Post([&] {
+    for (const char* text : {"one", "two"}) {
+      form.label.Caption = text;
+      world.events.Post([] {});
+      world.events.Yield();
+    }
+  });
+  world.events.RunUntil([&] { return Shown<QLabel>(form.label).text() == "two"; });
 }
 
 TEST_F(MirrorTest, A_click_on_the_button_is_the_users_click) {

@@ -40,6 +40,7 @@ struct QtWorld {
 
 // Serves what is pending and what that leads to, so that every widget shows what its control holds.
 inline void Settle() {
+  YieldInRoutine::PushPostponed();
   for (int turn = 0; turn < 4; ++turn) QCoreApplication::processEvents();
 }
 

@@ -4,9 +4,12 @@
 #include <QFile>
 #include <QPixmap>
 
+#include "platform/qt/mirror.h"
+
 namespace lumidex {
 
 void QtDriverHooks::Settle() {
+  YieldInRoutine::PushPostponed();
   // What is posted while events are served, as by a list that grows, comes in the second turn.
   for (int turn = 0; turn < 2; ++turn) QCoreApplication::processEvents();
 }

@@ -19,6 +19,7 @@
 
 #include "base/start_thread.h"
 #include "platform/qt/end_requests.h"
+#include "platform/qt/mirror.h"
 
 namespace lumidex {
 namespace {
@@ -45,8 +46,23 @@ void PaintUntil(const std::function<bool(std::chrono::milliseconds)>& isDone) {
 
 }  // namespace
 
+QtEventQueue::QtEventQueue() {
+  // The routine has ended, or waits in a loop of its own.
+  if (const auto* dispatcher = QAbstractEventDispatcher::instance()) {
+    QObject::connect(dispatcher, &QAbstractEventDispatcher::aboutToBlock, &receiver_,
+                     [] { YieldInRoutine::PushPostponed(); });
+  }
+}
+
 void QtEventQueue::ServePending() {
+  // To ask the window system costs more than most routines do between two yields. Nobody can tell whether an
+  // event came within this time or behind it.
+  constexpr qint64 unnoticedNanoseconds = 1'000'000;
+  const bool isPosted = isPosted_.exchange(false);
+  if (!isPosted && sinceServed_.isValid() && sinceServed_.nsecsElapsed() < unnoticedNanoseconds) return;
+  const YieldInRoutine yield;
   QCoreApplication::processEvents();
+  sinceServed_.start();
 }
 
 void QtEventQueue::Wait(int milliseconds) {
@@ -163,6 +179,7 @@ void QtEventQueue::StopTimer(TimerId timer) {
 }
 
 void QtEventQueue::Post(Work work) {
+  isPosted_ = true;
   QMetaObject::invokeMethod(
       &receiver_, [this, work = std::move(work)] { Serve(work); }, Qt::QueuedConnection);
 }

@@ -1,8 +1,10 @@
 #pragma once
 // The event loop of the desktop: the program's yields, waits, nested loops and timers on top of Qt's.
 
+#include <QElapsedTimer>
 #include <QObject>
 #include <QTimer>
+#include <atomic>
 #include <map>
 #include <memory>
 #include <vector>
@@ -13,7 +15,7 @@ namespace lumidex {
 
 class QtEventQueue final : public EventQueue {
  public:
-  QtEventQueue() = default;
+  QtEventQueue();
 
   void Wait(int milliseconds) override;
   void RunUntil(const std::function<bool()>& done) override;
@@ -37,6 +39,8 @@ class QtEventQueue final : public EventQueue {
   QObject receiver_;  // lives on the event thread: what Post delivers runs there
   std::map<TimerId, std::unique_ptr<QTimer>> timers_;
   TimerId lastTimer_ = 0;
+  std::atomic<bool> isPosted_ = false;
+  QElapsedTimer sinceServed_;
   bool isAside_ = false;
   std::vector<Work> waiting_;  // for the end of the work aside
 };

@@ -7,16 +7,47 @@
 #include "platform/qt/guarded.h"
 
 namespace lumidex {
+namespace {
+
+constexpr int frameMilliseconds = 16;
+
+}  // namespace
+
+int YieldInRoutine::depth_ = 0;
+std::vector<QPointer<PushQueue>> YieldInRoutine::postponed_;
+
+YieldInRoutine::YieldInRoutine() {
+  ++depth_;
+  std::erase_if(postponed_, [](const QPointer<PushQueue>& queue) {
+    if (queue && !queue->IsFrameOver()) return false;
+    if (queue) queue->Post();
+    return true;
+  });
+}
+
+void YieldInRoutine::PushPostponed() {
+  for (const auto& queue : std::exchange(postponed_, {})) {
+    if (queue && queue->posted_) queue->Flush();
+  }
+}
 
 void PushQueue::Add(Mirror& mirror) {
   waiting_.emplace_back(&mirror);
-  if (posted_) return;
+  if (!posted_) Post();
+}
+
+void PushQueue::Post() {
   posted_ = true;
   QCoreApplication::postEvent(this, new QEvent(QEvent::User), Qt::HighEventPriority);
 }
 
+bool PushQueue::IsFrameOver() const {
+  return !sinceFlush_.isValid() || sinceFlush_.elapsed() >= frameMilliseconds;
+}
+
 void PushQueue::Flush() {
   posted_ = false;
+  sinceFlush_.start();
   // A push can lead to another one, as a resize that the program answers with a layout.
   while (!waiting_.empty()) {
     const auto batch = std::exchange(waiting_, {});
@@ -34,7 +65,12 @@ void PushQueue::Push(Mirror& mirror) {
 
 bool PushQueue::event(QEvent* event) {
   if (event->type() != QEvent::User) return QObject::event(event);
-  if (posted_) Flush();
+  if (!posted_) return true;
+  if (YieldInRoutine::IsUnderWay() && !IsFrameOver()) {
+    YieldInRoutine::Postpone(*this);
+  } else {
+    Flush();
+  }
   return true;
 }
 

@@ -2,6 +2,7 @@
 // The tie between a control and its widget: after the control has changed, its state is pushed into the
 // widget, once for each turn of the event loop however often it changed.
 
+#include <QElapsedTimer>
 #include <QObject>
 #include <QPointer>
 #include <functional>
@@ -13,6 +14,27 @@
 namespace lumidex {
 
 class Mirror;
+class PushQueue;
+
+// Stands while events are served in the midst of a routine. A routine that goes through thousands of files
+// yields far more often than a screen can show anything: windows are then brought up to date with each frame
+// instead of with each yield.
+class YieldInRoutine {
+ public:
+  YieldInRoutine();
+  ~YieldInRoutine() { --depth_; }
+  YieldInRoutine(const YieldInRoutine&) = delete;
+  YieldInRoutine& operator=(const YieldInRoutine&) = delete;
+
+  static bool IsUnderWay() { return depth_ > 0; }
+  // The queue's turn comes in the first yield of the next frame, or when the routine has ended.
+  static void Postpone(PushQueue& queue) { postponed_.emplace_back(&queue); }
+  static void PushPostponed();
+
+ private:
+  static int depth_;
+  static std::vector<QPointer<PushQueue>> postponed_;
+};
 
 // The mirrors of one window that have something to push.
 class PushQueue final : public QObject {
@@ -25,9 +47,13 @@ class PushQueue final : public QObject {
 
  private:
   friend class Mirror;
+  friend class YieldInRoutine;
+  void Post();
+  bool IsFrameOver() const;
   void Push(Mirror& mirror);
 
   EventQueue& events_;
+  QElapsedTimer sinceFlush_;
   std::vector<QPointer<Mirror>> waiting_;
   bool posted_ = false;
 };
