@@ -53,7 +53,7 @@ ReportWidths::ReportWidths(App& app) {
   }
 }
 
-float ReportWidths::Measured::Of(App& app, const std::string& wanted) {
+float ReportWidths::Measured::Of(App& app, std::string wanted) {
   if (wanted != text || text.empty()) {
     width = app.frmstats.TextWidth(wanted);
     text = wanted;

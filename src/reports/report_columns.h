@@ -29,7 +29,7 @@ class ReportWidths {
   struct Measured {
     std::string text;
     float width = 0;
-    float Of(App& app, const std::string& wanted);
+    float Of(App& app, std::string wanted);
   };
 
   std::array<Measured, reportColumns> tested_, stored_;
