@@ -5,7 +5,8 @@
 namespace lumidex {
 namespace embedded {
 
-extern const std::span<const std::uint8_t> backdropBytes, emptyBytes, errorBytes, stockBytes;
+extern const std::span<const std::uint8_t> backdropBytes, emptyBytes, errorBytes, programBytes, spectrumBytes,
+    stockBytes, titleBytes, vendorBytes;
 
 }  // namespace embedded
 
@@ -21,6 +22,14 @@ Bytes BytesOf(DesignPicture picture) {
       return embedded::errorBytes;
     case DesignPicture::Stock:
       return embedded::stockBytes;
+    case DesignPicture::ProgramLogo:
+      return embedded::programBytes;
+    case DesignPicture::Title:
+      return embedded::titleBytes;
+    case DesignPicture::VendorLogo:
+      return embedded::vendorBytes;
+    case DesignPicture::Spectrum:
+      return embedded::spectrumBytes;
   }
   return {};
 }

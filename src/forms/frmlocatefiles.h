@@ -1,6 +1,7 @@
 #pragma once
 // The small window that shows while a search walks, with its Cancel button.
 
+#include "controls/animation.h"
 #include "controls/buttons.h"
 #include "controls/form.h"
 #include "controls/texts.h"
@@ -13,6 +14,7 @@ struct frmlocatefilesWindow : Form {
     KeepDesign();
   }
 
+  Animation Animation1{*this, "Animation1"};
   Label Label1{*this, "Label1",
                "Lumidex is scanning the selected Drive and Folder(s) for graphic image files."};
   CommandButton CancelButton{*this, "CancelButton", "Cancel"};

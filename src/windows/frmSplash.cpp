@@ -1,6 +1,7 @@
 // The events of the splash window.
 
 #include "forms/frmSplash.h"
+#include "forms/WPaper2.h"
 #include "forms/frmBackground.h"
 #include "windows/windows.h"
 
@@ -15,6 +16,12 @@ void WirefrmSplash(App& app) {
   splash.Timer1.OnTimer = [&] {
     constexpr double mostSeconds = 10;
     if (app.platform.clock.TimeOfDay() - splash.SplashStart >= mostSeconds) splash.Unload();
+  };
+  app.WPaper2.mnuHelpDisplaySplashScreen.OnClick = [&] {
+    splash.Load();
+    // It stays until the user closes it.
+    splash.Timer1.Enabled = false;
+    splash.Show();
   };
   splash.cmdClose.OnClick = [&] { splash.Unload(); };
 }

@@ -8,7 +8,10 @@ namespace lumidex {
 
 void Wirefrmlocatefiles(App& app) {
   frmlocatefilesWindow& window = app.frmlocatefiles;
-  window.OnLoad = [&] { MakeWindowTopmost(app, window.hwnd()); };
+  window.OnLoad = [&] {
+    MakeWindowTopmost(app, window.hwnd());
+    window.Animation1.Open(app.AppPath + "findcomp.avi");
+  };
   window.CancelButton.OnClick = [&] {
     app.SearchRunning = false;
     window.Hide();

@@ -15,6 +15,8 @@ void WireWindows(App& app) {
   WireWPaper2(app);
   WireSelectPictureDirectoryForm(app);
   WirefrmSplash(app);
+  WirefrmAbout(app);
+  WireHelp(app);
   WirefrmTip(app);
   Wirefrmlocatefiles(app);
   Wirecheckjpg(app);

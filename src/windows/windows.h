@@ -12,6 +12,8 @@ void WireWindows(App& app);
 void WireWPaper2(App& app);
 void WireSelectPictureDirectoryForm(App& app);
 void WirefrmSplash(App& app);
+void WirefrmAbout(App& app);
+void WireHelp(App& app);
 void WirefrmTip(App& app);
 void Wirefrmlocatefiles(App& app);
 void Wirecheckjpg(App& app);

@@ -2,6 +2,7 @@
 #include <sys/stat.h>
 
 #include "base/run_time_error.h"
+#include "platform/posix/desktop_programs.h"
 #include "platform/posix/ini_file.h"
 #include "platform/posix/posix_desktop.h"
 #include "platform/posix/posix_settings_store.h"
@@ -91,6 +92,55 @@ TEST(Registry, The_machines_own_keys_are_not_there) {
   EXPECT_NE(PosixDesktop(ConfigIn(folder.Path()))
                 .RegOpenKeyExA(HKEY_LOCAL_MACHINE, "SOFTWARE", KEY_READ_WRITE, key),
             0);
+}
+
+Environment WithPrograms(const TemporaryFolder& folder, const std::string& desktop) {
+  return [path = folder.Path(), desktop](const char* name) {
+    const std::string variable = name;
+    if (variable == "XDG_CURRENT_DESKTOP") return desktop;
+    return variable == "PATH" || variable == "XDG_CONFIG_HOME" ? path : std::string();
+  };
+}
+
+void Install(const TemporaryFolder& folder, const std::string& program) {
+  Put(folder / program, "");
+  ASSERT_EQ(chmod((folder / program).c_str(), 0700), 0);
+}
+
+TEST(DesktopPrograms, The_running_desktops_own_comes_before_others) {
+  TemporaryFolder folder;
+  Install(folder, "gnome-control-center");
+  Install(folder, "kinfocenter");
+  const auto found = [&](const std::string& desktop) {
+    return FindDesktopProgram(SystemInformationPrograms(), WithPrograms(folder, desktop)).value().front();
+  };
+  EXPECT_EQ(found("KDE"), "kinfocenter");
+  EXPECT_EQ(found("ubuntu:GNOME"), "gnome-control-center");
+  EXPECT_EQ(found("XFCE"), "gnome-control-center");
+}
+
+TEST(DesktopPrograms, Without_any_there_is_none) {
+  TemporaryFolder folder;
+  Put(folder / "arandr", "not to be run");
+  EXPECT_FALSE(FindDesktopProgram(DisplaySettingsPrograms(), WithPrograms(folder, "XFCE")));
+}
+
+TEST(Registry, The_machine_tells_the_program_for_facts_about_the_system) {
+  TemporaryFolder folder;
+  Install(folder, "hardinfo");
+  PosixDesktop desktop(WithPrograms(folder, ""));
+  RegistryKey key = 0;
+  const std::string path = "SOFTWARE\\Microsoft\\Shared Tools\\MSINFO";
+  ASSERT_EQ(desktop.RegOpenKeyExA(HKEY_LOCAL_MACHINE, path, KEY_READ_WRITE, key), 0);
+  std::uint32_t type = 0;
+  std::string value(100, ' ');
+  EXPECT_EQ(desktop.RegQueryValueExA(key, "PATH", type, value), 0);
+  EXPECT_EQ(type, REG_SZ);
+  EXPECT_EQ(value, "hardinfo");
+  EXPECT_NE(desktop.RegQueryValueExA(key, "OTHER", type, value), 0);
+  EXPECT_NE(desktop.RegSetValueExA(key, "PATH", REG_SZ, "other"), 0);
+  EXPECT_EQ(desktop.RegCloseKey(key), 0);
+  EXPECT_NE(desktop.RegCloseKey(key), 0);
 }
 
 TEST(StartingPrograms, A_missing_program_is_told) {

@@ -1,4 +1,4 @@
-// Draws the program's artwork: lumidex-artwork src writes the folders artwork of the forms and of the window
+// Draws the program's small pictures: lumidex-artwork src writes the folders artwork of the forms and of the window
 // system's side there.
 
 #include <string>
@@ -41,11 +41,8 @@ void WriteTypes(const fs::path& directory) {
 
 // What belongs to the design of forms is no business of the window system.
 void WriteDesignPictures(const fs::path& directory) {
-  WriteFile(directory / "backdrop.png", EncodePng(Drawn({512, 384}, 512, DrawBackdrop)));
   WriteFile(directory / "empty.png", EncodePng(Drawn({96, 96}, IconGrid, DrawEmptyThumbnail)));
   WriteFile(directory / "error.png", EncodePng(Drawn({96, 96}, IconGrid, DrawErrorThumbnail)));
-  WriteFile(directory / "stock.png",
-            EncodePng(Drawn({64, 64}, 64, [](Canvas& canvas) { DrawProgramIcon(canvas, 64); })));
 }
 
 void WriteAll(const fs::path& sources) {
@@ -53,22 +50,10 @@ void WriteAll(const fs::path& sources) {
   const fs::path directory = sources / "platform" / "qt" / "artwork";
   for (const ToolbarPicture& picture : ToolbarPictures())
     WriteIcon(directory / "toolbar", picture.key, picture.draw);
-  for (const int side : {16, 32, 48, 64, 128, 256})
-    WriteFile(directory / "application" / ("lumidex-" + std::to_string(side) + ".png"),
-              EncodePng(Drawn({side, side}, 64, [&](Canvas& canvas) { DrawProgramIcon(canvas, side); })));
   WriteIcon(directory / "folders", "desktop", DrawDesktopFolder);
   WriteIcon(directory / "folders", "documents", DrawDocumentsFolder);
   WriteIcon(directory / "folders", "favourites", DrawFavouritesFolder);
   WriteTypes(directory / "types");
-  WriteFile(directory / "splash" / "splash.png", EncodePng(Drawn({480, 320}, 480, DrawSplash)));
-  WriteFile(directory / "search" / "frames.png",
-            EncodePng(Drawn({96 * SearchFrames, 64}, 96 * SearchFrames, [](Canvas& canvas) {
-              for (int frame = 0; frame < SearchFrames; ++frame)
-                canvas.Within([&] {
-                  canvas.Translate(96 * frame, 0);
-                  DrawSearchFrame(canvas, frame);
-                });
-            })));
 }
 
 }  // namespace

@@ -17,10 +17,10 @@ void WriteFile(const std::filesystem::path& path, std::span<const std::uint8_t> 
   WriteFile(path, std::string_view(reinterpret_cast<const char*>(bytes.data()), bytes.size()));
 }
 
-int RunDrawingProgram(int count, char** arguments, void (*draw)(const std::filesystem::path& directory)) {
+int RunDrawingProgram(int count, char** arguments, void (*draw)(const std::filesystem::path& target)) {
   const std::string name = std::filesystem::path(arguments[0]).filename().string();
   if (count != 2) {
-    std::cerr << "usage: " << name << " DIRECTORY\n";
+    std::cerr << "usage: " << name << " TARGET\n";
     return 2;
   }
   try {

@@ -1,5 +1,5 @@
 #pragma once
-// What the drawing programs share: writing files, and a main that takes one directory and reports errors.
+// What the drawing programs share: writing files, and a main that takes one directory or file and reports errors.
 
 #include <cstdint>
 #include <filesystem>
@@ -12,7 +12,7 @@ namespace lumidex {
 void WriteFile(const std::filesystem::path& path, std::span<const std::uint8_t> bytes);
 void WriteFile(const std::filesystem::path& path, std::string_view text);
 
-// The body of main: `program DIRECTORY`. Returns the exit code: 0, 1 for an error, 2 for a wrong call.
-int RunDrawingProgram(int count, char** arguments, void (*draw)(const std::filesystem::path& directory));
+// The body of main: `program TARGET`. Returns the exit code: 0, 1 for an error, 2 for a wrong call.
+int RunDrawingProgram(int count, char** arguments, void (*draw)(const std::filesystem::path& target));
 
 }  // namespace lumidex

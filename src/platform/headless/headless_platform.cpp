@@ -19,6 +19,8 @@ HeadlessPlatform::HeadlessPlatform(char separator)
        {process.executableFolder, folders.desktop, folders.documents, folders.favorites}) {
     files.AddDirectory(folder);
   }
+  // Part of every installation; what is in it is not looked at here.
+  files.AddFile(process.executableFolder + separator + "findcomp.avi", "");
 }
 
 }  // namespace lumidex

@@ -1,7 +1,6 @@
 #include "platform/posix/posix_desktop.h"
 
-#include <vector>
-
+#include "platform/posix/desktop_programs.h"
 #include "platform/posix/start_process.h"
 
 namespace lumidex {
@@ -15,12 +14,27 @@ constexpr std::int32_t invalidHandle = 6;
 constexpr std::int32_t invalidParameter = 87;
 constexpr std::int32_t moreData = 234;
 
+// Where the machine's keys tell the program that shows facts about the system.
+constexpr const char* systemInformationKey = "SOFTWARE\\Microsoft\\Shared Tools\\MSINFO";
+constexpr const char* systemInformationName = "PATH";
+
+std::string CommandOf(const std::vector<std::string>& arguments) {
+  std::string command;
+  for (const std::string& argument : arguments) command += (command.empty() ? "" : " ") + argument;
+  return command;
+}
+
 }  // namespace
 
 std::int32_t PosixDesktop::RegOpenKeyExA(RegistryKey root, const std::string& path, std::uint32_t,
                                          RegistryKey& key) {
-  if (root != HKEY_CURRENT_USER) return fileNotFound;
+  const bool isUsers = root == HKEY_CURRENT_USER;
+  if (!isUsers && (root != HKEY_LOCAL_MACHINE || path != systemInformationKey)) return fileNotFound;
   key = ++lastKey_;
+  if (!isUsers) {
+    machineKeys_.insert(key);
+    return success;
+  }
   open_[key] = path;
   return success;
 }
@@ -33,11 +47,19 @@ std::int32_t PosixDesktop::RegSetValueExA(RegistryKey key, const std::string& na
   return store_.SetValue(open->second, name, bytes) ? success : accessDenied;
 }
 
+std::optional<std::string> PosixDesktop::MachinesValue(const std::string& name) const {
+  if (name != systemInformationName) return {};
+  const auto program = FindDesktopProgram(SystemInformationPrograms(), environment_);
+  if (!program) return {};
+  return CommandOf(*program);
+}
+
 std::int32_t PosixDesktop::RegQueryValueExA(RegistryKey key, const std::string& name, std::uint32_t& type,
                                             std::string& bytes) {
   const auto open = open_.find(key);
-  if (open == open_.end()) return invalidHandle;
-  const auto found = store_.Value(open->second, name);
+  const bool isMachines = machineKeys_.contains(key);
+  if (open == open_.end() && !isMachines) return invalidHandle;
+  const auto found = isMachines ? MachinesValue(name) : store_.Value(open->second, name);
   if (!found) return fileNotFound;
   if (found->size() > bytes.size()) return moreData;
   type = REG_SZ;
@@ -46,7 +68,7 @@ std::int32_t PosixDesktop::RegQueryValueExA(RegistryKey key, const std::string& 
 }
 
 std::int32_t PosixDesktop::RegCloseKey(RegistryKey key) {
-  return open_.erase(key) == 1 ? success : invalidHandle;
+  return open_.erase(key) + machineKeys_.erase(key) == 1 ? success : invalidHandle;
 }
 
 WallpaperMode PosixDesktop::ChosenMode() const {
@@ -68,17 +90,8 @@ bool PosixDesktop::SystemParametersInfoA(unsigned action, unsigned, const std::s
 }
 
 void PosixDesktop::ShowDisplaySettings() {
-  // The first of the desktops' own that is there; with none of them nothing opens.
-  static const std::vector<std::string> tools[] = {{"gnome-control-center", "display"},
-                                                   {"systemsettings", "kcm_kscreen"},
-                                                   {"xfce4-display-settings"},
-                                                   {"mate-display-properties"},
-                                                   {"cinnamon-settings", "display"},
-                                                   {"lxqt-config-monitor"},
-                                                   {"lxrandr"}};
-  for (const auto& tool : tools) {
-    if (StartDetached(tool) == 0) return;
-  }
+  if (const auto program = FindDesktopProgram(DisplaySettingsPrograms(), environment_))
+    StartDetached(*program);
 }
 
 void PosixDesktop::KeepScreenAwake(bool awake) {

@@ -2,6 +2,8 @@
 // The registry calls, over a store of the user's own, and the calls that change the desktop itself.
 
 #include <map>
+#include <optional>
+#include <set>
 
 #include "platform/posix/desktop_services.h"
 #include "platform/posix/environment.h"
@@ -14,9 +16,12 @@ class PosixDesktop : public Desktop {
  public:
   // Without services nothing changes the desktop, and the calls say that they failed.
   explicit PosixDesktop(const Environment& environment = ReadEnvironment, DesktopServices* services = nullptr)
-      : services_(services), store_(ConfigHome(environment) + "/Lumidex/registry.ini") {}
+      : environment_(environment),
+        services_(services),
+        store_(ConfigHome(environment) + "/Lumidex/registry.ini") {}
 
-  // Every key of HKEY_CURRENT_USER exists; of HKEY_LOCAL_MACHINE none does.
+  // Every key of HKEY_CURRENT_USER exists; of HKEY_LOCAL_MACHINE only the one that tells the
+  // program for facts about the system: the running desktop's own, or another that is installed.
   std::int32_t RegOpenKeyExA(RegistryKey root, const std::string& path, std::uint32_t access,
                              RegistryKey& key) override;
   // The store is for texts: other types are refused.
@@ -29,15 +34,20 @@ class PosixDesktop : public Desktop {
   // awaited elsewhere.
   bool SystemParametersInfoA(unsigned action, unsigned parameter, const std::string& text,
                              unsigned flags) override;
+  // The running desktop's own, or another that is installed; with none of them nothing opens.
   void ShowDisplaySettings() override;
   void KeepScreenAwake(bool awake) override;
 
  private:
   WallpaperMode ChosenMode() const;
 
+  std::optional<std::string> MachinesValue(const std::string& name) const;
+
+  Environment environment_;
   DesktopServices* services_;
   IniFile store_;
   std::map<RegistryKey, std::string> open_;
+  std::set<RegistryKey> machineKeys_;
   RegistryKey lastKey_ = 0;
 };
 

@@ -87,7 +87,7 @@ QIcon ArtworkIcon(const std::string& name) {
 
 QIcon ApplicationIcon() {
   QIcon icon;
-  for (const int side : {16, 32, 48, 64, 128}) {
+  for (const int side : {16, 22, 24, 32, 48, 64, 128}) {
     const Picture picture = ArtworkPicture("application/lumidex-" + std::to_string(side) + ".png");
     if (!picture.IsEmpty()) icon.addPixmap(QPixmap::fromImage(ToImage(picture)));
   }

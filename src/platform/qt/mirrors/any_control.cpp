@@ -29,6 +29,7 @@ QWidget* MakeWidget(FormView& view, Control& control, QWidget* parent) {
       Try<CheckBox>(control, made, [&](auto& known) { return MakeCheckBox(view, known, parent); }) ||
       Try<OptionButton>(control, made, [&](auto& known) { return MakeOptionButton(view, known, parent); }) ||
       Try<Label>(control, made, [&](auto& known) { return MakeLabel(view, known, parent); }) ||
+      Try<HyperLink>(control, made, [&](auto& known) { return MakeLink(view, known, parent); }) ||
       Try<TextBox>(control, made, [&](auto& known) { return MakeTextBox(view, known, parent); }) ||
       Try<Frame>(control, made, [&](auto& known) { return MakeFrame(view, known, parent); }) ||
       Try<ListBox>(control, made, [&](auto& known) { return MakeListBox(view, known, parent); }) ||

@@ -11,6 +11,7 @@
 #include "controls/file_lists.h"
 #include "controls/grid.h"
 #include "controls/gvbox.h"
+#include "controls/hyper_link.h"
 #include "controls/list_box.h"
 #include "controls/menu_item.h"
 #include "controls/picture_controls.h"
@@ -40,6 +41,7 @@ QRadioButton* MakeOptionButton(FormView& view, OptionButton& control, QWidget* p
 
 // With `buddy` the caption's access key leads to that widget.
 QLabel* MakeLabel(FormView& view, Label& control, QWidget* parent, QWidget* buddy = nullptr);
+QLabel* MakeLink(FormView& view, HyperLink& control, QWidget* parent);
 QWidget* MakeTextBox(FormView& view, TextBox& control, QWidget* parent);
 QWidget* MakeFrame(FormView& view, Frame& control, QWidget* parent);
 

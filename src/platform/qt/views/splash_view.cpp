@@ -17,16 +17,19 @@ namespace {
 
 constexpr QSize artworkSize(480, 320);
 constexpr int margin = 24;
-constexpr int titleTop = 204;  // below it the artwork is dark and plain
-constexpr int wordSpacing = 5;
+constexpr int titleTop = 196;  // below it the artwork is dark and plain
+constexpr int gap = 10;
+constexpr QSize programSize(40, 40);
+constexpr QSize titleSize(176, 40);
+constexpr QSize vendorSize(113, 20);
+constexpr int spectrumHeight = 4;
 
-void Whiten(QWidget* label, int points, bool bold) {
+void Whiten(QWidget* label, int points) {
   QPalette colors = label->palette();
   colors.setColor(QPalette::WindowText, Qt::white);
   label->setPalette(colors);
   QFont font = label->font();
   font.setPointSize(std::max(points, font.pointSize()));
-  font.setBold(bold);
   label->setFont(font);
 }
 
@@ -40,22 +43,24 @@ SplashView::SplashView(FormViews& views, frmSplashWindow& itsForm)
   rows->setContentsMargins(margin, titleTop, margin, margin);
   rows->setSpacing(2);
 
-  auto* title = new QLabel(QStringLiteral("Lumidex"), this);
-  Whiten(title, 24, true);
-  rows->addWidget(title);
+  auto* name = new QHBoxLayout;
+  name->setSpacing(gap);
+  AddPicture(*name, form.Image2, programSize);
+  AddPicture(*name, form.Image3, titleSize);
+  name->addStretch();
+  rows->addLayout(name);
   auto* maker = new QHBoxLayout;
-  maker->setSpacing(wordSpacing);
+  maker->setSpacing(gap / 2);
   QLabel* from = MakeLabel(*this, form.Label2, this);
-  auto* name = new QLabel(QStringLiteral("Korvane"), this);
-  auto* version = new QLabel(tr("Version %1").arg(QCoreApplication::applicationVersion()), this);
-  for (QLabel* label : {from, name, version}) Whiten(label, 11, label == name);
   maker->addWidget(from);
-  maker->addWidget(name);
+  AddPicture(*maker, form.Image4, vendorSize);
   maker->addStretch();
+  auto* version = new QLabel(tr("Version %1").arg(QCoreApplication::applicationVersion()), this);
   maker->addWidget(version);
+  for (QLabel* label : {from, version}) Whiten(label, 11);
   rows->addLayout(maker);
   QLabel* platform = MakeLabel(*this, form.lblPlatform, this);
-  Whiten(platform, 9, false);
+  Whiten(platform, 9);
   rows->addWidget(platform);
   // The rows so far stand on the artwork, what follows below it.
   rows->addSpacing(std::max(0, artworkSize.height() + 2 * margin - rows->sizeHint().height()));
@@ -65,10 +70,27 @@ SplashView::SplashView(FormViews& views, frmSplashWindow& itsForm)
   rows->addWidget(text);
   rows->addWidget(MakeButton(*this, form.cmdClose, this), 0, Qt::AlignRight);
 
+  spectrum_ = MakeImage(*this, form.Image5, this);
+  backdrop_ = MakeImage(*this, form.Image1, this);
+  spectrum_->lower();
+  backdrop_->lower();
+
   setFixedWidth(artworkSize.width());
   // A wrapped text tells its height only for a known width.
   resize(artworkSize.width(), rows->heightForWidth(artworkSize.width()));
   move(screen()->availableGeometry().center() - rect().center());
+}
+
+void SplashView::AddPicture(QHBoxLayout& row, ImageBox& picture, QSize size) {
+  QWidget* widget = MakeImage(*this, picture, this);
+  widget->setFixedSize(size);
+  row.addWidget(widget);
+}
+
+void SplashView::resizeEvent(QResizeEvent* event) {
+  spectrum_->setGeometry(0, artworkSize.height() - spectrumHeight, width(), spectrumHeight);
+  backdrop_->setGeometry(0, artworkSize.height(), width(), height() - artworkSize.height());
+  TypedView::resizeEvent(event);
 }
 
 void SplashView::paintEvent(QPaintEvent*) {

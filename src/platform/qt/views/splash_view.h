@@ -5,6 +5,8 @@
 #include "platform/qt/mirrors/shown_picture.h"
 #include "platform/qt/typed_view.h"
 
+class QHBoxLayout;
+
 namespace lumidex {
 
 class SplashView final : public TypedView<frmSplashWindow> {
@@ -12,10 +14,15 @@ class SplashView final : public TypedView<frmSplashWindow> {
   SplashView(FormViews& views, frmSplashWindow& form);
 
  protected:
+  void resizeEvent(QResizeEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  void AddPicture(QHBoxLayout& row, ImageBox& picture, QSize size);
+
   ShownPicture shown_;
+  QWidget* spectrum_ = nullptr;  // the last line of the artwork
+  QWidget* backdrop_ = nullptr;  // below the artwork
 };
 
 }  // namespace lumidex

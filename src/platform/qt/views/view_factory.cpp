@@ -1,6 +1,7 @@
 #include "platform/qt/views/view_factory.h"
 
 #include "forms/frmSystemTray.h"
+#include "platform/qt/views/about_view.h"
 #include "platform/qt/views/adjustment_view.h"
 #include "platform/qt/views/batch_views.h"
 #include "platform/qt/views/directory_view.h"
@@ -39,6 +40,7 @@ std::unique_ptr<FormView> MakeView(FormViews& views, Form& form) {
       Try<FullScreenView, frmSlideShowFullScreenWindow>(views, form, view) ||
       Try<SearchView, frmlocatefilesWindow>(views, form, view) ||
       Try<TipView, frmTipWindow>(views, form, view) ||
+      Try<AboutView, frmAboutWindow>(views, form, view) ||
       Try<StatisticsView, frmstatsWindow>(views, form, view) ||
       Try<ReportView, frmReportWindow>(views, form, view) ||
       Try<ConvertTypeView, frmConvertFileTypeWindow>(views, form, view) ||

@@ -1,0 +1,59 @@
+// Labels that lead to addresses.
+
+#include <QEnterEvent>
+#include <QKeyEvent>
+#include <QLabel>
+
+#include "platform/qt/conversions.h"
+#include "platform/qt/mirrors/mirrors.h"
+#include "platform/qt/pointer_watch.h"
+
+namespace lumidex {
+namespace {
+
+// Looks like a link of the desktop, takes another colour under the mouse, and is a link for the keyboard too.
+class LinkLabel final : public QLabel {
+ public:
+  LinkLabel(FormView& view, HyperLink& control, QWidget* parent)
+      : QLabel(parent), view_(view), control_(control) {
+    setTextFormat(Qt::PlainText);
+    setCursor(Qt::PointingHandCursor);
+    setFocusPolicy(Qt::StrongFocus);
+    QFont underlined = font();
+    underlined.setUnderline(true);
+    setFont(underlined);
+    ShowColor(false);
+  }
+
+ protected:
+  void enterEvent(QEnterEvent*) override { ShowColor(true); }
+  void leaveEvent(QEvent*) override { ShowColor(false); }
+  void keyPressEvent(QKeyEvent* event) override {
+    const bool follows = event->key() == Qt::Key_Space || event->key() == Qt::Key_Return;
+    if (!follows) return QLabel::keyPressEvent(event);
+    view_.Serve([this] { control_.UserClick(); });
+  }
+
+ private:
+  void ShowColor(bool hovered) {
+    QPalette colors = palette();
+    colors.setColor(QPalette::WindowText,
+                    hovered ? ToColor(control_.HoverColor) : colors.color(QPalette::Link));
+    setPalette(colors);
+  }
+
+  FormView& view_;
+  HyperLink& control_;
+};
+
+}  // namespace
+
+QLabel* MakeLink(FormView& view, HyperLink& control, QWidget* parent) {
+  auto* label = new LinkLabel(view, control, parent);
+  Mirror* mirror =
+      view.Follow(control, label, [&control, label] { label->setText(ToQt(control.Caption.Get())); });
+  new PointerWatch(view, control, label, mirror);
+  return label;
+}
+
+}  // namespace lumidex
