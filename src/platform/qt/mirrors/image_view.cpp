@@ -151,7 +151,7 @@ void ImageView::Paint() {
   if (pixels_) {
     PaintOnDevice(painter);
   } else {
-    shown_.Paint(painter, BoxIn(size(), shown_.Painted()));
+    shown_.Paint(painter, BoxIn(size(), shown_.Painted()), ground_);
   }
 }
 

@@ -27,6 +27,8 @@ class ImageView final : public PaintedWidget {
   void PlaceOnDevice(const QRect& pixels);
   // A drawn picture of the program's own: it fills the widget and keeps its transparent places.
   void ShowArtwork(const std::string& name);
+  // What shows through a picture's transparent places; white by default.
+  void SetGround(const QBrush& ground) { ground_ = ground; }
   // True while the picture that it was given last is on its way.
   bool IsWaiting() const { return ask_->IsWaiting() || shown_.IsWaiting(); }
   bool HasPicture() const { return !shown_.Painted().IsEmpty(); }
@@ -60,6 +62,7 @@ class ImageView final : public PaintedWidget {
   // Picture and place change one after the other: what is wanted is asked for once they both have.
   Mirror* ask_;
   QImage artwork_;
+  QBrush ground_{Qt::white};
   QTimer untilBusy_{this};
   QPointer<BusySign> busy_;
 };

@@ -2,6 +2,7 @@
 // A widget for each kind of control, tied to it both ways. The widgets are children of `parent` inside the
 // view's window and follow the control until they are deleted.
 
+#include <QBrush>
 #include <QWidget>
 
 #include "controls/animation.h"
@@ -66,7 +67,9 @@ QWidget* MakeGrid(FormView& view, Grid& control, QWidget* parent);
 
 QWidget* MakeAnimation(FormView& view, Animation& control, QWidget* parent);
 QWidget* MakeImageControl(FormView& view, Gvbox& control, QWidget* parent);
-QWidget* MakeImage(FormView& view, ImageBox& control, QWidget* parent);
+// `ground` shows through the transparent places of its picture.
+QWidget* MakeImage(FormView& view, ImageBox& control, QWidget* parent,
+                   const QBrush& ground = QBrush(Qt::white));
 // Its box follows the control's, together with its picture: to the pixel of the screen where its container is
 // measured in those.
 void PlaceImage(FormView& view, ImageBox& control);

@@ -66,8 +66,9 @@ class PictureBoxView final : public QWidget {
 
 }  // namespace
 
-QWidget* MakeImage(FormView& view, ImageBox& control, QWidget* parent) {
+QWidget* MakeImage(FormView& view, ImageBox& control, QWidget* parent, const QBrush& ground) {
   auto* image = new ImageView(view.GetForm().GetPlatform(), view.Pushes(), parent);
+  image->SetGround(ground);
   if (!control.PictureKey.Get().empty()) image->ShowArtwork(control.PictureKey);
   auto* hide = new QTimer(image);
   hide->setSingleShot(true);

@@ -12,6 +12,7 @@ namespace lumidex {
 namespace {
 
 constexpr int margin = 24;
+constexpr int gap = 6;
 constexpr int textWidth = 380;
 constexpr QSize programSize(64, 64);
 constexpr QSize vendorSize(141, 25);
@@ -30,7 +31,7 @@ AboutView::AboutView(FormViews& views, frmAboutWindow& itsForm) : TypedView(view
   auto* cell = new QGridLayout(this);
   cell->setContentsMargins(0, 0, 0, 0);
   cell->setSizeConstraint(QLayout::SetFixedSize);
-  QWidget* backdrop = MakeImage(*this, form.Image1, this);
+  QWidget* backdrop = MakeImage(*this, form.Image1, this, Qt::transparent);
   backdrop->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
   cell->addWidget(backdrop, 0, 0);
   auto* sheet = new QWidget(this);
@@ -39,13 +40,13 @@ AboutView::AboutView(FormViews& views, frmAboutWindow& itsForm) : TypedView(view
   rows->setSpacing(margin);
   auto* columns = new QHBoxLayout;
   columns->setSpacing(margin);
-  QWidget* logo = MakeImage(*this, form.Image2, sheet);
+  QWidget* logo = MakeImage(*this, form.Image2, sheet, Qt::transparent);
   logo->setFixedSize(programSize);
   columns->addWidget(logo, 0, Qt::AlignTop);
   columns->addLayout(Texts());
   rows->addLayout(columns);
   auto* buttons = new QHBoxLayout;
-  QWidget* vendor = MakeImage(*this, form.Image3, sheet);
+  QWidget* vendor = MakeImage(*this, form.Image3, sheet, Qt::transparent);
   vendor->setFixedSize(vendorSize);
   buttons->addWidget(vendor);
   buttons->addStretch();
@@ -62,6 +63,7 @@ AboutView::AboutView(FormViews& views, frmAboutWindow& itsForm) : TypedView(view
 
 QLayout* AboutView::Texts() {
   auto* texts = new QVBoxLayout;
+  texts->setSpacing(gap);
   QLabel* title = MakeLabel(*this, form.lblTitle, this);
   Enlarge(title, 10);
   texts->addWidget(title);

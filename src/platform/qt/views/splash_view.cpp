@@ -70,8 +70,8 @@ SplashView::SplashView(FormViews& views, frmSplashWindow& itsForm)
   rows->addWidget(text);
   rows->addWidget(MakeButton(*this, form.cmdClose, this), 0, Qt::AlignRight);
 
-  spectrum_ = MakeImage(*this, form.Image5, this);
-  backdrop_ = MakeImage(*this, form.Image1, this);
+  spectrum_ = MakeImage(*this, form.Image5, this, Qt::transparent);
+  backdrop_ = MakeImage(*this, form.Image1, this, Qt::transparent);
   spectrum_->lower();
   backdrop_->lower();
 
@@ -82,7 +82,7 @@ SplashView::SplashView(FormViews& views, frmSplashWindow& itsForm)
 }
 
 void SplashView::AddPicture(QHBoxLayout& row, ImageBox& picture, QSize size) {
-  QWidget* widget = MakeImage(*this, picture, this);
+  QWidget* widget = MakeImage(*this, picture, this, Qt::transparent);
   widget->setFixedSize(size);
   row.addWidget(widget);
 }
