@@ -1,5 +1,5 @@
-// Draws the program's small pictures: lumidex-artwork src writes the folders artwork of the forms and of the window
-// system's side there.
+// Draws the program's small pictures: lumidex-artwork src writes the folders artwork of the forms and of the
+// window system's side there.
 
 #include <string>
 

@@ -1,5 +1,6 @@
 #pragma once
-// What the drawing programs share: writing files, and a main that takes one directory or file and reports errors.
+// What the drawing programs share: writing files, and a main that takes one directory or file and reports
+// errors.
 
 #include <cstdint>
 #include <filesystem>

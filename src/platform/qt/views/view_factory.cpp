@@ -39,8 +39,7 @@ std::unique_ptr<FormView> MakeView(FormViews& views, Form& form) {
       Try<SplashView, frmSplashWindow>(views, form, view) ||
       Try<FullScreenView, frmSlideShowFullScreenWindow>(views, form, view) ||
       Try<SearchView, frmlocatefilesWindow>(views, form, view) ||
-      Try<TipView, frmTipWindow>(views, form, view) ||
-      Try<AboutView, frmAboutWindow>(views, form, view) ||
+      Try<TipView, frmTipWindow>(views, form, view) || Try<AboutView, frmAboutWindow>(views, form, view) ||
       Try<StatisticsView, frmstatsWindow>(views, form, view) ||
       Try<ReportView, frmReportWindow>(views, form, view) ||
       Try<ConvertTypeView, frmConvertFileTypeWindow>(views, form, view) ||
