@@ -1,6 +1,7 @@
 // The events of the small search window.
 
 #include "forms/frmlocatefiles.h"
+#include "base/run_time_error.h"
 #include "core/topmost.h"
 #include "windows/windows.h"
 
@@ -10,7 +11,8 @@ void Wirefrmlocatefiles(App& app) {
   frmlocatefilesWindow& window = app.frmlocatefiles;
   window.OnLoad = [&] {
     MakeWindowTopmost(app, window.hwnd());
-    window.Animation1.Open(app.AppPath + "findcomp.avi");
+    // An installation that lacks it still searches.
+    IgnoreError([&] { window.Animation1.Open(app.AppPath + "findcomp.avi"); });
   };
   window.CancelButton.OnClick = [&] {
     app.SearchRunning = false;

@@ -30,7 +30,6 @@ AboutView::AboutView(FormViews& views, frmAboutWindow& itsForm) : TypedView(view
   // The backdrop lies behind everything, in the same one cell.
   auto* cell = new QGridLayout(this);
   cell->setContentsMargins(0, 0, 0, 0);
-  cell->setSizeConstraint(QLayout::SetFixedSize);
   QWidget* backdrop = MakeImage(*this, form.Image1, this, Qt::transparent);
   backdrop->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
   cell->addWidget(backdrop, 0, 0);
