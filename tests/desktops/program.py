@@ -65,6 +65,9 @@ class Window:
     def minimise(self):
         self.desktop.run("xdotool", "windowminimize", self.number)
 
+    def close(self):
+        self.desktop.run("wmctrl", "-i", "-c", self.number)
+
     def activate(self):
         self.desktop.run("wmctrl", "-i", "-a", self.number)
 

@@ -358,6 +358,19 @@ TEST_F(MainWindowTest, The_toolbar_hides_what_the_window_shows_behind_it) {
   EXPECT_EQ(shot.pixelColor(free), bar.palette().color(QPalette::Window));
 }
 
+TEST_F(MainWindowTest, A_unit_that_the_form_counts_in_for_a_moment_moves_nothing) {
+  const QPoint label = WidgetOf<QWidget>(world, window.lblCount).pos();
+  const QPoint button = WidgetOf<QWidget>(world, window.cmdUp).pos();
+  window.Scale = ScaleMode::Pixels;
+  window.lblCount.Caption = "7";
+  window.cmdUp.ToolTipText = "a tip";
+  Settle();
+  window.Scale = ScaleMode::Twips;
+  Settle();
+  EXPECT_EQ(WidgetOf<QWidget>(world, window.lblCount).pos(), label);
+  EXPECT_EQ(WidgetOf<QWidget>(world, window.cmdUp).pos(), button);
+}
+
 TEST_F(MainWindowTest, Hiding_a_bar_leaves_the_controls_where_they_are) {
   const int before = WidgetOf<QWidget>(world, window.LstLeft).y();
   window.Toolbar1.Visible = false;

@@ -5,7 +5,9 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
+#include <array>
 #include <cmath>
+#include <optional>
 
 #include "platform/qt/conversions.h"
 #include "platform/qt/mirrors/mirrors.h"
@@ -70,9 +72,21 @@ bool IsMeasuredInScreenPixels(const Control& control) {
   return container && container->InnerScale() == ScaleMode::Pixels;
 }
 
+Mirror* FollowPlace(FormView& view, Control& control, QWidget* widget,
+                    std::function<void(const QRect& place)> take) {
+  std::array<float, 4> known{};
+  std::optional<QRect> place;
+  return new Mirror(
+      view.Pushes(), control, widget, [&view, &control, take = std::move(take), known, place]() mutable {
+        const std::array<float, 4> numbers{control.Left, control.Top, control.Width, control.Height};
+        if (!place || numbers != known) place = PlaceOf(view, control);
+        known = numbers;
+        take(*place);
+      });
+}
+
 Mirror* FollowGeometry(FormView& view, Control& control, QWidget* widget) {
-  return new Mirror(view.Pushes(), control, widget, [&view, &control, widget] {
-    const QRect place = PlaceOf(view, control);
+  return FollowPlace(view, control, widget, [widget](const QRect& place) {
     if (widget->geometry() != place) widget->setGeometry(place);
   });
 }

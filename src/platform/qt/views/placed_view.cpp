@@ -20,8 +20,7 @@ bool HasMenu(const Form& form) {
 void PlaceAroundText(FormView& view, Control& control, QLabel* label) {
   // Its text stays readable whatever the window's background shows.
   label->setAutoFillBackground(true);
-  new Mirror(view.Pushes(), control, label, [&view, &control, label] {
-    const QRect place = PlaceOf(view, control);
+  FollowPlace(view, control, label, [label](const QRect& place) {
     label->setGeometry({place.topLeft(), place.size().expandedTo(label->sizeHint())});
   });
 }

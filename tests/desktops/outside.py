@@ -1,0 +1,57 @@
+"""Ends of the program from outside: signals, and a display that goes away."""
+
+import os
+import signal
+import time
+from concurrent.futures import ThreadPoolExecutor
+
+from desktop import Desktop, Failure, wait_until
+from program import Program
+
+
+def files_of(program):
+    """An empty list is not saved."""
+    return [file for file in ("Lumidex.Cfg", "Lumidex.Lst") if os.path.exists(os.path.join(program.folder, file))]
+
+
+def tried(executable, act, arguments=()):
+    """The files that are there after the program was ended by `act`."""
+    with Desktop("openbox") as desktop:
+        program = Program(desktop, executable, *arguments)
+        program.leave_tip()
+        time.sleep(0.3)
+        act(desktop, program)
+        wait_until(lambda: not program.is_running(), 20, "the program to end")
+        return files_of(program)
+
+
+def ends_from_outside(executable, short):
+    """What is wrong; `short` tries the two that differ most."""
+    def signalled(number):
+        return lambda desktop, program: os.kill(program.process.pid, number)
+
+    def without_display(desktop, program):
+        desktop.processes[0].kill()
+
+    picture = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "gallery", "lighthouse.jpg")
+    cases = (
+        ("SIGTERM", signalled(signal.SIGTERM), (), True),
+        ("SIGHUP", signalled(signal.SIGHUP), (), True),
+        ("SIGTERM with a picture on the command line", signalled(signal.SIGTERM), (picture,), False),
+        ("the loss of the display", without_display, (), True),
+        ("the loss of the display with a picture on the command line", without_display, (picture,), False))
+
+    if short:
+        cases = (cases[0], cases[4])
+
+    def faults(case):
+        what, act, arguments, saved = case
+        try:
+            files = tried(executable, act, arguments)
+            return [] if bool(files) == saved else [f"{what}: saved are {files}"]
+        except Failure as failure:
+            return [f"{what}: {failure}"]
+
+    # They spend their time waiting, each on a desktop of its own.
+    with ThreadPoolExecutor(len(cases)) as pool:
+        return [fault for found in pool.map(faults, cases) for fault in found]
