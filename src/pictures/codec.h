@@ -32,10 +32,17 @@ struct OpenOptions {
   DecoderOptions decoder = {};
 };
 
+// What to make of the size that a picture is wanted at.
+enum class Fit {
+  Exact,   // it is the size at which the picture will be shown
+  AtLeast  // it will be shown no larger, at a size not known yet: the answer must be good for making smaller
+};
+
 struct DecodeRequest {
-  // The size at which the picture will be shown; 0 by 0 asks for full size. A decoder may answer with any
-  // size that is at least this on both sides, or with its full size; drawings answer with exactly this size.
+  // 0 by 0 asks for full size. A decoder may answer with any size that is at least this on both sides, or
+  // with its full size; drawings answer with exactly this size.
   Size wanted;
+  Fit fit = Fit::Exact;
   // Once it is asked for, nobody wants the answer: a decoder may end with any, and does where its file ends.
   std::stop_token stop = {};
 };

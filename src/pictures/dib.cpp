@@ -12,6 +12,7 @@
 #include "pictures/dib_huffman.h"
 #include "pictures/dib_row.h"
 #include "pictures/dib_run_length.h"
+#include "pictures/row_target.h"
 
 namespace lumidex {
 namespace {
@@ -209,9 +210,12 @@ DibHeader ReadDibHeader(Bytes bytes, const DibOptions& options) {
   return header;
 }
 
-Pixels DecodeDibRows(const DibHeader& header, const DibPixelSource& source, const PictureLimits& limits) {
+Pixels DecodeDibRows(const DibHeader& header, const DibPixelSource& source, const PictureLimits& limits,
+                     Size wanted) {
   const bool alpha = header.masks[3] != 0 || header.bitsPerPixel == 64;
-  Pixels pixels = Pixels::MakeUnfilled(header.size, alpha ? PixelFormat::Argb : PixelFormat::Rgb, limits);
+  RowTarget target(
+      header.size, alpha ? PixelFormat::Argb : PixelFormat::Rgb,
+      {.wanted = wanted, .order = header.topDown ? RowOrder::TopDown : RowOrder::BottomUp, .limits = limits});
   const DibRowReader row(header);
   const std::size_t rowBytes = header.RowBytes();
   const int height = header.size.height;
@@ -221,12 +225,13 @@ Pixels DecodeDibRows(const DibHeader& header, const DibPixelSource& source, cons
     Bytes bytes =
         source(static_cast<std::uint64_t>(first) * rowBytes, rowBytes * static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i) {
-      const int y = first + i;
       const Bytes here = bytes.first(std::min(rowBytes, bytes.size()));
       bytes = bytes.subspan(here.size());
-      row.Read(here, pixels.Row(header.topDown ? y : height - 1 - y));
+      row.Read(here, target.Row());
+      target.Add();
     }
   }
+  Pixels pixels = target.Finish(blankPixel);
   if (alpha) DeclareOpaqueIfSo(pixels);
   return pixels;
 }

@@ -57,7 +57,9 @@ Pixels DecodeDib(const DibHeader& header, Bytes pixels, const PictureLimits& lim
 // The decoder of the file that the pixels of Jpeg and Png codings are; raises InvalidPicture when it is none.
 std::unique_ptr<Decoder> OpenDibFile(DibCoding coding, std::shared_ptr<const ByteSource> pixels,
                                      const PictureLimits& limits);
-// The pixels of Plain and BitFields, without holding all of the pixels' bytes at once.
-Pixels DecodeDibRows(const DibHeader& header, const DibPixelSource& source, const PictureLimits& limits = {});
+// The pixels of Plain and BitFields, without holding all of the pixels' bytes at once; see DecodeRequest for
+// `wanted`.
+Pixels DecodeDibRows(const DibHeader& header, const DibPixelSource& source, const PictureLimits& limits = {},
+                     Size wanted = {});
 
 }  // namespace lumidex

@@ -4,6 +4,8 @@
 #include <bit>
 #include <cmath>
 
+#include "pictures/byte_pixels.h"
+
 namespace lumidex {
 namespace {
 
@@ -68,11 +70,7 @@ void DibRowReader::Read(Bytes bytes, std::span<std::uint32_t> row) const {
       ReadFields(bytes, row);
       break;
     case 24:
-      for (std::size_t x = 0; x < row.size(); ++x) {
-        const std::size_t at = x * 3;
-        row[x] =
-            0xFF000000U | std::uint32_t{bytes[at + 2]} << 16 | std::uint32_t{bytes[at + 1]} << 8 | bytes[at];
-      }
+      JoinBgr(bytes.first(row.size() * 3), row);
       break;
     case 64:
       for (std::size_t x = 0; x < row.size(); ++x) row[x] = FromLinear(bytes, x * 8);

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "base/run_time_error.h"
+#include "pictures/in_parts.h"
 #include "pictures/word_blocks.h"
 
 namespace lumidex {
@@ -87,10 +88,12 @@ struct Stretch {
 
 template <class Change>
 void ChangeAll(Pixels& pixels, Change change) {
-  const std::size_t count = pixels.ByteCount() / 4;
-  if (!pixels.IsShared()) return TransformWords(pixels.Data(), pixels.Data(), count, change);
-  Pixels changed = Pixels::MakeUnfilled(pixels.GetSize(), pixels.Format());
-  TransformWords(pixels.Data(), changed.Data(), count, change);
+  // A thread of its own pays from so many pixels on.
+  constexpr std::size_t least = 1 << 20;
+  Pixels changed = pixels.IsShared() ? Pixels::MakeUnfilled(pixels.GetSize(), pixels.Format()) : pixels;
+  InParts(pixels.ByteCount() / 4, least, [&](std::size_t begin, std::size_t end) {
+    TransformWords(pixels.Data() + begin, changed.Data() + begin, end - begin, change);
+  });
   pixels = std::move(changed);
 }
 

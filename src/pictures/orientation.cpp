@@ -2,10 +2,14 @@
 
 #include <algorithm>
 
+#include "pictures/in_parts.h"
 #include "pictures/word_blocks.h"
 
 namespace lumidex {
 namespace {
+
+// A thread of its own pays from so many rows on.
+constexpr std::size_t leastRows = 512;
 
 // Where each pixel of a picture goes that is mirrored about a diagonal: column x of the source becomes row x,
 // or the row counted from the bottom when `upward`; within it the source's rows run from the left, or from
@@ -75,11 +79,15 @@ void TransposeInto(const Pixels& from, Pixels& into, bool leftward, bool upward)
   const Transposition work{from, into, leftward, upward};
   const int columns = from.Width(), length = from.Height();
   const int fours = columns / 4 * 4, whole = length / 4 * 4;
-  for (int first = 0; first < whole; first += StripWords)
-    TransposeStrip(work, columns, first, std::min(StripWords, whole - first));
+  InParts(static_cast<std::size_t>((whole + StripWords - 1) / StripWords), leastRows / StripWords + 1,
+          [&](std::size_t begin, std::size_t end) {
+            const int last = std::min(static_cast<int>(end) * StripWords, whole);
+            for (int first = static_cast<int>(begin) * StripWords; first < last; first += StripWords)
+              TransposeStrip(work, columns, first, std::min(StripWords, whole - first));
+            StreamsDone();
+          });
   TransposeWords(work, fours, columns - fours, 0, whole);
   TransposeWords(work, 0, columns, whole, length - whole);
-  StreamsDone();
 }
 
 #else
@@ -111,14 +119,16 @@ void ReverseRow(std::span<const std::uint32_t> from, std::span<std::uint32_t> in
 
 void MirrorInto(const Pixels& from, Pixels& into, bool leftRight, bool topBottom) {
   const int height = from.Height();
-  for (int y = 0; y < height; ++y) {
-    const auto target = into.Row(topBottom ? height - 1 - y : y);
-    if (leftRight) {
-      ReverseRow(from.Row(y), target);
-    } else {
-      TransformWords(from.Row(y).data(), target.data(), target.size(), [](auto words) { return words; });
+  InParts(static_cast<std::size_t>(height), leastRows, [&](std::size_t begin, std::size_t end) {
+    for (int y = static_cast<int>(begin); y < static_cast<int>(end); ++y) {
+      const auto target = into.Row(topBottom ? height - 1 - y : y);
+      if (leftRight) {
+        ReverseRow(from.Row(y), target);
+      } else {
+        TransformWords(from.Row(y).data(), target.data(), target.size(), [](auto words) { return words; });
+      }
     }
-  }
+  });
 }
 
 }  // namespace

@@ -24,7 +24,7 @@ struct Picture::State {
   bool IsDrawnAt(Size wanted) const { return facts.scalable && wanted.width > 0 && wanted.height > 0; }
   bool Covers(Size wanted) const;
   Size SizeToShow(Size wanted) const;
-  Pixels Decode(Size wanted, const std::stop_token& stop) const;
+  Pixels Decode(const DecodeRequest& request) const;
   void Keep(Pixels answer);
   void KeepShown(Pixels answer);
   void Count() { bytes = pixels.ByteCount() + (shown.Data() == pixels.Data() ? 0 : shown.ByteCount()); }
@@ -43,13 +43,13 @@ Size Picture::State::SizeToShow(Size wanted) const {
   return {std::min(wanted.width, facts.size.width), std::min(wanted.height, facts.size.height)};
 }
 
-Pixels Picture::State::Decode(Size wanted, const std::stop_token& stop) const {
-  if (stop.stop_requested()) return {};
+Pixels Picture::State::Decode(const DecodeRequest& request) const {
+  if (request.stop.stop_requested()) return {};
   *stopMark = false;
-  const std::stop_callback endTheFile(stop, [this] { *stopMark = true; });
-  Pixels answer = TellingOutOfMemory([&] { return decoder->Decode({wanted, stop}); });
+  const std::stop_callback endTheFile(request.stop, [this] { *stopMark = true; });
+  Pixels answer = TellingOutOfMemory([&] { return decoder->Decode(request); });
   // What came of a file that was ended must not be taken for the picture.
-  return stop.stop_requested() ? Pixels() : answer;
+  return request.stop.stop_requested() ? Pixels() : answer;
 }
 
 void Picture::State::Keep(Pixels answer) {
@@ -130,7 +130,7 @@ Pixels Picture::PixelsFor(Size wanted, const std::stop_token& stop) const {
   const std::scoped_lock lock(state_->mutex);
   if (wanted.width <= 0 || wanted.height <= 0) state_->fullWanted = true;
   if (!state_->Covers(wanted) && state_->decoder) {
-    Pixels answer = state_->Decode(wanted, stop);
+    Pixels answer = state_->Decode({wanted, Fit::AtLeast, stop});
     if (answer.IsEmpty()) return {};
     state_->Keep(std::move(answer));
   }
@@ -155,7 +155,7 @@ Pixels Picture::PixelsToShow(Size wanted, const std::stop_token& stop) const {
     // Averages of averages: below half the size nobody can tell.
     pixels = state_->shown;
   } else if (state_->decoder) {
-    pixels = state_->Decode(wanted, stop);
+    pixels = state_->Decode({size, Fit::Exact, stop});
   }
   if (pixels.IsEmpty() || stop.stop_requested()) return {};
   if (state_->facts.once) state_->Keep(pixels);

@@ -4,10 +4,6 @@
 #include <cstdlib>
 #include <limits>
 
-#if defined(__linux__)
-#include <sys/mman.h>
-#endif
-
 #include "base/run_time_error.h"
 
 namespace lumidex {
@@ -17,17 +13,12 @@ struct GiveBack {
   void operator()(std::uint32_t* words) const { std::free(words); }
 };
 
-// Large blocks lie on large pages where the system has them: it hands out 96 MiB in 48 steps instead of
-// 24,000, which is most of what using a fresh block costs. Their ends stay on small pages, so that no memory
-// is taken that is not asked for.
+// On a line of the processor's cache. Large pages are not asked for: where they are left over they are a gain
+// only for whole pictures, and a machine that lends its memory out clears each of them twice.
 std::shared_ptr<std::uint32_t[]> AllocateWords(std::size_t bytes) {
-  constexpr std::size_t largePage = std::size_t{2} << 20, line = 64;
-  const std::size_t alignment = bytes >= 2 * largePage ? largePage : line;
-  void* block = std::aligned_alloc(alignment, (bytes + alignment - 1) / alignment * alignment);
+  constexpr std::size_t line = 64;
+  void* block = std::aligned_alloc(line, (bytes + line - 1) / line * line);
   if (!block) throw RunTimeError(ErrorNumber::OutOfMemory);
-#if defined(__linux__)
-  if (alignment == largePage) madvise(block, bytes / largePage * largePage, MADV_HUGEPAGE);
-#endif
   return {static_cast<std::uint32_t*>(block), GiveBack{}};
 }
 

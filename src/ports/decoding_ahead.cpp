@@ -11,18 +11,29 @@
 namespace lumidex {
 namespace {
 
-// What the pixels will take while they are made. Formats that can reduce are taken to do so in eighths of
-// both sides, until neither would be shorter than asked for.
-std::size_t BytesFor(const Picture& picture, Size wanted) {
+std::size_t BytesOf(Size size) {
+  return static_cast<std::size_t>(size.width) * static_cast<std::size_t>(size.height) * 4;
+}
+
+// What the pixels will take while they are made. For being shown, formats that can reduce make exactly the
+// size asked for; for a size not known yet either twice of it on each side, or the whole halved as often as
+// both sides allow, up to three times.
+std::size_t BytesFor(const Picture& picture, Size wanted, DecodingExtent extent) {
   const Size full = picture.GetSize();
-  const auto eighths = [](int whole, int asked) { return (std::int64_t{asked} * 8 + whole - 1) / whole; };
-  const std::int64_t kept =
-      picture.IsReducible() && wanted.width > 0
-          ? std::clamp<std::int64_t>(
-                std::max(eighths(full.width, wanted.width), eighths(full.height, wanted.height)), 1, 8)
-          : 8;
-  const auto side = [&](int whole) { return static_cast<std::size_t>((whole * kept + 7) / 8); };
-  return side(full.width) * side(full.height) * 4;
+  if (!picture.IsReducible() || wanted.width <= 0) return BytesOf(full);
+  const auto atMost = [&](std::int64_t width, std::int64_t height) {
+    return Size{static_cast<int>(std::clamp<std::int64_t>(width, 1, full.width)),
+                static_cast<int>(std::clamp<std::int64_t>(height, 1, full.height))};
+  };
+  if (extent == DecodingExtent::Shown) return BytesOf(atMost(wanted.width, wanted.height));
+  Size halved = full;
+  for (int part = 2; part <= 8; part *= 2) {
+    const Size next{(full.width + part - 1) / part, (full.height + part - 1) / part};
+    if (next.width < wanted.width || next.height < wanted.height) break;
+    halved = next;
+  }
+  return std::max(BytesOf(halved),
+                  BytesOf(atMost(std::int64_t{2} * wanted.width, std::int64_t{2} * wanted.height)));
 }
 
 constexpr std::size_t anywhere = std::numeric_limits<std::size_t>::max();
@@ -279,7 +290,7 @@ bool DecodingService::DecodeAhead(Reading& reading) {
     const std::scoped_lock lock(mutex_);
     reading.estimate = 0;
     const std::size_t others = HeldBytes() - reading.HeldBytes();
-    reading.estimate = BytesFor(picture, size);
+    reading.estimate = BytesFor(picture, size, extent);
     reading.waitsForRoom = others + reading.estimate > budget_;
     if (reading.waitsForRoom) return false;
   }

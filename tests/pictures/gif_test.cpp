@@ -6,7 +6,9 @@
 #include <span>
 
 #include "base/run_time_error.h"
+#include "gallery/encoders/gif_encoder.h"
 #include "pictures/support/byte_writer.h"
+#include "pictures/support/patterns.h"
 
 namespace lumidex {
 namespace {
@@ -72,16 +74,77 @@ TEST(Gif, A_small_first_frame_stands_on_a_transparent_screen) {
   EXPECT_THAT(WordsOf(decoder->Decode({})), ElementsAre(0U, 0U, 0U, 0U, red, green));
 }
 
-TEST(Gif, A_frame_beyond_the_screen_is_cut) {
+TEST(Gif, A_frame_that_reaches_beyond_the_screen_is_cut) {
   auto file = Screen(2, 1);
-  AddFrame(file, 1, 0, 3, 2, false, {1, 2, 3, 1, 1, 1});
+  AddFrame(file, 1, 0, 2, 1, false, {1, 2});
   EXPECT_THAT(WordsOf(DecodeBytes(file.U8(0x3B).Bytes())), ElementsAre(0U, red));
+  auto interlaced = Screen(1, 8);
+  AddFrame(interlaced, 0, 6, 1, 8, true, {1, 3, 3, 3, 2, 3, 3, 3});
+  EXPECT_THAT(WordsOf(DecodeBytes(interlaced.U8(0x3B).Bytes())),
+              ElementsAre(0U, 0U, 0U, 0U, 0U, 0U, red, green));
 }
 
-TEST(Gif, An_interlaced_frame_beyond_the_screen_is_cut) {
-  auto file = Screen(1, 2);
-  AddFrame(file, 0, 0, 1, 8, true, {1, 3, 3, 3, 2, 3, 3, 3});
+TEST(Gif, A_first_frame_larger_than_the_screen_is_shown_whole) {
+  auto file = Screen(2, 1);
+  AddFrame(file, 1, 0, 3, 2, false, {1, 2, 3, 1, 1, 1});
+  const auto decoder = OpenBytes(file.U8(0x3B).Bytes());
+  EXPECT_EQ(decoder->Facts().size, (Size{4, 2}));
+  EXPECT_THAT(WordsOf(decoder->Decode({})), ElementsAre(0U, red, green, blue, 0U, red, red, red));
+}
+
+TEST(Gif, A_first_frame_too_large_for_any_picture_is_cut_at_its_screen) {
+  auto file = Screen(2, 1);
+  AddFrame(file, 0, 0, 65535, 65535, false, {1, 2, 3, 1, 1, 1});
   EXPECT_THAT(WordsOf(DecodeBytes(file.U8(0x3B).Bytes())), ElementsAre(red, green));
+}
+
+// Codes as wide as `plainBits` asks for, growing as the dictionary does.
+std::vector<std::uint8_t> Coded(unsigned plainBits, const std::vector<unsigned>& pixels) {
+  std::vector<std::uint8_t> bytes;
+  unsigned width = plainBits + 1, pending = 0, have = 0;
+  const auto put = [&](unsigned code) {
+    pending |= code << have;
+    for (have += width; have >= 8; have -= 8, pending >>= 8)
+      bytes.push_back(static_cast<std::uint8_t>(pending));
+  };
+  put(1U << plainBits);
+  unsigned next = (1U << plainBits) + 2;
+  for (std::size_t i = 0; i < pixels.size(); ++i) {
+    put(pixels[i]);
+    if (i > 0 && ++next == 1U << width && width < 12) ++width;
+  }
+  put((1U << plainBits) + 1);
+  if (have > 0) bytes.push_back(static_cast<std::uint8_t>(pending));
+  return bytes;
+}
+
+TEST(Gif, Codes_may_begin_wider_than_any_palette_needs) {
+  for (const unsigned plainBits : {1U, 2U, 5U, 8U, 9U, 10U, 11U}) {
+    auto file = Screen(2, 2);
+    file.U8(0x2C).U16Le(0).U16Le(0).U16Le(2).U16Le(2).U8(0).U8(plainBits);
+    const auto bytes = Coded(plainBits, {1, 0, 1, 1});
+    file.U8(static_cast<unsigned>(bytes.size())).Append(bytes).U8(0);
+    EXPECT_THAT(WordsOf(DecodeBytes(file.U8(0x3B).Bytes())), ElementsAre(red, black, red, red)) << plainBits;
+  }
+}
+
+TEST(Gif, Codes_of_more_bits_than_there_are_leave_the_screen_transparent) {
+  for (const unsigned plainBits : {0U, 12U, 255U}) {
+    auto file = Screen(2, 1);
+    file.U8(0x2C).U16Le(0).U16Le(0).U16Le(2).U16Le(1).U8(0).Add({plainBits, 3, 1, 2, 3, 0, 0x3B});
+    EXPECT_THAT(WordsOf(DecodeBytes(file.Bytes())), ElementsAre(0U, 0U)) << plainBits;
+  }
+}
+
+TEST(Gif, Codes_grow_up_to_twelve_bits_and_strings_cross_rows) {
+  // Long strings of one colour, read by rows that cut them.
+  std::vector<unsigned> pixels(300 * 77);
+  for (std::size_t i = 0; i < pixels.size(); ++i) pixels[i] = static_cast<unsigned>(i / 5000 % 4);
+  IndexedPicture picture{{300, 77}, {0xFF000000, 0xFFFF0000, 0xFF00FF00, 0xFF0000FF}, {}};
+  for (const unsigned pixel : pixels) picture.indices.push_back(static_cast<std::uint8_t>(pixel));
+  EXPECT_EQ(WordsOf(DecodeBytes(EncodeGif(picture))), WordsOf(Expand(picture)));
+  const IndexedPicture many = Stripes({311, 211}, DistinctColours(256));
+  EXPECT_EQ(WordsOf(DecodeBytes(EncodeGif(many))), WordsOf(Expand(many)));
 }
 
 TEST(Gif, The_transparent_colour_is_not_drawn) {

@@ -70,13 +70,14 @@ TEST(Jpeg, Inks_with_the_adobe_mark_are_inverted) {
   EXPECT_THAT(DecodeBytes(plain).Row(4)[4], NearColour(0xFFFF0000U));
 }
 
-TEST(Jpeg, The_reduced_size_is_the_smallest_that_covers_what_is_wanted) {
+TEST(Jpeg, For_a_size_that_is_not_settled_the_smallest_fast_one_that_covers_it_is_given) {
   const auto decoder = OpenBytes(EncodeJpeg(Pixels::Make({160, 80}, PixelFormat::Rgb, 0xFF336699), 90));
-  EXPECT_EQ(decoder->Decode({{20, 10}}).GetSize(), (Size{20, 10}));
-  EXPECT_EQ(decoder->Decode({{21, 10}}).GetSize(), (Size{40, 20}));
-  EXPECT_EQ(decoder->Decode({{50, 5}}).GetSize(), (Size{60, 30}));
-  EXPECT_EQ(decoder->Decode({{159, 80}}).GetSize(), (Size{160, 80}));
-  EXPECT_EQ(decoder->Decode({{1000, 1000}}).GetSize(), (Size{160, 80}));
+  const auto sizeFor = [&](Size wanted) { return decoder->Decode({wanted, Fit::AtLeast}).GetSize(); };
+  EXPECT_EQ(sizeFor({20, 10}), (Size{20, 10}));
+  EXPECT_EQ(sizeFor({21, 10}), (Size{40, 20}));
+  EXPECT_EQ(sizeFor({50, 5}), (Size{80, 40}));
+  EXPECT_EQ(sizeFor({81, 40}), (Size{160, 80}));
+  EXPECT_EQ(sizeFor({1000, 1000}), (Size{160, 80}));
   EXPECT_THAT(decoder->Decode({{20, 10}}).Row(5)[5], NearColour(0xFF336699U));
 }
 

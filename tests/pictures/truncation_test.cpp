@@ -57,7 +57,10 @@ TEST(Truncation, A_file_cut_anywhere_is_refused_or_shown_in_its_full_size) {
         EXPECT_EQ(error.Number(), ErrorNumber::InvalidPicture) << path << " cut to " << length;
         continue;
       }
-      EXPECT_EQ(decoder->Decode({}).GetSize(), decoder->Facts().size) << path << " cut to " << length;
+      // Drawings play the same records at any size; at a small one the work on areas does not eat up the
+      // time.
+      const Size wanted = decoder->Facts().scalable ? Size{48, 32} : decoder->Facts().size;
+      EXPECT_EQ(decoder->Decode({wanted}).GetSize(), wanted) << path << " cut to " << length;
     }
   }
 }

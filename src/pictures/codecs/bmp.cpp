@@ -5,6 +5,7 @@
 #include "base/run_time_error.h"
 #include "pictures/byte_reader.h"
 #include "pictures/dib.h"
+#include "pictures/row_target.h"
 
 namespace lumidex {
 namespace {
@@ -87,6 +88,7 @@ class BmpDecoder final : public Decoder {
     facts_.size = header_.size;
     facts_.bitsPerPixel = std::min(header_.bitsPerPixel, 32);
     facts_.format = "BMP";
+    facts_.reducible = header_.coding == DibCoding::Plain || header_.coding == DibCoding::BitFields;
   }
 
   Pixels Decode(const DecodeRequest& request) const override {
@@ -99,9 +101,7 @@ class BmpDecoder final : public Decoder {
       buffer.resize(source_->ReadAt(start, buffer));
       return buffer;
     };
-    if (header_.coding == DibCoding::Plain || header_.coding == DibCoding::BitFields) {
-      return DecodeDibRows(header_, read, limits_);
-    }
+    if (facts_.reducible) return DecodeDibRows(header_, read, limits_, SizeToMake(request));
     return DecodeDib(header_, read(0, static_cast<std::size_t>(bytes_)), limits_);
   }
 

@@ -1,96 +1,117 @@
 #include "pictures/codecs/gif.h"
 
-#include <gif_lib.h>
-
 #include <algorithm>
 #include <array>
 #include <optional>
 
 #include "base/run_time_error.h"
 #include "pictures/alpha.h"
+#include "pictures/byte_reader.h"
+#include "pictures/codecs/gif_indices.h"
+#include "pictures/file_decoder.h"
+#include "pictures/file_window.h"
 #include "pictures/palettes.h"
+#include "pictures/planes.h"
 
 namespace lumidex {
 namespace {
 
-// One run of giflib over a byte source, in blocks.
-class GifReader {
- public:
-  explicit GifReader(const ByteSource& source) : source_(source) {
-    int error = 0;
-    file_ = DGifOpen(this, Read, &error);
-  }
-  ~GifReader() {
-    if (file_ != nullptr) DGifCloseFile(file_, nullptr);
-  }
-  GifReader(const GifReader&) = delete;
-  GifReader& operator=(const GifReader&) = delete;
+constexpr std::size_t headerBytes = 13;
+constexpr std::uint8_t extensionMark = 0x21, frameMark = 0x2C, transparencyLabel = 0xF9;
 
-  // Null when the file does not even begin as it should.
-  GifFileType* File() const { return file_; }
+// A table of colours in the file; without entries where there is none.
+struct Table {
+  std::uint64_t offset = 0;
+  int bits = 0;  // of an index
 
-  // Moves to the first frame, noting its transparent colour on the way; false when there is none.
-  bool FindFrame() {
-    GifRecordType record = UNDEFINED_RECORD_TYPE;
-    while (DGifGetRecordType(file_, &record) == GIF_OK) {
-      if (record == IMAGE_DESC_RECORD_TYPE) return DGifGetImageDesc(file_) == GIF_OK;
-      if (record != EXTENSION_RECORD_TYPE || !ReadExtension()) return false;
-    }
-    return false;
+  // From a byte of flags, for a table that would begin at `offset`.
+  static Table From(std::uint8_t flags, std::uint64_t offset) {
+    return (flags & 0x80) == 0 ? Table{} : Table{offset, (flags & 7) + 1};
   }
-  std::optional<int> Transparent() const { return transparent_; }
-
-  const ColorMapObject* Colours() const {
-    return file_->Image.ColorMap != nullptr ? file_->Image.ColorMap : file_->SColorMap;
-  }
-
- private:
-  bool ReadExtension() {
-    int code = 0;
-    GifByteType* block = nullptr;
-    if (DGifGetExtension(file_, &code, &block) != GIF_OK) return false;
-    // Length, flags, two bytes of delay, transparent colour.
-    if (code == GRAPHICS_EXT_FUNC_CODE && block != nullptr && block[0] >= 4) {
-      transparent_.reset();
-      if ((block[1] & 1) != 0) transparent_ = block[4];
-    }
-    while (block != nullptr) {
-      if (DGifGetExtensionNext(file_, &block) != GIF_OK) return false;
-    }
-    return true;
-  }
-
-  static int Read(GifFileType* file, GifByteType* into, int count) {
-    auto& self = *static_cast<GifReader*>(file->UserData);
-    int done = 0;
-    while (done < count) {
-      if (self.place_ == self.filled_) {
-        self.filled_ = self.source_.ReadAt(self.offset_, self.block_);
-        self.offset_ += self.filled_;
-        self.place_ = 0;
-        if (self.filled_ == 0) break;
-      }
-      const std::size_t part = std::min(static_cast<std::size_t>(count - done), self.filled_ - self.place_);
-      std::copy_n(self.block_.begin() + static_cast<std::ptrdiff_t>(self.place_), part, into + done);
-      self.place_ += part;
-      done += static_cast<int>(part);
-    }
-    return done;
-  }
-
-  const ByteSource& source_;
-  std::array<std::uint8_t, PictureData::HeadSize> block_{};
-  std::uint64_t offset_ = 0;
-  std::size_t place_ = 0;
-  std::size_t filled_ = 0;
-  std::optional<int> transparent_;
-  GifFileType* file_ = nullptr;
+  std::size_t ByteCount() const { return bits == 0 ? 0 : std::size_t{3} << bits; }
 };
 
-int DepthOf(const ColorMapObject* colours) {
-  const int bits = colours == nullptr ? 8 : colours->BitsPerPixel;
-  if (bits <= 2) return std::max(bits, 1);
+struct Frame {
+  int left = 0, top = 0;
+  Size size;
+  bool interlaced = false;
+  std::uint64_t pixels = 0;  // where they begin
+};
+
+struct Header {
+  Size screen;
+  Table colours;  // of the first frame
+  std::optional<Frame> frame;
+  std::optional<int> transparent;
+};
+
+std::uint8_t ByteAt(FileWindow& file, std::uint64_t offset) {
+  const Bytes byte = file.At(offset, 1);
+  return byte.empty() ? std::uint8_t{0} : byte[0];
+}
+
+// Where the blocks that begin at `offset` end.
+std::uint64_t BehindBlocks(FileWindow& file, std::uint64_t offset) {
+  while (const std::uint8_t length = ByteAt(file, offset)) offset += length + 1U;
+  return offset + 1;
+}
+
+Frame ReadFrame(FileWindow& file, std::uint64_t offset, Table& colours) {
+  constexpr std::size_t frameBytes = 9;
+  ByteReader reader(file.At(offset, frameBytes));
+  Frame frame;
+  frame.left = reader.U16Le();
+  frame.top = reader.U16Le();
+  frame.size = {reader.U16Le(), reader.U16Le()};
+  const std::uint8_t flags = reader.U8();
+  frame.interlaced = (flags & 0x40) != 0;
+  const Table own = Table::From(flags, offset + frameBytes);
+  if (own.bits != 0) colours = own;
+  frame.pixels = offset + frameBytes + own.ByteCount();
+  return frame;
+}
+
+// All that stands before the pixels of the first frame.
+Header ReadHeader(const PictureData& data) {
+  ByteReader reader(data.Head());
+  Header header;
+  reader.Skip(6);
+  header.screen = {reader.U16Le(), reader.U16Le()};
+  header.colours = Table::From(reader.U8(), headerBytes);
+  FileWindow file(data);
+  std::uint64_t offset = headerBytes + header.colours.ByteCount();
+  while (ByteAt(file, offset) == extensionMark) {
+    const std::uint8_t label = ByteAt(file, offset + 1);
+    // Length, flags, two bytes of delay, transparent colour.
+    const Bytes block = file.At(offset + 2, 5);
+    if (label == transparencyLabel && block.size() == 5 && block[0] >= 4) {
+      header.transparent.reset();
+      if ((block[1] & 1) != 0) header.transparent = block[4];
+    }
+    offset = BehindBlocks(file, offset + 2);
+  }
+  if (ByteAt(file, offset) == frameMark) header.frame = ReadFrame(file, offset + 1, header.colours);
+  return header;
+}
+
+int DepthOf(const Table& colours) {
+  const int bits = colours.bits == 0 ? 8 : colours.bits;
+  if (bits <= 2) return bits;
   return bits <= 4 ? 4 : 8;
+}
+
+// The screen, or what a first frame takes that is larger or has none.
+Size SizeOf(const Header& header, const PictureLimits& limits) {
+  if (!header.frame) return header.screen;
+  const Frame& frame = *header.frame;
+  if (header.screen.width == 0 || header.screen.height == 0) return frame.size;
+  if (frame.size.width <= header.screen.width && frame.size.height <= header.screen.height)
+    return header.screen;
+  const Size whole{std::max(header.screen.width, frame.left + frame.size.width),
+                   std::max(header.screen.height, frame.top + frame.size.height)};
+  const bool possible = whole.width <= limits.side && whole.height <= limits.side &&
+                        std::int64_t{4} * whole.width * whole.height <= smallFilePixelBytes;
+  return possible ? whole : header.screen;
 }
 
 // The order in which the rows of an interlaced frame come.
@@ -108,66 +129,54 @@ std::vector<int> RowOrder(int height, bool interlaced) {
   return order;
 }
 
-class GifDecoder final : public Decoder {
+class GifDecoder final : public FileDecoder {
  public:
-  GifDecoder(const PictureData& data, const OpenOptions& options)
-      : source_(data.SharedSource()), limits_(options.limits) {
-    GifReader reader(*source_);
-    if (reader.File() == nullptr) throw RunTimeError(ErrorNumber::InvalidPicture, "GIF: the header is cut");
-    const bool frame = reader.FindFrame();
-    Size screen{reader.File()->SWidth, reader.File()->SHeight};
-    if (frame && (screen.width == 0 || screen.height == 0)) {
-      screen = {reader.File()->Image.Width, reader.File()->Image.Height};
-    }
-    facts_.size = CheckedSize(screen.width, screen.height, limits_, data.Size());
-    facts_.bitsPerPixel = DepthOf(reader.Colours());
-    facts_.format = "GIF";
-  }
+  GifDecoder(const PictureData& data, const Header& header, const OpenOptions& options)
+      : FileDecoder(data, options, SizeOf(header, options.limits), DepthOf(header.colours), "GIF"),
+        limits_(options.limits),
+        header_(header) {}
 
   Pixels Decode(const DecodeRequest&) const override {
     Pixels pixels = Pixels::Make(facts_.size, PixelFormat::Argb, 0, limits_);
-    GifReader reader(*source_);
-    if (reader.File() != nullptr && reader.FindFrame()) ReadFrame(reader, pixels);
+    if (header_.frame) DrawFrame(*header_.frame, pixels);
     DeclareOpaqueIfSo(pixels);
     return pixels;
   }
 
  private:
-  static Palette ColoursOf(const GifReader& reader) {
-    const ColorMapObject* colours = reader.Colours();
-    if (colours == nullptr) return GreyPalette();
+  Palette Colours() const {
+    if (header_.colours.bits == 0) return GreyPalette();
     Palette palette = BlackPalette();
-    for (std::size_t i = 0; i < static_cast<std::size_t>(std::min(colours->ColorCount, 256)); ++i) {
-      palette[i] = Rgb(colours->Colors[i].Red, colours->Colors[i].Green, colours->Colors[i].Blue);
-    }
+    const auto bytes = Data().Stretch(header_.colours.offset, header_.colours.ByteCount());
+    for (std::size_t i = 0; i < bytes.size() / 3; ++i)
+      palette[i] = Rgb(bytes[3 * i], bytes[3 * i + 1], bytes[3 * i + 2]);
     return palette;
   }
 
-  static void ReadFrame(const GifReader& reader, Pixels& pixels) {
-    const GifImageDesc& frame = reader.File()->Image;
-    if (frame.Width < 1 || frame.Height < 1) return;
-    Palette palette = ColoursOf(reader);
-    if (reader.Transparent()) palette[static_cast<std::size_t>(*reader.Transparent())] = 0;
-    const int visible = std::clamp(pixels.Width() - frame.Left, 0, frame.Width);
-    std::vector<GifPixelType> line(static_cast<std::size_t>(frame.Width));
+  void DrawFrame(const Frame& frame, Pixels& pixels) const {
+    if (frame.size.width < 1 || frame.size.height < 1) return;
+    Palette palette = Colours();
+    if (header_.transparent) palette[static_cast<std::size_t>(*header_.transparent)] = 0;
+    const int visible = std::clamp(pixels.Width() - frame.left, 0, frame.size.width);
+    std::vector<std::uint8_t> line(static_cast<std::size_t>(frame.size.width));
+    GifIndices indices(ByteStream(Data(), frame.pixels));
     // A frame far larger than its screen is no reason to unpack what nobody sees.
     std::int64_t budget = std::int64_t{pixels.Width()} * pixels.Height() * 4 + (std::int64_t{1} << 20);
-    for (const int row : RowOrder(frame.Height, frame.Interlace)) {
-      budget -= frame.Width;
-      if (budget < 0 || DGifGetLine(reader.File(), line.data(), frame.Width) != GIF_OK) return;
-      if (row + frame.Top >= pixels.Height()) {
-        if (!frame.Interlace) return;
-        continue;
+    for (const int row : RowOrder(frame.size.height, frame.interlaced)) {
+      budget -= frame.size.width;
+      const std::size_t count = budget < 0 ? 0 : indices.Read(line);
+      if (row + frame.top < pixels.Height() && visible > 0) {
+        const auto target = pixels.Row(row + frame.top).subspan(static_cast<std::size_t>(frame.left));
+        LookUp(Bytes(line).first(std::min(count, static_cast<std::size_t>(visible))), palette, target);
+      } else if (!frame.interlaced) {
+        return;
       }
-      const auto target = pixels.Row(row + frame.Top);
-      for (int x = 0; x < visible; ++x) {
-        target[static_cast<std::size_t>(frame.Left + x)] = palette[line[static_cast<std::size_t>(x)]];
-      }
+      if (count < line.size()) return;
     }
   }
 
-  std::shared_ptr<const ByteSource> source_;
   PictureLimits limits_;
+  Header header_;
 };
 
 }  // namespace
@@ -180,7 +189,9 @@ Match MatchGif(const PictureData& data) {
 }
 
 std::unique_ptr<Decoder> OpenGif(const PictureData& data, const OpenOptions& options) {
-  return std::make_unique<GifDecoder>(data, options);
+  if (data.Head().size() < headerBytes)
+    throw RunTimeError(ErrorNumber::InvalidPicture, "GIF: the header is cut");
+  return std::make_unique<GifDecoder>(data, ReadHeader(data), options);
 }
 
 }  // namespace lumidex

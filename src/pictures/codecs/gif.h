@@ -1,5 +1,5 @@
 #pragma once
-// GIF, through giflib: the first frame on the whole of its screen.
+// GIF: the first frame on the whole of its screen.
 
 #include "pictures/codec.h"
 

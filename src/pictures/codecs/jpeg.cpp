@@ -9,6 +9,7 @@
 #include "pictures/codecs/jpeg_reader.h"
 #include "pictures/colour_profile.h"
 #include "pictures/exif.h"
+#include "pictures/row_target.h"
 #include "pictures/small_file.h"
 #include "pictures/srgb_profile.h"
 
@@ -102,13 +103,7 @@ class JpegDecoder final : public Decoder {
     });
     if (!ready)
       return Turned(Pixels::Make(stored_, PixelFormat::Rgb, blankPixel, options_.limits), orientation_);
-    const jpeg_decompress_struct& info = reader.Info();
-    Pixels pixels =
-        Pixels::MakeUnfilled({static_cast<int>(info.output_width), static_cast<int>(info.output_height)},
-                             PixelFormat::Rgb, options_.limits);
-    const int rows = ReadRows(reader, pixels);
-    for (int y = rows; y < pixels.Height(); ++y) std::ranges::fill(pixels.Row(y), blankPixel);
-    return Turned(pixels, orientation_);
+    return Turned(ReadPixels(reader, request.fit == Fit::Exact ? wanted : Size{}), orientation_);
   }
 
   JpegMetadata Metadata() const override {
@@ -155,10 +150,11 @@ class JpegDecoder final : public Decoder {
     CheckSmallFile(bytes, fileBytes_);
   }
 
-  // The smallest N/8 that still covers the wanted size.
+  // The smallest size that still covers the wanted one, of those that libjpeg is fast at: an eighth, a
+  // quarter, half or all of it. The steps between take longer than the next larger one.
   static void Reduce(jpeg_decompress_struct& info, Size wanted) {
     info.scale_denom = 8;
-    for (info.scale_num = wanted.width > 0 && wanted.height > 0 ? 1 : 8;; ++info.scale_num) {
+    for (info.scale_num = wanted.width > 0 && wanted.height > 0 ? 1 : 8;; info.scale_num *= 2) {
       jpeg_calc_output_dimensions(&info);
       const bool covers = static_cast<std::int64_t>(info.output_width) >= wanted.width &&
                           static_cast<std::int64_t>(info.output_height) >= wanted.height;
@@ -166,8 +162,7 @@ class JpegDecoder final : public Decoder {
     }
   }
 
-  // Returns how many rows of pixels were written.
-  int ReadRows(JpegReader& reader, Pixels& pixels) const {
+  Pixels ReadPixels(JpegReader& reader, Size wanted) const {
     jpeg_decompress_struct& info = reader.Info();
     const bool several = jpeg_has_multiple_scans(&info) != 0;
     bool ready = true;
@@ -183,20 +178,19 @@ class JpegDecoder final : public Decoder {
     } else {
       ready = reader.Try([&] { jpeg_start_decompress(&info); });
     }
-    if (!ready) return 0;
+    const Size size{static_cast<int>(info.output_width), static_cast<int>(info.output_height)};
+    RowTarget target(size, PixelFormat::Rgb, {.wanted = wanted, .limits = options_.limits});
+    if (!ready) return target.Finish(blankPixel);
     std::unique_ptr<ColourProfile> profile;
-    if (!options_.asStored) profile = Profile(reader);
+    if (!options_.asStored) profile = Profile(reader, IsReducedFor(size, wanted) ? wanted : size);
     if (info.quantize_colors) {
-      ReadReducedRows(reader, pixels, profile.get());
+      ReadIndexedRows(reader, target, profile.get());
     } else if (info.num_components == 4) {
-      ReadInkRows(reader, pixels, profile.get());
+      return ReadInkRows(reader, target, profile.get());
     } else {
-      ReadWordRows(reader, pixels, profile.get());
+      ReadWordRows(reader, target, profile.get());
     }
-    const std::uint64_t rowOfBlocks = static_cast<std::uint64_t>(info.max_v_samp_factor) *
-                                      static_cast<std::uint64_t>(info.min_DCT_scaled_size);
-    const std::uint64_t filled = (std::uint64_t{reader.FirstEmptyRow()} + 1) * rowOfBlocks;
-    return static_cast<int>(std::min<std::uint64_t>(info.output_scanline, filled));
+    return target.Finish(blankPixel);
   }
 
   void ReadScans(jpeg_decompress_struct& info) const {
@@ -213,7 +207,7 @@ class JpegDecoder final : public Decoder {
     }
   }
 
-  std::unique_ptr<ColourProfile> Profile(JpegReader& reader) const {
+  static std::unique_ptr<ColourProfile> Profile(JpegReader& reader, Size size) {
     jpeg_decompress_struct& info = reader.Info();
     JOCTET* bytes = nullptr;
     unsigned count = 0;
@@ -223,8 +217,7 @@ class JpegDecoder final : public Decoder {
     ProfileInput input = ProfileInput::Words;
     if (info.num_components == 4)
       input = info.saw_Adobe_marker ? ProfileInput::CmykInverted : ProfileInput::Cmyk;
-    return ColourProfile::FromIcc({bytes, count}, input,
-                                  std::int64_t{info.output_width} * info.output_height);
+    return ColourProfile::FromIcc({bytes, count}, input, std::int64_t{size.width} * size.height);
   }
 
   // True as long as rows that the file still fills are left.
@@ -236,48 +229,49 @@ class JpegDecoder final : public Decoder {
                 reader.FirstEmptyRow());
   }
 
-  static void ReadWordRows(JpegReader& reader, Pixels& pixels, const ColourProfile* profile) {
-    jpeg_decompress_struct& info = reader.Info();
+  static void ReadWordRows(JpegReader& reader, RowTarget& target, const ColourProfile* profile) {
     reader.Try([&] {
-      while (MoreRows(reader)) {
-        JSAMPROW rows[MAX_SAMP_FACTOR];
-        const int first = static_cast<int>(info.output_scanline);
-        const int count = std::min(MAX_SAMP_FACTOR, pixels.Height() - first);
-        for (int i = 0; i < count; ++i) rows[i] = reinterpret_cast<JSAMPROW>(pixels.Row(first + i).data());
-        const int done = static_cast<int>(jpeg_read_scanlines(&info, rows, static_cast<JDIMENSION>(count)));
-        for (int i = 0; i < done && profile != nullptr; ++i) profile->Convert(pixels.Row(first + i));
+      while (MoreRows(reader) && ReadSamples(reader, target.Row())) {
+        if (profile != nullptr) profile->Convert(target.Row());
+        target.Add();
       }
     });
   }
 
-  static void ReadReducedRows(JpegReader& reader, Pixels& pixels, const ColourProfile* profile) {
+  // The samples of a row as they are, four bytes a pixel; false when there are none.
+  static bool ReadSamples(JpegReader& reader, std::span<std::uint32_t> row) {
+    JSAMPROW samples = reinterpret_cast<JSAMPROW>(row.data());
+    return jpeg_read_scanlines(&reader.Info(), &samples, 1) != 0;
+  }
+
+  static void ReadIndexedRows(JpegReader& reader, RowTarget& target, const ColourProfile* profile) {
     jpeg_decompress_struct& info = reader.Info();
     Palette colours = ReducedColours(info);
     if (profile != nullptr) profile->Convert(colours);
-    std::vector<std::uint8_t> indexes(static_cast<std::size_t>(pixels.Width()));
+    std::vector<std::uint8_t> indexes(target.Row().size());
     reader.Try([&] {
-      while (MoreRows(reader)) {
-        const int y = static_cast<int>(info.output_scanline);
-        if (!ReadReducedRow(info, colours, indexes, pixels.Row(y))) return;
-      }
+      while (MoreRows(reader) && ReadReducedRow(info, colours, indexes, target.Row())) target.Add();
     });
   }
 
-  static void ReadInkRows(JpegReader& reader, Pixels& pixels, const ColourProfile* profile) {
-    jpeg_decompress_struct& info = reader.Info();
-    const bool inverted = info.saw_Adobe_marker != 0;
+  // A picture made smaller is converted afterwards, when few pixels are left of it.
+  static Pixels ReadInkRows(JpegReader& reader, RowTarget& target, const ColourProfile* profile) {
+    const bool inverted = reader.Info().saw_Adobe_marker != 0;
+    const std::uint32_t withoutInk = inverted ? 0xFFFFFFFF : 0;
+    const auto convert = [&](std::span<std::uint32_t> words) {
+      if (profile != nullptr) return profile->Convert(words);
+      ConvertInksPlainly(inverted, words);
+    };
+    const bool converted = !target.IsReduced();
     reader.Try([&] {
-      while (MoreRows(reader)) {
-        const auto words = pixels.Row(static_cast<int>(info.output_scanline));
-        JSAMPROW row = reinterpret_cast<JSAMPROW>(words.data());
-        if (jpeg_read_scanlines(&info, &row, 1) == 0) return;
-        if (profile != nullptr) {
-          profile->Convert(words);
-        } else {
-          ConvertInksPlainly(inverted, words);
-        }
+      while (MoreRows(reader) && ReadSamples(reader, target.Row())) {
+        if (converted) convert(target.Row());
+        target.Add();
       }
     });
+    Pixels pixels = target.Finish(converted ? blankPixel : withoutInk);
+    for (int y = 0; !converted && y < pixels.Height(); ++y) convert(pixels.Row(y));
+    return pixels;
   }
 
   std::shared_ptr<const ByteSource> source_;

@@ -4,11 +4,14 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <csetjmp>
 
 #include "base/run_time_error.h"
 #include "pictures/alpha.h"
+#include "pictures/byte_pixels.h"
 #include "pictures/colour_profile.h"
+#include "pictures/row_target.h"
 #include "pictures/small_file.h"
 
 namespace lumidex {
@@ -39,8 +42,9 @@ class PngReader {
     png_set_keep_unknown_chunks(png_, PNG_HANDLE_CHUNK_NEVER, reinterpret_cast<png_const_bytep>(skipped),
                                 static_cast<int>(sizeof skipped) / nameBytes);
     // A wrong check sum in a chunk that the picture does not need is no reason to lose the picture, nor is
-    // one at the very end of the pixels.
-    png_set_crc_action(png_, PNG_CRC_WARN_USE, PNG_CRC_WARN_DISCARD);
+    // one of the pixels. What nobody asks for is not reckoned either.
+    png_set_crc_action(png_, PNG_CRC_QUIET_USE, PNG_CRC_WARN_DISCARD);
+    png_set_option(png_, PNG_IGNORE_ADLER32, PNG_OPTION_ON);
     png_set_option(png_, PNG_SKIP_sRGB_CHECK_PROFILE, PNG_OPTION_ON);
   }
   ~PngReader() { png_destroy_read_struct(&png_, &info_, nullptr); }
@@ -125,80 +129,144 @@ class PngDecoder final : public Decoder {
     facts_.size = CheckedSize(png_get_image_width(reader.Png(), reader.Info()),
                               png_get_image_height(reader.Png(), reader.Info()), options.limits, data.Size());
     const bool interlaced = png_get_interlace_type(reader.Png(), reader.Info()) != PNG_INTERLACE_NONE;
-    const auto storedRow = static_cast<std::int64_t>(png_get_rowbytes(reader.Png(), reader.Info()));
-    CheckSmallFile(
-        std::max(storedRow, std::int64_t{4} * facts_.size.width) * facts_.size.height * (interlaced ? 2 : 1),
-        data.Size());
+    CheckWork(reader, interlaced);
+    facts_.reducible = !interlaced;
     facts_.bitsPerPixel = DepthOf(png_get_channels(reader.Png(), reader.Info()),
                                   png_get_bit_depth(reader.Png(), reader.Info()));
     facts_.format = "PNG";
   }
 
-  Pixels Decode(const DecodeRequest&) const override {
+  Pixels Decode(const DecodeRequest& request) const override {
     constexpr std::size_t block = std::size_t{1} << 16;
     PngReader reader(*source_, block);
-    png_structp png = reader.Png();
-    png_infop info = reader.Info();
-    bool alpha = false;
-    int passes = 1;
-    const bool ready = reader.Try([&] {
-      png_read_info(png, info);
-      alpha = (png_get_color_type(png, info) & PNG_COLOR_MASK_ALPHA) != 0 ||
-              png_get_valid(png, info, PNG_INFO_tRNS) != 0;
-      png_set_scale_16(png);
-      png_set_expand(png);
-      png_set_gray_to_rgb(png);
-      png_set_bgr(png);
-      if (!alpha) png_set_filler(png, 0xFF, PNG_FILLER_AFTER);
-      passes = png_set_interlace_handling(png);
-      png_read_update_info(png, info);
-    });
+    Transform transform;
+    if (!reader.Try([&] { transform = Prepare(reader); }) || transform == Transform::None)
+      return Pixels::Make(facts_.size, PixelFormat::Rgb, blankPixel, options_.limits);
+    const bool alpha = HasAlpha(reader);
     const std::uint32_t blank = alpha ? 0 : blankPixel;
     const PixelFormat format = alpha ? PixelFormat::Argb : PixelFormat::Rgb;
-    if (!ready || png_get_rowbytes(png, info) != static_cast<std::size_t>(facts_.size.width) * 4) {
-      return Pixels::Make(facts_.size, format, blank, options_.limits);
-    }
-    // Passes of an interlaced picture leave pixels out, which must not stay undefined when the file is cut.
-    Pixels pixels = passes > 1 ? Pixels::Make(facts_.size, format, blank, options_.limits)
-                               : Pixels::MakeUnfilled(facts_.size, format, options_.limits);
-    const int rows = ReadRows(reader, pixels, passes);
-    if (passes == 1) {
-      for (int y = rows; y < pixels.Height(); ++y) std::ranges::fill(pixels.Row(y), blank);
+    const std::unique_ptr<ColourProfile> profile = Profile(reader, transform);
+    Pixels pixels;
+    if (facts_.reducible) {
+      RowTarget target(facts_.size, format, {.wanted = SizeToMake(request), .limits = options_.limits});
+      ReadRows(reader, target, transform, profile.get());
+      pixels = target.Finish(blank);
+    } else {
+      // Passes leave pixels out, which must not stay undefined when the file is cut.
+      pixels = Pixels::Make(facts_.size, format, blank, options_.limits);
+      ReadPasses(reader, pixels, profile.get());
     }
     if (alpha) DeclareOpaqueIfSo(pixels);
     return pixels;
   }
 
  private:
-  // Returns how many rows the last pass wrote.
-  int ReadRows(PngReader& reader, Pixels& pixels, int passes) const {
-    const std::unique_ptr<ColourProfile> profile = options_.asStored ? nullptr : Profile(reader);
-    volatile int rows = 0;
-    reader.Try([&] {
-      for (int pass = 0; pass < passes; ++pass) {
-        for (int y = 0; y < pixels.Height(); ++y) {
-          rows = y;
-          // The display row makes each pass fill the gaps that later ones have not reached.
-          const auto row = reinterpret_cast<png_bytep>(pixels.Row(y).data());
-          png_read_row(reader.Png(), passes > 1 ? nullptr : row, passes > 1 ? row : nullptr);
-          if (passes == 1 && profile) profile->Convert(pixels.Row(y));
-        }
-      }
-      rows = pixels.Height();
-    });
-    for (int y = 0; passes > 1 && profile && y < pixels.Height(); ++y) profile->Convert(pixels.Row(y));
-    return rows;
+  // What libpng is to make of a row: words, the three bytes of a pixel, or four channels of 16 bits.
+  enum class Transform { None, Words, Bytes, Deep };
+
+  // What is unpacked, and a second time for passes that are put together; a profile is another pass over
+  // them.
+  void CheckWork(const PngReader& reader, bool interlaced) const {
+    const auto storedRow = static_cast<std::int64_t>(png_get_rowbytes(reader.Png(), reader.Info()));
+    const std::int64_t shownRow = std::int64_t{4} * facts_.size.width;
+    const bool converts =
+        !options_.asStored && png_get_valid(reader.Png(), reader.Info(), PNG_INFO_iCCP) != 0;
+    CheckSmallFile((std::max(storedRow, shownRow) * (interlaced ? 2 : 1) + (converts ? shownRow : 0)) *
+                       facts_.size.height,
+                   source_->Size());
   }
 
-  std::unique_ptr<ColourProfile> Profile(PngReader& reader) const {
+  static bool HasAlpha(const PngReader& reader) {
+    return (png_get_color_type(reader.Png(), reader.Info()) & PNG_COLOR_MASK_ALPHA) != 0 ||
+           png_get_valid(reader.Png(), reader.Info(), PNG_INFO_tRNS) != 0;
+  }
+
+  // Reads the header and says what rows are to be like.
+  Transform Prepare(const PngReader& reader) const {
+    png_structp png = reader.Png();
+    png_infop info = reader.Info();
+    png_read_info(png, info);
+    const bool alpha = HasAlpha(reader);
+    const bool profiled = !options_.asStored && png_get_valid(png, info, PNG_INFO_iCCP) != 0;
+    Transform transform = Transform::Words;
+    if (png_get_bit_depth(png, info) == 16 && profiled && facts_.reducible) {
+      transform = Transform::Deep;
+    } else if (png_get_color_type(png, info) == PNG_COLOR_TYPE_RGB && png_get_bit_depth(png, info) == 8 &&
+               !alpha && facts_.reducible) {
+      transform = Transform::Bytes;
+    }
+    png_set_expand(png);
+    png_set_gray_to_rgb(png);
+    if (transform == Transform::Deep) {
+      if constexpr (std::endian::native == std::endian::little) png_set_swap(png);
+      if (!alpha) png_set_add_alpha(png, 0xFFFF, PNG_FILLER_AFTER);
+    } else if (transform == Transform::Words) {
+      png_set_scale_16(png);
+      png_set_bgr(png);
+      if (!alpha) png_set_filler(png, 0xFF, PNG_FILLER_AFTER);
+    }
+    png_set_interlace_handling(png);
+    png_read_update_info(png, info);
+    const std::size_t pixelBytes = transform == Transform::Deep ? 8 : transform == Transform::Bytes ? 3 : 4;
+    const bool asExpected =
+        png_get_rowbytes(png, info) == static_cast<std::size_t>(facts_.size.width) * pixelBytes;
+    return asExpected ? transform : Transform::None;
+  }
+
+  static void ReadRows(PngReader& reader, RowTarget& target, Transform transform,
+                       const ColourProfile* profile) {
+    std::vector<std::uint16_t> deep(transform == Transform::Deep ? target.Row().size() * 4 : 0);
+    std::vector<std::uint8_t> bytes(transform == Transform::Bytes ? target.Row().size() * 3 : 0);
+    reader.Try([&] {
+      while (target.RowsMissing() > 0) {
+        const auto row = target.Row();
+        if (transform == Transform::Deep) {
+          png_read_row(reader.Png(), reinterpret_cast<png_bytep>(deep.data()), nullptr);
+          ConvertDeep(deep, row, profile);
+        } else if (transform == Transform::Bytes) {
+          png_read_row(reader.Png(), bytes.data(), nullptr);
+          JoinRgb(bytes, row);
+        } else {
+          png_read_row(reader.Png(), reinterpret_cast<png_bytep>(row.data()), nullptr);
+        }
+        if (transform != Transform::Deep && profile != nullptr) profile->Convert(row);
+        target.Add();
+      }
+    });
+  }
+
+  // A profile that changes nothing is none.
+  static void ConvertDeep(std::span<const std::uint16_t> deep, std::span<std::uint32_t> row,
+                          const ColourProfile* profile) {
+    if (profile != nullptr) return profile->ConvertDeep(deep, row);
+    for (std::size_t x = 0; x < row.size(); ++x) {
+      const auto byte = [&](std::size_t i) { return (deep[4 * x + i] * 255U + 32895U) >> 16; };
+      row[x] = byte(3) << 24 | byte(0) << 16 | byte(1) << 8 | byte(2);
+    }
+  }
+
+  static void ReadPasses(PngReader& reader, Pixels& pixels, const ColourProfile* profile) {
+    reader.Try([&] {
+      for (int pass = 0; pass < PNG_INTERLACE_ADAM7_PASSES; ++pass) {
+        for (int y = 0; y < pixels.Height(); ++y) {
+          // The display row makes each pass fill the gaps that later ones have not reached.
+          png_read_row(reader.Png(), nullptr, reinterpret_cast<png_bytep>(pixels.Row(y).data()));
+        }
+      }
+    });
+    for (int y = 0; profile != nullptr && y < pixels.Height(); ++y) profile->Convert(pixels.Row(y));
+  }
+
+  std::unique_ptr<ColourProfile> Profile(PngReader& reader, Transform transform) const {
     png_charp name = nullptr;
     int compression = 0;
     png_bytep bytes = nullptr;
     png_uint_32 count = 0;
-    if (png_get_valid(reader.Png(), reader.Info(), PNG_INFO_sRGB) != 0) return nullptr;
+    if (options_.asStored || png_get_valid(reader.Png(), reader.Info(), PNG_INFO_sRGB) != 0) return nullptr;
     if (png_get_iCCP(reader.Png(), reader.Info(), &name, &compression, &bytes, &count) == 0) return nullptr;
-    return ColourProfile::FromIcc({bytes, count}, ProfileInput::Words,
-                                  std::int64_t{facts_.size.width} * facts_.size.height);
+    return ColourProfile::FromIcc(
+        {bytes, count}, transform == Transform::Deep ? ProfileInput::DeepWords : ProfileInput::Words,
+        std::int64_t{facts_.size.width} * facts_.size.height);
   }
 
   std::shared_ptr<const ByteSource> source_;

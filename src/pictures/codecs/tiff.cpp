@@ -2,13 +2,14 @@
 
 #include <algorithm>
 #include <array>
-#include <functional>
-#include <limits>
 
 #include "base/run_time_error.h"
 #include "pictures/alpha.h"
+#include "pictures/codecs/tiff_bands.h"
 #include "pictures/codecs/tiff_file.h"
+#include "pictures/codecs/tiff_range.h"
 #include "pictures/codecs/tiff_rows.h"
+#include "pictures/row_target.h"
 #include "pictures/small_file.h"
 
 namespace lumidex {
@@ -58,218 +59,114 @@ class TiffDecoder final : public Decoder {
     }
     if (!NeedsLibraryColours(layout_) && !TiffRowReader::CanRead(layout_))
       Refuse("this kind of samples is not known");
-    if (TIFFIsTiled(file.Handle()) != 0) CheckTiles(file);
-    CheckWork();
+    if (!NeedsLibraryColours(layout_) && !BandsOf(file, layout_).IsReadable())
+      Refuse("the strips or tiles are too large");
+    CheckWork(file);
     facts_.size = TurnedSize(stored_, layout_.orientation);
     facts_.bitsPerPixel = DepthOf(layout_);
     facts_.format = "TIFF";
+    facts_.reducible = !NeedsLibraryColours(layout_);
   }
 
-  Pixels Decode(const DecodeRequest&) const override {
-    const bool alpha = layout_.alpha != TiffAlpha::None;
-    Pixels pixels =
-        Pixels::MakeUnfilled(stored_, alpha ? PixelFormat::Argb : PixelFormat::Rgb, options_.limits);
+  Pixels Decode(const DecodeRequest& request) const override {
+    const PixelFormat format = layout_.alpha == TiffAlpha::None ? PixelFormat::Rgb : PixelFormat::Argb;
     TiffFile file(*source_, MostAllocation(fileBytes_));
-    if (file.Handle() == nullptr) {
-      FillFrom(0, pixels);
-    } else if (NeedsLibraryColours(layout_)) {
-      ReadLibraryColours(file, pixels);
-    } else {
-      ReadSamples(file, pixels);
-    }
+    if (file.Handle() == nullptr)
+      return Pixels::Make(facts_.size, PixelFormat::Rgb, blankPixel, options_.limits);
+    Pixels pixels = NeedsLibraryColours(layout_)
+                        ? ReadLibraryColours(file, format)
+                        : ReadSamples(file, format, TurnedSize(SizeToMake(request), layout_.orientation));
     if (pixels.Format() == PixelFormat::Argb) DeclareOpaqueIfSo(pixels);
     return Turned(pixels, layout_.orientation);
   }
 
  private:
-  // Called with the picture's row, its first column, and the samples there.
-  using RowSink = std::function<void(int y, int x, int width, std::span<const std::uint8_t* const> planes)>;
-
-  void CheckTiles(const TiffFile& file) const {
-    const std::uint64_t bytes = TIFFTileSize64(file.Handle());
-    const std::uint64_t planes = layout_.separate ? static_cast<std::uint64_t>(layout_.samples) : 1;
-    if (bytes == 0 || bytes * planes > static_cast<std::uint64_t>(MostAllocation(fileBytes_))) {
-      Refuse("the tiles are too large");
-    }
+  TiffBands BandsOf(const TiffFile& file, const TiffLayout& layout) const {
+    return {file, layout, stored_, MostAllocation(fileBytes_)};
   }
 
-  // Numbers with a point are read twice, first for their range; Lab colours take as long. Turning needs the
-  // pixels twice.
-  void CheckWork() const {
+  // Numbers with a point are read twice, first for their range; Lab colours take as long, and so does a
+  // profile, three times as long one for inks. Turning needs the pixels twice.
+  void CheckWork(const TiffFile& file) const {
     const bool slow = layout_.sampleFormat == SAMPLEFORMAT_IEEEFP ||
                       layout_.photometric == PHOTOMETRIC_CIELAB || layout_.photometric == PHOTOMETRIC_ICCLAB;
-    const std::int64_t unpacked = static_cast<std::int64_t>(PackedBytes(stored_.width)) *
-                                  (layout_.separate ? layout_.samples : 1) * (slow ? 2 : 1);
-    const std::int64_t shown =
-        std::int64_t{4} * stored_.width * (layout_.orientation == Orientation::Upright ? 1 : 2);
-    CheckSmallFile(std::max(unpacked, shown) * stored_.height, fileBytes_);
+    const std::int64_t unpacked = (std::int64_t{stored_.width} * layout_.bits * layout_.samples + 7) / 8;
+    const std::int64_t shown = std::int64_t{4} * stored_.width;
+    std::uint32_t profileBytes = 0;
+    void* profile = nullptr;
+    const bool converts =
+        !options_.asStored && TIFFGetField(file.Handle(), TIFFTAG_ICCPROFILE, &profileBytes, &profile) == 1;
+    const std::int64_t row =
+        std::max(unpacked * (slow ? 2 : 1), shown * (layout_.orientation == Orientation::Upright ? 1 : 2)) +
+        (converts ? shown * (layout_.colourSamples == 4 ? 3 : 1) : 0);
+    CheckSmallFile(row * stored_.height, fileBytes_);
   }
 
-  static void FillFrom(int first, Pixels& pixels) {
-    for (int y = first; y < pixels.Height(); ++y) std::ranges::fill(pixels.Row(y), blankPixel);
-  }
-
-  void ReadSamples(const TiffFile& file, Pixels& pixels) const {
+  Pixels ReadSamples(const TiffFile& file, PixelFormat format, Size wanted) const {
     TiffLayout layout = layout_;
     if (layout.compression == COMPRESSION_JPEG && layout.photometric == PHOTOMETRIC_YCBCR &&
         !layout.separate) {
       TIFFSetField(file.Handle(), TIFFTAG_JPEGCOLORMODE, JPEGCOLORMODE_RGB);
       layout.photometric = PHOTOMETRIC_RGB;
     }
-    double low = 0, high = 1;
-    if (layout.sampleFormat == SAMPLEFORMAT_IEEEFP) FindRange(file, layout, low, high);
-    const std::unique_ptr<ColourProfile> profile = options_.asStored ? nullptr : Profile(file);
-    const bool inks = layout.colourSamples == 4;
-    TiffRowReader reader(file, layout, inks ? profile.get() : nullptr, low, high);
-    FillFrom(0, pixels);
-    ReadRows(file, layout, [&](int y, int x, int width, std::span<const std::uint8_t* const> planes) {
-      const auto row = pixels.Row(y).subspan(static_cast<std::size_t>(x), static_cast<std::size_t>(width));
-      reader.Read(planes, row);
-      if (profile && !inks) profile->Convert(row);
-    });
+    TiffRange range;
+    if (layout.sampleFormat == SAMPLEFORMAT_IEEEFP) range = FindRange(file, layout);
+    // A picture in inks made smaller is converted afterwards, when few pixels are left of it.
+    const bool convertsLate =
+        layout.colourSamples == 4 && format == PixelFormat::Rgb && IsReducedFor(stored_, wanted);
+    const std::unique_ptr<ColourProfile> profile =
+        options_.asStored ? nullptr : Profile(file, convertsLate ? wanted : stored_);
+    const std::uint32_t blank = convertsLate ? 0 : blankPixel;
+    TiffRowReader reader(file, layout, profile.get(), range);
+    TiffBands bands = BandsOf(file, layout);
+    RowTarget target(stored_, format,
+                     {.wanted = wanted, .rowsAtOnce = bands.RowsInBand(), .limits = options_.limits});
+    std::vector<bool> seen(static_cast<std::size_t>(bands.RowsInBand()));
+    while (target.RowsMissing() > 0) {
+      std::fill(seen.begin(), seen.end(), false);
+      bands.ReadNext([&](int row, int x, int width, std::span<const std::uint8_t* const> planes) {
+        const auto words = target.Row(row);
+        const auto place = seen.begin() + row;
+        if (width < stored_.width && !*place) std::ranges::fill(words, blank);
+        *place = true;
+        const auto part = words.subspan(static_cast<std::size_t>(x), static_cast<std::size_t>(width));
+        convertsLate ? reader.ReadInks(planes, part) : reader.Read(planes, part);
+      });
+      const int rows = std::min(bands.RowsInBand(), target.RowsMissing());
+      for (int row = 0; row < rows; ++row)
+        if (!seen[static_cast<std::size_t>(row)]) std::ranges::fill(target.Row(row), blank);
+      target.Add(rows);
+    }
+    Pixels pixels = target.Finish(blank);
+    for (int y = 0; convertsLate && y < pixels.Height(); ++y) reader.ConvertInks(pixels.Row(y));
+    return pixels;
   }
 
-  // Numbers with a point usually run from 0 to 1; where they do not, the whole of their range is shown.
-  void FindRange(const TiffFile& file, const TiffLayout& layout, double& low, double& high) const {
-    double least = 0, most = 1;
-    ReadRows(file, layout, [&](int, int, int width, std::span<const std::uint8_t* const> planes) {
-      const std::size_t count =
-          static_cast<std::size_t>(width) * (layout.separate ? 1U : static_cast<std::size_t>(layout.samples));
-      for (const std::uint8_t* plane : planes) JoinRange(layout, plane, count, least, most);
-    });
-    low = least;
-    high = most;
+  TiffRange FindRange(const TiffFile& file, const TiffLayout& layout) const {
+    TiffRangeFinder finder(layout, stored_);
+    TiffBands bands = BandsOf(file, layout);
+    for (int row = 0; row < stored_.height; row += bands.RowsInBand())
+      bands.ReadNext([&](int, int, int width, std::span<const std::uint8_t* const> planes) {
+        finder.Add(planes, static_cast<std::size_t>(width));
+      });
+    return finder.Range();
   }
 
-  std::unique_ptr<ColourProfile> Profile(const TiffFile& file) const {
+  std::unique_ptr<ColourProfile> Profile(const TiffFile& file, Size size) const {
     std::uint32_t count = 0;
     void* bytes = nullptr;
     if (TIFFGetField(file.Handle(), TIFFTAG_ICCPROFILE, &count, &bytes) != 1) return nullptr;
-    return ColourProfile::FromIcc({static_cast<const std::uint8_t*>(bytes), count},
-                                  layout_.colourSamples == 4 ? ProfileInput::Cmyk : ProfileInput::Words,
-                                  std::int64_t{stored_.width} * stored_.height);
+    ProfileInput input = TiffRowReader::IsDeep(layout_) ? ProfileInput::DeepWords : ProfileInput::Words;
+    if (layout_.colourSamples == 4) input = ProfileInput::Cmyk;
+    return ColourProfile::FromIcc({static_cast<const std::uint8_t*>(bytes), count}, input,
+                                  std::int64_t{size.width} * size.height);
   }
 
-  void ReadRows(const TiffFile& file, const TiffLayout& layout, const RowSink& sink) const {
-    if (TIFFIsTiled(file.Handle()) != 0) {
-      ReadTiles(file, layout, sink);
-    } else if (layout.separate) {
-      ReadSeparateStrips(file, layout, sink);
-    } else {
-      ReadScanlines(file, sink);
-    }
-  }
-
-  void ReadScanlines(const TiffFile& file, const RowSink& sink) const {
-    TIFF* tiff = file.Handle();
-    const std::uint64_t rowBytes =
-        std::max<std::uint64_t>(TIFFScanlineSize64(tiff), PackedBytes(stored_.width));
-    std::vector<std::uint8_t> bytes(static_cast<std::size_t>(rowBytes));
-    const std::int64_t rowsPerStrip =
-        std::max<std::int64_t>(file.Field<std::uint32_t>(TIFFTAG_ROWSPERSTRIP, 0xFFFFFFFF), 1);
-    for (std::int64_t y = 0; y < stored_.height; ++y) {
-      if (TIFFReadScanline(tiff, bytes.data(), static_cast<std::uint32_t>(y)) != 1) {
-        // The rest of the strip is lost; the next one starts anew.
-        y = (y / rowsPerStrip + 1) * rowsPerStrip - 1;
-        continue;
-      }
-      const std::array<const std::uint8_t*, 1> planes = {bytes.data()};
-      sink(static_cast<int>(y), 0, stored_.width, planes);
-    }
-  }
-
-  // What `width` pixels take, whatever libtiff reckons.
-  std::uint64_t PackedBytes(std::int64_t width) const {
-    const int samples = layout_.separate ? 1 : layout_.samples;
-    return (static_cast<std::uint64_t>(width) * static_cast<std::uint64_t>(layout_.bits * samples) + 7) / 8;
-  }
-
-  // Chroma planes may be smaller than the picture; their samples are then repeated.
-  void ReadSeparateStrips(const TiffFile& file, const TiffLayout& layout, const RowSink& sink) const {
-    TIFF* tiff = file.Handle();
-    const auto samples = static_cast<std::size_t>(layout.samples);
-    const std::int64_t stripRows = std::clamp<std::int64_t>(
-        file.Field<std::uint32_t>(TIFFTAG_ROWSPERSTRIP, 0xFFFFFFFF), 1, stored_.height);
-    const bool reduced = layout.chromaAcross > 1 || layout.chromaDown > 1;
-    const std::uint64_t rowBytes = PackedBytes(stored_.width);
-    if (rowBytes * static_cast<std::uint64_t>(stripRows) * samples >
-        static_cast<std::uint64_t>(MostAllocation(fileBytes_)))
-      return;
-    std::vector<std::vector<std::uint8_t>> strips(samples);
-    std::vector<std::vector<std::uint8_t>> wide(samples, std::vector<std::uint8_t>(reduced ? rowBytes : 0));
-    std::vector<const std::uint8_t*> planes(samples);
-    for (std::int64_t top = 0; top < stored_.height; top += stripRows) {
-      const std::int64_t rows = std::min(stripRows, stored_.height - top);
-      bool any = false;
-      for (std::size_t sample = 0; sample < samples; ++sample) {
-        const bool chroma = reduced && (sample == 1 || sample == 2);
-        const std::int64_t across = chroma ? layout.chromaAcross : 1, down = chroma ? layout.chromaDown : 1;
-        const std::uint64_t bytes = PackedBytes((stored_.width + across - 1) / across) *
-                                    static_cast<std::uint64_t>((rows + down - 1) / down);
-        strips[sample].assign(static_cast<std::size_t>(rowBytes) * static_cast<std::size_t>(rows), 0);
-        const std::uint32_t strip =
-            TIFFComputeStrip(tiff, static_cast<std::uint32_t>(top), static_cast<std::uint16_t>(sample));
-        any =
-            TIFFReadEncodedStrip(tiff, strip, strips[sample].data(), static_cast<tmsize_t>(bytes)) > 0 || any;
-      }
-      for (std::int64_t i = 0; any && i < rows; ++i) {
-        for (std::size_t sample = 0; sample < samples; ++sample) {
-          planes[sample] = strips[sample].data() + static_cast<std::size_t>(i) * rowBytes;
-          if (reduced && (sample == 1 || sample == 2)) {
-            Widen(layout, strips[sample], i, wide[sample]);
-            planes[sample] = wide[sample].data();
-          }
-        }
-        sink(static_cast<int>(top + i), 0, stored_.width, planes);
-      }
-    }
-  }
-
-  void Widen(const TiffLayout& layout, const std::vector<std::uint8_t>& plane, std::int64_t row,
-             std::vector<std::uint8_t>& wide) const {
-    const std::int64_t width = (stored_.width + layout.chromaAcross - 1) / layout.chromaAcross;
-    const std::int64_t start = row / layout.chromaDown * width;
-    for (std::size_t x = 0; x < wide.size(); ++x) {
-      wide[x] = plane[static_cast<std::size_t>(start) + x / static_cast<std::size_t>(layout.chromaAcross)];
-    }
-  }
-
-  void ReadTiles(const TiffFile& file, const TiffLayout& layout, const RowSink& sink) const {
-    TIFF* tiff = file.Handle();
-    const std::size_t planeCount = layout.separate ? static_cast<std::size_t>(layout.samples) : 1;
-    const std::int64_t tileWidth = file.Field<std::uint32_t>(TIFFTAG_TILEWIDTH, 0);
-    const std::int64_t tileHeight = file.Field<std::uint32_t>(TIFFTAG_TILELENGTH, 0);
-    const std::uint64_t tileBytes = TIFFTileSize64(tiff), rowBytes = TIFFTileRowSize64(tiff);
-    if (tileWidth < 1 || tileHeight < 1 || rowBytes < PackedBytes(tileWidth)) return;
-    std::vector<std::vector<std::uint8_t>> tiles(
-        planeCount, std::vector<std::uint8_t>(static_cast<std::size_t>(tileBytes)));
-    std::vector<const std::uint8_t*> planes(planeCount);
-    for (std::int64_t top = 0; top < stored_.height; top += tileHeight) {
-      for (std::int64_t left = 0; left < stored_.width; left += tileWidth) {
-        bool any = false;
-        for (std::size_t plane = 0; plane < planeCount; ++plane) {
-          std::ranges::fill(tiles[plane], std::uint8_t{0});
-          any = TIFFReadTile(tiff, tiles[plane].data(), static_cast<std::uint32_t>(left),
-                             static_cast<std::uint32_t>(top), 0, static_cast<std::uint16_t>(plane)) > 0 ||
-                any;
-        }
-        const int width = static_cast<int>(std::min(tileWidth, stored_.width - left));
-        for (std::int64_t i = 0; any && i < std::min(tileHeight, stored_.height - top); ++i) {
-          const std::uint64_t offset = static_cast<std::uint64_t>(i) * rowBytes;
-          if (offset + rowBytes > tileBytes) break;
-          for (std::size_t plane = 0; plane < planeCount; ++plane)
-            planes[plane] = tiles[plane].data() + offset;
-          sink(static_cast<int>(top + i), static_cast<int>(left), width, planes);
-        }
-      }
-    }
-  }
-
-  void ReadLibraryColours(const TiffFile& file, Pixels& pixels) const {
-    FillFrom(0, pixels);
+  Pixels ReadLibraryColours(const TiffFile& file, PixelFormat format) const {
+    Pixels pixels = Pixels::Make(stored_, format, blankPixel, options_.limits);
     TIFFRGBAImage image;
     std::array<char, 1024> message{};
-    if (TIFFRGBAImageBegin(&image, file.Handle(), 0, message.data()) != 1) return;
+    if (TIFFRGBAImageBegin(&image, file.Handle(), 0, message.data()) != 1) return pixels;
     image.req_orientation = image.orientation;  // turning is done for all formats alike
     const bool got = TIFFRGBAImageGet(&image, pixels.Data(), static_cast<std::uint32_t>(stored_.width),
                                       static_cast<std::uint32_t>(stored_.height)) == 1;
@@ -281,6 +178,7 @@ class TiffDecoder final : public Decoder {
       }
     }
     if (got) pixels.SetFormat(PixelFormat::Rgb);
+    return pixels;
   }
 
   std::shared_ptr<const ByteSource> source_;

@@ -22,17 +22,27 @@ int ColourSamples(int photometric, int samples) {
   }
 }
 
-// Files without the tag follow what their compression or their number of samples suggests.
-int GuessPhotometric(int compression, int samples) {
-  switch (compression) {
+// What a file without the tag means: by its compression, by the tags that only one meaning has, or else by
+// the number of its samples.
+int GuessPhotometric(const TiffFile& file, const TiffLayout& layout) {
+  TIFF* tiff = file.Handle();
+  std::uint16_t *red = nullptr, *green = nullptr, *blue = nullptr, inks = 0;
+  switch (layout.compression) {
     case COMPRESSION_CCITTRLE:
     case COMPRESSION_CCITTFAX3:
     case COMPRESSION_CCITTFAX4:
     case COMPRESSION_CCITTRLEW:
       return PHOTOMETRIC_MINISWHITE;
+    case COMPRESSION_JPEG:
+      if (layout.samples == 3) return PHOTOMETRIC_YCBCR;
+      break;
     default:
-      return samples >= 3 ? PHOTOMETRIC_RGB : PHOTOMETRIC_MINISBLACK;
+      break;
   }
+  if (layout.samples == 1 && TIFFGetField(tiff, TIFFTAG_COLORMAP, &red, &green, &blue) == 1)
+    return PHOTOMETRIC_PALETTE;
+  if (layout.samples >= 4 && TIFFGetField(tiff, TIFFTAG_INKSET, &inks) == 1) return PHOTOMETRIC_SEPARATED;
+  return layout.samples >= 3 ? PHOTOMETRIC_RGB : PHOTOMETRIC_MINISBLACK;
 }
 
 }  // namespace
@@ -93,8 +103,13 @@ TiffLayout ReadTiffLayout(const TiffFile& file) {
   layout.bits = file.FieldOrDefault(TIFFTAG_BITSPERSAMPLE);
   layout.samples = file.FieldOrDefault(TIFFTAG_SAMPLESPERPIXEL);
   layout.compression = file.FieldOrDefault(TIFFTAG_COMPRESSION);
-  layout.photometric = file.Field<std::uint16_t>(
-      TIFFTAG_PHOTOMETRIC, static_cast<std::uint16_t>(GuessPhotometric(layout.compression, layout.samples)));
+  std::uint16_t photometric = 0;
+  if (TIFFGetField(file.Handle(), TIFFTAG_PHOTOMETRIC, &photometric) == 1) {
+    layout.photometric = photometric;
+  } else {
+    layout.photometric = GuessPhotometric(file, layout);
+    TIFFSetField(file.Handle(), TIFFTAG_PHOTOMETRIC, layout.photometric);  // some decoders go by it
+  }
   layout.sampleFormat = file.FieldOrDefault(TIFFTAG_SAMPLEFORMAT);
   layout.separate = file.FieldOrDefault(TIFFTAG_PLANARCONFIG) == PLANARCONFIG_SEPARATE && layout.samples > 1;
   layout.colourSamples = ColourSamples(layout.photometric, layout.samples);
@@ -109,7 +124,9 @@ TiffLayout ReadTiffLayout(const TiffFile& file) {
     std::uint16_t count = 0;
     std::uint16_t* kinds = nullptr;
     TIFFGetFieldDefaulted(file.Handle(), TIFFTAG_EXTRASAMPLES, &count, &kinds);
-    if (count > 0 && kinds != nullptr) {
+    // libtiff makes up as many as it takes, of no kind, where the file says neither these nor its colours.
+    const bool fromFile = count == layout.samples - layout.colourSamples;
+    if (fromFile && kinds != nullptr) {
       if (kinds[0] == EXTRASAMPLE_ASSOCALPHA) layout.alpha = TiffAlpha::Premultiplied;
       if (kinds[0] == EXTRASAMPLE_UNASSALPHA) layout.alpha = TiffAlpha::Straight;
     } else if (layout.samples == 4 && layout.colourSamples == 3) {

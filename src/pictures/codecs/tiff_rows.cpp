@@ -3,45 +3,13 @@
 #include <lcms2.h>
 
 #include <algorithm>
-#include <bit>
-#include <cmath>
 #include <cstring>
 
-#include "base/run_time_error.h"
+#include "pictures/byte_pixels.h"
+#include "pictures/codecs/tiff_numbers.h"
 
 namespace lumidex {
 namespace {
-
-template <class Number>
-Number Load(const std::uint8_t* bytes, std::size_t index) {
-  Number number;
-  std::memcpy(&number, bytes + index * sizeof(Number), sizeof(Number));
-  return number;
-}
-
-// Half-precision numbers: 1 sign, 5 exponent, 10 fraction bits. The same bits in a float's places count from
-// another exponent, which one multiplication makes up for.
-double FromHalf(std::uint16_t half) {
-  const std::uint32_t sign = static_cast<std::uint32_t>(half & 0x8000) << 16;
-  const std::uint32_t rest = static_cast<std::uint32_t>(half & 0x7FFF) << 13;
-  return static_cast<double>(std::bit_cast<float>(sign | rest) * 0x1p112F);
-}
-
-// Runs `visit(index, value)` over numbers of so many bits.
-template <class Visit>
-void ForEachNumber(int bits, const std::uint8_t* bytes, std::size_t count, Visit visit) {
-  switch (bits) {
-    case 16:
-      for (std::size_t i = 0; i < count; ++i) visit(i, FromHalf(Load<std::uint16_t>(bytes, i)));
-      break;
-    case 32:
-      for (std::size_t i = 0; i < count; ++i) visit(i, static_cast<double>(Load<float>(bytes, i)));
-      break;
-    default:
-      for (std::size_t i = 0; i < count; ++i) visit(i, Load<double>(bytes, i));
-      break;
-  }
-}
 
 // Bits run through the row from the high end of each byte; `bits` is at most 16.
 void UnpackBits(const std::uint8_t* bytes, unsigned bits, std::size_t count, std::uint16_t* into) {
@@ -142,9 +110,19 @@ bool TiffRowReader::CanRead(const TiffLayout& layout) {
   }
 }
 
-TiffRowReader::TiffRowReader(const TiffFile& file, const TiffLayout& layout, const ColourProfile* inks,
-                             double low, double high)
-    : layout_(layout), inks_(inks), low_(low), high_(high), conversion_(std::make_unique<Conversion>()) {
+bool TiffRowReader::IsDeep(const TiffLayout& layout) {
+  const bool plain = layout.photometric == PHOTOMETRIC_RGB || layout.photometric == PHOTOMETRIC_MINISBLACK;
+  const bool number = layout.sampleFormat == SAMPLEFORMAT_IEEEFP;
+  return plain && (number || (layout.bits == 16 && layout.sampleFormat == SAMPLEFORMAT_UINT));
+}
+
+TiffRowReader::TiffRowReader(const TiffFile& file, const TiffLayout& layout, const ColourProfile* profile,
+                             const TiffRange& range)
+    : layout_(layout),
+      profile_(profile),
+      range_(range),
+      most_(profile != nullptr && IsDeep(layout) ? 65535 : 255),
+      conversion_(std::make_unique<Conversion>()) {
   const bool small = layout.bits <= 16 && layout.sampleFormat != SAMPLEFORMAT_IEEEFP;
   const std::uint32_t most = small ? (1U << layout.bits) - 1 : 255;
   levels_.resize(std::size_t{1} << 16, 255);
@@ -183,28 +161,29 @@ TiffRowReader::~TiffRowReader() = default;
 
 // Rows of whole bytes that need no more than another order.
 void TiffRowReader::ReadWhole(const std::uint8_t* bytes, std::span<std::uint32_t> row) const {
-  if (layout_.samples == 3) {
-    for (std::uint32_t& word : row) {
-      word = Rgb(bytes[0], bytes[1], bytes[2]);
-      bytes += 3;
-    }
-    return;
-  }
+  if (layout_.samples == 3) return JoinRgb({bytes, row.size() * 3}, row);
   for (std::uint32_t& word : row) {
     word = std::uint32_t{bytes[3]} << 24 | (Rgb(bytes[0], bytes[1], bytes[2]) & 0xFFFFFFU);
     bytes += 4;
   }
 }
 
-void TiffRowReader::Unpack(const std::uint8_t* bytes, std::size_t count, std::uint16_t* into) const {
-  if (layout_.sampleFormat == SAMPLEFORMAT_IEEEFP) {
-    const double low = low_, range = high_ - low_;
-    ForEachNumber(layout_.bits, bytes, count, [&](std::size_t i, double value) {
-      const double share = std::min(std::max(0.0, (value - low) / range), 1.0);       // no number gives 0
-      into[i] = static_cast<std::uint16_t>((static_cast<int>(share * 510) + 1) / 2);  // rounded
-    });
-    return;
-  }
+void TiffRowReader::UnpackNumbers(const std::uint8_t* bytes, std::size_t count, std::size_t sample,
+                                  std::uint16_t* into) const {
+  const auto samples = static_cast<std::size_t>(layout_.samples);
+  const auto colours = static_cast<std::size_t>(layout_.colourSamples);
+  ForEachNumber(layout_.bits, bytes, count, [&](std::size_t i, double value) {
+    const bool isColour = samples == colours || (layout_.separate ? sample : i % samples) < colours;
+    const TiffRange range = isColour ? range_ : TiffRange{};
+    // What is no number gives 0.
+    const double share = std::min(std::max(0.0, (value - range.low) / (range.high - range.low)), 1.0);
+    into[i] = static_cast<std::uint16_t>(share * most_ + 0.5);
+  });
+}
+
+void TiffRowReader::Unpack(const std::uint8_t* bytes, std::size_t count, std::size_t sample,
+                           std::uint16_t* into) const {
+  if (layout_.sampleFormat == SAMPLEFORMAT_IEEEFP) return UnpackNumbers(bytes, count, sample, into);
   switch (layout_.bits) {
     case 8:
       std::copy_n(bytes, count, into);
@@ -217,12 +196,12 @@ void TiffRowReader::Unpack(const std::uint8_t* bytes, std::size_t count, std::ui
       break;
     case 32:
       for (std::size_t i = 0; i < count; ++i)
-        into[i] =
-            static_cast<std::uint16_t>(std::uint64_t{Load<std::uint32_t>(bytes, i)} * 255 / 0xFFFFFFFFU);
+        into[i] = static_cast<std::uint16_t>(std::uint64_t{LoadNumber<std::uint32_t>(bytes, i)} * 255 /
+                                             0xFFFFFFFFU);
       break;
     case 64:
       for (std::size_t i = 0; i < count; ++i)
-        into[i] = static_cast<std::uint16_t>(Load<std::uint64_t>(bytes, i) >> 56);
+        into[i] = static_cast<std::uint16_t>(LoadNumber<std::uint64_t>(bytes, i) >> 56);
       break;
     default:
       UnpackBits(bytes, static_cast<unsigned>(layout_.bits), count, into);
@@ -255,54 +234,97 @@ std::uint32_t TiffRowReader::Light(const std::uint16_t* samples) const {
 }
 
 void TiffRowReader::Read(std::span<const std::uint8_t* const> planes, std::span<std::uint32_t> row) {
-  if (packed_) return packed_->Unpack({planes[0], RowBytes(static_cast<int>(row.size()), layout_.bits)}, row);
   const bool plainRgb = layout_.bits == 8 && layout_.photometric == PHOTOMETRIC_RGB && !layout_.separate &&
                         layout_.sampleFormat == SAMPLEFORMAT_UINT;
-  if (plainRgb && (layout_.samples == 3 || (layout_.samples == 4 && layout_.alpha == TiffAlpha::Straight))) {
-    return ReadWhole(planes[0], row);
-  }
-  const auto samples = static_cast<std::size_t>(layout_.samples);
-  values_.resize(row.size() * samples);
-  if (layout_.separate) {
-    std::vector<std::uint16_t> plane(row.size());
-    for (std::size_t sample = 0; sample < planes.size(); ++sample) {
-      Unpack(planes[sample], row.size(), plane.data());
-      for (std::size_t x = 0; x < row.size(); ++x) values_[x * samples + sample] = plane[x];
-    }
+  if (packed_) {
+    packed_->Unpack({planes[0], RowBytes(static_cast<int>(row.size()), layout_.bits)}, row);
+  } else if (plainRgb &&
+             (layout_.samples == 3 || (layout_.samples == 4 && layout_.alpha == TiffAlpha::Straight))) {
+    ReadWhole(planes[0], row);
+  } else if (IsInks()) {
+    ReadInks(planes, row);
+    return ConvertInks(row);
   } else {
-    Unpack(planes[0], values_.size(), values_.data());
-  }
-  if (layout_.colourSamples == 4) {
-    auto* const inks = reinterpret_cast<std::uint8_t*>(row.data());
-    for (std::size_t x = 0; x < row.size(); ++x) {
-      for (std::size_t i = 0; i < 4; ++i) inks[4 * x + i] = Level(values_[x * samples + i]);
-    }
-    if (inks_ != nullptr) {
-      inks_->Convert(row);
+    ReadValues(planes, row.size());
+    if (most_ == 65535) return ConvertDeep(row);
+    if (conversion_->lab != nullptr && layout_.colourSamples == 3) {
+      ConvertLab(row);
     } else {
-      ConvertInksPlainly(false, row);
+      const auto samples = static_cast<std::size_t>(layout_.samples);
+      for (std::size_t x = 0; x < row.size(); ++x) row[x] = Light(values_.data() + x * samples);
     }
-  } else if (conversion_->lab != nullptr && layout_.colourSamples == 3) {
-    auto& bytes = conversion_->labBytes;
-    bytes.resize(row.size() * 3);
-    // In this meaning of Lab the two colour samples are signed, in the ICC's they are not.
-    const unsigned sign = layout_.photometric == PHOTOMETRIC_CIELAB ? 0x80 : 0;
-    const int shift = layout_.bits - 8;
-    for (std::size_t x = 0; x < row.size(); ++x) {
-      for (std::size_t i = 0; i < 3; ++i) {
-        const unsigned value = static_cast<unsigned>(values_[x * samples + i]) >> shift;
-        bytes[3 * x + i] = static_cast<std::uint8_t>(i == 0 ? value : value ^ sign);
-      }
-    }
-    cmsDoTransform(conversion_->lab, bytes.data(), row.data(), static_cast<cmsUInt32Number>(row.size()));
-    for (std::uint32_t& word : row) word |= 0xFF000000U;
-  } else {
-    for (std::size_t x = 0; x < row.size(); ++x) row[x] = Light(values_.data() + x * samples);
+    ApplyAlpha(row);
   }
-  if (layout_.alpha != TiffAlpha::None) ApplyAlpha(samples, row);
+  if (profile_ != nullptr) profile_->Convert(row);
 }
 
-void TiffRowReader::ApplyAlpha(std::size_t step, std::span<std::uint32_t> row) const {
+void TiffRowReader::ReadValues(std::span<const std::uint8_t* const> planes, std::size_t width) {
+  const auto samples = static_cast<std::size_t>(layout_.samples);
+  values_.resize(width * samples);
+  if (!layout_.separate) return Unpack(planes[0], values_.size(), 0, values_.data());
+  plane_.resize(width);
+  for (std::size_t sample = 0; sample < planes.size(); ++sample) {
+    Unpack(planes[sample], width, sample, plane_.data());
+    for (std::size_t x = 0; x < width; ++x) values_[x * samples + sample] = plane_[x];
+  }
+}
+
+void TiffRowReader::ReadInks(std::span<const std::uint8_t* const> planes, std::span<std::uint32_t> row) {
+  if (layout_.bits == 8 && layout_.samples == 4 && !layout_.separate) {
+    std::memcpy(row.data(), planes[0], row.size_bytes());
+    return;
+  }
+  ReadValues(planes, row.size());
+  const auto samples = static_cast<std::size_t>(layout_.samples);
+  auto* const inks = reinterpret_cast<std::uint8_t*>(row.data());
+  for (std::size_t x = 0; x < row.size(); ++x)
+    for (std::size_t i = 0; i < 4; ++i) inks[4 * x + i] = Level(values_[x * samples + i]);
+}
+
+void TiffRowReader::ConvertInks(std::span<std::uint32_t> row) const {
+  if (profile_ != nullptr) {
+    profile_->Convert(row);
+  } else {
+    ConvertInksPlainly(false, row);
+  }
+  ApplyAlpha(row);
+}
+
+void TiffRowReader::ConvertLab(std::span<std::uint32_t> row) {
+  const auto samples = static_cast<std::size_t>(layout_.samples);
+  auto& bytes = conversion_->labBytes;
+  bytes.resize(row.size() * 3);
+  // In this meaning of Lab the two colour samples are signed, in the ICC's they are not.
+  const unsigned sign = layout_.photometric == PHOTOMETRIC_CIELAB ? 0x80 : 0;
+  const int shift = layout_.bits - 8;
+  for (std::size_t x = 0; x < row.size(); ++x) {
+    for (std::size_t i = 0; i < 3; ++i) {
+      const unsigned value = static_cast<unsigned>(values_[x * samples + i]) >> shift;
+      bytes[3 * x + i] = static_cast<std::uint8_t>(i == 0 ? value : value ^ sign);
+    }
+  }
+  cmsDoTransform(conversion_->lab, bytes.data(), row.data(), static_cast<cmsUInt32Number>(row.size()));
+  for (std::uint32_t& word : row) word |= 0xFF000000U;
+}
+
+void TiffRowReader::ConvertDeep(std::span<std::uint32_t> row) {
+  const auto samples = static_cast<std::size_t>(layout_.samples);
+  const auto alphaPlace = static_cast<std::size_t>(layout_.colourSamples);
+  deep_.resize(row.size() * 4);
+  for (std::size_t x = 0; x < row.size(); ++x) {
+    const std::uint16_t* const from = values_.data() + x * samples;
+    std::uint16_t* const into = deep_.data() + 4 * x;
+    for (std::size_t i = 0; i < 3; ++i) into[i] = from[layout_.colourSamples == 3 ? i : 0];
+    into[3] = layout_.alpha == TiffAlpha::None ? std::uint16_t{65535} : from[alphaPlace];
+    for (std::size_t i = 0; layout_.alpha == TiffAlpha::Premultiplied && into[3] != 0 && i < 3; ++i)
+      into[i] = static_cast<std::uint16_t>(std::min(into[i] * 65535U / into[3], 65535U));
+  }
+  profile_->ConvertDeep(deep_, row);
+}
+
+void TiffRowReader::ApplyAlpha(std::span<std::uint32_t> row) const {
+  if (layout_.alpha == TiffAlpha::None) return;
+  const auto step = static_cast<std::size_t>(layout_.samples);
   const auto place = static_cast<std::size_t>(layout_.colourSamples);
   const bool divides =
       layout_.alpha == TiffAlpha::Premultiplied &&
@@ -324,18 +346,6 @@ void TiffRowReader::ApplyAlpha(std::size_t step, std::span<std::uint32_t> row) c
     }
     row[x] = alpha << 24 | word;
   }
-}
-
-void JoinRange(const TiffLayout& layout, const std::uint8_t* bytes, std::size_t count, double& low,
-               double& high) {
-  double least = low, most = high;
-  ForEachNumber(layout.bits, bytes, count, [&](std::size_t, double value) {
-    if (!std::isfinite(value)) return;
-    least = std::min(least, value);
-    most = std::max(most, value);
-  });
-  low = least;
-  high = most;
 }
 
 }  // namespace lumidex

@@ -22,12 +22,13 @@ constexpr double largestDrawnLetter = 64;
 
 }  // namespace
 
-Canvas::Canvas(Pixels& pixels, WorkBudget& budget)
+Canvas::Canvas(Pixels& pixels, WorkBudget& budget, Use use)
     : pixels_(pixels),
       budget_(budget),
       area_{0, 0, static_cast<double>(pixels.Width()), static_cast<double>(pixels.Height())},
       surface_(SharedSurface(pixels, CAIRO_FORMAT_RGB24)),
       context_(cairo_create(surface_.get())),
+      measures_(use == Use::Measure),
       maskBytes_(std::make_shared<double>(0)) {
   cairo_set_tolerance(context_.get(), tolerance);
 }
@@ -41,13 +42,10 @@ void Canvas::Finish() {
 }
 
 Box Canvas::Visible(const Clip& clip, const Box& bounds) {
-  if (!drawnBox_) {
-    drawnBox_ = bounds;
-  } else {
-    drawnBox_->left = std::min(drawnBox_->left, bounds.left);
-    drawnBox_->top = std::min(drawnBox_->top, bounds.top);
-    drawnBox_->right = std::max(drawnBox_->right, bounds.right);
-    drawnBox_->bottom = std::max(drawnBox_->bottom, bounds.bottom);
+  if (measures_) {
+    Box& drawn = drawnBox_ ? *drawnBox_ : drawnBox_.emplace(bounds);
+    drawn = {std::min(drawn.left, bounds.left), std::min(drawn.top, bounds.top),
+             std::max(drawn.right, bounds.right), std::max(drawn.bottom, bounds.bottom)};
   }
   // One pixel more, so that shapes without any width still lie within.
   return bounds.Grown(1).GrownToWhole().Intersected(clip.box).Intersected(area_);
@@ -136,16 +134,23 @@ void Canvas::DrawText(const Clip& clip, const TextFace& face, const std::string&
   const double least = std::min(toSheet.HorizontalScale(), toSheet.VerticalScale());
   if (!toSheet.IsUsable() || !(least > 0.1) || !(toSheet.MeanScale() > 0.2) || text.empty()) return;
   const double letters = static_cast<double>(text.size());
+  Path cell;
+  cell.AddBox({-0.5, -face.Ascent() - 0.3, face.Advance(text) + 0.5, face.Descent() + 0.3});
+  const Box bounds = cell.Transformed(toSheet).Bounds();
+  const bool outlined = size > largestDrawnLetter;
+  // Making letters is what costs, so that those beside the sheet are left out before.
+  if (!measures_ && Visible(clip, bounds).IsEmpty()) {
+    budget_.Spend(perLetter * letters);
+    return;
+  }
   const LetterShape shape{face.Handle(), toSheet.xx, toSheet.yx, toSheet.xy, toSheet.yy};
-  const bool kept = std::exchange(lastLetters_, shape) == shape && size <= largestDrawnLetter;
+  const bool kept = std::exchange(lastLetters_, shape) == shape && !outlined;
   if (!budget_.Spend((kept ? perLetter : perNewLetter) * letters)) return;
-  if (size > largestDrawnLetter) {
+  if (outlined) {
     const Ink ink{.kind = Ink::Kind::Solid, .color = color};
     return Fill(clip, face.Outline(text).Transformed(toSheet), FillRule::Winding, ink, copyPen);
   }
-  Path cell;
-  cell.AddBox({-0.5, -face.Ascent() - 0.3, face.Advance(text) + 0.5, face.Descent() + 0.3});
-  const Box visible = Visible(clip, cell.Transformed(toSheet).Bounds());
+  const Box visible = Visible(clip, bounds);
   if (visible.IsEmpty() || !budget_.Spend(perPixel * visible.Area())) return;
   Paint(clip, visible, [&](cairo_t* context) {
     cairo_set_source(context, SolidPattern(color).get());

@@ -68,8 +68,9 @@ struct ColorStop {
 
 class Canvas {
  public:
+  enum class Use { Draw, Measure };
   // Draws into `pixels`, which must outlive the canvas and whose alpha is undefined until Finish.
-  Canvas(Pixels& pixels, WorkBudget& budget);
+  Canvas(Pixels& pixels, WorkBudget& budget, Use use = Use::Draw);
   ~Canvas();
   Canvas(const Canvas&) = delete;
   Canvas& operator=(const Canvas&) = delete;
@@ -101,8 +102,10 @@ class Canvas {
   void DrawText(const Clip& clip, const TextFace& face, const std::string& text, const Matrix& toSheet,
                 std::uint32_t color);
 
-  // The box of everything drawn so far, also of what lay outside the sheet.
+  // The box of everything drawn so far, also of what lay outside the sheet; for canvases made to measure.
   std::optional<Box> DrawnBox() const { return drawnBox_; }
+  // Whether something drawn depended on what is drawn around it, as colour that flows up to an edge.
+  bool LookedAround() const { return lookedAround_; }
   // Sets every alpha to opaque; nothing may be drawn afterwards.
   void Finish();
   WorkBudget& Budget() { return budget_; }
@@ -138,6 +141,8 @@ class Canvas {
   Box area_;
   CairoSurface surface_;
   CairoContext context_;
+  bool measures_;
+  bool lookedAround_ = false;
   std::optional<Box> drawnBox_;
   std::shared_ptr<double> maskBytes_;  // shared with the masks, which may live longer than this
   Pixels tile_;                        // of the tiled ink used last, and its copy

@@ -68,6 +68,7 @@ class Flooder {
 }  // namespace
 
 void Canvas::Flood(const Clip& clip, Point at, std::uint32_t color, bool surface, const Ink& ink) {
+  lookedAround_ = true;
   const Box visible = Visible(clip, clip.box);
   const bool inside =
       at.x >= visible.left && at.x < visible.right && at.y >= visible.top && at.y < visible.bottom;

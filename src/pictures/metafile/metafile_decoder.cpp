@@ -15,6 +15,12 @@ constexpr double mostWantedPixels = 1 << 25;
 
 // Units of work for a file of up to one mebibyte; longer files may ask for more in proportion.
 constexpr double workPerMebibyte = 1.0e9;
+// Drawings are played in bands of no more than this, or than their natural size where that is larger.
+constexpr double leastBandPixels = 1 << 20;
+
+double AreaOf(Size size) {
+  return static_cast<double>(size.width) * size.height;
+}
 
 }  // namespace
 
@@ -43,18 +49,38 @@ MetafileDecoder::MetafileDecoder(const PictureData& data, const OpenOptions& opt
 Pixels MetafileDecoder::Decode(const DecodeRequest& request) const {
   const Size wanted = request.wanted;
   const bool possible = wanted.width > 0 && wanted.height > 0 && wanted.width <= limits_.side &&
-                        wanted.height <= limits_.side &&
-                        static_cast<double>(wanted.width) * wanted.height <= mostWantedPixels;
+                        wanted.height <= limits_.side && AreaOf(wanted) <= mostWantedPixels;
+  const Size size = possible ? wanted : facts_.size;
   return TellingOutOfMemory([&] {
-    Pixels pixels = Pixels::Make(possible ? wanted : facts_.size, PixelFormat::Rgb, 0xFFFFFFFF);
     const std::vector<std::uint8_t> bytes = data_.All();
-    WorkBudget budget(workPerMebibyte * std::max(1.0, static_cast<double>(bytes.size()) / (1 << 20)));
-    Canvas canvas(pixels, budget);
-    const Box area = canvas.Area();
-    Play(bytes, canvas, {.unitToSheet = {.xx = area.Width(), .yy = area.Height()}});
-    canvas.Finish();
+    // What may be spent on a drawing of the natural size may be spent on each part of a larger one, so that
+    // none loses at a zoom what it has without.
+    const double bandPixels = std::max(AreaOf(facts_.size), leastBandPixels);
+    const int rows = std::clamp(static_cast<int>(bandPixels / size.width), 1, size.height);
+    if (rows == size.height) return DrawRows(bytes, size, 0, rows, 1).pixels;
+    Pixels pixels = Pixels::MakeUnfilled(size, PixelFormat::Rgb);
+    for (int top = 0; top < size.height; top += rows) {
+      const Rows band = DrawRows(bytes, size, top, std::min(rows, size.height - top), 1);
+      // Colour that flows goes from one band into the next.
+      if (band.lookedAround) return DrawRows(bytes, size, 0, size.height, AreaOf(size) / bandPixels).pixels;
+      std::copy_n(band.pixels.Data(), band.pixels.ByteCount() / 4, pixels.Row(top).data());
+    }
     return pixels;
   });
+}
+
+MetafileDecoder::Rows MetafileDecoder::DrawRows(Bytes bytes, Size size, int top, int count,
+                                                double share) const {
+  Rows rows{Pixels::Make({size.width, count}, PixelFormat::Rgb, 0xFFFFFFFF)};
+  WorkBudget budget(share * workPerMebibyte * std::max(1.0, static_cast<double>(bytes.size()) / (1 << 20)));
+  Canvas canvas(rows.pixels, budget);
+  Play(bytes, canvas,
+       {.unitToSheet = {.xx = static_cast<double>(size.width),
+                        .yy = static_cast<double>(size.height),
+                        .y0 = -static_cast<double>(top)}});
+  canvas.Finish();
+  rows.lookedAround = canvas.LookedAround();
+  return rows;
 }
 
 }  // namespace lumidex::metafile

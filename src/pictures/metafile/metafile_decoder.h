@@ -19,10 +19,17 @@ class MetafileDecoder : public Decoder {
 
  protected:
   MetafileDecoder(const PictureData& data, const OpenOptions& options);
-  // Plays `bytes`, the whole file, onto the stage, which is all of the canvas.
+  // Plays `bytes`, the whole file, onto the stage, of which the canvas may be a part.
   virtual void Play(Bytes bytes, Canvas& canvas, const Stage& stage) const = 0;
 
  private:
+  struct Rows {
+    Pixels pixels;
+    bool lookedAround = false;  // what they show depends on rows above or below them
+  };
+  // `count` rows from `top` on of the drawing at `size`, for `share` times the usual work.
+  Rows DrawRows(Bytes bytes, Size size, int top, int count, double share) const;
+
   PictureData data_;
   PictureLimits limits_;
 };

@@ -70,7 +70,7 @@ std::optional<WmfLayout> LayOutWmf(const WmfHeader& header, Bytes file) {
 std::optional<WmfLayout> MeasureWmf(const WmfHeader& header, Bytes file) {
   Pixels pixels = Pixels::Make({1, 1}, PixelFormat::Rgb, 0xFFFFFFFF);
   WorkBudget budget(measuringWork);
-  Canvas canvas(pixels, budget);
+  Canvas canvas(pixels, budget, Canvas::Use::Measure);
   WmfLayout layout;
   layout.recordsAt = header.recordsAt;
   layout.device = {0, 0, 1, 1};

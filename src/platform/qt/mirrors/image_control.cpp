@@ -9,7 +9,6 @@
 
 #include "base/run_time_error.h"
 #include "controls/gvbox.h"
-#include "pictures/scaling.h"
 #include "platform/qt/conversions.h"
 #include "platform/qt/guarded.h"
 #include "platform/qt/mirrors/mirrors.h"
@@ -97,7 +96,7 @@ class ImageControlView final : public PaintedWidget {
     const Size size = picture_.GetSize();
     const Size wanted{std::max(1, Rounded(size.width * reduction)),
                       std::max(1, Rounded(size.height * reduction))};
-    IgnoreError([&] { image_ = ToImage(Scale(picture_.PixelsFor(wanted), wanted)); });
+    IgnoreError([&] { image_ = ToImage(picture_.PixelsToShow(wanted)); });
     return image_;
   }
 
