@@ -43,7 +43,8 @@ void Control::Move(float left, float top, float width, float height) {
 
 float Control::TwipsPerOuterUnit() const {
   const Control* container = Container;
-  return TwipsPerUnit(container ? container->InnerScale() : owner_.Scale.Get());
+  // A program may change the form's unit for a while, to measure in it: that moves nothing.
+  return TwipsPerUnit(container ? container->InnerScale() : owner_.Scale.Design());
 }
 
 void Control::SetFocus() {

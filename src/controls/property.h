@@ -98,6 +98,7 @@ class Property final : public PropertyBase {
   }
 
   const T& Get() const { return value_; }
+  const T& Design() const { return design_; }
   operator const T&() const { return value_; }
   friend bool operator==(const Property& property, const T& value) { return property.value_ == value; }
 

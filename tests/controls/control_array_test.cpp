@@ -176,6 +176,13 @@ TEST_F(ControlArrayTest, A_picture_box_measures_its_inside_in_its_own_unit) {
   EXPECT_EQ(form.box.ReadProperty("ScaleHeight"), "50");
 }
 
+TEST_F(ControlArrayTest, A_unit_that_the_form_measures_in_for_a_while_moves_nothing) {
+  form.box.Move(0, 0, 102, 52);
+  form.Scale = ScaleMode::Twips;
+  EXPECT_EQ(form.box.TwipsPerOuterUnit(), 15.0F);
+  EXPECT_EQ(form.box.ScaleWidth(), 1500.0F);
+}
+
 TEST_F(Controls, Properties_are_known_by_name_in_the_order_of_their_declaration) {
   std::vector<std::string_view> names;
   for (const PropertyBase* each = form.check.FirstProperty(); each; each = each->Next()) {

@@ -62,6 +62,13 @@ TEST_F(PlacedViewTest, Controls_stand_where_they_are_placed_in_the_unit_of_the_f
   EXPECT_TRUE(Shown(form.cell(0))->isHidden());
 }
 
+TEST_F(PlacedViewTest, A_unit_that_the_form_measures_in_for_a_while_moves_nothing) {
+  form.Scale = ScaleMode::Twips;
+  form.button.Left = 10;
+  Settle();
+  EXPECT_EQ(Shown(form.button)->geometry(), Place(10, 300, 80, 20));
+}
+
 TEST_F(PlacedViewTest, A_control_stands_in_its_container_in_the_containers_unit) {
   QWidget* inside = world.views.ViewOf(form)->InsideOf(form.box);
   EXPECT_EQ(Shown(form.inner)->parentWidget(), inside);
