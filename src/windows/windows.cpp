@@ -16,6 +16,7 @@ void WireWindows(App& app) {
   WireSelectPictureDirectoryForm(app);
   WirefrmSplash(app);
   WirefrmAbout(app);
+  WirefrmBrowser(app);
   WireHelp(app);
   WirefrmTip(app);
   Wirefrmlocatefiles(app);

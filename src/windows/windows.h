@@ -13,6 +13,7 @@ void WireWPaper2(App& app);
 void WireSelectPictureDirectoryForm(App& app);
 void WirefrmSplash(App& app);
 void WirefrmAbout(App& app);
+void WirefrmBrowser(App& app);
 void WireHelp(App& app);
 void WirefrmTip(App& app);
 void Wirefrmlocatefiles(App& app);

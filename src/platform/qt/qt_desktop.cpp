@@ -5,14 +5,16 @@
 #include <optional>
 
 #include "forms/frmSplash.h"
+#include "platform/posix/posix_process.h"
 #include "platform/qt/artwork.h"
+#include "platform/qt/browser.h"
 #include "platform/qt/clipboard.h"
 #include "platform/qt/clock.h"
+#include "platform/qt/conversions.h"
 #include "platform/qt/dialogs.h"
 #include "platform/qt/end_requests.h"
 #include "platform/qt/event_queue.h"
 #include "platform/qt/form_views.h"
-#include "platform/qt/missing_services.h"
 #include "platform/qt/popup.h"
 #include "platform/qt/tray.h"
 #include "platform/qt/views/view_factory.h"
@@ -26,6 +28,11 @@ void SetAttributes() {
   QCoreApplication::setAttribute(Qt::AA_DontUseNativeMenuBar);
   QCoreApplication::setApplicationName(QStringLiteral("Lumidex"));
   QCoreApplication::setApplicationVersion(QStringLiteral(LUMIDEX_VERSION));
+}
+
+// It is installed beside this one.
+QString BrowserProgram() {
+  return ToQt(ExecutableLocation() + "/lumidex-browser");
 }
 
 struct Attributes {
@@ -63,7 +70,7 @@ struct QtDesktop::Parts {
   QtClipboard clipboard;
   QtPopup popup{events, views};
   QtTray tray;
-  NoBrowser browser;
+  QtBrowser browser{BrowserProgram()};
   Platform platform;
   std::optional<EndRequests> ends;
 };

@@ -49,6 +49,7 @@ QWidget* MakeWidget(FormView& view, Control& control, QWidget* parent) {
       Try<Gvbox>(control, made, [&](auto& known) { return MakeImageControl(view, known, parent); }) ||
       Try<ImageBox>(control, made, [&](auto& known) { return MakeImage(view, known, parent); }) ||
       Try<PictureBox>(control, made, [&](auto& known) { return MakePictureBox(view, known, parent); }) ||
+      Try<WebBrowser>(control, made, [&](auto& known) { return MakeWebBrowser(view, known, parent); }) ||
       Try<Toolbar>(control, made, [&](auto& known) { return MakeToolbar(view, known, parent); }) ||
       Try<StatusBar>(control, made, [&](auto& known) { return MakeStatusBar(view, known, parent); });
   return made;

@@ -19,6 +19,7 @@
 #include "controls/ranges.h"
 #include "controls/tab_strip.h"
 #include "controls/texts.h"
+#include "controls/web_browser.h"
 #include "platform/qt/form_view.h"
 
 class QCheckBox;
@@ -74,6 +75,8 @@ QWidget* MakeImage(FormView& view, ImageBox& control, QWidget* parent,
 // measured in those.
 void PlaceImage(FormView& view, ImageBox& control);
 QWidget* MakePictureBox(FormView& view, PictureBox& control, QWidget* parent);
+
+QWidget* MakeWebBrowser(FormView& view, WebBrowser& control, QWidget* parent);
 
 QWidget* MakeToolbar(FormView& view, Toolbar& control, QWidget* parent);
 QWidget* MakeStatusBar(FormView& view, StatusBar& control, QWidget* parent);

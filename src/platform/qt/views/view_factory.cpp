@@ -4,6 +4,7 @@
 #include "platform/qt/views/about_view.h"
 #include "platform/qt/views/adjustment_view.h"
 #include "platform/qt/views/batch_views.h"
+#include "platform/qt/views/browser_view.h"
 #include "platform/qt/views/directory_view.h"
 #include "platform/qt/views/full_screen_view.h"
 #include "platform/qt/views/main_view.h"
@@ -40,6 +41,7 @@ std::unique_ptr<FormView> MakeView(FormViews& views, Form& form) {
       Try<FullScreenView, frmSlideShowFullScreenWindow>(views, form, view) ||
       Try<SearchView, frmlocatefilesWindow>(views, form, view) ||
       Try<TipView, frmTipWindow>(views, form, view) || Try<AboutView, frmAboutWindow>(views, form, view) ||
+      Try<BrowserView, frmBrowserWindow>(views, form, view) ||
       Try<StatisticsView, frmstatsWindow>(views, form, view) ||
       Try<ReportView, frmReportWindow>(views, form, view) ||
       Try<ConvertTypeView, frmConvertFileTypeWindow>(views, form, view) ||
