@@ -107,12 +107,16 @@ void Session::CheckAlive() {
   // Leaving a program that was begun with a picture waits for ever, by rule.
   const bool leftWaiting =
       run_.state == State::Hung && run_.Program().exiting && run_.Program().CommandLineMode;
-  // Nothing traps the error of a wallpaper that is to be made of no picture.
+  // By rule nothing traps the errors of a wallpaper that is to be made of no picture, and of a file that is
+  // to be saved into a folder that is gone.
   const auto& messages = run_.World().dialogs.messages;
-  const bool hadNoPicture = run_.state == State::Ended && !messages.empty() &&
-                            run_.Program().WPaper2.Image1.Picture.Get().IsEmpty() &&
-                            messages.back().text.starts_with("Run-time error '380'");
-  if (run_.state == State::Running || endedByUser || leftWaiting || hadNoPicture) return;
+  const auto ended = [&](const char* report) {
+    return run_.state == State::Ended && !messages.empty() && messages.back().text.starts_with(report);
+  };
+  const bool endedByRule =
+      (ended("Run-time error '380'") && run_.Program().WPaper2.Image1.Picture.Get().IsEmpty()) ||
+      ended("Run-time error '76'");
+  if (run_.state == State::Running || endedByUser || leftWaiting || endedByRule) return;
   Perform("expect running");
 }
 
