@@ -51,7 +51,8 @@ struct Cost {
   std::vector<double> processor, wall, mebibytes;
 };
 
-void Measure(Cost& cost, const std::function<bool()>& show) {
+// False when the file could not be shown.
+bool Measure(Cost& cost, const std::function<bool()>& show) {
   rusage used{};
   int status = 0;
   const double wall = Milliseconds([&] {
@@ -59,13 +60,14 @@ void Measure(Cost& cost, const std::function<bool()>& show) {
     if (child == 0) _exit(show() ? 0 : 1);
     wait4(child, &status, 0, &used);
   });
-  if (!WIFEXITED(status) || WEXITSTATUS(status) != 0) std::puts("could not be shown");
+  if (!WIFEXITED(status) || WEXITSTATUS(status) != 0) return false;
   const auto milliseconds = [](const timeval& time) {
     return 1e3 * static_cast<double>(time.tv_sec) + 1e-3 * static_cast<double>(time.tv_usec);
   };
   cost.processor.push_back(milliseconds(used.ru_utime) + milliseconds(used.ru_stime));
   cost.wall.push_back(wall);
   cost.mebibytes.push_back(static_cast<double>(used.ru_maxrss) / 1024);
+  return true;
 }
 
 }  // namespace
@@ -76,11 +78,16 @@ int main(int argc, char** argv) {
   for (int i = 2; i < argc; ++i) {
     const std::string path = argv[i];
     Cost ours, qts;
-    for (int round = 0; round < rounds; ++round) {
-      Measure(qts, [&] { return ShowByQt(path, window); });
-      Measure(ours, [&] { return ShowByUs(path, window); });
+    bool shown = true;
+    for (int round = 0; shown && round < rounds; ++round) {
+      shown = Measure(qts, [&] { return ShowByQt(path, window); }) &&
+              Measure(ours, [&] { return ShowByUs(path, window); });
     }
     std::printf("%s\n", path.c_str());
+    if (!shown) {
+      std::puts("  cannot be shown by both");
+      continue;
+    }
     const auto print = [](const char* what, const std::vector<double>& our, const std::vector<double>& qt) {
       std::printf("  %-16s %8.1f against %8.1f, ratio %.2f\n", what, Median(our), Median(qt),
                   Median(our) / Median(qt));
