@@ -19,7 +19,16 @@ def tree_of(desktop, program):
     text = desktop.run("/usr/bin/python3", folder + "/accessible.py", str(program.process.pid))
     if not text:
         raise Failure("the accessibility bus tells nothing of the program")
-    return json.loads(text)
+    tree = json.loads(text)
+    # The toolkit tells logical pixels.
+    scale_places(tree, desktop.scale)
+    return tree
+
+
+def scale_places(node, scale):
+    node["place"] = [round(number * scale) for number in node["place"]]
+    for child in node["children"]:
+        scale_places(child, scale)
 
 
 def window_of(tree, title):
@@ -67,6 +76,12 @@ def told(node):
     return f"{node['role']} '{node['name']}' at {node['place']}"
 
 
+def scrolls(node):
+    """What is too large for the screen is seen by scrolling."""
+    return any(child["role"] == "scroll bar" or (child["role"] == "filler" and scrolls(child) and len(child["children"]) == 1)
+               for child in node["children"] if "showing" in child["states"])
+
+
 def misplaced(window):
     """Sentences on all that is cut off or covered in a window; scaled places are rounded, so a pixel is none."""
     wrong = []
@@ -74,11 +89,10 @@ def misplaced(window):
     for node, way in nodes(window):
         if node["role"] not in CONTENT or node["place"][2] <= 0 or node["place"][3] <= 0:
             continue
-        if any(holder["role"] in SCROLLING for holder in way):
+        if any(holder["role"] in SCROLLING or scrolls(holder) for holder in way):
             continue
-        scrolled = any(holder["name"] == "" and holder["role"] == "scroll pane" for holder in way)
         for holder in way:
-            if not scrolled and not holds(holder["place"], node["place"], 1):
+            if not holds(holder["place"], node["place"], 1):
                 wrong.append(f"{told(node)} is cut off by {told(holder)}")
                 break
         # A picture without a name is an ornament, on which texts stand.

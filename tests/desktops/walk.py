@@ -76,9 +76,14 @@ class Walk:
         dialog, tree = self.look_at(DIRECTORY, "directory")
         self.is_centred(dialog, main, "directory")
         files = checks.find(tree, "list", "Filename")
+
+        def facts():
+            now = checks.window_of(checks.tree_of(self.desktop, self.program), DIRECTORY)
+            return [node["name"] for node, _ in checks.nodes(now) if node["role"] == "label"]
+
+        before = facts()
         self.program.click(*checks.centre(files["children"][1]))
-        wait_until(lambda: any(node["role"] == "image" for node, _ in checks.nodes(
-            checks.window_of(checks.tree_of(self.desktop, self.program), DIRECTORY))), 20, "the preview")
+        wait_until(lambda: facts() != before, 20, "the facts on the file")
         self.look_at(DIRECTORY, "preview", describe=False)
         self.program.keys("alt+o")
         wait_until(lambda: not self.program.has_window(DIRECTORY), 20, "the dialog to go")
