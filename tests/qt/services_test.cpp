@@ -116,6 +116,13 @@ TEST(QtClipboard, A_picture_is_decoded_when_it_is_pasted) {
   clipboard.Clear();
 }
 
+TEST(QtClipboard, Pixels_are_refused_as_a_drawing) {
+  QtClipboard clipboard;
+  const Picture pixels = Picture::FromPixels(Pixels::Make({2, 2}, PixelFormat::Rgb, 0xFF000000), 24);
+  EXPECT_EQ(NumberRaisedBy([&] { clipboard.SetData(pixels, ClipboardFormat::Metafile); }), 460);
+  EXPECT_FALSE(QGuiApplication::clipboard()->mimeData()->hasImage());
+}
+
 TEST(QtClipboard, No_picture_is_refused) {
   QtClipboard clipboard;
   EXPECT_EQ(NumberRaisedBy([&] { clipboard.SetData(Picture(), ClipboardFormat::Own); }), 460);

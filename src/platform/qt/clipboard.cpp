@@ -38,8 +38,10 @@ void QtClipboard::SetText(const std::string& text) {
   QGuiApplication::clipboard()->setText(ToQt(text));
 }
 
-void QtClipboard::SetData(const Picture& picture, ClipboardFormat) {
-  if (picture.IsEmpty()) throw RunTimeError(ErrorNumber::InvalidClipboardFormat);
+void QtClipboard::SetData(const Picture& picture, ClipboardFormat format) {
+  const bool isNoDrawing = picture.Type() == PictureType::Bitmap;
+  if (picture.IsEmpty() || (format == ClipboardFormat::Metafile && isNoDrawing))
+    throw RunTimeError(ErrorNumber::InvalidClipboardFormat);
   QGuiApplication::clipboard()->setMimeData(std::make_unique<PictureOffer>(picture).release());
 }
 

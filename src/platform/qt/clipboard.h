@@ -10,7 +10,8 @@ class QtClipboard final : public Clipboard {
  public:
   void Clear() override;
   void SetText(const std::string& text) override;
-  // Every picture is offered in all the ways that the desktop knows, whatever format was asked for.
+  // Every picture is offered as pixels in all the ways that the desktop knows, a drawing in its own size; the
+  // format only decides about what is refused.
   void SetData(const Picture& picture, ClipboardFormat format) override;
   std::string Text() const override;
 };

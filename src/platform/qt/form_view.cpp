@@ -147,6 +147,12 @@ void FormView::FollowVisibility() {
     if (!StaysInTaskBar()) hide();
     return;
   }
+  // A minimized window that comes back in another state is mapped and changed by the library in an order in
+  // which window managers lose that state: a new one comes up as it is to be.
+  if (isMinimized() && windowHandle()) {
+    destroy();
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+  }
   ignoresActivation_ = true;
   setWindowModality(form_.IsModal() ? Qt::ApplicationModal : Qt::NonModal);
   pushes_.Flush();

@@ -1,7 +1,10 @@
 #include "platform/qt/popup.h"
 
 #include <QCursor>
+#include <QGuiApplication>
 #include <QMouseEvent>
+#include <QScreen>
+#include <optional>
 #include <utility>
 
 #include "base/run_time_error.h"
@@ -24,6 +27,15 @@ class OpenMenu final : public QMenu {
     if (isBeside && onPressedBeside) onPressedBeside(place);
   }
 };
+
+// Beside the mouse, not under it: a second press at the same place is to miss the entries.
+QPoint PlaceFor(const QMenu& menu, QPoint mouse) {
+  constexpr int gap = 10;
+  const QSize size = menu.sizeHint();
+  const QScreen* screen = QGuiApplication::screenAt(mouse);
+  const bool fitsBelow = !screen || mouse.y() + gap + size.height() <= screen->geometry().bottom();
+  return {mouse.x(), fitsBelow ? mouse.y() + gap : mouse.y() - gap - size.height()};
+}
 
 }  // namespace
 
@@ -73,16 +85,18 @@ void QtPopup::PopupMenu(WindowHandle formHandle, WindowHandle menuHandle) {
   OpenMenu menu;
   MenuItem* chosen = nullptr;
   FillMenu(menu, *form, *root, [&chosen](MenuItem& item) { chosen = &item; });
-  // Later, when this menu has closed and its loop has ended.
-  menu.onPressedBeside = [this](QPoint place) {
-    events_.Post([this, place] {
-      if (OnPressedBeside) OnPressedBeside(place);
-    });
-  };
+  std::optional<QPoint> beside;
+  menu.onPressedBeside = [&beside](QPoint place) { beside = place; };
   open_ = &menu;
-  menu.popup(QCursor::pos());
+  menu.popup(PlaceFor(menu, QCursor::pos()));
   if (!menu.isVisible()) throw RunTimeError(ErrorNumber::InvalidCall);
   events_.RunUntil([&menu] { return !menu.isVisible(); });
+  // Later, when the menu and its hold of the mouse are gone.
+  if (beside) {
+    events_.Post([this, place = *beside] {
+      if (OnPressedBeside) OnPressedBeside(place);
+    });
+  }
   // Its error is its own, not that of whoever opened the menu.
   if (chosen) events_.Guard([chosen] { chosen->Click(); });
 }
