@@ -78,7 +78,8 @@ void QtEventQueue::RunUntil(const std::function<bool()>& done) {
   if (done()) return;
   QEventLoop loop;
   const auto look = [&] {
-    if (done()) loop.quit();
+    // Once only: it wakes the loops further in, which would never rest while this one waits for their end.
+    if (loop.isRunning() && done()) loop.quit();
   };
   // Both ends of every turn of this loop and of those nested in it, so that it ends as soon as it may.
   const auto* dispatcher = QAbstractEventDispatcher::instance();

@@ -90,7 +90,7 @@ bool QtTray::Shell_NotifyIconA(unsigned action, const TrayIconRecord& record) {
     case NIM_DELETE:
       if (!record_) return false;
       record_.reset();
-      icon_.reset();
+      LetIconGo();
       desktopLines_.clear();
       desktopMenu_.reset();
       retry_.stop();
@@ -98,6 +98,16 @@ bool QtTray::Shell_NotifyIconA(unsigned action, const TrayIconRecord& record) {
     default:
       return false;
   }
+}
+
+void QtTray::LetIconGo() {
+  const std::string address = ReadEnvironment(busVariable);
+  if (icon_ && address != noBusAddress && !BusAnswers(address, SessionBus::ShortMilliseconds)) {
+    // It would tell the bus that it goes, and wait for an answer. The end of the process tells the same.
+    icon_->setContextMenu(nullptr);
+    static_cast<void>(icon_.release());
+  }
+  icon_.reset();
 }
 
 void QtTray::Look() {
@@ -117,7 +127,10 @@ void QtTray::Found(TrayHost host) {
   }
   icon_ = std::make_unique<QSystemTrayIcon>();
   QObject::connect(icon_.get(), &QSystemTrayIcon::activated,
-                   [this](QSystemTrayIcon::ActivationReason reason) { Activated(reason); });
+                   [this](QSystemTrayIcon::ActivationReason reason) {
+                     // Later: the desktop's call gets its answer before a menu is opened.
+                     events_.Post([this, reason] { Activated(reason); });
+                   });
   if (host == TrayHost::StatusNotifier && !CanOpenMenus(ReadEnvironment)) MakeDesktopMenu();
   Show();
 }

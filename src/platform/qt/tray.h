@@ -41,6 +41,7 @@ class QtTray final : public Tray {
   void Look();
   void Found(TrayHost host);
   void Show();
+  void LetIconGo();
   // All menus of the icon's form in one, for the desktop to draw.
   void MakeDesktopMenu();
   void Press();
