@@ -1,5 +1,8 @@
 // Puts the pieces together: the ports of this system, the windows, and the program on them.
 
+#include <locale>
+#include <stdexcept>
+
 #include "core/default_report.h"
 #include "forms/WPaper2.h"
 #include "platform/posix/bus_address.h"
@@ -18,9 +21,23 @@
 #include "windows/start_and_exit.h"
 #include "windows/windows.h"
 
+namespace {
+
+// Whatever else the program writes does not depend on the user's language.
+void UseLanguageForDates() {
+  try {
+    std::locale::global(std::locale(std::locale::classic(), std::locale(""), std::locale::time));
+  } catch (const std::runtime_error&) {
+    // A language that is not installed; dates stay English.
+  }
+}
+
+}  // namespace
+
 int main(int argc, char** argv) {
   using namespace lumidex;
   SettleSessionBus();
+  UseLanguageForDates();
   const EarlyFonts fonts;
   PosixFileSystem files;
   PosixProcess process(argc, argv, LUMIDEX_INSTALLED_CONTENT);

@@ -31,6 +31,9 @@ struct frmFilePropertiesWindow : Form {
   ImageBox imgThumbNail{*this, "imgThumbNail", true};
   CommandButton cmdClose{*this, "cmdClose", "&Close"};
   ImageBox Image1{*this, "Image1", true};
+
+  // How often it has been loaded.
+  unsigned Openings = 0;
 };
 
 }  // namespace lumidex

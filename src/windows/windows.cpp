@@ -29,6 +29,9 @@ void WireWindows(App& app) {
   WireEditing(app);
   WirefrmAdjustColorBalance(app);
   WirefrmAdjustContrastandBrightness(app);
+  WirefrmFileProperties(app);
+  WirefrmZoomView(app);
+  WirefrmThumbNail(app);
   WireSlideShow(app);
   WireDesktop(app);
   WirefrmSlideShowFullScreen(app);

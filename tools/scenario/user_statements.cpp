@@ -134,13 +134,49 @@ void Select(Execution& run, Arguments& words) {
   Refuse(target, "select in");
 }
 
-template <void (DirList::*verb)(int row)>
-void InDirectories(Execution& run, Arguments& words) {
+DirList& ReachedDirectories(Execution& run, Arguments& words) {
   const Target target = Reached(run, words);
   auto* list = dynamic_cast<DirList*>(target.control);
   if (!list) Refuse(target, "open a directory in");
-  const int row = TakeDirectoryRow(words, *list);
-  run.Act([&] { (list->*verb)(row); });
+  return *list;
+}
+
+void Highlight(Execution& run, Arguments& words) {
+  DirList& list = ReachedDirectories(run, words);
+  const int row = TakeDirectoryRow(words, list);
+  run.Act([&] { list.UserHighlight(row); });
+}
+
+// The row that is nearest to a directory above it; that of the list's own directory when none is nearer.
+int NearestRow(const DirList& list, const std::string& directory, char separator) {
+  int nearest = -1;
+  for (int row = -list.Depth(); row < list.ListCount(); ++row) {
+    std::string above = list.List(row);
+    if (directory == above) return row;
+    if (!above.ends_with(separator)) above += separator;
+    if (directory.starts_with(above) && (row >= 0 || !directory.starts_with(list.Path()))) nearest = row;
+  }
+  return nearest;
+}
+
+// As a person does, who goes up and down until the directory has a row.
+void Open(Execution& run, Arguments& words) {
+  DirList& list = ReachedDirectories(run, words);
+  const Word* directory = words.Peek();
+  const char separator = list.Owner().GetPlatform().files.Separator();
+  const auto walksOn = [&] {
+    const int row = NearestRow(list, directory->text, separator);
+    return row != -1 && list.List(row) != directory->text ? row : -1;
+  };
+  if (directory) {
+    for (int row = walksOn(); row != -1; row = walksOn()) {
+      const std::string before = list.Path();
+      run.Act([&] { list.UserOpen(row); });
+      if (list.Path() == before) break;
+    }
+  }
+  const int row = TakeDirectoryRow(words, list);
+  run.Act([&] { list.UserOpen(row); });
 }
 
 template <bool ticked>
@@ -340,8 +376,8 @@ void AddUserStatements(StatementTable& table) {
   table["click"] = table["choose"] = Click;
   table["double"] = DoubleClick;
   table["select"] = Select;
-  table["highlight"] = InDirectories<&DirList::UserHighlight>;
-  table["open"] = InDirectories<&DirList::UserOpen>;
+  table["highlight"] = Highlight;
+  table["open"] = Open;
   table["tick"] = Tick<true>;
   table["untick"] = Tick<false>;
   table["type"] = Type;

@@ -1,5 +1,7 @@
-// The image control, where it is visible: its image at its zoom level, from its scroll position on.
+// The image control, where it is visible: its image at its zoom level, from its scroll position on, with
+// scroll bars where it does not fit. Only what is visible is drawn.
 
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QWheelEvent>
@@ -9,69 +11,79 @@
 
 #include "base/run_time_error.h"
 #include "controls/gvbox.h"
-#include "platform/qt/conversions.h"
 #include "platform/qt/guarded.h"
 #include "platform/qt/mirrors/mirrors.h"
+#include "platform/qt/mirrors/shown_picture.h"
 #include "platform/qt/pointer_watch.h"
 
 namespace lumidex {
 namespace {
 
-// From here on a person looks at single pixels.
-constexpr double leastBlockyScale = 2;
-constexpr int screenPixelsPerWheelStep = 60;
+constexpr int pixelsPerWheelStep = 60, wheelUnitsPerStep = 120;
+
+int Rounded(double value) {
+  return static_cast<int>(std::lround(value));
+}
 
 class ImageControlView final : public PaintedWidget {
  public:
-  ImageControlView(const Units& units, const Gvbox& control, QWidget* parent)
-      : PaintedWidget(parent), units_(units), control_(control) {
+  ImageControlView(const FormView& view, Gvbox& control, QWidget* parent)
+      : PaintedWidget(parent),
+        view_(view),
+        control_(control),
+        shown_(view.GetForm().GetPlatform(), [this] { update(); }) {
     setFocusPolicy(Qt::StrongFocus);
   }
 
   void Show() {
-    Picture picture;
+    picture_ = {};
     // A load that failed leaves nothing to see.
-    IgnoreError([&] { picture = control_.Picture(); });
-    if (!(picture == picture_)) {
-      picture_ = picture;
-      image_ = {};
-      imageReduction_ = 0;
-    }
+    IgnoreError([&] { picture_ = control_.Picture(); });
+    Ask();
     update();
   }
 
   QSize sizeHint() const override { return {320, 240}; }
 
-  // The user drags the image or turns the wheel: where the view is to begin, in image pixels.
+  // The user turns the wheel, presses a key for whole pages or drags the image: where the view is to begin,
+  // in image pixels.
   std::function<void(int x, int y)> onScroll;
   // Sees the mouse before those who swallow it.
   void WatchDrag() { installEventFilter(this); }
 
  protected:
   void Paint() override {
-    if (picture_.IsEmpty()) return;
     QPainter painter(this);
     const double ratio = devicePixelRatioF();
-    // Device pixels for one of the picture: it is reduced once and enlarged while it is painted.
-    const double scale = Level() * ratio;
-    const double reduction = std::min(scale, 1.0), enlargement = std::max(scale, 1.0);
-    const QImage& image = ImageAt(reduction);
-    if (image.isNull()) return;
-    const QRectF seen = QRectF(control_.ScrollX() * reduction, control_.ScrollY() * reduction,
-                               width() * ratio / enlargement, height() * ratio / enlargement) &
-                        QRectF(image.rect());
-    const QRectF place(QPointF(0, 0), seen.size() * (enlargement / ratio));
-    painter.setRenderHint(QPainter::SmoothPixmapTransform, scale < leastBlockyScale);
-    if (image.hasAlphaChannel()) painter.fillRect(place, Qt::white);
-    painter.drawImage(place, image, seen);
+    const auto onDevicePixel = [ratio](double place) { return std::round(place * ratio) / ratio; };
+    const QPointF corner(onDevicePixel(-control_.ScrollX() * Level()),
+                         onDevicePixel(-control_.ScrollY() * Level()));
+    shown_.Paint(painter, {corner, SizeAt(Level() * ratio) / ratio});
   }
 
   void wheelEvent(QWheelEvent* event) override {
     QPoint steps = event->angleDelta();
     if (event->modifiers() & Qt::ShiftModifier) steps = steps.transposed();
-    const double unit = screenPixelsPerWheelStep / Level() / 120;
+    const double unit = pixelsPerWheelStep / Level() / wheelUnitsPerStep;
     onScroll(control_.ScrollX() - Rounded(steps.x() * unit), control_.ScrollY() - Rounded(steps.y() * unit));
     event->accept();
+  }
+
+  // The arrows are the program's.
+  void keyPressEvent(QKeyEvent* event) override {
+    const int page = Rounded(height() / Level());
+    switch (event->key()) {
+      case Qt::Key_PageUp:
+        return onScroll(control_.ScrollX(), control_.ScrollY() - page);
+      case Qt::Key_PageDown:
+        return onScroll(control_.ScrollX(), control_.ScrollY() + page);
+      case Qt::Key_Home:
+        return onScroll(0, 0);
+      case Qt::Key_End:
+        return onScroll(control_.ScrollMaxX(), control_.ScrollMaxY());
+      default:
+        PaintedWidget::keyPressEvent(event);
+    }
   }
 
   bool eventFilter(QObject*, QEvent* event) override {
@@ -88,27 +100,25 @@ class ImageControlView final : public PaintedWidget {
   }
 
  private:
-  // The picture reduced by a factor of at most 1, made once.
-  const QImage& ImageAt(double reduction) {
-    if (reduction == imageReduction_) return image_;
-    imageReduction_ = reduction;
-    image_ = {};
+  // Pixels of the window for one of the picture. A level of 0 shows as good as nothing.
+  double Level() const { return std::max(0.001, double{control_.ZoomLevel.Get()} * view_.GetUnits().factor); }
+
+  // The whole image, enlarged or reduced so much, in whole pixels.
+  QSizeF SizeAt(double scale) const {
     const Size size = picture_.GetSize();
-    const Size wanted{std::max(1, Rounded(size.width * reduction)),
-                      std::max(1, Rounded(size.height * reduction))};
-    IgnoreError([&] { image_ = ToImage(picture_.PixelsToShow(wanted)); });
-    return image_;
+    return {std::max(1.0, std::round(size.width * scale)), std::max(1.0, std::round(size.height * scale))};
   }
 
-  static int Rounded(double value) { return static_cast<int>(std::lround(value)); }
-  // Pixels of the window for one of the picture. A level of 0 shows as good as nothing.
-  double Level() const { return std::max(0.001, double{control_.ZoomLevel.Get()} * units_.factor); }
+  // Reduced once, but enlarged while it is painted.
+  void Ask() {
+    const double scale = std::min(1.0, Level() * devicePixelRatioF());
+    shown_.Want(picture_, picture_.IsEmpty() ? QSize() : SizeAt(scale).toSize(), DecodingPriority::Screen);
+  }
 
-  const Units& units_;
-  const Gvbox& control_;
+  const FormView& view_;
+  Gvbox& control_;
   Picture picture_;
-  QImage image_;
-  double imageReduction_ = 0;  // 0 while there is none
+  ShownPicture shown_;
   QPointF grip_;
   QPoint gripScroll_;
 };
@@ -116,7 +126,7 @@ class ImageControlView final : public PaintedWidget {
 }  // namespace
 
 QWidget* MakeImageControl(FormView& view, Gvbox& control, QWidget* parent) {
-  auto* shown = new ImageControlView(view.GetUnits(), control, parent);
+  auto* shown = new ImageControlView(view, control, parent);
   Mirror* mirror = view.Follow(control, shown, [shown] { shown->Show(); });
   shown->onScroll = [&view, &control, mirror](int x, int y) {
     view.Serve(

@@ -46,12 +46,29 @@ void ShownPicture::Take(std::uint64_t number, const QImage& image) {
 void ShownPicture::Paint(QPainter& painter, const QRectF& box, const QBrush& ground) const {
   if (image_.isNull() || box.isEmpty()) return;
   if (image_.hasAlphaChannel()) painter.fillRect(box, ground);
-  // An enlarged picture is kept small and enlarged by the painter, which draws only what is visible. Enlarged
-  // by a whole number its pixels stay hard.
+  // An enlarged picture is kept small and enlarged by the painter, as much of it as is visible. Enlarged by a
+  // whole number its pixels stay hard.
   const QSize size = (box.size() * painter.device()->devicePixelRatioF()).toSize();
   const bool isWhole = size.width() % image_.width() == 0 && size.height() % image_.height() == 0;
   painter.setRenderHint(QPainter::SmoothPixmapTransform, !isWhole);
-  painter.drawImage(box, image_);
+  const QRectF part = VisiblePart(painter, box);
+  if (part.isEmpty()) return;
+  const double across = box.width() / image_.width(), down = box.height() / image_.height();
+  painter.drawImage({box.left() + part.left() * across, box.top() + part.top() * down, part.width() * across,
+                     part.height() * down},
+                    image_, part);
+}
+
+QRectF ShownPicture::VisiblePart(const QPainter& painter, const QRectF& box) const {
+  const QRect all = image_.rect();
+  QRectF window = painter.window();
+  if (painter.hasClipping()) window &= painter.clipBoundingRect();
+  if (!painter.transform().isIdentity() || window.contains(box)) return all;
+  const double across = all.width() / box.width(), down = all.height() / box.height();
+  const QRectF seen((window.left() - box.left()) * across, (window.top() - box.top()) * down,
+                    window.width() * across, window.height() * down);
+  // A smooth enlargement looks at the neighbours, too.
+  return seen.toAlignedRect().adjusted(-1, -1, 1, 1) & all;
 }
 
 }  // namespace lumidex

@@ -31,6 +31,8 @@ class ShownPicture {
 
  private:
   void Take(std::uint64_t number, const QImage& image);
+  // Of the image in its own pixels, when it is painted into `box`.
+  QRectF VisiblePart(const QPainter& painter, const QRectF& box) const;
 
   Platform& platform_;
   std::function<void()> changed_;

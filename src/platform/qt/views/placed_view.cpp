@@ -25,6 +25,20 @@ void PlaceAroundText(FormView& view, Control& control, QLabel* label) {
   });
 }
 
+void PlaceCutOff(FormView& view, Control& control, QLabel* label) {
+  constexpr double smallFont = 0.85;
+  QFont font = label->font();
+  font.setPointSizeF(font.pointSizeF() * smallFont);
+  label->setFont(font);
+  FollowGeometry(view, control, label);
+  new Mirror(view.Pushes(), control, label, [&view, &control, label] {
+    const QString whole = label->accessibleName();
+    label->setAutoFillBackground(!whole.isEmpty());
+    label->setToolTip(whole);
+    label->setText(label->fontMetrics().elidedText(whole, Qt::ElideMiddle, PlaceOf(view, control).width()));
+  });
+}
+
 }  // namespace
 
 PlacedView::PlacedView(FormViews& views, Form& form, Qt::WindowFlags flags, Labels labels)
@@ -76,6 +90,8 @@ void PlacedView::Place(Control& control, QWidget* widget) {
     PlaceImage(*this, *picture);
   } else if (label && labels_ == Labels::AroundText) {
     PlaceAroundText(*this, control, label);
+  } else if (label && labels_ == Labels::CutOff) {
+    PlaceCutOff(*this, control, label);
   } else {
     FollowGeometry(*this, control, widget);
   }
@@ -96,11 +112,12 @@ void PlacedView::PlaceBars() {
   if (toolbar_) PlaceBar(*toolbar_, {0, 0, width, heightOf(*toolbar_)});
   if (!statusBar_) return;
   const int height = heightOf(*statusBar_);
-  PlaceBar(*statusBar_, {0, client_->height() - height, width, height});
+  PlaceBar(*statusBar_, {0, client_->height() - height, width, height}, RoomAboveStatusBar());
 }
 
-void PlacedView::PlaceBar(Control& bar, const QRect& place) {
-  WidgetOf(bar)->setGeometry(place);
+void PlacedView::PlaceBar(Control& bar, const QRect& shown, int roomAbove) {
+  WidgetOf(bar)->setGeometry(shown);
+  const QRect place = shown.adjusted(0, -roomAbove, 0, 0);
   const float unit = bar.TwipsPerOuterUnit();
   bar.Left.SetQuietly(GetUnits().Twips(place.left()) / unit);
   bar.Top.SetQuietly(GetUnits().Twips(place.top()) / unit);

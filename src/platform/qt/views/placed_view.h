@@ -12,7 +12,9 @@ class PlacedView : public FormView {
     AsPlaced,
     // A label may be wider and higher than designed: there is nothing beside it that a longer translation or
     // another font would cover.
-    AroundText
+    AroundText,
+    // What is too long for a label is cut off; its tool tip has the whole.
+    CutOff
   };
 
   PlacedView(FormViews& views, Form& form, Qt::WindowFlags flags = Qt::Window,
@@ -20,6 +22,8 @@ class PlacedView : public FormView {
 
  protected:
   bool SizeComesFromForm() const override { return true; }
+  // Room that a view keeps above the status bar: the program takes it for a part of that.
+  virtual int RoomAboveStatusBar() const { return 0; }
   QPoint DrawingCorner() const override { return client_->pos(); }
   void ControlCame(Control& control) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -30,7 +34,7 @@ class PlacedView : public FormView {
   void Place(Control& control, QWidget* widget);
   void PlaceBars();
   // The bar is as high as its widget needs, which the program reads from the control.
-  void PlaceBar(Control& bar, const QRect& place);
+  void PlaceBar(Control& bar, const QRect& shown, int roomAbove = 0);
 
   Labels labels_;
   QWidget* client_;  // below the menu bar: positions count from its corner

@@ -21,6 +21,7 @@ constexpr int sideWidth = 72;
 PropertiesView::PropertiesView(FormViews& views, frmFilePropertiesWindow& itsForm)
     : TypedView(views, itsForm) {
   auto* columns = new QHBoxLayout(this);
+  columns->setSizeConstraint(QLayout::SetFixedSize);
   columns->addWidget(MakeSidePicture(*this, form.Image1, sideWidth, this));
   auto* right = new QVBoxLayout;
   QWidget* frame = MakeFrame(*this, form.Frame1, this);

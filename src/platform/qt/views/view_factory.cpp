@@ -15,7 +15,9 @@
 #include "platform/qt/views/splash_view.h"
 #include "platform/qt/views/stacked_view.h"
 #include "platform/qt/views/statistics_view.h"
+#include "platform/qt/views/thumbnail_view.h"
 #include "platform/qt/views/tip_view.h"
+#include "platform/qt/views/zoom_view.h"
 
 namespace lumidex {
 namespace {
@@ -48,7 +50,9 @@ std::unique_ptr<FormView> MakeView(FormViews& views, Form& form) {
       Try<ConvertProgressView, frmConvertFileNameWindow>(views, form, view) ||
       Try<AdjustmentView, frmAdjustColorBalanceWindow>(views, form, view) ||
       Try<AdjustmentView, frmAdjustContrastandBrightnessWindow>(views, form, view) ||
-      Try<PropertiesView, frmFilePropertiesWindow>(views, form, view);
+      Try<PropertiesView, frmFilePropertiesWindow>(views, form, view) ||
+      Try<ZoomView, frmZoomViewWindow>(views, form, view) ||
+      Try<ThumbnailView, frmThumbNailWindow>(views, form, view);
   if (!view) view = std::make_unique<StackedView>(views, form);
   return view;
 }
