@@ -188,8 +188,8 @@ class Walk:
 
 
 def picture_folder(desktop, gallery):
-    """A folder with a few pictures, where the directory dialog begins."""
-    folder = os.path.join(desktop.home, "pictures")
+    """A few pictures beside the program, where the directory dialog begins."""
+    folder = os.path.join(desktop.home, "program")
     os.makedirs(folder, exist_ok=True)
     for file in sorted(os.listdir(gallery)):
         if file.lower().endswith((".jpg", ".png", ".bmp", ".gif")):

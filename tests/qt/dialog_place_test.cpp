@@ -112,6 +112,8 @@ TEST(WindowSize, Every_window_fits_the_screen_in_a_font_that_is_far_too_large) {
       form->Show();
       Settle();
       const FormView& view = *world.views.ViewOf(*form);
+      // That is as large as the window manager makes it.
+      if (view.isMaximized()) continue;
       const QSize room = view.screen()->availableSize() - frameAllowance;
       EXPECT_LE(view.width(), room.width()) << form->Name();
       EXPECT_LE(view.height(), room.height()) << form->Name();

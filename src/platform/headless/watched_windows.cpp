@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/text.h"
+#include "controls/animation.h"
 
 namespace lumidex {
 
@@ -11,7 +12,10 @@ void WatchedWindows::Watch(Form& form) {
   const auto name = [this, &form](const Control& control) {
     names_[control.hwnd()] = form.Name() + "." + control.Name();
   };
-  for (const Control* control : form.Controls()) name(*control);
+  for (Control* control : form.Controls()) {
+    name(*control);
+    if (auto* animation = dynamic_cast<Animation*>(control)) WatchOpening(*animation);
+  }
   connections_.push_back(form.ControlAdded.Connect(name));
   connections_.push_back(
       form.ControlRemoved.Connect([this](const Control& control) { names_.erase(control.hwnd()); }));
@@ -33,6 +37,15 @@ void WatchedWindows::Watch(Form& form) {
     if (request == FormRequest::Repaint) log_.Add("Refresh " + form.Name());
     if (request == FormRequest::BringToFront && form.Visible()) Raise(form);
     if (request == FormRequest::Focus && form.Visible()) keyboard_ = &form;
+  }));
+}
+
+void WatchedWindows::WatchOpening(Animation& animation) {
+  connections_.push_back(animation.Changed.Connect([this, &animation, open = std::string()]() mutable {
+    const std::string file = animation.FileName();
+    if (file == open) return;
+    open = file;
+    if (!file.empty()) log_.Add(animation.Name() + ".Open " + file);
   }));
 }
 

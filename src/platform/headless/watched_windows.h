@@ -10,6 +10,8 @@
 
 namespace lumidex {
 
+class Animation;
+
 class WatchedWindows final : public WindowControl {
  public:
   explicit WatchedWindows(CallLog& log) : log_(log) {}
@@ -42,6 +44,8 @@ class WatchedWindows final : public WindowControl {
 
  private:
   void Raise(Form& form);
+  // A line for each file that it opens.
+  void WatchOpening(Animation& animation);
 
   CallLog& log_;
   std::vector<Form*> shown_;  // the front one last

@@ -5,9 +5,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
-#include <array>
 #include <cmath>
-#include <optional>
 
 #include "platform/qt/conversions.h"
 #include "platform/qt/mirrors/mirrors.h"
@@ -75,15 +73,8 @@ bool IsMeasuredInScreenPixels(const Control& control) {
 
 Mirror* FollowPlace(FormView& view, Control& control, QWidget* widget,
                     std::function<void(const QRect& place)> take) {
-  std::array<float, 4> known{};
-  std::optional<QRect> place;
-  return new Mirror(
-      view.Pushes(), control, widget, [&view, &control, take = std::move(take), known, place]() mutable {
-        const std::array<float, 4> numbers{control.Left, control.Top, control.Width, control.Height};
-        if (!place || numbers != known) place = PlaceOf(view, control);
-        known = numbers;
-        take(*place);
-      });
+  return new Mirror(view.Pushes(), control, widget,
+                    [&view, &control, take = std::move(take)] { take(PlaceOf(view, control)); });
 }
 
 Mirror* FollowGeometry(FormView& view, Control& control, QWidget* widget) {

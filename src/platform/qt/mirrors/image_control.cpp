@@ -1,5 +1,5 @@
-// The image control, where it is visible: its image at its zoom level, from its scroll position on, with
-// scroll bars where it does not fit. Only what is visible is drawn.
+// The image control, where it is visible: its image at its zoom level, from its scroll position on. Only what
+// is visible is drawn.
 
 #include <QKeyEvent>
 #include <QMouseEvent>

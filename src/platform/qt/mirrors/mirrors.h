@@ -90,8 +90,7 @@ QMenu* MakePopup(FormView& view, MenuItem& root);
 bool IsMeasuredInScreenPixels(const Control& control);
 // Where the control stands in its container, in the view's pixels.
 QRect PlaceOf(const FormView& view, const Control& control);
-// Tells where the control stands, and again after each change of it. Numbers that stay mean a place that
-// stays, also where the program lets the container count in another unit for a moment.
+// Tells where the control stands, and again after each change of it.
 Mirror* FollowPlace(FormView& view, Control& control, QWidget* widget,
                     std::function<void(const QRect& place)> take);
 // Position and size in the view's pixels follow those of the control inside its container.
