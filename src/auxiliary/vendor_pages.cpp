@@ -10,6 +10,7 @@ namespace {
 
 constexpr int pageCount = 3;
 constexpr const char* titleStart = "Korvane Lumidex 2001 - ";
+constexpr const char* workingTitle = "Korvane Lumidex 2001 - Working...";
 
 std::string AddressOf(const frmBrowserWindow& window, int page) {
   const Field<std::string>* const addresses[] = {&window.StartingAddress1, &window.StartingAddress2,
@@ -76,7 +77,7 @@ void FollowPages(App& app) {
   IgnoreError([&] {
     bool isBusy = false;
     for (int page = 0; page < pageCount; ++page) isBusy = window.brwWebBrowser(page).Busy() || isBusy;
-    if (isBusy) window.Title = std::string(titleStart) + "Working...";
+    if (isBusy) window.Title = workingTitle;
     for (int page = 0; page < pageCount && !isBusy; ++page) {
       if (window.tabBrowser.Tab == page)
         window.Title = titleStart + window.brwWebBrowser(page).LocationName();

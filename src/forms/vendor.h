@@ -8,7 +8,9 @@ namespace lumidex {
 inline constexpr const char* VendorHost = "korvane.example";
 
 inline std::string VendorPage(const std::string& path) {
-  return std::string("http://www.") + VendorHost + path;
+  std::string address = "http://www.";
+  address += VendorHost;
+  return address += path;
 }
 inline std::string VendorMail(const std::string& name) {
   return name + "@" + VendorHost;

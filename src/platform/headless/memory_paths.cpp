@@ -38,7 +38,7 @@ std::string PathParts::Text(char separator) const {
 PathParts TakeApart(const std::string& path, const std::string& current, char separator) {
   PathParts parts;
   if (separator == '/') {
-    parts.root = "/";
+    parts.root = std::string(1, '/');
     if (!path.starts_with('/')) Walk(parts, current, separator);
     Walk(parts, path, separator);
     return parts;
