@@ -7,6 +7,7 @@
 #include "pictures/metafile/letters.h"
 #include "pictures/metafile/mixing.h"
 #include "pictures/metafile/path.h"
+#include "pictures/metafile/record_table.h"
 #include "pictures/metafile/text_face.h"
 #include "pictures/metafile/work_budget.h"
 
@@ -29,6 +30,20 @@ TEST(MetafileMixing, An_operation_says_what_it_reads) {
   EXPECT_FALSE(UsesPattern(0x66));
   EXPECT_TRUE(UsesPicture(0x55));
   EXPECT_FALSE(UsesPicture(0xFF));
+}
+
+TEST(MetafileRecordTable, An_entry_is_found_by_its_record_alone) {
+  enum class Kind : std::uint16_t { None, Lowest = 1, Middle = 0x0213, Highest = 0xFFFF };
+  static constexpr RecordEntry<Kind, int (*)()> entries[] = {
+      {Kind::Highest, [] { return 3; }}, {Kind::Lowest, [] { return 1; }}, {Kind::Middle, [] { return 2; }}};
+  static constexpr RecordTable table(entries);
+  ASSERT_TRUE(table.Find(Kind::Lowest));
+  EXPECT_EQ(table.Find(Kind::Lowest)(), 1);
+  ASSERT_TRUE(table.Find(Kind::Middle));
+  EXPECT_EQ(table.Find(Kind::Middle)(), 2);
+  ASSERT_TRUE(table.Find(Kind::Highest));
+  EXPECT_EQ(table.Find(Kind::Highest)(), 3);
+  for (const int number : {0, 2, 0x0212, 0x0214, 0xFFFE}) EXPECT_FALSE(table.Find(static_cast<Kind>(number)));
 }
 
 TEST(MetafilePath, A_plain_box_is_known_as_one) {

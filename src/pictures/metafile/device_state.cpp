@@ -7,6 +7,29 @@ namespace {
 
 constexpr std::uint32_t whites[] = {0xFFFFFF, 0xC0C0C0, 0x808080, 0x404040, 0x000000};
 
+// As the published list of stock objects numbers them.
+enum class StockNumber : unsigned {
+  WhiteBrush,
+  LightGrayBrush,
+  GrayBrush,
+  DarkGrayBrush,
+  BlackBrush,
+  NullBrush,
+  WhitePen,
+  BlackPen,
+  NullPen,
+  OemFixedFont = 10,
+  AnsiFixedFont,
+  AnsiVariableFont,
+  SystemFont,
+  DeviceDefaultFont,
+  DefaultPalette,
+  SystemFixedFont,
+  DefaultGuiFont,
+  DCBrush,
+  DCPen
+};
+
 }  // namespace
 
 PaletteColors DefaultPalette() {
@@ -19,29 +42,34 @@ PaletteColors DefaultPalette() {
 }
 
 Object StockObject(unsigned number) {
-  if (number <= 4) return Brush{.kind = Ink::Kind::Solid, .color = whites[number]};
-  switch (number) {
-    case 5:
+  switch (static_cast<StockNumber>(number)) {
+    case StockNumber::WhiteBrush:
+    case StockNumber::LightGrayBrush:
+    case StockNumber::GrayBrush:
+    case StockNumber::DarkGrayBrush:
+    case StockNumber::BlackBrush:
+      return Brush{.kind = Ink::Kind::Solid, .color = whites[number]};
+    case StockNumber::NullBrush:
       return Brush{};
-    case 6:
+    case StockNumber::WhitePen:
       return Pen{.ink = {.kind = Ink::Kind::Solid, .color = 0xFFFFFF}, .dashes = {}};
-    case 7:
-    case 19:
+    case StockNumber::BlackPen:
+    case StockNumber::DCPen:
       return Pen{};
-    case 8:
+    case StockNumber::NullPen:
       return Pen{.style = pen_style::null, .dashes = {}};
-    case 10:
-    case 11:
-    case 16:
+    case StockNumber::OemFixedFont:
+    case StockNumber::AnsiFixedFont:
+    case StockNumber::SystemFixedFont:
       return Font{.family = "Courier New", .height = 16, .pitchAndFamily = 0x31};
-    case 12:
-    case 13:
-    case 14:
-    case 17:
+    case StockNumber::AnsiVariableFont:
+    case StockNumber::SystemFont:
+    case StockNumber::DeviceDefaultFont:
+    case StockNumber::DefaultGuiFont:
       return Font{.family = "Arial", .height = 16, .pitchAndFamily = 0x22};
-    case 15:
+    case StockNumber::DefaultPalette:
       return DefaultPalette();
-    case 18:
+    case StockNumber::DCBrush:
       return Brush{.kind = Ink::Kind::Solid, .color = 0xFFFFFF};
     default:
       return {};

@@ -1,10 +1,10 @@
+#include "pictures/metafile/blits.h"
 #include "pictures/metafile/emf_player.h"
 #include "pictures/metafile/emf_reading.h"
+#include "pictures/metafile/record_values.h"
 
 namespace lumidex::metafile {
 namespace {
-
-constexpr std::size_t boundsBytes = 16;
 
 int TernaryOperation(ByteReader& reader) {
   return static_cast<int>(reader.U32Le() >> 16 & 0xFF);
@@ -64,45 +64,30 @@ std::optional<EmbeddedImage> EmfPlayer::DecodeAt(const Record& record, const Bit
   };
   return DecodeBitmap({.header = stretch(place.headerAt, place.headerBytes),
                        .bits = stretch(place.bitsAt, place.bitsBytes),
-                       .usesPalette = usage == 1,
-                       .palette = drawing_.State().palette},
-                      drawing_.Sheet().Budget());
+                       .usesPalette = usage == palettePositions,
+                       .palette = State().palette},
+                      drawing_.context.Budget());
 }
 
-bool EmfPlayer::PlayBitmap(unsigned type, Record& record) {
-  record.reader.Skip(boundsBytes);
-  switch (type) {
-    case 76:
-      PlayBlock(record, false);
-      return true;
-    case 77:
-      PlayBlock(record, true);
-      return true;
-    case 78:
-      PlayMaskedBlock(record);
-      return true;
-    case 79:
-      PlayParallelogram(record);
-      return true;
-    case 80:
-      PlaySetDibToDevice(record);
-      return true;
-    case 81:
-      PlayStretchDib(record);
-      return true;
-    case 114:
-      PlayBlend(record, false);
-      return true;
-    case 116:
-      PlayBlend(record, true);
-      return true;
-    default:
-      return false;
-  }
+void EmfPlayer::PlayBitBlt(Record& record) {
+  PlayBlock(record, false);
+}
+
+void EmfPlayer::PlayStretchBlt(Record& record) {
+  PlayBlock(record, true);
+}
+
+void EmfPlayer::PlayAlphaBlend(Record& record) {
+  PlayBlend(record, false);
+}
+
+void EmfPlayer::PlayTransparentBlt(Record& record) {
+  PlayBlend(record, true);
 }
 
 void EmfPlayer::PlayBlock(Record& record, bool stretched) {
   ByteReader& reader = record.reader;
+  reader.Skip(boundsBytes);
   Blit blit;
   blit.target = ReadPoint(reader);
   blit.targetSize = ReadPoint(reader);
@@ -114,15 +99,16 @@ void EmfPlayer::PlayBlock(Record& record, bool stretched) {
   const BitmapPlace place = ReadPlace(reader);
   const Point size = stretched ? ReadPoint(reader) : blit.targetSize;
   if (!UsesSource(blit.rasterOperation))
-    return drawing_.TransferPattern(TargetBox(blit), blit.rasterOperation);
+    return TransferPattern(drawing_.context, TargetBox(blit), blit.rasterOperation);
   const auto image = DecodeAt(record, place, usage);
   if (!image) return;
   blit.source = MappedSource(from, size, map);
-  drawing_.Transfer(blit, image->pixels);
+  Transfer(drawing_.context, blit, image->pixels);
 }
 
-void EmfPlayer::PlayMaskedBlock(Record& record) {
+void EmfPlayer::PlayMaskBlt(Record& record) {
   ByteReader& reader = record.reader;
+  reader.Skip(boundsBytes);
   Blit blit;
   blit.target = ReadPoint(reader);
   blit.targetSize = ReadPoint(reader);
@@ -143,9 +129,9 @@ void EmfPlayer::PlayMaskedBlock(Record& record) {
   blit.source = MappedSource(from, blit.targetSize, map);
   const auto mask = DecodeAt(record, maskPlace, maskUsage);
   if (!mask && !UsesSource(blit.rasterOperation))
-    return drawing_.TransferPattern(TargetBox(blit), blit.rasterOperation);
+    return TransferPattern(drawing_.context, TargetBox(blit), blit.rasterOperation);
   if (!mask) {
-    if (image) drawing_.Transfer(blit, image->pixels);
+    if (image) Transfer(drawing_.context, blit, image->pixels);
     return;
   }
   const bool copies = blit.rasterOperation == sourceCopy && zerosOperation == keepPicture;
@@ -153,13 +139,15 @@ void EmfPlayer::PlayMaskedBlock(Record& record) {
   if (image && (copies || inverted)) {
     // Nearly always so, and cheaper with the mask as the image's transparency.
     ApplyMask(image->pixels, mask->pixels, {maskFrom.x - from.x, maskFrom.y - from.y}, inverted);
-    return drawing_.Blend(blit, image->pixels, 1);
+    return Blend(drawing_.context, blit, image->pixels, 1);
   }
-  drawing_.TransferMasked(blit, image ? &image->pixels : nullptr, {mask->pixels, maskFrom}, zerosOperation);
+  TransferMasked(drawing_.context, blit, image ? &image->pixels : nullptr, {mask->pixels, maskFrom},
+                 zerosOperation);
 }
 
-void EmfPlayer::PlayParallelogram(Record& record) {
+void EmfPlayer::PlayPlgBlt(Record& record) {
   ByteReader& reader = record.reader;
+  reader.Skip(boundsBytes);
   std::array<Point, 3> corners{};
   for (Point& corner : corners) corner = ReadPoint(reader);
   const Point from = ReadPoint(reader), size = ReadPoint(reader);
@@ -174,11 +162,12 @@ void EmfPlayer::PlayParallelogram(Record& record) {
   if (!image) return;
   if (const auto mask = DecodeAt(record, maskPlace, maskUsage))
     ApplyMask(image->pixels, mask->pixels, {maskFrom.x - from.x, maskFrom.y - from.y}, false);
-  drawing_.Parallelogram(MappedSource(from, size, map), corners, image->pixels);
+  DrawParallelogram(drawing_.context, MappedSource(from, size, map), corners, image->pixels);
 }
 
 void EmfPlayer::PlayBlend(Record& record, bool byColor) {
   ByteReader& reader = record.reader;
+  reader.Skip(boundsBytes);
   Blit blit;
   blit.target = ReadPoint(reader);
   blit.targetSize = ReadPoint(reader);
@@ -193,8 +182,8 @@ void EmfPlayer::PlayBlend(Record& record, bool byColor) {
   if (!image) return;
   blit.source = MappedSource(from, size, map);
   if (byColor) {
-    MakeTransparent(image->pixels, drawing_.Color(how));
-    return drawing_.Blend(blit, image->pixels, 1);
+    MakeTransparent(image->pixels, drawing_.context.Color(how));
+    return Blend(drawing_.context, blit, image->pixels, 1);
   }
   const double opacity = (how >> 16 & 0xFF) / 255.0;
   const bool ownTransparency = (how >> 24 & 1) != 0;
@@ -205,7 +194,7 @@ void EmfPlayer::PlayBlend(Record& record, bool byColor) {
     const bool deep = header.U16Le() == 32;
     if (deep) ReadAlpha(record, place, image->pixels, image->topDown);
   }
-  drawing_.Blend(blit, image->pixels, opacity);
+  Blend(drawing_.context, blit, image->pixels, opacity);
 }
 
 void EmfPlayer::ReadAlpha(const Record& record, const BitmapPlace& place, Pixels& pixels, bool topDown) {
@@ -225,8 +214,9 @@ void EmfPlayer::ReadAlpha(const Record& record, const BitmapPlace& place, Pixels
   pixels.SetFormat(PixelFormat::ArgbPremultiplied);
 }
 
-void EmfPlayer::PlayStretchDib(Record& record) {
+void EmfPlayer::PlayStretchDIBits(Record& record) {
   ByteReader& reader = record.reader;
+  reader.Skip(boundsBytes);
   Blit blit;
   blit.target = ReadPoint(reader);
   const Point from = ReadPoint(reader), size = ReadPoint(reader);
@@ -235,17 +225,18 @@ void EmfPlayer::PlayStretchDib(Record& record) {
   blit.rasterOperation = TernaryOperation(reader);
   blit.targetSize = ReadPoint(reader);
   if (!UsesSource(blit.rasterOperation))
-    return drawing_.TransferPattern(TargetBox(blit), blit.rasterOperation);
+    return TransferPattern(drawing_.context, TargetBox(blit), blit.rasterOperation);
   const auto image = DecodeAt(record, place, usage);
   if (!image) return;
   // The part is counted from the bitmap's first stored row, which is its lowest.
   const double top = image->topDown ? from.y : image->pixels.Height() - from.y - size.y;
   blit.source = {from.x, top, from.x + size.x, top + size.y};
-  drawing_.Transfer(blit, image->pixels);
+  Transfer(drawing_.context, blit, image->pixels);
 }
 
-void EmfPlayer::PlaySetDibToDevice(Record& record) {
+void EmfPlayer::PlaySetDIBitsToDevice(Record& record) {
   ByteReader& reader = record.reader;
+  reader.Skip(boundsBytes);
   Blit blit;
   blit.target = ReadPoint(reader);
   const Point from = ReadPoint(reader);
@@ -257,10 +248,10 @@ void EmfPlayer::PlaySetDibToDevice(Record& record) {
   const double top = image->topDown ? from.y : image->pixels.Height() - from.y - size.y;
   blit.source = {from.x, top, from.x + size.x, top + size.y};
   // The size is one in pixels of the device, whatever a logical unit is.
-  const Point scale = drawing_.DeviceScale();
+  const Point scale = drawing_.context.DeviceScale();
   if (!(scale.x > 0 && scale.y > 0)) return;
   blit.targetSize = {size.x / scale.x, size.y / scale.y};
-  drawing_.Transfer(blit, image->pixels);
+  Transfer(drawing_.context, blit, image->pixels);
 }
 
 }  // namespace lumidex::metafile

@@ -2,13 +2,16 @@
 #include "pictures/metafile/emf_reading.h"
 #include "pictures/metafile/letters.h"
 #include "pictures/metafile/palette_reading.h"
+#include "pictures/metafile/record_values.h"
 
 namespace lumidex::metafile {
 namespace {
 
 Brush PlainBrush(std::uint32_t style, std::uint32_t color, std::uint32_t hatch) {
   Brush brush{.color = color, .hatch = static_cast<int>(std::min<std::uint32_t>(hatch, 5))};
-  brush.kind = style == 1 ? Ink::Kind::None : style == 2 ? Ink::Kind::Hatched : Ink::Kind::Solid;
+  brush.kind = style == brush_style::null      ? Ink::Kind::None
+               : style == brush_style::hatched ? Ink::Kind::Hatched
+                                               : Ink::Kind::Solid;
   return brush;
 }
 
@@ -31,97 +34,101 @@ Font ReadFont(ByteReader& reader) {
 
 }  // namespace
 
-bool EmfPlayer::PlayObject(unsigned type, Record& record) {
-  ByteReader& reader = record.reader;
-  const auto isCreation = [](unsigned number) {
-    return number == 38 || number == 39 || number == 49 || number == 82 || (number >= 93 && number <= 95);
-  };
-  if (type == 37) {
-    SelectObject(reader.U32Le());
-    return true;
-  }
-  if (type == 40) {
-    objects_.Remove(reader.U32Le());
-    return true;
-  }
-  if (type == 48) {
-    SelectObject(reader.U32Le());
-    return true;
-  }
-  if (type == 50 || type == 51) {
-    const Object object = ObjectAt(reader.U32Le());
-    if (const auto* palette = std::get_if<PaletteColors>(&object)) {
-      const std::uint32_t first = reader.U32Le();
-      if (type == 50) {
-        const std::uint32_t count = reader.U32Le();
-        ReadPaletteEntries(reader, first, count, **palette);
-      } else {
-        ResizePalette(**palette, first, drawing_.Sheet().Budget());
-      }
-    }
-    return true;
-  }
-  if (!isCreation(type)) return false;
-  const std::uint32_t number = reader.U32Le();
-  Object object;
-  if (type == 38) {
-    Pen pen;
-    pen.style = reader.U32Le() & (pen_style::dashMask | pen_style::capMask | pen_style::joinMask);
-    if ((pen.style & pen_style::dashMask) >= pen_style::user) pen.style &= ~pen_style::dashMask;
-    pen.width = reader.S32Le();
-    reader.Skip(4);
-    pen.ink.color = drawing_.Color(reader.U32Le());
-    object = pen;
-  } else if (type == 39) {
-    const std::uint32_t style = reader.U32Le(), color = drawing_.Color(reader.U32Le());
-    object = PlainBrush(style, color, reader.U32Le());
-  } else if (type == 49) {
-    reader.Skip(2);
-    object = ReadPalette(reader);
-  } else if (type == 82) {
-    object = ReadFont(reader);
-  } else if (type == 95) {
-    object = ReadExtendedPen(record);
-  } else {
-    object = ReadTiledBrush(record, type == 93);
-  }
-  objects_.Set(number, std::move(object));
-  return true;
-}
-
 Object EmfPlayer::ObjectAt(std::uint32_t number) const {
   constexpr std::uint32_t stock = 0x80000000;
   return number & stock ? StockObject(number & ~stock) : objects_.Get(number);
 }
 
-void EmfPlayer::SelectObject(std::uint32_t number) {
-  drawing_.Select(ObjectAt(number));
+PaletteColors EmfPlayer::PaletteAt(std::uint32_t number) const {
+  const Object object = ObjectAt(number);
+  const auto* palette = std::get_if<PaletteColors>(&object);
+  return palette ? *palette : nullptr;
 }
 
-Object EmfPlayer::ReadExtendedPen(Record& record) {
+void EmfPlayer::PlaySelectObject(Record& record) {
+  drawing_.context.Select(ObjectAt(record.reader.U32Le()));
+}
+
+void EmfPlayer::PlayDeleteObject(Record& record) {
+  objects_.Remove(record.reader.U32Le());
+}
+
+void EmfPlayer::PlaySetPaletteEntries(Record& record) {
+  const PaletteColors palette = PaletteAt(record.reader.U32Le());
+  if (!palette) return;
+  const std::uint32_t first = record.reader.U32Le(), count = record.reader.U32Le();
+  ReadPaletteEntries(record.reader, first, count, *palette);
+}
+
+void EmfPlayer::PlayResizePalette(Record& record) {
+  const PaletteColors palette = PaletteAt(record.reader.U32Le());
+  if (palette) ResizePalette(*palette, record.reader.U32Le(), drawing_.context.Budget());
+}
+
+void EmfPlayer::PlayCreatePen(Record& record) {
   ByteReader& reader = record.reader;
+  const std::uint32_t number = reader.U32Le();
+  Pen pen;
+  pen.style = reader.U32Le() & (pen_style::dashMask | pen_style::capMask | pen_style::joinMask);
+  if ((pen.style & pen_style::dashMask) >= pen_style::user) pen.style &= ~pen_style::dashMask;
+  pen.width = reader.S32Le();
+  reader.Skip(4);
+  pen.ink.color = drawing_.context.Color(reader.U32Le());
+  objects_.Set(number, std::move(pen));
+}
+
+void EmfPlayer::PlayCreateBrushIndirect(Record& record) {
+  const std::uint32_t number = record.reader.U32Le(), style = record.reader.U32Le();
+  const std::uint32_t color = drawing_.context.Color(record.reader.U32Le());
+  objects_.Set(number, PlainBrush(style, color, record.reader.U32Le()));
+}
+
+void EmfPlayer::PlayCreatePalette(Record& record) {
+  const std::uint32_t number = record.reader.U32Le();
+  record.reader.Skip(2);
+  objects_.Set(number, ReadPalette(record.reader));
+}
+
+void EmfPlayer::PlayExtCreateFontIndirectW(Record& record) {
+  const std::uint32_t number = record.reader.U32Le();
+  objects_.Set(number, ReadFont(record.reader));
+}
+
+void EmfPlayer::PlayExtCreatePen(Record& record) {
+  ByteReader& reader = record.reader;
+  const std::uint32_t number = reader.U32Le();
   Pen pen;
   const BitmapPlace place = ReadPlace(reader);
   pen.style = reader.U32Le();
   pen.width = reader.U32Le();
   const std::uint32_t brushStyle = reader.U32Le(), color = reader.U32Le();
-  pen.ink = PlainBrush(brushStyle, drawing_.Color(color), reader.U32Le());
-  if (brushStyle == 1) pen.style = pen_style::null;
-  if (brushStyle >= 3 && place.IsGiven()) {
+  pen.ink = PlainBrush(brushStyle, drawing_.context.Color(color), reader.U32Le());
+  if (brushStyle == brush_style::null) pen.style = pen_style::null;
+  if (brushStyle >= brush_style::pattern && place.IsGiven()) {
     // With a bitmap, the colour says what the bitmap's own colours are.
-    if (auto tile = KeptTile(DecodeAt(record, place, color & 0xFFFF), drawing_.Sheet().Budget())) {
+    if (auto tile = KeptTile(DecodeAt(record, place, color & 0xFFFF), drawing_.context.Budget())) {
       pen.ink.kind = Ink::Kind::Tiled;
       pen.ink.tile = *std::move(tile);
     }
   }
   const std::uint32_t dashes = std::min<std::uint32_t>(reader.U32Le(), 64);
   for (std::uint32_t i = 0; i < dashes && reader.Remaining() >= 4; ++i) pen.dashes.push_back(reader.U32Le());
-  return pen;
+  objects_.Set(number, std::move(pen));
+}
+
+void EmfPlayer::PlayCreateMonoBrush(Record& record) {
+  const std::uint32_t number = record.reader.U32Le();
+  objects_.Set(number, ReadTiledBrush(record, true));
+}
+
+void EmfPlayer::PlayCreateDIBPatternBrushPt(Record& record) {
+  const std::uint32_t number = record.reader.U32Le();
+  objects_.Set(number, ReadTiledBrush(record, false));
 }
 
 Object EmfPlayer::ReadTiledBrush(Record& record, bool takesTextColors) {
   const std::uint32_t usage = record.reader.U32Le();
-  auto tile = KeptTile(DecodeAt(record, ReadPlace(record.reader), usage), drawing_.Sheet().Budget());
+  auto tile = KeptTile(DecodeAt(record, ReadPlace(record.reader), usage), drawing_.context.Budget());
   if (!tile) return Brush{};
   Brush brush{.kind = Ink::Kind::Tiled};
   brush.tile = *std::move(tile);

@@ -2,6 +2,8 @@
 
 #include "pictures/metafile/emf_reading.h"
 #include "pictures/metafile/nested.h"
+#include "pictures/metafile/record_table.h"
+#include "pictures/metafile/record_values.h"
 
 namespace lumidex::metafile {
 namespace {
@@ -9,17 +11,26 @@ namespace {
 constexpr std::uint32_t signature = 0x464D4520;  // " EMF"
 constexpr std::uint32_t smallestHeader = 88;
 constexpr std::uint32_t recordHeaderBytes = 8;
-constexpr unsigned endOfFile = 14, commentType = 70;
 constexpr std::uint32_t plusMark = 0x2B464D45;    // "EMF+"
 constexpr std::uint32_t publicMark = 0x43494447;  // "GDIC"
 constexpr std::uint32_t severalFormats = 0x40000004;
+
+// How a map changes the one that is set.
+enum class MapChange : std::uint32_t { Reset = 1, Before = 2, Behind = 3, Replace = 4 };
+
+void ScaleBy(Point& extent, ByteReader& reader) {
+  const double across = reader.S32Le(), acrossBy = reader.S32Le();
+  const double down = reader.S32Le(), downBy = reader.S32Le();
+  if (across != 0 && acrossBy != 0) extent.x *= across / acrossBy;
+  if (down != 0 && downBy != 0) extent.y *= down / downBy;
+}
 
 }  // namespace
 
 std::optional<EmfHeader> ReadEmfHeader(Bytes head) {
   ByteReader reader(head);
   EmfHeader header;
-  if (reader.U32Le() != 1) return std::nullopt;
+  if (static_cast<EmfRecord>(reader.U32Le()) != EmfRecord::Header) return std::nullopt;
   header.recordsAt = reader.U32Le();
   header.bounds = ReadBox(reader);
   header.frame = ReadBox(reader);
@@ -32,36 +43,127 @@ std::optional<EmfHeader> ReadEmfHeader(Bytes head) {
 }
 
 void EmfPlayer::Play(Bytes records) {
-  WorkBudget& budget = drawing_.Sheet().Budget();
+  WorkBudget& budget = drawing_.context.Budget();
   ByteReader reader(records);
   while (reader.Remaining() >= recordHeaderBytes) {
     const std::size_t start = reader.Position();
-    const unsigned type = reader.U32Le();
+    const auto type = static_cast<EmfRecord>(reader.U32Le());
     const std::uint32_t size = reader.U32Le();
-    if (size < recordHeaderBytes || type == endOfFile) return;
+    if (size < recordHeaderBytes || type == EmfRecord::Eof) return;
     reader.Seek(start);
-    // Of a cut file's last record only a bitmap is worth showing in part; of others, a part means something
-    // else.
-    const bool holdsBitmap = (type >= 76 && type <= 81) || type == 114;
-    if (size > reader.Remaining() && !holdsBitmap) return;
+    if (size > reader.Remaining() && !HoldsBitmap(type)) return;
     if (!budget.Spend(CostOfRecord(std::min<std::size_t>(size, reader.Remaining())))) return;
     const Bytes bytes = reader.Take(size);
-    Record record{bytes, ByteReader(bytes)};
+    Record record{type, bytes, ByteReader(bytes)};
     record.reader.Skip(recordHeaderBytes);
-    PlayRecord(type, record);
+    PlayRecord(record);
   }
 }
 
-void EmfPlayer::PlayRecord(unsigned type, Record record) {
-  ByteReader& reader = record.reader;
-  if (type == commentType) return PlayComment(reader);
-  PlaySetting(type, reader) || PlayMapping(type, reader) || PlayShape(type, reader) ||
-      PlayPoints(type, reader) || PlayPath(type, reader) || PlayClip(type, reader) ||
-      PlayObject(type, record) || PlayText(type, record) || PlayBitmap(type, record);
+void EmfPlayer::PlayRecord(Record record) {
+  static constexpr RecordEntry<EmfRecord, void (EmfPlayer::*)(Record&)> entries[] = {
+      {EmfRecord::SetBrushOrgEx, &EmfPlayer::PlaySetBrushOrgEx},
+      {EmfRecord::SetBkMode, &EmfPlayer::PlaySetBkMode},
+      {EmfRecord::SetPolyFillMode, &EmfPlayer::PlaySetPolyFillMode},
+      {EmfRecord::SetRop2, &EmfPlayer::PlaySetRop2},
+      {EmfRecord::SetTextAlign, &EmfPlayer::PlaySetTextAlign},
+      {EmfRecord::SetTextColor, &EmfPlayer::PlaySetTextColor},
+      {EmfRecord::SetBkColor, &EmfPlayer::PlaySetBkColor},
+      {EmfRecord::SaveDC, &EmfPlayer::PlaySaveDC},
+      {EmfRecord::RestoreDC, &EmfPlayer::PlayRestoreDC},
+      {EmfRecord::SetArcDirection, &EmfPlayer::PlaySetArcDirection},
+      {EmfRecord::SetMiterLimit, &EmfPlayer::PlaySetMiterLimit},
+      {EmfRecord::SetLayout, &EmfPlayer::PlaySetLayout},
+      {EmfRecord::SetTextJustification, &EmfPlayer::PlaySetTextJustification},
+      {EmfRecord::SetWindowExtEx, &EmfPlayer::PlaySetWindowExtEx},
+      {EmfRecord::SetWindowOrgEx, &EmfPlayer::PlaySetWindowOrgEx},
+      {EmfRecord::SetViewportExtEx, &EmfPlayer::PlaySetViewportExtEx},
+      {EmfRecord::SetViewportOrgEx, &EmfPlayer::PlaySetViewportOrgEx},
+      {EmfRecord::SetMapMode, &EmfPlayer::PlaySetMapMode},
+      {EmfRecord::ScaleViewportExtEx, &EmfPlayer::PlayScaleViewportExtEx},
+      {EmfRecord::ScaleWindowExtEx, &EmfPlayer::PlayScaleWindowExtEx},
+      {EmfRecord::SetWorldTransform, &EmfPlayer::PlaySetWorldTransform},
+      {EmfRecord::ModifyWorldTransform, &EmfPlayer::PlayModifyWorldTransform},
+      {EmfRecord::Comment, &EmfPlayer::PlayComment},
+      {EmfRecord::SelectObject, &EmfPlayer::PlaySelectObject},
+      {EmfRecord::SelectPalette, &EmfPlayer::PlaySelectObject},
+      {EmfRecord::DeleteObject, &EmfPlayer::PlayDeleteObject},
+      {EmfRecord::SetPaletteEntries, &EmfPlayer::PlaySetPaletteEntries},
+      {EmfRecord::ResizePalette, &EmfPlayer::PlayResizePalette},
+      {EmfRecord::CreatePen, &EmfPlayer::PlayCreatePen},
+      {EmfRecord::CreateBrushIndirect, &EmfPlayer::PlayCreateBrushIndirect},
+      {EmfRecord::CreatePalette, &EmfPlayer::PlayCreatePalette},
+      {EmfRecord::ExtCreateFontIndirectW, &EmfPlayer::PlayExtCreateFontIndirectW},
+      {EmfRecord::ExtCreatePen, &EmfPlayer::PlayExtCreatePen},
+      {EmfRecord::CreateMonoBrush, &EmfPlayer::PlayCreateMonoBrush},
+      {EmfRecord::CreateDIBPatternBrushPt, &EmfPlayer::PlayCreateDIBPatternBrushPt},
+      {EmfRecord::PolyBezier, &EmfPlayer::PlayPolyBezier},
+      {EmfRecord::PolyBezier16, &EmfPlayer::PlayPolyBezier},
+      {EmfRecord::Polygon, &EmfPlayer::PlayPolygon},
+      {EmfRecord::Polygon16, &EmfPlayer::PlayPolygon},
+      {EmfRecord::Polyline, &EmfPlayer::PlayPolyline},
+      {EmfRecord::Polyline16, &EmfPlayer::PlayPolyline},
+      {EmfRecord::PolyBezierTo, &EmfPlayer::PlayPolyBezierTo},
+      {EmfRecord::PolyBezierTo16, &EmfPlayer::PlayPolyBezierTo},
+      {EmfRecord::PolyLineTo, &EmfPlayer::PlayPolyLineTo},
+      {EmfRecord::PolyLineTo16, &EmfPlayer::PlayPolyLineTo},
+      {EmfRecord::PolyPolyline, &EmfPlayer::PlayPolyPolyline},
+      {EmfRecord::PolyPolyline16, &EmfPlayer::PlayPolyPolyline},
+      {EmfRecord::PolyPolygon, &EmfPlayer::PlayPolyPolygon},
+      {EmfRecord::PolyPolygon16, &EmfPlayer::PlayPolyPolygon},
+      {EmfRecord::PolyDraw, &EmfPlayer::PlayPolyDraw},
+      {EmfRecord::PolyDraw16, &EmfPlayer::PlayPolyDraw},
+      {EmfRecord::SetPixelV, &EmfPlayer::PlaySetPixelV},
+      {EmfRecord::ExtFloodFill, &EmfPlayer::PlayExtFloodFill},
+      {EmfRecord::MoveToEx, &EmfPlayer::PlayMoveToEx},
+      {EmfRecord::LineTo, &EmfPlayer::PlayLineTo},
+      {EmfRecord::AngleArc, &EmfPlayer::PlayAngleArc},
+      {EmfRecord::Ellipse, &EmfPlayer::PlayEllipse},
+      {EmfRecord::Rectangle, &EmfPlayer::PlayRectangle},
+      {EmfRecord::RoundRect, &EmfPlayer::PlayRoundRect},
+      {EmfRecord::Arc, &EmfPlayer::PlayArc},
+      {EmfRecord::Chord, &EmfPlayer::PlayChord},
+      {EmfRecord::Pie, &EmfPlayer::PlayPie},
+      {EmfRecord::ArcTo, &EmfPlayer::PlayArcTo},
+      {EmfRecord::GradientFill, &EmfPlayer::PlayGradientFill},
+      {EmfRecord::BeginPath, &EmfPlayer::PlayBeginPath},
+      {EmfRecord::EndPath, &EmfPlayer::PlayEndPath},
+      {EmfRecord::CloseFigure, &EmfPlayer::PlayCloseFigure},
+      {EmfRecord::FillPath, &EmfPlayer::PlayFillPath},
+      {EmfRecord::StrokeAndFillPath, &EmfPlayer::PlayStrokeAndFillPath},
+      {EmfRecord::StrokePath, &EmfPlayer::PlayStrokePath},
+      {EmfRecord::WidenPath, &EmfPlayer::PlayWidenPath},
+      {EmfRecord::SelectClipPath, &EmfPlayer::PlaySelectClipPath},
+      {EmfRecord::AbortPath, &EmfPlayer::PlayAbortPath},
+      {EmfRecord::OffsetClipRgn, &EmfPlayer::PlayOffsetClipRgn},
+      {EmfRecord::SetMetaRgn, &EmfPlayer::PlaySetMetaRgn},
+      {EmfRecord::ExcludeClipRect, &EmfPlayer::PlayExcludeClipRect},
+      {EmfRecord::IntersectClipRect, &EmfPlayer::PlayIntersectClipRect},
+      {EmfRecord::ExtSelectClipRgn, &EmfPlayer::PlayExtSelectClipRgn},
+      {EmfRecord::FillRgn, &EmfPlayer::PlayFillRgn},
+      {EmfRecord::FrameRgn, &EmfPlayer::PlayFrameRgn},
+      {EmfRecord::InvertRgn, &EmfPlayer::PlayInvertRgn},
+      {EmfRecord::PaintRgn, &EmfPlayer::PlayPaintRgn},
+      {EmfRecord::BitBlt, &EmfPlayer::PlayBitBlt},
+      {EmfRecord::StretchBlt, &EmfPlayer::PlayStretchBlt},
+      {EmfRecord::MaskBlt, &EmfPlayer::PlayMaskBlt},
+      {EmfRecord::PlgBlt, &EmfPlayer::PlayPlgBlt},
+      {EmfRecord::SetDIBitsToDevice, &EmfPlayer::PlaySetDIBitsToDevice},
+      {EmfRecord::StretchDIBits, &EmfPlayer::PlayStretchDIBits},
+      {EmfRecord::AlphaBlend, &EmfPlayer::PlayAlphaBlend},
+      {EmfRecord::TransparentBlt, &EmfPlayer::PlayTransparentBlt},
+      {EmfRecord::ExtTextOutA, &EmfPlayer::PlayExtTextOut},
+      {EmfRecord::ExtTextOutW, &EmfPlayer::PlayExtTextOut},
+      {EmfRecord::PolyTextOutA, &EmfPlayer::PlayPolyTextOut},
+      {EmfRecord::PolyTextOutW, &EmfPlayer::PlayPolyTextOut},
+      {EmfRecord::SmallTextOut, &EmfPlayer::PlaySmallTextOut},
+  };
+  static constexpr RecordTable table(entries);
+  if (const auto play = table.Find(record.type)) (this->*play)(record);
 }
 
-void EmfPlayer::PlayComment(ByteReader& reader) {
-  const Bytes bytes = reader.Take(reader.U32Le());
+void EmfPlayer::PlayComment(Record& record) {
+  const Bytes bytes = record.reader.Take(record.reader.U32Le());
   ByteReader comment(bytes);
   const std::uint32_t mark = comment.U32Le();
   if (mark == plusMark) plus_.Play(comment.Take(comment.Remaining()));
@@ -80,207 +182,113 @@ void EmfPlayer::PlayFormats(Bytes comment, ByteReader& reader) {
     ByteReader format(comment);
     format.Seek(reader.U32Le());
     // The first that can be shown stands for all.
-    if (isMetafile && PlayNested(drawing_, format.Take(bytes), place)) return;
+    if (isMetafile && PlayNested(drawing_.context, format.Take(bytes), place)) return;
   }
 }
 
-bool EmfPlayer::PlaySetting(unsigned type, ByteReader& reader) {
-  DeviceState& state = drawing_.State();
-  switch (type) {
-    case 13:
-      state.brushOrigin = ReadPoint(reader);
-      return true;
-    case 18:
-      state.opaqueBackground = reader.U32Le() == 2;
-      return true;
-    case 19:
-      state.fillRule = reader.U32Le() == 2 ? FillRule::Winding : FillRule::EvenOdd;
-      return true;
-    case 20:
-      state.rasterOperation = static_cast<int>(reader.U32Le() & 0xFF);
-      return true;
-    case 22:
-      state.textAlign = reader.U32Le();
-      return true;
-    case 24:
-      state.textColor = drawing_.Color(reader.U32Le());
-      return true;
-    case 25:
-      state.backgroundColor = drawing_.Color(reader.U32Le());
-      return true;
-    case 33:
-      drawing_.Save();
-      return true;
-    case 34:
-      drawing_.Restore(reader.S32Le());
-      return true;
-    case 115:
-      state.rightToLeft = (reader.U32Le() & 1) != 0;
-      return true;
-    case 120: {
-      const double extra = reader.S32Le(), blanks = reader.S32Le();
-      state.blankSpacing = blanks > 0 ? extra / blanks : 0;
-      return true;
-    }
-    case 57:
-      state.clockwiseArcs = reader.U32Le() == 2;
-      return true;
-    case 58:
-      // A whole number in the files that exist, though the manual says a float.
-      state.miterLimit = std::clamp<double>(reader.U32Le(), 1, 1000);
-      return true;
-    default:
-      return false;
-  }
+void EmfPlayer::PlaySetBrushOrgEx(Record& record) {
+  State().brushOrigin = ReadPoint(record.reader);
 }
 
-bool EmfPlayer::PlayMapping(unsigned type, ByteReader& reader) {
-  Mapping& mapping = drawing_.State().mapping;
-  Matrix& world = drawing_.State().world;
-  const auto scale = [&](Point& extent) {
-    const double across = reader.S32Le(), acrossBy = reader.S32Le();
-    const double down = reader.S32Le(), downBy = reader.S32Le();
-    if (across != 0 && acrossBy != 0) extent.x *= across / acrossBy;
-    if (down != 0 && downBy != 0) extent.y *= down / downBy;
-  };
-  switch (type) {
-    case 9:
-      mapping.windowExtent = ReadPoint(reader);
-      return true;
-    case 10:
-      mapping.windowOrigin = ReadPoint(reader);
-      return true;
-    case 11:
-      mapping.viewportExtent = ReadPoint(reader);
-      return true;
-    case 12:
-      mapping.viewportOrigin = ReadPoint(reader);
-      return true;
-    case 17:
-      mapping.mode = static_cast<int>(reader.U32Le() & 0xFF);
-      return true;
-    case 31:
-      scale(mapping.viewportExtent);
-      return true;
-    case 32:
-      scale(mapping.windowExtent);
-      return true;
-    case 35:
-      world = ReadMatrix(reader);
-      return true;
-    case 36: {
-      const Matrix matrix = ReadMatrix(reader);
-      const std::uint32_t mode = reader.U32Le();
-      if (mode == 1) world = {};
-      if (mode == 2) world = matrix.Then(world);
-      if (mode == 3) world = world.Then(matrix);
-      if (mode == 4) world = matrix;
-      return true;
-    }
-    default:
-      return false;
-  }
+void EmfPlayer::PlaySetBkMode(Record& record) {
+  State().opaqueBackground = record.reader.U32Le() == opaqueBackgroundMode;
 }
 
-bool EmfPlayer::PlayPath(unsigned type, ByteReader& reader) {
-  switch (type) {
-    case 59:
-      drawing_.BeginPath();
-      return true;
-    case 60:
-      drawing_.EndPath();
-      return true;
-    case 61:
-      drawing_.CloseFigure();
-      return true;
-    case 62:
-      drawing_.DrawPath(true, false);
-      return true;
-    case 63:
-      drawing_.DrawPath(true, true);
-      return true;
-    case 64:
-      drawing_.DrawPath(false, true);
-      return true;
-    case 65:  // curves become lines, which looks the same
-      return true;
-    case 66:
-      drawing_.WidenPath();
-      return true;
-    case 67:
-      drawing_.ClipToPath(static_cast<ClipMode>(std::clamp<std::uint32_t>(reader.U32Le(), 1, 5)));
-      return true;
-    case 68:
-      drawing_.AbortPath();
-      return true;
-    default:
-      return false;
-  }
+void EmfPlayer::PlaySetPolyFillMode(Record& record) {
+  State().fillRule = record.reader.U32Le() == windingFillMode ? FillRule::Winding : FillRule::EvenOdd;
 }
 
-namespace {
-
-// The boxes of region data at the reader.
-std::vector<Box> ReadRegion(ByteReader& reader) {
-  const std::uint32_t headerBytes = reader.U32Le();
-  reader.Skip(4);
-  const std::uint32_t count = reader.U32Le();
-  reader.Skip(headerBytes >= 12 ? std::min<std::size_t>(headerBytes - 12, reader.Remaining()) : 0);
-  std::vector<Box> boxes(std::min<std::size_t>(count, reader.Remaining() / 16));
-  for (Box& box : boxes) box = ReadBox(reader);
-  return boxes;
+void EmfPlayer::PlaySetRop2(Record& record) {
+  State().rasterOperation = static_cast<int>(record.reader.U32Le() & 0xFF);
 }
 
-}  // namespace
+void EmfPlayer::PlaySetTextAlign(Record& record) {
+  State().textAlign = record.reader.U32Le();
+}
 
-bool EmfPlayer::PlayClip(unsigned type, ByteReader& reader) {
-  switch (type) {
-    case 26:
-      drawing_.OffsetClip(ReadPoint(reader));
-      return true;
-    case 28:
-      drawing_.KeepClip();
-      return true;
-    case 29:
-      drawing_.ClipBox(ReadBox(reader), ClipMode::Difference);
-      return true;
-    case 30:
-      drawing_.ClipBox(ReadBox(reader), ClipMode::And);
-      return true;
-    case 71:
-    case 72: {
-      reader.Skip(20);
-      const Object object = ObjectAt(reader.U32Le());
-      const auto* brush = std::get_if<Brush>(&object);
-      const Point edge = type == 72 ? ReadPoint(reader) : Point{};
-      if (!brush) return true;
-      if (type == 72) {
-        drawing_.FrameRegion(ReadRegion(reader), *brush, edge);
-      } else {
-        drawing_.FillRegion(ReadRegion(reader), *brush);
-      }
-      return true;
-    }
-    case 73:
-      reader.Skip(20);
-      drawing_.InvertRegion(ReadRegion(reader));
-      return true;
-    case 74:
-      reader.Skip(20);
-      drawing_.FillRegion(ReadRegion(reader), drawing_.State().brush);
-      return true;
-    case 75: {
-      const std::uint32_t bytes = reader.U32Le();
-      const auto mode = static_cast<ClipMode>(std::clamp<std::uint32_t>(reader.U32Le(), 1, 5));
-      if (bytes == 0) {
-        drawing_.ResetClip();
-      } else {
-        drawing_.ClipRegion(ReadRegion(reader), mode, true);
-      }
-      return true;
-    }
-    default:
-      return false;
+void EmfPlayer::PlaySetTextColor(Record& record) {
+  State().textColor = drawing_.context.Color(record.reader.U32Le());
+}
+
+void EmfPlayer::PlaySetBkColor(Record& record) {
+  State().backgroundColor = drawing_.context.Color(record.reader.U32Le());
+}
+
+void EmfPlayer::PlaySaveDC(Record&) {
+  drawing_.context.Save();
+}
+
+void EmfPlayer::PlayRestoreDC(Record& record) {
+  drawing_.context.Restore(record.reader.S32Le());
+}
+
+void EmfPlayer::PlaySetArcDirection(Record& record) {
+  constexpr std::uint32_t clockwise = 2;
+  State().clockwiseArcs = record.reader.U32Le() == clockwise;
+}
+
+void EmfPlayer::PlaySetMiterLimit(Record& record) {
+  // A whole number in the files that exist, though the manual says a float.
+  State().miterLimit = std::clamp<double>(record.reader.U32Le(), 1, 1000);
+}
+
+void EmfPlayer::PlaySetLayout(Record& record) {
+  State().rightToLeft = (record.reader.U32Le() & rightToLeftLayout) != 0;
+}
+
+void EmfPlayer::PlaySetTextJustification(Record& record) {
+  const double extra = record.reader.S32Le(), blanks = record.reader.S32Le();
+  State().blankSpacing = blanks > 0 ? extra / blanks : 0;
+}
+
+void EmfPlayer::PlaySetWindowExtEx(Record& record) {
+  State().mapping.windowExtent = ReadPoint(record.reader);
+}
+
+void EmfPlayer::PlaySetWindowOrgEx(Record& record) {
+  State().mapping.windowOrigin = ReadPoint(record.reader);
+}
+
+void EmfPlayer::PlaySetViewportExtEx(Record& record) {
+  State().mapping.viewportExtent = ReadPoint(record.reader);
+}
+
+void EmfPlayer::PlaySetViewportOrgEx(Record& record) {
+  State().mapping.viewportOrigin = ReadPoint(record.reader);
+}
+
+void EmfPlayer::PlaySetMapMode(Record& record) {
+  State().mapping.mode = static_cast<int>(record.reader.U32Le() & 0xFF);
+}
+
+void EmfPlayer::PlayScaleViewportExtEx(Record& record) {
+  ScaleBy(State().mapping.viewportExtent, record.reader);
+}
+
+void EmfPlayer::PlayScaleWindowExtEx(Record& record) {
+  ScaleBy(State().mapping.windowExtent, record.reader);
+}
+
+void EmfPlayer::PlaySetWorldTransform(Record& record) {
+  State().world = ReadMatrix(record.reader);
+}
+
+void EmfPlayer::PlayModifyWorldTransform(Record& record) {
+  Matrix& world = State().world;
+  const Matrix matrix = ReadMatrix(record.reader);
+  switch (static_cast<MapChange>(record.reader.U32Le())) {
+    case MapChange::Reset:
+      world = {};
+      break;
+    case MapChange::Before:
+      world = matrix.Then(world);
+      break;
+    case MapChange::Behind:
+      world = world.Then(matrix);
+      break;
+    case MapChange::Replace:
+      world = matrix;
+      break;
   }
 }
 

@@ -9,6 +9,9 @@
 
 namespace lumidex::metafile {
 
+// Of the box around what a record draws, which many begin with.
+inline constexpr std::size_t boundsBytes = 16;
+
 inline Point ReadPoint(ByteReader& reader) {
   const double x = reader.S32Le();
   return {x, static_cast<double>(reader.S32Le())};

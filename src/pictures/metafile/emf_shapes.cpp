@@ -1,89 +1,64 @@
 #include "pictures/metafile/emf_player.h"
 #include "pictures/metafile/emf_reading.h"
+#include "pictures/metafile/gradients.h"
+#include "pictures/metafile/record_values.h"
+#include "pictures/metafile/regions.h"
 
 namespace lumidex::metafile {
 namespace {
 
-constexpr std::size_t boundsBytes = 16;
-
-// Every shape of many points exists with 32 and with 16 bits a coordinate.
-constexpr unsigned WideType(unsigned type) {
-  switch (type) {
-    case 85:
-    case 86:
-    case 87:
-    case 88:
-    case 89:
-    case 90:
-    case 91:
-      return type - 83;
-    case 92:
-      return 56;
-    default:
-      return type;
-  }
+std::vector<Point> ReadCountedPoints(ByteReader& reader, EmfRecord type) {
+  reader.Skip(boundsBytes);
+  const std::uint32_t count = reader.U32Le();
+  return ReadPoints(reader, count, HasNarrowPoints(type));
 }
 
 }  // namespace
 
-bool EmfPlayer::PlayPoints(unsigned type, ByteReader& reader) {
-  const unsigned wide = WideType(type);
-  const bool narrow = wide != type;
-  const auto points = [&] {
-    reader.Skip(boundsBytes);
-    const std::uint32_t count = reader.U32Le();
-    return ReadPoints(reader, count, narrow);
-  };
-  switch (wide) {
-    case 2:
-      drawing_.Curves(points());
-      return true;
-    case 3:
-      drawing_.Polygon(points());
-      return true;
-    case 4:
-      drawing_.Polyline(points());
-      return true;
-    case 5:
-      drawing_.CurvesTo(points());
-      return true;
-    case 6:
-      drawing_.PolylineTo(points());
-      return true;
-    case 7:
-      PlayPolyPolyline(reader, narrow, false);
-      return true;
-    case 8:
-      PlayPolyPolyline(reader, narrow, true);
-      return true;
-    case 56:
-      PlayPolyDraw(reader, narrow);
-      return true;
-    default:
-      return false;
-  }
+void EmfPlayer::PlayPolyBezier(Record& record) {
+  drawing_.shapes.Curves(ReadCountedPoints(record.reader, record.type));
 }
 
-void EmfPlayer::PlayPolyPolyline(ByteReader& reader, bool narrow, bool filled) {
+void EmfPlayer::PlayPolygon(Record& record) {
+  drawing_.shapes.Polygon(ReadCountedPoints(record.reader, record.type));
+}
+
+void EmfPlayer::PlayPolyline(Record& record) {
+  drawing_.shapes.Polyline(ReadCountedPoints(record.reader, record.type));
+}
+
+void EmfPlayer::PlayPolyBezierTo(Record& record) {
+  drawing_.shapes.CurvesTo(ReadCountedPoints(record.reader, record.type));
+}
+
+void EmfPlayer::PlayPolyLineTo(Record& record) {
+  drawing_.shapes.PolylineTo(ReadCountedPoints(record.reader, record.type));
+}
+
+void EmfPlayer::PlayPolyPolyline(Record& record) {
+  PlayOutlines(record, false);
+}
+
+void EmfPlayer::PlayPolyPolygon(Record& record) {
+  PlayOutlines(record, true);
+}
+
+void EmfPlayer::PlayOutlines(Record& record, bool closed) {
+  ByteReader& reader = record.reader;
   reader.Skip(boundsBytes);
   const std::uint32_t outlines = reader.U32Le();
   const std::uint32_t total = reader.U32Le();
   std::vector<std::uint32_t> counts(std::min<std::size_t>(outlines, reader.Remaining() / 4));
   for (std::uint32_t& count : counts) count = reader.U32Le();
-  const std::vector<Point> points = ReadPoints(reader, total, narrow);
-  if (filled) return drawing_.PolyPolygon(points, counts);
-  std::span<const Point> rest = points;
-  Path path;
-  for (const std::uint32_t count : counts) {
-    if (count > rest.size()) break;
-    path.AddPolyline(rest.first(count), false);
-    rest = rest.subspan(count);
-  }
-  drawing_.Shape(path, false);
+  const std::vector<Point> points = ReadPoints(reader, total, HasNarrowPoints(record.type));
+  if (closed) return drawing_.shapes.PolyPolygon(points, counts);
+  drawing_.shapes.PolyPolyline(points, counts);
 }
 
-void EmfPlayer::PlayPolyDraw(ByteReader& reader, bool narrow) {
+void EmfPlayer::PlayPolyDraw(Record& record) {
   constexpr unsigned closes = 1, line = 2, curve = 4, move = 6;
+  ByteReader& reader = record.reader;
+  const bool narrow = HasNarrowPoints(record.type);
   reader.Skip(boundsBytes);
   const std::uint32_t count = reader.U32Le();
   // Each point has a byte that says what it is, behind all points.
@@ -91,7 +66,7 @@ void EmfPlayer::PlayPolyDraw(ByteReader& reader, bool narrow) {
   const std::vector<Point> points =
       ReadPoints(reader, std::min<std::size_t>(count, reader.Remaining() / each), narrow);
   Path path;
-  path.MoveTo(drawing_.State().current);
+  path.MoveTo(State().current);
   std::vector<Point> controls;
   for (const Point point : points) {
     const unsigned kind = reader.U8();
@@ -104,77 +79,78 @@ void EmfPlayer::PlayPolyDraw(ByteReader& reader, bool narrow) {
     }
     if (kind & closes) path.Close();
   }
-  if (!points.empty()) drawing_.State().current = points.back();
-  drawing_.Shape(path, false, true);
+  if (!points.empty()) State().current = points.back();
+  drawing_.shapes.Draw(path, false, true);
 }
 
-bool EmfPlayer::PlayShape(unsigned type, ByteReader& reader) {
-  const auto arc = [&](Drawing::ArcKind kind) {
-    const Box box = ReadBox(reader);
-    const Point start = ReadPoint(reader), end = ReadPoint(reader);
-    drawing_.Arc(box, start, end, kind);
-  };
-  switch (type) {
-    case 15: {
-      const Point at = ReadPoint(reader);
-      drawing_.SetPixel(at, drawing_.Color(reader.U32Le()));
-      return true;
-    }
-    case 53: {
-      const Point at = ReadPoint(reader);
-      const std::uint32_t color = drawing_.Color(reader.U32Le());
-      drawing_.FloodFill(at, color, reader.U32Le() == 1);
-      return true;
-    }
-    case 27:
-      drawing_.MoveTo(ReadPoint(reader));
-      return true;
-    case 54:
-      drawing_.LineTo(ReadPoint(reader));
-      return true;
-    case 41: {
-      const Point centre = ReadPoint(reader);
-      const double radius = reader.U32Le(), start = ReadFloat(reader), sweep = ReadFloat(reader);
-      drawing_.AngleArc(centre, radius, start, sweep);
-      return true;
-    }
-    case 42:
-      drawing_.Ellipse(ReadBox(reader));
-      return true;
-    case 43:
-      drawing_.Rectangle(ReadBox(reader));
-      return true;
-    case 44: {
-      const Box box = ReadBox(reader);
-      drawing_.RoundRectangle(box, ReadPoint(reader));
-      return true;
-    }
-    case 45:
-      arc(Drawing::ArcKind::Open);
-      return true;
-    case 46:
-      arc(Drawing::ArcKind::Chord);
-      return true;
-    case 47:
-      arc(Drawing::ArcKind::Pie);
-      return true;
-    case 55:
-      arc(Drawing::ArcKind::Continued);
-      return true;
-    case 118:
-      PlayGradient(reader);
-      return true;
-    default:
-      return false;
-  }
+void EmfPlayer::PlaySetPixelV(Record& record) {
+  const Point at = ReadPoint(record.reader);
+  SetPixel(drawing_.context, at, drawing_.context.Color(record.reader.U32Le()));
 }
 
-void EmfPlayer::PlayGradient(ByteReader& reader) {
+void EmfPlayer::PlayExtFloodFill(Record& record) {
+  const Point at = ReadPoint(record.reader);
+  const std::uint32_t color = drawing_.context.Color(record.reader.U32Le());
+  FloodFill(drawing_.context, at, color, record.reader.U32Le() == floodFillsSurface);
+}
+
+void EmfPlayer::PlayMoveToEx(Record& record) {
+  drawing_.shapes.MoveTo(ReadPoint(record.reader));
+}
+
+void EmfPlayer::PlayLineTo(Record& record) {
+  drawing_.shapes.LineTo(ReadPoint(record.reader));
+}
+
+void EmfPlayer::PlayAngleArc(Record& record) {
+  ByteReader& reader = record.reader;
+  const Point centre = ReadPoint(reader);
+  const double radius = reader.U32Le(), start = ReadFloat(reader), sweep = ReadFloat(reader);
+  drawing_.shapes.AngleArc(centre, radius, start, sweep);
+}
+
+void EmfPlayer::PlayEllipse(Record& record) {
+  drawing_.shapes.Ellipse(ReadBox(record.reader));
+}
+
+void EmfPlayer::PlayRectangle(Record& record) {
+  drawing_.shapes.Rectangle(ReadBox(record.reader));
+}
+
+void EmfPlayer::PlayRoundRect(Record& record) {
+  const Box box = ReadBox(record.reader);
+  drawing_.shapes.RoundRectangle(box, ReadPoint(record.reader));
+}
+
+void EmfPlayer::PlayArc(Record& record) {
+  PlayArcOf(record, Shapes::ArcKind::Open);
+}
+
+void EmfPlayer::PlayChord(Record& record) {
+  PlayArcOf(record, Shapes::ArcKind::Chord);
+}
+
+void EmfPlayer::PlayPie(Record& record) {
+  PlayArcOf(record, Shapes::ArcKind::Pie);
+}
+
+void EmfPlayer::PlayArcTo(Record& record) {
+  PlayArcOf(record, Shapes::ArcKind::Continued);
+}
+
+void EmfPlayer::PlayArcOf(Record& record, Shapes::ArcKind kind) {
+  const Box box = ReadBox(record.reader);
+  const Point start = ReadPoint(record.reader), end = ReadPoint(record.reader);
+  drawing_.shapes.Arc(box, start, end, kind);
+}
+
+void EmfPlayer::PlayGradientFill(Record& record) {
   constexpr std::uint32_t acrossMode = 0, triangleMode = 2;
+  ByteReader& reader = record.reader;
   reader.Skip(boundsBytes);
   const std::uint32_t vertexCount = reader.U32Le(), shapes = reader.U32Le(), mode = reader.U32Le();
-  std::vector<Drawing::Vertex> vertices(std::min<std::size_t>(vertexCount, reader.Remaining() / 16));
-  for (Drawing::Vertex& vertex : vertices) {
+  std::vector<Vertex> vertices(std::min<std::size_t>(vertexCount, reader.Remaining() / 16));
+  for (Vertex& vertex : vertices) {
     vertex.at = ReadPoint(reader);
     const std::uint32_t red = reader.U16Le() >> 8, green = reader.U16Le() >> 8, blue = reader.U16Le() >> 8;
     reader.Skip(2);
@@ -182,7 +158,7 @@ void EmfPlayer::PlayGradient(ByteReader& reader) {
   }
   const std::size_t corners = mode == triangleMode ? 3 : 2;
   for (std::uint32_t i = 0; i < shapes && reader.Remaining() >= corners * 4; ++i) {
-    std::array<Drawing::Vertex, 3> chosen{};
+    std::array<Vertex, 3> chosen{};
     bool valid = true;
     for (std::size_t k = 0; k < corners; ++k) {
       const std::uint32_t number = reader.U32Le();
@@ -191,9 +167,9 @@ void EmfPlayer::PlayGradient(ByteReader& reader) {
     }
     if (!valid) continue;
     if (mode == triangleMode) {
-      drawing_.GradientTriangle(chosen);
+      FillGradientTriangle(drawing_.context, chosen);
     } else {
-      drawing_.GradientBox(chosen[0], chosen[1], mode == acrossMode);
+      FillGradientBox(drawing_.context, chosen[0], chosen[1], mode == acrossMode);
     }
   }
 }

@@ -1,49 +1,38 @@
 #include "pictures/metafile/emf_player.h"
 #include "pictures/metafile/emf_reading.h"
 #include "pictures/metafile/letters.h"
+#include "pictures/metafile/record_values.h"
 
 namespace lumidex::metafile {
-
-bool EmfPlayer::PlayText(unsigned type, Record& record) {
-  switch (type) {
-    case 83:
-    case 84:
-      record.reader.Skip(28);
-      PlayTextString(record, type == 84);
-      return true;
-    case 96:
-    case 97:
-      PlayTextStrings(record, type == 97);
-      return true;
-    case 108:
-      PlaySmallText(record);
-      return true;
-    default:
-      return false;
-  }
-}
-
 namespace {
 
-constexpr std::uint32_t fillsBox = 0x2, clipsToBox = 0x4, glyphNumbers = 0x10, noBox = 0x100,
-                        smallLetters = 0x200, pairedAdvances = 0x2000;
+// Bounds, a graphics mode and two scales.
+constexpr std::size_t bytesBeforeText = boundsBytes + 12;
+
+constexpr std::uint32_t glyphNumbers = 0x10, noBox = 0x100, smallLetters = 0x200, pairedAdvances = 0x2000;
 
 }  // namespace
 
-void EmfPlayer::PlayTextString(Record& record, bool wide) {
+void EmfPlayer::PlayExtTextOut(Record& record) {
+  record.reader.Skip(bytesBeforeText);
+  PlayTextString(record);
+}
+
+void EmfPlayer::PlayTextString(Record& record) {
+  const bool wide = HasWideText(record.type);
   ByteReader& reader = record.reader;
   TextLine line;
   line.at = ReadPoint(reader);
   const std::uint32_t count = reader.U32Le(), textAt = reader.U32Le(), options = reader.U32Le();
   line.box = ReadBox(reader);
   const std::uint32_t advancesAt = reader.U32Le();
-  line.fillBox = (options & fillsBox) != 0;
-  line.clipToBox = (options & clipsToBox) != 0;
+  line.fillBox = (options & text_option::fillsBox) != 0;
+  line.clipToBox = (options & text_option::clipsToBox) != 0;
 
   ByteReader text(record.bytes);
   text.Seek(textAt);
   const std::size_t codes = std::min<std::size_t>(count, text.Remaining() / (wide ? 2 : 1));
-  const Font& font = drawing_.State().font;
+  const Font& font = State().font;
   Bytes stored = text.Take(wide ? codes * 2 : codes);
   std::vector<std::uint8_t> plain;
   if (wide && (options & glyphNumbers)) {
@@ -64,21 +53,21 @@ void EmfPlayer::PlayTextString(Record& record, bool wide) {
     }
     line.units.push_back(std::move(unit));
   }
-  drawing_.Text(std::move(line));
+  drawing_.text.Draw(std::move(line));
 }
 
-void EmfPlayer::PlayTextStrings(Record& record, bool wide) {
+void EmfPlayer::PlayPolyTextOut(Record& record) {
   constexpr std::size_t descriptionBytes = 40;
   ByteReader& reader = record.reader;
-  reader.Skip(28);
-  WorkBudget& budget = drawing_.Sheet().Budget();
+  reader.Skip(bytesBeforeText);
+  WorkBudget& budget = drawing_.context.Budget();
   for (std::uint32_t count = reader.U32Le(); count > 0 && reader.Remaining() >= descriptionBytes; --count) {
     if (!budget.Spend(CostOfRecord(descriptionBytes))) return;
-    PlayTextString(record, wide);
+    PlayTextString(record);
   }
 }
 
-void EmfPlayer::PlaySmallText(Record& record) {
+void EmfPlayer::PlaySmallTextOut(Record& record) {
   ByteReader& reader = record.reader;
   TextLine line;
   line.at = ReadPoint(reader);
@@ -86,16 +75,16 @@ void EmfPlayer::PlaySmallText(Record& record) {
   reader.Skip(12);
   if (!(options & noBox)) {
     line.box = ReadBox(reader);
-    line.fillBox = (options & fillsBox) != 0;
-    line.clipToBox = (options & clipsToBox) != 0;
+    line.fillBox = (options & text_option::fillsBox) != 0;
+    line.clipToBox = (options & text_option::clipsToBox) != 0;
   }
   const bool small = (options & smallLetters) != 0;
   const std::size_t codes = std::min<std::size_t>(count, reader.Remaining() / (small ? 1 : 2));
   const Bytes stored = reader.Take(small ? codes : codes * 2);
-  const Font& font = drawing_.State().font;
+  const Font& font = State().font;
   for (const Letter& letter : small ? LettersFromCodePage(stored, font) : LettersFromUtf16(stored, font))
     line.units.push_back({letter.text, 0});
-  drawing_.Text(std::move(line));
+  drawing_.text.Draw(std::move(line));
 }
 
 }  // namespace lumidex::metafile

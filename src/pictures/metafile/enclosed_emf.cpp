@@ -5,7 +5,7 @@
 namespace lumidex::metafile {
 namespace {
 
-constexpr unsigned escapeFunction = 0x0626, commentEscape = 15;
+constexpr unsigned commentEscape = 15;
 constexpr std::uint32_t commentMark = 0x43464D57;  // "WMFC"
 constexpr std::uint32_t metafileComment = 1, version = 0x10000;
 
@@ -15,8 +15,8 @@ std::optional<std::vector<std::uint8_t>> EnclosedEmf(Bytes wmfRecords) {
   std::vector<std::uint8_t> collected;
   std::uint32_t chunks = 0, expectedChunks = 0, total = 0;
   bool fits = true;
-  ForEachRecord(wmfRecords, [&](unsigned function, ByteReader record) {
-    if (function != escapeFunction || record.U16Le() != commentEscape) return true;
+  ForEachRecord(wmfRecords, [&](WmfRecord type, ByteReader record) {
+    if (type != WmfRecord::Escape || record.U16Le() != commentEscape) return true;
     record.Skip(2);
     if (record.U32Le() != commentMark || record.U32Le() != metafileComment || record.U32Le() != version)
       return true;

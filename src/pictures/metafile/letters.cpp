@@ -43,37 +43,56 @@ std::string Utf8(char32_t code) {
   return text;
 }
 
+// As the published list of character sets numbers them.
+enum class CharacterSet {
+  Mac = 77,
+  ShiftJis = 128,
+  Hangul = 129,
+  Gb2312 = 134,
+  ChineseBig5 = 136,
+  Greek = 161,
+  Turkish = 162,
+  Vietnamese = 163,
+  Hebrew = 177,
+  Arabic = 178,
+  Baltic = 186,
+  Russian = 204,
+  Thai = 222,
+  EastEurope = 238,
+  Oem = 255,
+};
+
 const char* CodePageOf(int charset) {
-  switch (charset) {
-    case 77:
+  switch (static_cast<CharacterSet>(charset)) {
+    case CharacterSet::Mac:
       return "MACINTOSH";
-    case 128:
+    case CharacterSet::ShiftJis:
       return "CP932";
-    case 129:
+    case CharacterSet::Hangul:
       return "UHC";
-    case 134:
+    case CharacterSet::Gb2312:
       return "GBK";
-    case 136:
+    case CharacterSet::ChineseBig5:
       return "BIG5";
-    case 161:
+    case CharacterSet::Greek:
       return "CP1253";
-    case 162:
+    case CharacterSet::Turkish:
       return "CP1254";
-    case 163:
+    case CharacterSet::Vietnamese:
       return "CP1258";
-    case 177:
+    case CharacterSet::Hebrew:
       return "CP1255";
-    case 178:
+    case CharacterSet::Arabic:
       return "CP1256";
-    case 186:
+    case CharacterSet::Baltic:
       return "CP1257";
-    case 204:
+    case CharacterSet::Russian:
       return "CP1251";
-    case 222:
+    case CharacterSet::Thai:
       return "CP874";
-    case 238:
+    case CharacterSet::EastEurope:
       return "CP1250";
-    case 255:
+    case CharacterSet::Oem:
       return "CP850";
     default:
       return "CP1252";

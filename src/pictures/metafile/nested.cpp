@@ -12,7 +12,7 @@ constexpr double perNestedByte = 8;
 
 }  // namespace
 
-bool PlayNested(Drawing& outer, Bytes file, const Matrix& unitToLogical) {
+bool PlayNested(DeviceContext& outer, Bytes file, const Matrix& unitToLogical) {
   const Stage stage = outer.StageFor(unitToLogical);
   Canvas& canvas = outer.Sheet();
   if (stage.depth > deepestNesting || !stage.unitToSheet.IsUsable()) return false;

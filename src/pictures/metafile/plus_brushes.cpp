@@ -176,16 +176,16 @@ Brush SolidBrush(std::uint32_t argb) {
 
 Brush ReadBrush(ByteReader& reader, WorkBudget& budget) {
   reader.Skip(4);
-  switch (reader.U32Le()) {
-    case 0:
+  switch (static_cast<BrushKind>(reader.U32Le())) {
+    case BrushKind::SolidColor:
       return SolidBrush(reader.U32Le());
-    case 1:
+    case BrushKind::HatchFill:
       return ReadHatchBrush(reader);
-    case 2:
+    case BrushKind::TextureFill:
       return ReadPictureBrush(reader, budget);
-    case 3:
+    case BrushKind::PathGradient:
       return ReadCentreBrush(reader);
-    case 4:
+    case BrushKind::LinearGradient:
       return ReadLineBrush(reader);
     default:
       return Brush{};

@@ -11,10 +11,6 @@
 namespace lumidex::metafile::plus {
 namespace {
 
-// Numbers of the kinds of object.
-constexpr unsigned brushKind = 1, penKind = 2, pathKind = 3, regionKind = 4, imageKind = 5, fontKind = 6,
-                   formatKind = 7;
-
 // A number of 7 or 15 bits with its sign.
 double PackedNumber(ByteReader& reader) {
   const unsigned first = reader.U8();
@@ -197,22 +193,22 @@ Path ReadPath(ByteReader& reader) {
   return path;
 }
 
-Object ReadObject(unsigned kind, Bytes bytes, WorkBudget& budget) {
+Object ReadObject(ObjectKind kind, Bytes bytes, WorkBudget& budget) {
   ByteReader reader(bytes);
   switch (kind) {
-    case brushKind:
+    case ObjectKind::Brush:
       return ReadBrush(reader, budget);
-    case penKind:
+    case ObjectKind::Pen:
       return ReadPen(reader, budget);
-    case pathKind:
+    case ObjectKind::Path:
       return ReadPath(reader);
-    case regionKind:
+    case ObjectKind::Region:
       return ReadClip(reader);
-    case imageKind:
+    case ObjectKind::Image:
       return ImageObject{{bytes.begin(), bytes.end()}};
-    case fontKind:
+    case ObjectKind::Font:
       return ReadFont(reader);
-    case formatKind:
+    case ObjectKind::StringFormat:
       return ReadFormat(reader);
     default:
       return {};
@@ -220,20 +216,19 @@ Object ReadObject(unsigned kind, Bytes bytes, WorkBudget& budget) {
 }
 
 std::optional<Bytes> StoredMetafile(Bytes image) {
-  constexpr std::uint32_t metafile = 2;
   ByteReader reader(image);
   reader.Skip(4);
-  if (reader.U32Le() != metafile) return std::nullopt;
+  if (static_cast<ImageKind>(reader.U32Le()) != ImageKind::Metafile) return std::nullopt;
   reader.Skip(4);
   const std::uint32_t bytes = reader.U32Le();
   return reader.Take(std::min<std::size_t>(bytes, reader.Remaining()));
 }
 
 std::optional<Pixels> DecodeImage(Bytes bytes, WorkBudget& budget) {
-  constexpr std::uint32_t bitmap = 1, plainPixels = 0;
+  constexpr std::uint32_t plainPixels = 0;
   ByteReader reader(bytes);
   reader.Skip(4);
-  if (reader.U32Le() != bitmap) return std::nullopt;
+  if (static_cast<ImageKind>(reader.U32Le()) != ImageKind::Bitmap) return std::nullopt;
   const Size size{reader.S32Le(), reader.S32Le()};
   const int stride = reader.S32Le();
   const std::uint32_t format = reader.U32Le();

@@ -7,6 +7,7 @@
 
 #include "pictures/byte_reader.h"
 #include "pictures/metafile/device_state.h"
+#include "pictures/metafile/plus_records.h"
 #include "pictures/metafile/work_budget.h"
 
 namespace lumidex::metafile::plus {
@@ -59,7 +60,7 @@ using Object =
     std::variant<std::monostate, Brush, PenObject, Path, ImageObject, FontObject, TextFormat, ClipObject>;
 
 // Reads an object of the kind that the record names; nothing for kinds without a use here.
-Object ReadObject(unsigned kind, Bytes bytes, WorkBudget& budget);
+Object ReadObject(ObjectKind kind, Bytes bytes, WorkBudget& budget);
 PenObject ReadPen(ByteReader& reader, WorkBudget& budget);
 Path ReadPath(ByteReader& reader);
 // Up to `count` points, as fractions or, when `narrow`, as 16-bit numbers; `relative` ones follow each other.

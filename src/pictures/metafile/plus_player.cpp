@@ -2,28 +2,33 @@
 
 #include <numbers>
 
+#include "pictures/metafile/blits.h"
 #include "pictures/metafile/emf_reading.h"
 #include "pictures/metafile/nested.h"
+#include "pictures/metafile/record_table.h"
 
 namespace lumidex::metafile::plus {
 namespace {
 
 constexpr std::size_t recordHeaderBytes = 12;
 constexpr unsigned continued = 0x8000, appends = 0x2000;
+// The drawing is there as plain records too.
+constexpr unsigned heldTwice = 1;
 constexpr std::size_t mostSaved = 1000;  // below the drawing's own bound
 
 }  // namespace
 
-Player::Player(Drawing drawing) : drawing_(std::move(drawing)) {
+Player::Player(Canvas& canvas, const Device& device) : drawing_(canvas, device) {
   // Hatches say themselves what stands between their lines.
-  drawing_.State().opaqueBackground = false;
+  State().opaqueBackground = false;
 }
 
 void Player::Play(Bytes records) {
-  WorkBudget& budget = drawing_.Sheet().Budget();
+  WorkBudget& budget = drawing_.context.Budget();
   ByteReader reader(records);
   while (reader.Remaining() >= recordHeaderBytes && !ignored_) {
-    const unsigned type = reader.U16Le(), flags = reader.U16Le();
+    const auto type = static_cast<PlusRecord>(reader.U16Le());
+    const unsigned flags = reader.U16Le();
     const std::uint32_t size = reader.U32Le(), dataBytes = reader.U32Le();
     if (size < recordHeaderBytes || !budget.Spend(CostOfRecord(size))) return;
     ByteReader rest = reader.Sub(size - recordHeaderBytes);
@@ -32,21 +37,61 @@ void Player::Play(Bytes records) {
 }
 
 void Player::PlayRecord(Record record) {
-  if (record.type == 0x4001) return PlayHeader(record);
-  if (record.type == 0x4008) return PlayObject(record);
-  PlayTransform(record) || PlayState(record) || PlayClip(record) || PlayFill(record) || PlayLine(record) ||
-      PlayImage(record) || PlayText(record);
+  static constexpr RecordEntry<PlusRecord, void (Player::*)(Record&)> entries[] = {
+      {PlusRecord::Header, &Player::PlayHeader},
+      {PlusRecord::Object, &Player::PlayObject},
+      {PlusRecord::SetWorldTransform, &Player::PlaySetWorldTransform},
+      {PlusRecord::ResetWorldTransform, &Player::PlayResetWorldTransform},
+      {PlusRecord::MultiplyWorldTransform, &Player::PlayMultiplyWorldTransform},
+      {PlusRecord::TranslateWorldTransform, &Player::PlayTranslateWorldTransform},
+      {PlusRecord::ScaleWorldTransform, &Player::PlayScaleWorldTransform},
+      {PlusRecord::RotateWorldTransform, &Player::PlayRotateWorldTransform},
+      {PlusRecord::SetPageTransform, &Player::PlaySetPageTransform},
+      {PlusRecord::Save, &Player::PlaySave},
+      {PlusRecord::BeginContainerNoParams, &Player::PlaySave},
+      {PlusRecord::Restore, &Player::PlayRestore},
+      {PlusRecord::EndContainer, &Player::PlayRestore},
+      {PlusRecord::BeginContainer, &Player::PlayBeginContainer},
+      {PlusRecord::ResetClip, &Player::PlayResetClip},
+      {PlusRecord::SetClipRect, &Player::PlaySetClipRect},
+      {PlusRecord::SetClipPath, &Player::PlaySetClipPath},
+      {PlusRecord::SetClipRegion, &Player::PlaySetClipRegion},
+      {PlusRecord::OffsetClip, &Player::PlayOffsetClip},
+      {PlusRecord::Clear, &Player::PlayClear},
+      {PlusRecord::FillRects, &Player::PlayFillRects},
+      {PlusRecord::FillPolygon, &Player::PlayFillPolygon},
+      {PlusRecord::FillEllipse, &Player::PlayFillEllipse},
+      {PlusRecord::FillPie, &Player::PlayFillPie},
+      {PlusRecord::FillRegion, &Player::PlayFillRegion},
+      {PlusRecord::FillPath, &Player::PlayFillPath},
+      {PlusRecord::FillClosedCurve, &Player::PlayFillClosedCurve},
+      {PlusRecord::DrawRects, &Player::PlayDrawRects},
+      {PlusRecord::DrawLines, &Player::PlayDrawLines},
+      {PlusRecord::DrawEllipse, &Player::PlayDrawEllipse},
+      {PlusRecord::DrawPie, &Player::PlayDrawPie},
+      {PlusRecord::DrawArc, &Player::PlayDrawArc},
+      {PlusRecord::DrawPath, &Player::PlayDrawPath},
+      {PlusRecord::DrawClosedCurve, &Player::PlayDrawClosedCurve},
+      {PlusRecord::DrawCurve, &Player::PlayDrawCurve},
+      {PlusRecord::DrawBeziers, &Player::PlayDrawBeziers},
+      {PlusRecord::DrawImage, &Player::PlayDrawImage},
+      {PlusRecord::DrawImagePoints, &Player::PlayDrawImagePoints},
+      {PlusRecord::DrawString, &Player::PlayDrawString},
+      {PlusRecord::DrawDriverString, &Player::PlayDrawDriverString},
+  };
+  static constexpr RecordTable table(entries);
+  if (const auto play = table.Find(record.type)) (this->*play)(record);
 }
 
 void Player::PlayHeader(Record& record) {
-  ignored_ = (record.flags & 1) != 0;
+  ignored_ = (record.flags & heldTwice) != 0;
   record.reader.Skip(8);
   const std::uint32_t dots = record.reader.U32Le();
   if (dots >= 1 && dots <= 10000) dotsPerInch_ = dots;
 }
 
 void Player::PlayObject(Record& record) {
-  const unsigned kind = record.flags >> 8 & 0x7F;
+  const auto kind = static_cast<ObjectKind>(record.flags >> 8 & 0x7F);
   Bytes bytes = record.reader.Take(record.reader.Remaining());
   if (record.flags & continued) {
     ByteReader part(bytes);
@@ -56,7 +101,7 @@ void Player::PlayObject(Record& record) {
     if (pending_.size() < total) return;
     bytes = pending_;
   }
-  objects_[record.ObjectNumber()] = ReadObject(kind, bytes, drawing_.Sheet().Budget());
+  objects_[record.ObjectNumber()] = ReadObject(kind, bytes, drawing_.context.Budget());
   if (decodedNumber_ == record.ObjectNumber()) decoded_.reset();
   pending_.clear();
 }
@@ -82,80 +127,71 @@ double Player::Length(double length, Unit unit) const {
 }
 
 void Player::UpdateWorld() {
-  drawing_.State().world = world_.Then(page_);
+  State().world = world_.Then(page_);
 }
 
-bool Player::PlayTransform(Record& record) {
-  ByteReader& reader = record.reader;
-  Matrix change;
-  switch (record.type) {
-    case 0x402A:
-      world_ = ReadMatrix(reader);
-      UpdateWorld();
-      return true;
-    case 0x402B:
-      world_ = {};
-      UpdateWorld();
-      return true;
-    case 0x402C:
-      change = ReadMatrix(reader);
-      break;
-    case 0x402D:
-      change.x0 = ReadFloat(reader);
-      change.y0 = ReadFloat(reader);
-      break;
-    case 0x402E:
-      change.xx = ReadFloat(reader);
-      change.yy = ReadFloat(reader);
-      break;
-    case 0x402F: {
-      const double angle = ReadFloat(reader) * std::numbers::pi / 180;
-      change = {.xx = std::cos(angle), .yx = std::sin(angle), .xy = -std::sin(angle), .yy = std::cos(angle)};
-      break;
-    }
-    case 0x4030: {
-      const double scale = UnitsOfDevice(static_cast<Unit>(record.flags & 7)) * ReadFloat(reader);
-      page_ = {.xx = scale, .yy = scale};
-      UpdateWorld();
-      return true;
-    }
-    default:
-      return false;
-  }
+void Player::ChangeWorld(const Record& record, const Matrix& change) {
   world_ = record.flags & appends ? world_.Then(change) : change.Then(world_);
   UpdateWorld();
-  return true;
 }
 
-void Player::Restore(std::uint32_t number) {
+void Player::PlaySetWorldTransform(Record& record) {
+  world_ = ReadMatrix(record.reader);
+  UpdateWorld();
+}
+
+void Player::PlayResetWorldTransform(Record&) {
+  world_ = {};
+  UpdateWorld();
+}
+
+void Player::PlayMultiplyWorldTransform(Record& record) {
+  ChangeWorld(record, ReadMatrix(record.reader));
+}
+
+void Player::PlayTranslateWorldTransform(Record& record) {
+  const double across = ReadFloat(record.reader);
+  ChangeWorld(record, {.x0 = across, .y0 = ReadFloat(record.reader)});
+}
+
+void Player::PlayScaleWorldTransform(Record& record) {
+  const double across = ReadFloat(record.reader);
+  ChangeWorld(record, {.xx = across, .yy = ReadFloat(record.reader)});
+}
+
+void Player::PlayRotateWorldTransform(Record& record) {
+  const double angle = ReadFloat(record.reader) * std::numbers::pi / 180;
+  ChangeWorld(record,
+              {.xx = std::cos(angle), .yx = std::sin(angle), .xy = -std::sin(angle), .yy = std::cos(angle)});
+}
+
+void Player::PlaySetPageTransform(Record& record) {
+  const double scale = UnitsOfDevice(static_cast<Unit>(record.flags & 7)) * ReadFloat(record.reader);
+  page_ = {.xx = scale, .yy = scale};
+  UpdateWorld();
+}
+
+void Player::PlaySave(Record& record) {
+  if (saved_.size() >= mostSaved) return;
+  saved_.push_back({record.reader.U32Le(), world_, page_});
+  drawing_.context.Save();
+}
+
+// A part of the drawing with a map of its own.
+void Player::PlayBeginContainer(Record& record) {
+  record.reader.Skip(32);
+  PlaySave(record);
+}
+
+void Player::PlayRestore(Record& record) {
+  const std::uint32_t number = record.reader.U32Le();
   for (std::size_t i = saved_.size(); i-- > 0;) {
     if (saved_[i].number != number) continue;
     world_ = saved_[i].world;
     page_ = saved_[i].page;
-    drawing_.Restore(static_cast<int>(i) + 1);
+    drawing_.context.Restore(static_cast<int>(i) + 1);
     saved_.resize(i);
     return UpdateWorld();
-  }
-}
-
-bool Player::PlayState(Record& record) {
-  switch (record.type) {
-    case 0x4027:  // a part of the drawing with a map of its own
-      record.reader.Skip(32);
-      [[fallthrough]];
-    case 0x4025:
-    case 0x4028:
-      if (saved_.size() < mostSaved) {
-        saved_.push_back({record.reader.U32Le(), world_, page_});
-        drawing_.Save();
-      }
-      return true;
-    case 0x4026:
-    case 0x4029:
-      Restore(record.reader.U32Le());
-      return true;
-    default:
-      return false;
   }
 }
 
@@ -164,42 +200,46 @@ const Pixels* Player::ImageOf(unsigned number) {
   if (!image) return nullptr;
   if (!decoded_ || decodedNumber_ != number) {
     decodedNumber_ = number;
-    decoded_ = DecodeImage(image->bytes, drawing_.Sheet().Budget());
+    decoded_ = DecodeImage(image->bytes, drawing_.context.Budget());
   }
   return decoded_ ? &*decoded_ : nullptr;
 }
 
-bool Player::PlayImage(Record& record) {
-  if (record.type != 0x401A && record.type != 0x401B) return false;
+void Player::PlayDrawImage(Record& record) {
   ByteReader& reader = record.reader;
   reader.Skip(4);
   const auto unit = static_cast<Unit>(reader.S32Le() & 7);
-  Box source = ReadBox(reader, false);
-  std::array<Point, 3> corners{};
-  if (record.type == 0x401A) {
-    const Box target = ReadBox(reader, record.HasNarrowPoints());
-    corners = {Point{target.left, target.top}, {target.right, target.top}, {target.left, target.bottom}};
-  } else {
-    const std::uint32_t count = reader.U32Le();
-    const auto points = ReadPoints(reader, count, record.HasNarrowPoints(), record.HasRelativePoints());
-    if (points.size() < corners.size()) return true;
-    std::ranges::copy_n(points.begin(), static_cast<std::ptrdiff_t>(corners.size()), corners.begin());
-  }
+  const Box source = ReadBox(reader, false), target = ReadBox(reader, record.HasNarrowPoints());
+  DrawImage(record, unit, source,
+            std::array{Point{target.left, target.top}, Point{target.right, target.top},
+                       Point{target.left, target.bottom}});
+}
+
+void Player::PlayDrawImagePoints(Record& record) {
+  ByteReader& reader = record.reader;
+  reader.Skip(4);
+  const auto unit = static_cast<Unit>(reader.S32Le() & 7);
+  const Box source = ReadBox(reader, false);
+  const std::uint32_t count = reader.U32Le();
+  const auto points = ReadPoints(reader, count, record.HasNarrowPoints(), record.HasRelativePoints());
+  if (points.size() >= 3) DrawImage(record, unit, source, std::span(points).first<3>());
+}
+
+void Player::DrawImage(Record& record, Unit unit, Box source, std::span<const Point, 3> corners) {
   if (const auto* stored = Get<ImageObject>(record.ObjectNumber())) {
     if (const auto metafile = StoredMetafile(stored->bytes)) {
       const Point a = corners[0], b = corners[1], c = corners[2];
       ForgetPicture();
-      PlayNested(drawing_, *metafile, {b.x - a.x, b.y - a.y, c.x - a.x, c.y - a.y, a.x, a.y});
-      return true;
+      PlayNested(drawing_.context, *metafile, {b.x - a.x, b.y - a.y, c.x - a.x, c.y - a.y, a.x, a.y});
+      return;
     }
   }
   const Pixels* const image = ImageOf(record.ObjectNumber());
-  if (!image) return true;
+  if (!image) return;
   // A part measured in other units than pixels is nearly always the whole.
   if (unit != Unit::Pixel)
     source = {0, 0, static_cast<double>(image->Width()), static_cast<double>(image->Height())};
-  drawing_.Parallelogram(source, corners, *image);
-  return true;
+  DrawParallelogram(drawing_.context, source, corners, *image);
 }
 
 }  // namespace lumidex::metafile::plus

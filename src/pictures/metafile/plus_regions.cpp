@@ -68,7 +68,7 @@ class AreaJoiner {
 }  // namespace
 
 metafile::Clip Player::AreaOf(const ClipObject& area) {
-  AreaJoiner joiner(drawing_.Sheet(), drawing_.LogicalToSheet(), drawing_.State().fillRule);
+  AreaJoiner joiner(drawing_.context.Sheet(), drawing_.context.LogicalToSheet(), State().fillRule);
   // Combinations that wait for their parts.
   struct Waiting {
     ClipMode mode = ClipMode::And;
@@ -88,46 +88,42 @@ metafile::Clip Player::AreaOf(const ClipObject& area) {
     if (waiting.empty()) return joiner.Covered(value);
     waiting.back().first = std::move(value);
   }
-  return drawing_.Sheet().WholeClip();
+  return drawing_.context.Sheet().WholeClip();
 }
 
 void Player::Clip(const Path& path, unsigned mode) {
-  drawing_.BeginPath();
-  drawing_.Shape(path, false);
-  drawing_.EndPath();
-  drawing_.ClipToPath(ModeOf(mode));
+  drawing_.bracket.Begin();
+  drawing_.shapes.Draw(path, false);
+  drawing_.bracket.End();
+  drawing_.bracket.Clip(ModeOf(mode));
 }
 
 void Player::ClipTo(const ClipObject& area, unsigned mode) {
   const ClipNode& first = area.nodes.front();
   if (first.mode == 0 && !first.everything) return Clip(first.outline, mode);
-  DeviceState& state = drawing_.State();
-  drawing_.Sheet().CombineClip(state.clip, state.base, AreaOf(area), ModeOf(mode));
+  DeviceState& state = State();
+  drawing_.context.Sheet().CombineClip(state.clip, state.base, AreaOf(area), ModeOf(mode));
 }
 
-bool Player::PlayClip(Record& record) {
-  const unsigned mode = record.flags >> 8 & 0xF;
-  switch (record.type) {
-    case 0x4031:
-      drawing_.ResetClip();
-      return true;
-    case 0x4032:
-      Clip(Path::OfBox(ReadBox(record.reader, false)), mode);
-      return true;
-    case 0x4033:
-      if (const auto* path = Get<Path>(record.ObjectNumber())) Clip(*path, mode);
-      return true;
-    case 0x4034:
-      if (const auto* clip = Get<ClipObject>(record.ObjectNumber())) ClipTo(*clip, mode);
-      return true;
-    case 0x4035: {
-      const double x = ReadFloat(record.reader);
-      drawing_.OffsetClip({x, ReadFloat(record.reader)});
-      return true;
-    }
-    default:
-      return false;
-  }
+void Player::PlayResetClip(Record&) {
+  drawing_.context.ResetClip();
+}
+
+void Player::PlaySetClipRect(Record& record) {
+  Clip(Path::OfBox(ReadBox(record.reader, false)), record.ClipModeNumber());
+}
+
+void Player::PlaySetClipPath(Record& record) {
+  if (const auto* path = Get<Path>(record.ObjectNumber())) Clip(*path, record.ClipModeNumber());
+}
+
+void Player::PlaySetClipRegion(Record& record) {
+  if (const auto* clip = Get<ClipObject>(record.ObjectNumber())) ClipTo(*clip, record.ClipModeNumber());
+}
+
+void Player::PlayOffsetClip(Record& record) {
+  const double x = ReadFloat(record.reader);
+  drawing_.context.OffsetClip({x, ReadFloat(record.reader)});
 }
 
 }  // namespace lumidex::metafile::plus

@@ -1,4 +1,5 @@
 #include <numbers>
+#include <utility>
 
 #include "pictures/metafile/emf_reading.h"
 #include "pictures/metafile/plus_brushes.h"
@@ -8,6 +9,7 @@ namespace lumidex::metafile::plus {
 namespace {
 
 constexpr unsigned colourInstead = 0x8000, closes = 0x2000;
+constexpr unsigned intersects = 1;  // of a clip
 
 // Part of the ellipse in `box`, angles in degrees clockwise from the right.
 Path ArcPath(const Box& box, double start, double sweep, bool pie) {
@@ -29,30 +31,30 @@ Brush Player::ReadFillBrush(Record& record) const {
 }
 
 void Player::Fill(const Path& path, const Brush& brush) {
-  DeviceState& state = drawing_.State();
+  DeviceState& state = State();
   state.pen = {.style = pen_style::null, .dashes = {}};
   state.brush = brush;
-  drawing_.Shape(path, true);
+  drawing_.shapes.Draw(path, true);
 }
 
 void Player::Stroke(const Path& path, std::uint32_t pen) {
   const auto* object = Get<PenObject>(pen);
   if (!object) return;
-  DeviceState& state = drawing_.State();
+  DeviceState& state = State();
   const double scale = world_.Then(page_).MeanScale();
   const double width = Length(object->pen.width, object->unit);
   const CappedLines capped =
-      WithCaps(path, *object, scale > 0 ? std::max(width, 1 / scale) : width, drawing_.Sheet().Budget());
+      WithCaps(path, *object, scale > 0 ? std::max(width, 1 / scale) : width, drawing_.context.Budget());
   state.pen = object->pen;
   state.pen.width = width;
   state.pen.dashOffset = Length(state.pen.dashOffset, object->unit);
   for (double& dash : state.pen.dashes) dash = Length(dash, object->unit);
   state.miterLimit = state.pen.miterLimit;
-  drawing_.Shape(capped.lines, false);
+  drawing_.shapes.Draw(capped.lines, false);
   if (!capped.stroked.IsEmpty()) {
     state.pen.style &= ~pen_style::dashMask;
     state.pen.dashes.clear();
-    drawing_.Shape(capped.stroked, false);
+    drawing_.shapes.Draw(capped.stroked, false);
   }
   if (capped.filled.IsEmpty()) return;
   const FillRule rule = std::exchange(state.fillRule, FillRule::Winding);
@@ -63,12 +65,12 @@ void Player::Stroke(const Path& path, std::uint32_t pen) {
 void Player::FillArea(const ClipObject& area, const Brush& brush) {
   if (area.nodes.size() == 1 && !area.nodes.front().everything)
     return Fill(area.nodes.front().outline, brush);
-  drawing_.Save();
-  ClipTo(area, 1);
-  drawing_.State().world = {};
-  drawing_.State().mapping = {};
+  drawing_.context.Save();
+  ClipTo(area, intersects);
+  State().world = {};
+  State().mapping = {};
   Fill(Path::OfBox({-1e5, -1e5, 1e5, 1e5}), brush);
-  drawing_.Restore(-1);
+  drawing_.context.Restore(-1);
 }
 
 Path Player::ReadPoly(Record& record, std::uint32_t count, bool closed) const {
@@ -101,118 +103,111 @@ Path Player::ReadSpline(Record& record, double tension, bool closed) const {
   return path;
 }
 
-bool Player::PlayFill(Record& record) {
-  ByteReader& reader = record.reader;
-  const bool narrow = record.HasNarrowPoints();
-  const auto boxes = [&] {
-    Path path;
-    for (std::uint32_t count = reader.U32Le(); count > 0 && reader.Remaining() >= 8; --count)
-      path.AddBox(ReadBox(reader, narrow));
-    return path;
-  };
-  switch (record.type) {
-    case 0x4009: {
-      const Box sheet = drawing_.Sheet().Area();
-      const std::uint32_t colour = reader.U32Le();
-      drawing_.Sheet().Fill(drawing_.State().clip, Path::OfBox(sheet), FillRule::Winding, SolidBrush(colour),
-                            copyPen);
-      return true;
-    }
-    case 0x400A: {
-      const Brush brush = ReadFillBrush(record);
-      Fill(boxes(), brush);
-      return true;
-    }
-    case 0x400C: {
-      const Brush brush = ReadFillBrush(record);
-      Fill(ReadPoly(record, reader.U32Le(), true), brush);
-      return true;
-    }
-    case 0x400E: {
-      const Brush brush = ReadFillBrush(record);
-      Path path;
-      path.AddEllipse(ReadBox(reader, narrow));
-      Fill(path, brush);
-      return true;
-    }
-    case 0x4010: {
-      const Brush brush = ReadFillBrush(record);
-      const double start = ReadFloat(reader), sweep = ReadFloat(reader);
-      Fill(ArcPath(ReadBox(reader, narrow), start, sweep, true), brush);
-      return true;
-    }
-    case 0x4013: {
-      const Brush brush = ReadFillBrush(record);
-      if (const auto* area = Get<ClipObject>(record.ObjectNumber())) FillArea(*area, brush);
-      return true;
-    }
-    case 0x4016: {
-      const Brush brush = ReadFillBrush(record);
-      const double tension = ReadFloat(reader);
-      Fill(ReadSpline(record, tension, true), brush);
-      return true;
-    }
-    case 0x4014: {
-      const Brush brush = ReadFillBrush(record);
-      if (const auto* path = Get<Path>(record.ObjectNumber())) Fill(*path, brush);
-      return true;
-    }
-    default:
-      return false;
-  }
+Path Player::ReadBoxes(Record& record) const {
+  Path path;
+  for (std::uint32_t count = record.reader.U32Le(); count > 0 && record.reader.Remaining() >= 8; --count)
+    path.AddBox(ReadBox(record.reader, record.HasNarrowPoints()));
+  return path;
 }
 
-bool Player::PlayLine(Record& record) {
-  ByteReader& reader = record.reader;
-  const bool narrow = record.HasNarrowPoints();
-  const unsigned pen = record.ObjectNumber();
-  switch (record.type) {
-    case 0x400B: {
-      Path path;
-      for (std::uint32_t count = reader.U32Le(); count > 0 && reader.Remaining() >= 8; --count)
-        path.AddBox(ReadBox(reader, narrow));
-      Stroke(path, pen);
-      return true;
-    }
-    case 0x400D:
-      Stroke(ReadPoly(record, reader.U32Le(), (record.flags & closes) != 0), pen);
-      return true;
-    case 0x400F: {
-      Path path;
-      path.AddEllipse(ReadBox(reader, narrow));
-      Stroke(path, pen);
-      return true;
-    }
-    case 0x4011:
-    case 0x4012: {
-      const double start = ReadFloat(reader), sweep = ReadFloat(reader);
-      Stroke(ArcPath(ReadBox(reader, narrow), start, sweep, record.type == 0x4011), pen);
-      return true;
-    }
-    case 0x4015:
-      if (const auto* path = Get<Path>(record.ObjectNumber())) Stroke(*path, reader.U32Le());
-      return true;
-    case 0x4017:
-    case 0x4018: {
-      const bool closed = record.type == 0x4017;
-      const double tension = ReadFloat(reader);
-      if (!closed) reader.Skip(8);  // which part of it: nearly always all
-      Stroke(ReadSpline(record, tension, closed), pen);
-      return true;
-    }
-    case 0x4019: {
-      const std::uint32_t count = reader.U32Le();
-      const auto points = ReadPoints(reader, count, narrow, record.HasRelativePoints());
-      Path path;
-      if (!points.empty()) path.MoveTo(points.front());
-      for (std::size_t i = 1; i + 3 <= points.size(); i += 3)
-        path.CurveTo(points[i], points[i + 1], points[i + 2]);
-      Stroke(path, pen);
-      return true;
-    }
-    default:
-      return false;
-  }
+Path Player::ReadEllipse(Record& record) const {
+  Path path;
+  path.AddEllipse(ReadBox(record.reader, record.HasNarrowPoints()));
+  return path;
+}
+
+void Player::PlayClear(Record& record) {
+  Canvas& sheet = drawing_.context.Sheet();
+  sheet.Fill(State().clip, Path::OfBox(sheet.Area()), FillRule::Winding, SolidBrush(record.reader.U32Le()),
+             copyPen);
+}
+
+void Player::PlayFillRects(Record& record) {
+  const Brush brush = ReadFillBrush(record);
+  Fill(ReadBoxes(record), brush);
+}
+
+void Player::PlayFillPolygon(Record& record) {
+  const Brush brush = ReadFillBrush(record);
+  const std::uint32_t count = record.reader.U32Le();
+  Fill(ReadPoly(record, count, true), brush);
+}
+
+void Player::PlayFillEllipse(Record& record) {
+  const Brush brush = ReadFillBrush(record);
+  Fill(ReadEllipse(record), brush);
+}
+
+void Player::PlayFillPie(Record& record) {
+  const Brush brush = ReadFillBrush(record);
+  const double start = ReadFloat(record.reader), sweep = ReadFloat(record.reader);
+  Fill(ArcPath(ReadBox(record.reader, record.HasNarrowPoints()), start, sweep, true), brush);
+}
+
+void Player::PlayFillRegion(Record& record) {
+  const Brush brush = ReadFillBrush(record);
+  if (const auto* area = Get<ClipObject>(record.ObjectNumber())) FillArea(*area, brush);
+}
+
+void Player::PlayFillPath(Record& record) {
+  const Brush brush = ReadFillBrush(record);
+  if (const auto* path = Get<Path>(record.ObjectNumber())) Fill(*path, brush);
+}
+
+void Player::PlayFillClosedCurve(Record& record) {
+  const Brush brush = ReadFillBrush(record);
+  const double tension = ReadFloat(record.reader);
+  Fill(ReadSpline(record, tension, true), brush);
+}
+
+void Player::PlayDrawRects(Record& record) {
+  Stroke(ReadBoxes(record), record.ObjectNumber());
+}
+
+void Player::PlayDrawLines(Record& record) {
+  const std::uint32_t count = record.reader.U32Le();
+  Stroke(ReadPoly(record, count, (record.flags & closes) != 0), record.ObjectNumber());
+}
+
+void Player::PlayDrawEllipse(Record& record) {
+  Stroke(ReadEllipse(record), record.ObjectNumber());
+}
+
+void Player::PlayDrawPie(Record& record) {
+  const double start = ReadFloat(record.reader), sweep = ReadFloat(record.reader);
+  Stroke(ArcPath(ReadBox(record.reader, record.HasNarrowPoints()), start, sweep, true),
+         record.ObjectNumber());
+}
+
+void Player::PlayDrawArc(Record& record) {
+  const double start = ReadFloat(record.reader), sweep = ReadFloat(record.reader);
+  Stroke(ArcPath(ReadBox(record.reader, record.HasNarrowPoints()), start, sweep, false),
+         record.ObjectNumber());
+}
+
+void Player::PlayDrawPath(Record& record) {
+  if (const auto* path = Get<Path>(record.ObjectNumber())) Stroke(*path, record.reader.U32Le());
+}
+
+void Player::PlayDrawClosedCurve(Record& record) {
+  const double tension = ReadFloat(record.reader);
+  Stroke(ReadSpline(record, tension, true), record.ObjectNumber());
+}
+
+void Player::PlayDrawCurve(Record& record) {
+  const double tension = ReadFloat(record.reader);
+  record.reader.Skip(8);  // which part of it: nearly always all
+  Stroke(ReadSpline(record, tension, false), record.ObjectNumber());
+}
+
+void Player::PlayDrawBeziers(Record& record) {
+  const std::uint32_t count = record.reader.U32Le();
+  const auto points = ReadPoints(record.reader, count, record.HasNarrowPoints(), record.HasRelativePoints());
+  Path path;
+  if (!points.empty()) path.MoveTo(points.front());
+  for (std::size_t i = 1; i + 3 <= points.size(); i += 3)
+    path.CurveTo(points[i], points[i + 1], points[i + 2]);
+  Stroke(path, record.ObjectNumber());
 }
 
 }  // namespace lumidex::metafile::plus

@@ -5,24 +5,11 @@
 namespace lumidex::metafile::plus {
 
 void Player::UseFont(const FontObject& font, const Brush& brush) {
-  DeviceState& state = drawing_.State();
+  DeviceState& state = State();
   state.font = font.font;
   state.font.height = Length(font.font.height, font.unit);
   state.textColor = brush.color;
   state.opaqueBackground = false;
-}
-
-bool Player::PlayText(Record& record) {
-  switch (record.type) {
-    case 0x401C:
-      PlayString(record);
-      return true;
-    case 0x4036:
-      PlayGlyphs(record);
-      return true;
-    default:
-      return false;
-  }
 }
 
 std::vector<TextLine> Player::Lines(const std::vector<Letter>& letters, double room) {
@@ -41,7 +28,7 @@ std::vector<TextLine> Player::Lines(const std::vector<Letter>& letters, double r
     wordWidth = 0;
   };
   for (const Letter& letter : letters) {
-    const double width = room > 0 ? drawing_.TextWidth(letter.text) : 0;
+    const double width = room > 0 ? drawing_.text.WidthOf(letter.text) : 0;
     if (letter.endsLine) {
       endWord();
       lines.emplace_back();
@@ -59,7 +46,7 @@ std::vector<TextLine> Player::Lines(const std::vector<Letter>& letters, double r
   return lines;
 }
 
-void Player::PlayString(Record& record) {
+void Player::PlayDrawString(Record& record) {
   ByteReader& reader = record.reader;
   const Brush brush = ReadFillBrush(record);
   const auto* given = Get<TextFormat>(reader.U32Le());
@@ -74,19 +61,19 @@ void Player::PlayString(Record& record) {
   const double room = format.wraps && box.Width() > 0 ? box.Width() : 0;
   std::vector<TextLine> lines = Lines(LettersFromUtf16(text, font->font), room);
   constexpr std::array aligns = {0U, text_align::centre, text_align::right};
-  DeviceState& state = drawing_.State();
+  DeviceState& state = State();
   state.textAlign = aligns[static_cast<std::size_t>(format.across)];
   const double lineHeight = -state.font.height * 1.2, height = lineHeight * static_cast<double>(lines.size());
   Point at{box.left + box.Width() * format.across / 2, box.top + (box.Height() - height) * format.down / 2};
   for (TextLine& line : lines) {
     line.at = at;
-    drawing_.Text(std::move(line));
+    drawing_.text.Draw(std::move(line));
     at.y += lineHeight;
   }
 }
 
 // Letters with a place each.
-void Player::PlayGlyphs(Record& record) {
+void Player::PlayDrawDriverString(Record& record) {
   constexpr std::uint32_t areLetters = 1;
   ByteReader& reader = record.reader;
   const Brush brush = ReadFillBrush(record);
@@ -104,14 +91,14 @@ void Player::PlayGlyphs(Record& record) {
   }
   const auto places = ReadPoints(reader, codes, false, false);
   UseFont(*font, brush);
-  drawing_.State().textAlign = text_align::baseline;
+  State().textAlign = text_align::baseline;
   std::size_t place = 0;
   for (const Letter& letter : LettersFromUtf16(text, font->font)) {
     if (place >= places.size()) return;
     TextLine line;
     line.at = places[place];
     line.units = {{letter.text, 0}};
-    drawing_.Text(std::move(line));
+    drawing_.text.Draw(std::move(line));
     place += letter.codes;
   }
 }

@@ -48,7 +48,7 @@ void PlayRecords(const WmfLayout& layout, Bytes records, Canvas& canvas, const S
   device.within = stage.within;
   device.depth = stage.depth;
   Drawing drawing(canvas, device);
-  Mapping& mapping = drawing.State().mapping;
+  Mapping& mapping = drawing.context.State().mapping;
   mapping.mode = layout.hasWindow ? map_mode::anisotropic : map_mode::text;
   mapping.windowOrigin = {layout.window.left, layout.window.top};
   mapping.windowExtent = {layout.window.Width(), layout.window.Height()};

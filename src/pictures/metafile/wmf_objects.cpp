@@ -1,5 +1,6 @@
 #include "pictures/metafile/letters.h"
 #include "pictures/metafile/palette_reading.h"
+#include "pictures/metafile/record_values.h"
 #include "pictures/metafile/wmf_player.h"
 
 namespace lumidex::metafile {
@@ -24,23 +25,25 @@ Font ReadFont(ByteReader& record) {
   return font;
 }
 
-Pen ReadPen(ByteReader& record, const Drawing& drawing) {
+Pen ReadPen(ByteReader& record, const DeviceContext& context) {
   Pen pen;
   // Of the style word, only what a plain pen may have.
   pen.style = record.U16Le() & (pen_style::dashMask | pen_style::capMask | pen_style::joinMask);
   pen.width = record.S16Le();
   record.Skip(2);
-  pen.ink.color = drawing.Color(record.U32Le());
+  pen.ink.color = context.Color(record.U32Le());
   if ((pen.style & pen_style::dashMask) >= pen_style::user) pen.style &= ~pen_style::dashMask;
   return pen;
 }
 
-Brush ReadBrush(ByteReader& record, const Drawing& drawing) {
+Brush ReadBrush(ByteReader& record, const DeviceContext& context) {
   Brush brush;
   const unsigned style = record.U16Le();
-  brush.color = drawing.Color(record.U32Le());
+  brush.color = context.Color(record.U32Le());
   brush.hatch = record.U16Le();
-  brush.kind = style == 1 ? Ink::Kind::None : style == 2 ? Ink::Kind::Hatched : Ink::Kind::Solid;
+  brush.kind = style == brush_style::null      ? Ink::Kind::None
+               : style == brush_style::hatched ? Ink::Kind::Hatched
+                                               : Ink::Kind::Solid;
   return brush;
 }
 
@@ -63,60 +66,65 @@ Region ReadRegion(ByteReader& record) {
 
 }  // namespace
 
-bool WmfPlayer::PlayObject(unsigned function, ByteReader& record) {
-  switch (function) {
-    case 0x02FA:
-      objects_.Add(ReadPen(record, drawing_));
-      return true;
-    case 0x02FC:
-      objects_.Add(ReadBrush(record, drawing_));
-      return true;
-    case 0x02FB:
-      objects_.Add(ReadFont(record));
-      return true;
-    case 0x00F7:
-      record.Skip(2);
-      objects_.Add(ReadPalette(record));
-      return true;
-    case 0x0037:
-    case 0x0436: {
-      const std::size_t first = record.U16Le(), count = record.U16Le();
-      ReadPaletteEntries(record, first, count, *drawing_.State().palette);
-      return true;
-    }
-    case 0x0139:
-      ResizePalette(*drawing_.State().palette, record.U16Le(), drawing_.Sheet().Budget());
-      return true;
-    case 0x06FF:
-      objects_.Add(ReadRegion(record));
-      return true;
-    case 0x0142:
-      objects_.Add(TiledBrush(record, false));
-      return true;
-    case 0x01F9:
-      objects_.Add(TiledBrush(record, true));
-      return true;
-    case 0x00F8:
-    case 0x02FD:
-    case 0x06FE:
-      // Unusable here, yet the numbers of the objects after it count it.
-      objects_.Add(std::monostate{});
-      return true;
-    case 0x012D:
-    case 0x0234:
-      drawing_.Select(objects_.Get(record.U16Le()));
-      return true;
-    case 0x01F0:
-      objects_.Remove(record.U16Le());
-      return true;
-    default:
-      return false;
-  }
+void WmfPlayer::PlayCreatePenIndirect(ByteReader& record) {
+  objects_.Add(ReadPen(record, drawing_.context));
 }
 
-bool WmfPlayer::PlayText(unsigned function, ByteReader& record) {
-  if (function != 0x0521 && function != 0x0A32) return false;
-  const bool extended = function == 0x0A32;
+void WmfPlayer::PlayCreateBrushIndirect(ByteReader& record) {
+  objects_.Add(ReadBrush(record, drawing_.context));
+}
+
+void WmfPlayer::PlayCreateFontIndirect(ByteReader& record) {
+  objects_.Add(ReadFont(record));
+}
+
+void WmfPlayer::PlayCreatePalette(ByteReader& record) {
+  record.Skip(2);
+  objects_.Add(ReadPalette(record));
+}
+
+void WmfPlayer::PlayCreateRegion(ByteReader& record) {
+  objects_.Add(ReadRegion(record));
+}
+
+void WmfPlayer::PlayCreatePatternBrush(ByteReader& record) {
+  objects_.Add(TiledBrush(record, BitmapKind::Device));
+}
+
+void WmfPlayer::PlayDibCreatePatternBrush(ByteReader& record) {
+  objects_.Add(TiledBrush(record, BitmapKind::DeviceIndependent));
+}
+
+void WmfPlayer::PlayCreateUnused(ByteReader&) {
+  objects_.Add(std::monostate{});
+}
+
+void WmfPlayer::PlaySelectObject(ByteReader& record) {
+  drawing_.context.Select(objects_.Get(record.U16Le()));
+}
+
+void WmfPlayer::PlayDeleteObject(ByteReader& record) {
+  objects_.Remove(record.U16Le());
+}
+
+void WmfPlayer::PlaySetPalEntries(ByteReader& record) {
+  const std::size_t first = record.U16Le(), count = record.U16Le();
+  ReadPaletteEntries(record, first, count, *State().palette);
+}
+
+void WmfPlayer::PlayResizePalette(ByteReader& record) {
+  ResizePalette(*State().palette, record.U16Le(), drawing_.context.Budget());
+}
+
+void WmfPlayer::PlayTextOut(ByteReader& record) {
+  PlayText(record, false);
+}
+
+void WmfPlayer::PlayExtTextOut(ByteReader& record) {
+  PlayText(record, true);
+}
+
+void WmfPlayer::PlayText(ByteReader& record, bool extended) {
   TextLine line;
   const auto readPlace = [&] {
     line.at.y = record.S16Le();
@@ -126,8 +134,8 @@ bool WmfPlayer::PlayText(unsigned function, ByteReader& record) {
   const std::size_t count = record.U16Le();
   if (extended) {
     const unsigned options = record.U16Le();
-    line.fillBox = (options & 2) != 0;
-    line.clipToBox = (options & 4) != 0;
+    line.fillBox = (options & text_option::fillsBox) != 0;
+    line.clipToBox = (options & text_option::clipsToBox) != 0;
     if (line.fillBox || line.clipToBox) {
       const double left = record.S16Le(), top = record.S16Le(), right = record.S16Le();
       line.box = {left, top, right, static_cast<double>(record.S16Le())};
@@ -136,15 +144,14 @@ bool WmfPlayer::PlayText(unsigned function, ByteReader& record) {
   const Bytes text = record.Take(count);
   record.Skip(std::min<std::size_t>(count % 2, record.Remaining()));
   if (!extended) readPlace();
-  const std::vector<Letter> letters = LettersFromCodePage(text, drawing_.State().font);
+  const std::vector<Letter> letters = LettersFromCodePage(text, State().font);
   line.hasAdvances = extended && record.Remaining() >= 2 * text.size() && !text.empty();
   for (const Letter& letter : letters) {
     TextUnit unit{letter.text, 0};
     for (std::size_t i = 0; line.hasAdvances && i < letter.codes; ++i) unit.advance += record.S16Le();
     line.units.push_back(std::move(unit));
   }
-  drawing_.Text(std::move(line));
-  return true;
+  drawing_.text.Draw(std::move(line));
 }
 
 }  // namespace lumidex::metafile

@@ -1,5 +1,7 @@
 #include "pictures/metafile/wmf_player.h"
 
+#include "pictures/metafile/record_table.h"
+#include "pictures/metafile/record_values.h"
 #include "pictures/metafile/wmf_reading.h"
 
 namespace lumidex::metafile {
@@ -9,13 +11,16 @@ constexpr std::uint32_t placingKey = 0x9AC6CDD7;
 constexpr std::size_t placingBytes = 22;
 constexpr std::size_t headerBytes = 18;
 
-std::vector<Point> Points(ByteReader& record, std::size_t count) {
-  std::vector<Point> points(std::min(count, record.Remaining() / 4));
-  for (Point& point : points) {
-    point.x = record.S16Le();
-    point.y = record.S16Le();
-  }
-  return points;
+void OffsetBy(Point& origin, ByteReader& record) {
+  const Point by = ReversedPoint(record);
+  origin = {origin.x + by.x, origin.y + by.y};
+}
+
+void ScaleBy(Point& extent, ByteReader& record) {
+  const double downBy = record.S16Le(), down = record.S16Le(), acrossBy = record.S16Le();
+  const double across = record.S16Le();
+  if (acrossBy != 0 && across != 0) extent.x *= across / acrossBy;
+  if (downBy != 0 && down != 0) extent.y *= down / downBy;
 }
 
 }  // namespace
@@ -43,238 +48,187 @@ std::optional<WmfHeader> ReadWmfHeader(Bytes head) {
 
 WmfFrame ScanWmfFrame(Bytes records) {
   WmfFrame frame;
-  ForEachRecord(records, [&](unsigned function, ByteReader record) {
+  ForEachRecord(records, [&](WmfRecord type, ByteReader record) {
     const auto keepFirst = [&](std::optional<Point>& place) {
       if (!place) place = ReversedPoint(record);
     };
-    if (function == 0x0103 && frame.mapMode == 0) frame.mapMode = record.U16Le();
-    if (function == 0x020B) keepFirst(frame.windowOrigin);
-    if (function == 0x020C) keepFirst(frame.windowExtent);
-    if (function == 0x020D) keepFirst(frame.viewportOrigin);
-    if (function == 0x020E) keepFirst(frame.viewportExtent);
+    if (type == WmfRecord::SetMapMode && frame.mapMode == 0) frame.mapMode = record.U16Le();
+    if (type == WmfRecord::SetWindowOrg) keepFirst(frame.windowOrigin);
+    if (type == WmfRecord::SetWindowExt) keepFirst(frame.windowExtent);
+    if (type == WmfRecord::SetViewportOrg) keepFirst(frame.viewportOrigin);
+    if (type == WmfRecord::SetViewportExt) keepFirst(frame.viewportExtent);
     return true;
   });
   return frame;
 }
 
 void WmfPlayer::Play(Bytes records) {
-  WorkBudget& budget = drawing_.Sheet().Budget();
-  ForEachRecord(records, [&](unsigned function, ByteReader record) {
+  WorkBudget& budget = drawing_.context.Budget();
+  ForEachRecord(records, [&](WmfRecord type, ByteReader record) {
     if (!budget.Spend(CostOfRecord(record.Size()))) return false;
-    PlayRecord(function, record);
+    PlayRecord(type, record);
     return true;
   });
 }
 
-void WmfPlayer::PlayRecord(unsigned function, ByteReader record) {
-  PlaySetting(function, record) || PlayMapping(function, record) || PlayObject(function, record) ||
-      PlayShape(function, record) || PlayClip(function, record) || PlayBitmap(function, record) ||
-      PlayText(function, record);
-}
-
-bool WmfPlayer::PlaySetting(unsigned function, ByteReader& record) {
-  DeviceState& state = drawing_.State();
-  switch (function) {
-    case 0x001E:
-      drawing_.Save();
-      return true;
-    case 0x0127:
-      drawing_.Restore(record.S16Le());
-      return true;
-    case 0x0102:
-      state.opaqueBackground = record.U16Le() == 2;
-      return true;
-    case 0x0104:
-      state.rasterOperation = record.U16Le();
-      return true;
-    case 0x0106:
-      state.fillRule = record.U16Le() == 2 ? FillRule::Winding : FillRule::EvenOdd;
-      return true;
-    case 0x0108:
-      state.letterSpacing = record.S16Le();
-      return true;
-    case 0x020A: {
-      const double blanks = record.U16Le(), extra = record.S16Le();
-      state.blankSpacing = blanks > 0 ? extra / blanks : 0;
-      return true;
-    }
-    case 0x0149:
-      state.rightToLeft = (record.U16Le() & 1) != 0;
-      return true;
-    case 0x012E:
-      state.textAlign = record.U16Le();
-      return true;
-    case 0x0201:
-      state.backgroundColor = drawing_.Color(record.U32Le());
-      return true;
-    case 0x0209:
-      state.textColor = drawing_.Color(record.U32Le());
-      return true;
-    default:
-      return false;
-  }
-}
-
-bool WmfPlayer::PlayMapping(unsigned function, ByteReader& record) {
-  Mapping& mapping = drawing_.State().mapping;
-  const auto scale = [&](Point& extent) {
-    const double downBy = record.S16Le(), down = record.S16Le(), acrossBy = record.S16Le();
-    const double across = record.S16Le();
-    if (acrossBy != 0 && across != 0) extent.x *= across / acrossBy;
-    if (downBy != 0 && down != 0) extent.y *= down / downBy;
+void WmfPlayer::PlayRecord(WmfRecord type, ByteReader record) {
+  static constexpr RecordEntry<WmfRecord, void (WmfPlayer::*)(ByteReader&)> entries[] = {
+      {WmfRecord::SaveDC, &WmfPlayer::PlaySaveDC},
+      {WmfRecord::RestoreDC, &WmfPlayer::PlayRestoreDC},
+      {WmfRecord::SetBkMode, &WmfPlayer::PlaySetBkMode},
+      {WmfRecord::SetRop2, &WmfPlayer::PlaySetRop2},
+      {WmfRecord::SetPolyFillMode, &WmfPlayer::PlaySetPolyFillMode},
+      {WmfRecord::SetTextCharExtra, &WmfPlayer::PlaySetTextCharExtra},
+      {WmfRecord::SetTextJustification, &WmfPlayer::PlaySetTextJustification},
+      {WmfRecord::SetLayout, &WmfPlayer::PlaySetLayout},
+      {WmfRecord::SetTextAlign, &WmfPlayer::PlaySetTextAlign},
+      {WmfRecord::SetBkColor, &WmfPlayer::PlaySetBkColor},
+      {WmfRecord::SetTextColor, &WmfPlayer::PlaySetTextColor},
+      {WmfRecord::SetMapMode, &WmfPlayer::PlaySetMapMode},
+      {WmfRecord::SetWindowOrg, &WmfPlayer::PlaySetWindowOrg},
+      {WmfRecord::SetWindowExt, &WmfPlayer::PlaySetWindowExt},
+      {WmfRecord::SetViewportOrg, &WmfPlayer::PlaySetViewportOrg},
+      {WmfRecord::SetViewportExt, &WmfPlayer::PlaySetViewportExt},
+      {WmfRecord::OffsetWindowOrg, &WmfPlayer::PlayOffsetWindowOrg},
+      {WmfRecord::OffsetViewportOrg, &WmfPlayer::PlayOffsetViewportOrg},
+      {WmfRecord::ScaleWindowExt, &WmfPlayer::PlayScaleWindowExt},
+      {WmfRecord::ScaleViewportExt, &WmfPlayer::PlayScaleViewportExt},
+      {WmfRecord::CreatePenIndirect, &WmfPlayer::PlayCreatePenIndirect},
+      {WmfRecord::CreateBrushIndirect, &WmfPlayer::PlayCreateBrushIndirect},
+      {WmfRecord::CreateFontIndirect, &WmfPlayer::PlayCreateFontIndirect},
+      {WmfRecord::CreatePalette, &WmfPlayer::PlayCreatePalette},
+      {WmfRecord::CreateRegion, &WmfPlayer::PlayCreateRegion},
+      {WmfRecord::CreatePatternBrush, &WmfPlayer::PlayCreatePatternBrush},
+      {WmfRecord::DibCreatePatternBrush, &WmfPlayer::PlayDibCreatePatternBrush},
+      {WmfRecord::CreateBrush, &WmfPlayer::PlayCreateUnused},
+      {WmfRecord::CreateBitmapIndirect, &WmfPlayer::PlayCreateUnused},
+      {WmfRecord::CreateBitmap, &WmfPlayer::PlayCreateUnused},
+      {WmfRecord::SelectObject, &WmfPlayer::PlaySelectObject},
+      {WmfRecord::SelectPalette, &WmfPlayer::PlaySelectObject},
+      {WmfRecord::DeleteObject, &WmfPlayer::PlayDeleteObject},
+      {WmfRecord::SetPalEntries, &WmfPlayer::PlaySetPalEntries},
+      {WmfRecord::AnimatePalette, &WmfPlayer::PlaySetPalEntries},
+      {WmfRecord::ResizePalette, &WmfPlayer::PlayResizePalette},
+      {WmfRecord::LineTo, &WmfPlayer::PlayLineTo},
+      {WmfRecord::MoveTo, &WmfPlayer::PlayMoveTo},
+      {WmfRecord::Rectangle, &WmfPlayer::PlayRectangle},
+      {WmfRecord::RoundRect, &WmfPlayer::PlayRoundRect},
+      {WmfRecord::Ellipse, &WmfPlayer::PlayEllipse},
+      {WmfRecord::Arc, &WmfPlayer::PlayArc},
+      {WmfRecord::Pie, &WmfPlayer::PlayPie},
+      {WmfRecord::Chord, &WmfPlayer::PlayChord},
+      {WmfRecord::Polygon, &WmfPlayer::PlayPolygon},
+      {WmfRecord::Polyline, &WmfPlayer::PlayPolyline},
+      {WmfRecord::PolyPolygon, &WmfPlayer::PlayPolyPolygon},
+      {WmfRecord::FloodFill, &WmfPlayer::PlayFloodFill},
+      {WmfRecord::ExtFloodFill, &WmfPlayer::PlayExtFloodFill},
+      {WmfRecord::SetPixel, &WmfPlayer::PlaySetPixel},
+      {WmfRecord::ExcludeClipRect, &WmfPlayer::PlayExcludeClipRect},
+      {WmfRecord::IntersectClipRect, &WmfPlayer::PlayIntersectClipRect},
+      {WmfRecord::OffsetClipRgn, &WmfPlayer::PlayOffsetClipRgn},
+      {WmfRecord::SelectClipRegion, &WmfPlayer::PlaySelectClipRegion},
+      {WmfRecord::InvertRegion, &WmfPlayer::PlayInvertRegion},
+      {WmfRecord::PaintRegion, &WmfPlayer::PlayPaintRegion},
+      {WmfRecord::FillRegion, &WmfPlayer::PlayFillRegion},
+      {WmfRecord::FrameRegion, &WmfPlayer::PlayFrameRegion},
+      {WmfRecord::PatBlt, &WmfPlayer::PlayPatBlt},
+      {WmfRecord::BitBlt, &WmfPlayer::PlayBitBlt},
+      {WmfRecord::DibBitBlt, &WmfPlayer::PlayDibBitBlt},
+      {WmfRecord::StretchBlt, &WmfPlayer::PlayStretchBlt},
+      {WmfRecord::DibStretchBlt, &WmfPlayer::PlayDibStretchBlt},
+      {WmfRecord::StretchDib, &WmfPlayer::PlayStretchDib},
+      {WmfRecord::SetDibToDev, &WmfPlayer::PlaySetDibToDev},
+      {WmfRecord::TextOut, &WmfPlayer::PlayTextOut},
+      {WmfRecord::ExtTextOut, &WmfPlayer::PlayExtTextOut},
   };
-  const auto offset = [&](Point& origin) {
-    const Point by = ReversedPoint(record);
-    origin = {origin.x + by.x, origin.y + by.y};
-  };
-  switch (function) {
-    case 0x0103: {
-      const int mode = record.U16Le();
-      // One unit a pixel means the pixels of the maker's screen; the window, where there is one, says how
-      // many of them the picture takes.
-      const bool hasWindow = mapping.mode == map_mode::anisotropic;
-      mapping.mode = mode == map_mode::text && hasWindow ? map_mode::anisotropic : mode;
-      return true;
-    }
-    case 0x020B:
-      mapping.windowOrigin = ReversedPoint(record);
-      return true;
-    case 0x020C:
-      mapping.windowExtent = ReversedPoint(record);
-      return true;
-    case 0x020D:
-      mapping.viewportOrigin = ReversedPoint(record);
-      return true;
-    case 0x020E:
-      mapping.viewportExtent = ReversedPoint(record);
-      return true;
-    case 0x020F:
-      offset(mapping.windowOrigin);
-      return true;
-    case 0x0211:
-      offset(mapping.viewportOrigin);
-      return true;
-    case 0x0410:
-      scale(mapping.windowExtent);
-      return true;
-    case 0x0412:
-      scale(mapping.viewportExtent);
-      return true;
-    default:
-      return false;
-  }
+  static constexpr RecordTable table(entries);
+  if (const auto play = table.Find(type)) (this->*play)(record);
 }
 
-bool WmfPlayer::PlayShape(unsigned function, ByteReader& record) {
-  switch (function) {
-    case 0x0213:
-      drawing_.LineTo(ReversedPoint(record));
-      return true;
-    case 0x0214:
-      drawing_.MoveTo(ReversedPoint(record));
-      return true;
-    case 0x041B:
-      drawing_.Rectangle(ReversedBox(record));
-      return true;
-    case 0x061C: {
-      const Point corner = ReversedPoint(record);
-      drawing_.RoundRectangle(ReversedBox(record), corner);
-      return true;
-    }
-    case 0x0418:
-      drawing_.Ellipse(ReversedBox(record));
-      return true;
-    case 0x0817:
-      PlayArc(record, Drawing::ArcKind::Open);
-      return true;
-    case 0x081A:
-      PlayArc(record, Drawing::ArcKind::Pie);
-      return true;
-    case 0x0830:
-      PlayArc(record, Drawing::ArcKind::Chord);
-      return true;
-    case 0x0324:
-      drawing_.Polygon(Points(record, record.U16Le()));
-      return true;
-    case 0x0325:
-      drawing_.Polyline(Points(record, record.U16Le()));
-      return true;
-    case 0x0538:
-      PlayPolyPolygon(record);
-      return true;
-    case 0x0419: {
-      const std::uint32_t edge = drawing_.Color(record.U32Le());
-      drawing_.FloodFill(ReversedPoint(record), edge, false);
-      return true;
-    }
-    case 0x0548: {
-      const bool surface = record.U16Le() == 1;
-      const std::uint32_t color = drawing_.Color(record.U32Le());
-      drawing_.FloodFill(ReversedPoint(record), color, surface);
-      return true;
-    }
-    case 0x041F: {
-      const std::uint32_t color = drawing_.Color(record.U32Le());
-      drawing_.SetPixel(ReversedPoint(record), color);
-      return true;
-    }
-    default:
-      return false;
-  }
+void WmfPlayer::PlaySaveDC(ByteReader&) {
+  drawing_.context.Save();
 }
 
-void WmfPlayer::PlayPolyPolygon(ByteReader& record) {
-  std::vector<std::uint32_t> counts(std::min<std::size_t>(record.U16Le(), record.Remaining() / 2));
-  for (std::uint32_t& count : counts) count = record.U16Le();
-  drawing_.PolyPolygon(Points(record, record.Remaining() / 4), counts);
+void WmfPlayer::PlayRestoreDC(ByteReader& record) {
+  drawing_.context.Restore(record.S16Le());
 }
 
-void WmfPlayer::PlayArc(ByteReader& record, Drawing::ArcKind kind) {
-  const Point end = ReversedPoint(record), start = ReversedPoint(record);
-  drawing_.Arc(ReversedBox(record), start, end, kind);
+void WmfPlayer::PlaySetBkMode(ByteReader& record) {
+  State().opaqueBackground = record.U16Le() == opaqueBackgroundMode;
 }
 
-bool WmfPlayer::PlayClip(unsigned function, ByteReader& record) {
-  switch (function) {
-    case 0x0415:
-      drawing_.ClipBox(ReversedBox(record), ClipMode::Difference);
-      return true;
-    case 0x0416:
-      drawing_.ClipBox(ReversedBox(record), ClipMode::And);
-      return true;
-    case 0x0220:
-      drawing_.OffsetClip(ReversedPoint(record));
-      return true;
-    case 0x012C: {
-      if (const auto* region = RegionAt(record.U16Le())) {
-        drawing_.ClipRegion(region->boxes, ClipMode::Copy, false);
-      } else {
-        drawing_.ResetClip();
-      }
-      return true;
-    }
-    case 0x012A:
-      if (const auto* region = RegionAt(record.U16Le())) drawing_.InvertRegion(region->boxes);
-      return true;
-    case 0x012B:
-      if (const auto* region = RegionAt(record.U16Le()))
-        drawing_.FillRegion(region->boxes, drawing_.State().brush);
-      return true;
-    case 0x0228:
-    case 0x0429: {
-      const auto* region = RegionAt(record.U16Le());
-      const auto* brush = std::get_if<Brush>(&objects_.Get(record.U16Le()));
-      if (!region || !brush) return true;
-      if (function == 0x0228) {
-        drawing_.FillRegion(region->boxes, *brush);
-      } else {
-        drawing_.FrameRegion(region->boxes, *brush, ReversedPoint(record));
-      }
-      return true;
-    }
-    default:
-      return false;
-  }
+void WmfPlayer::PlaySetRop2(ByteReader& record) {
+  State().rasterOperation = record.U16Le();
+}
+
+void WmfPlayer::PlaySetPolyFillMode(ByteReader& record) {
+  State().fillRule = record.U16Le() == windingFillMode ? FillRule::Winding : FillRule::EvenOdd;
+}
+
+void WmfPlayer::PlaySetTextCharExtra(ByteReader& record) {
+  State().letterSpacing = record.S16Le();
+}
+
+void WmfPlayer::PlaySetTextJustification(ByteReader& record) {
+  const double blanks = record.U16Le(), extra = record.S16Le();
+  State().blankSpacing = blanks > 0 ? extra / blanks : 0;
+}
+
+void WmfPlayer::PlaySetLayout(ByteReader& record) {
+  State().rightToLeft = (record.U16Le() & rightToLeftLayout) != 0;
+}
+
+void WmfPlayer::PlaySetTextAlign(ByteReader& record) {
+  State().textAlign = record.U16Le();
+}
+
+void WmfPlayer::PlaySetBkColor(ByteReader& record) {
+  State().backgroundColor = drawing_.context.Color(record.U32Le());
+}
+
+void WmfPlayer::PlaySetTextColor(ByteReader& record) {
+  State().textColor = drawing_.context.Color(record.U32Le());
+}
+
+void WmfPlayer::PlaySetMapMode(ByteReader& record) {
+  Mapping& mapping = State().mapping;
+  const int mode = record.U16Le();
+  // One unit a pixel means the pixels of the maker's screen; the window, where there is one, says how
+  // many of them the picture takes.
+  const bool hasWindow = mapping.mode == map_mode::anisotropic;
+  mapping.mode = mode == map_mode::text && hasWindow ? map_mode::anisotropic : mode;
+}
+
+void WmfPlayer::PlaySetWindowOrg(ByteReader& record) {
+  State().mapping.windowOrigin = ReversedPoint(record);
+}
+
+void WmfPlayer::PlaySetWindowExt(ByteReader& record) {
+  State().mapping.windowExtent = ReversedPoint(record);
+}
+
+void WmfPlayer::PlaySetViewportOrg(ByteReader& record) {
+  State().mapping.viewportOrigin = ReversedPoint(record);
+}
+
+void WmfPlayer::PlaySetViewportExt(ByteReader& record) {
+  State().mapping.viewportExtent = ReversedPoint(record);
+}
+
+void WmfPlayer::PlayOffsetWindowOrg(ByteReader& record) {
+  OffsetBy(State().mapping.windowOrigin, record);
+}
+
+void WmfPlayer::PlayOffsetViewportOrg(ByteReader& record) {
+  OffsetBy(State().mapping.viewportOrigin, record);
+}
+
+void WmfPlayer::PlayScaleWindowExt(ByteReader& record) {
+  ScaleBy(State().mapping.windowExtent, record);
+}
+
+void WmfPlayer::PlayScaleViewportExt(ByteReader& record) {
+  ScaleBy(State().mapping.viewportExtent, record);
 }
 
 }  // namespace lumidex::metafile

@@ -3,6 +3,7 @@
 
 #include "pictures/byte_reader.h"
 #include "pictures/metafile/geometry.h"
+#include "pictures/metafile/wmf_records.h"
 #include "pictures/picture_data.h"
 
 namespace lumidex::metafile {
@@ -19,22 +20,23 @@ inline Box ReversedBox(ByteReader& record) {
 }
 
 // Of a cut file's last record only a bitmap is worth showing in part; of others, a part means something else.
-inline bool HoldsBitmap(unsigned function) {
-  return function == 0x0940 || function == 0x0B41 || function == 0x0D33 || function == 0x0F43;
+inline bool HoldsBitmap(WmfRecord record) {
+  return record == WmfRecord::DibBitBlt || record == WmfRecord::DibStretchBlt ||
+         record == WmfRecord::SetDibToDev || record == WmfRecord::StretchDib;
 }
 
-// Runs `visit(function, record)` over all records until it answers false.
+// Runs `visit(type, record)` over all records until it answers false.
 template <class Visit>
 void ForEachRecord(Bytes records, Visit visit) {
   constexpr std::size_t recordHeaderBytes = 6;
   ByteReader reader(records);
   while (reader.Remaining() >= recordHeaderBytes) {
     const std::uint64_t bytes = std::uint64_t{reader.U32Le()} * 2;
-    const unsigned function = reader.U16Le();
-    if (bytes < recordHeaderBytes || function == 0) return;
+    const auto type = static_cast<WmfRecord>(reader.U16Le());
+    if (bytes < recordHeaderBytes || type == WmfRecord::EndOfFile) return;
     const std::uint64_t rest = bytes - recordHeaderBytes;
-    if (rest > reader.Remaining() && !HoldsBitmap(function)) return;
-    if (!visit(function, reader.Sub(static_cast<std::size_t>(rest)))) return;
+    if (rest > reader.Remaining() && !HoldsBitmap(type)) return;
+    if (!visit(type, reader.Sub(static_cast<std::size_t>(rest)))) return;
   }
 }
 

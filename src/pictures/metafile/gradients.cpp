@@ -1,4 +1,6 @@
-#include "pictures/metafile/drawing.h"
+#include "pictures/metafile/gradients.h"
+
+#include <algorithm>
 
 namespace lumidex::metafile {
 namespace {
@@ -8,23 +10,24 @@ constexpr double mostTrianglePixels = 1 << 20;
 
 }  // namespace
 
-void Drawing::GradientBox(const Vertex& first, const Vertex& second, bool across) {
+void FillGradientBox(DeviceContext& context, const Vertex& first, const Vertex& second, bool across) {
   const Box box = Box{first.at.x, first.at.y, second.at.x, second.at.y}.Normalised();
-  const Matrix map = LogicalToSheet();
+  const Matrix map = context.LogicalToSheet();
   const Point from = map.Apply(first.at);
   const Point to = map.Apply(across ? Point{second.at.x, first.at.y} : Point{first.at.x, second.at.y});
-  canvas_.FillGradient(state_.clip, SheetBox(box), {from, first.color}, {to, second.color});
+  context.Sheet().FillGradient(context.State().clip, context.SheetBox(box), {from, first.color},
+                               {to, second.color});
 }
 
-void Drawing::GradientTriangle(const std::array<Vertex, 3>& corners) {
-  const Matrix map = LogicalToSheet();
+void FillGradientTriangle(DeviceContext& context, const std::array<Vertex, 3>& corners) {
+  const Matrix map = context.LogicalToSheet();
   const Point a = map.Apply(corners[0].at), b = map.Apply(corners[1].at), c = map.Apply(corners[2].at);
   Path path;
   path.AddPolyline(std::array{a, b, c}, true);
-  const Box box = path.Transformed({}).Bounds().GrownToWhole().Intersected(canvas_.Area());
+  const Box box = path.Transformed({}).Bounds().GrownToWhole().Intersected(context.Sheet().Area());
   const double area = (b.x - a.x) * (c.y - a.y) - (c.x - a.x) * (b.y - a.y);
   if (box.IsEmpty() || !std::isfinite(area) || std::abs(area) < 1e-6) return;
-  if (!canvas_.Budget().Spend(40 * std::min(box.Area(), mostTrianglePixels))) return;
+  if (!context.Budget().Spend(40 * std::min(box.Area(), mostTrianglePixels))) return;
   const double coarseness = std::max(1.0, std::sqrt(box.Area() / mostTrianglePixels));
   const int width = std::max(1, static_cast<int>(box.Width() / coarseness));
   const int height = std::max(1, static_cast<int>(box.Height() / coarseness));
@@ -51,8 +54,9 @@ void Drawing::GradientTriangle(const std::array<Vertex, 3>& corners) {
     }
   }
   const Matrix toSheet{.xx = stepX, .yy = stepY, .x0 = box.left, .y0 = box.top};
-  canvas_.DrawImage(state_.clip,
-                    {image, {0, 0, static_cast<double>(width), static_cast<double>(height)}, toSheet});
+  context.Sheet().DrawImage(
+      context.State().clip,
+      {image, {0, 0, static_cast<double>(width), static_cast<double>(height)}, toSheet});
 }
 
 }  // namespace lumidex::metafile
