@@ -26,6 +26,21 @@ Pixels Slope(Size size) {
   return pixels;
 }
 
+class CountingDecoder final : public Decoder {
+ public:
+  explicit CountingDecoder(int& decodes) : decodes_(decodes) {
+    facts_.size = {200, 150};
+    facts_.reducible = true;
+  }
+  Pixels Decode(const DecodeRequest&) const override {
+    ++decodes_;
+    return Slope(facts_.size);
+  }
+
+ private:
+  int& decodes_;
+};
+
 TEST(FilteredPicture, At_full_size_it_is_the_source_with_the_filters_in_their_order) {
   const Picture source = Picture::FromPixels(Slope({40, 30}), 8);
   const Picture filtered =
@@ -52,6 +67,19 @@ TEST(FilteredPicture, No_more_pixels_are_filtered_than_are_asked_for) {
   EXPECT_EQ(other.PixelsFor({100, 75}).GetSize(), (Size{100, 75}));
   EXPECT_EQ(other.PixelsFor({500, 375}).GetSize(), (Size{800, 600}));
   EXPECT_EQ(filteredSizes, (std::vector<Size>{{100, 75}, {100, 75}, {800, 600}}));
+}
+
+TEST(FilteredPicture, What_was_shown_is_not_decoded_again_for_its_preview) {
+  int decodes = 0;
+  const Picture source = Picture::FromDecoder(std::make_unique<CountingDecoder>(decodes));
+  static_cast<void>(source.PixelsToShow({100, 75}));
+  for (const int amount : {10, 20}) {
+    const Pixels preview = Filtered(source, {Brighter(amount)}).PixelsToShow({40, 30});
+    Pixels wanted = source.PixelsToShow({40, 30});
+    Brighten(wanted, amount);
+    EXPECT_EQ(WordsOf(preview), WordsOf(wanted));
+  }
+  EXPECT_EQ(decodes, 1);
 }
 
 TEST(FilteredPicture, A_preview_no_smaller_than_the_picture_is_exact) {

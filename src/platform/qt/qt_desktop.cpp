@@ -12,6 +12,7 @@
 #include "platform/qt/clock.h"
 #include "platform/qt/conversions.h"
 #include "platform/qt/dialogs.h"
+#include "platform/qt/drawn_icons.h"
 #include "platform/qt/end_requests.h"
 #include "platform/qt/event_queue.h"
 #include "platform/qt/form_views.h"
@@ -48,6 +49,7 @@ struct QtDesktop::Parts {
         platform{system.files,  events,         dialogs, windows,        clock,        system.process,
                  clipboard,     system.desktop, tray,    popup,          system.shell, system.settings,
                  system.loader, system.folders, browser, system.decoding} {
+    QApplication::setStyle(new DrawnIcons);
     // Only the program itself ends the process: it lives on while all its windows are hidden.
     QApplication::setQuitOnLastWindowClosed(false);
     system.decoding.OnUnexpected = [this](const std::exception_ptr& error) {
