@@ -37,10 +37,15 @@ std::size_t OffsetOf(std::string_view text, std::int32_t count) {
   return offset;
 }
 
-template <class Map>
-std::string MapCharacters(std::string_view text, Map map) {
+// `mapAscii` does for a plain character what `map` does for any.
+template <class MapAscii, class Map>
+std::string MapCharacters(std::string_view text, MapAscii mapAscii, Map map) {
   std::string mapped;
   mapped.reserve(text.size());
+  while (!text.empty() && static_cast<unsigned char>(text.front()) < 0x80) {
+    mapped += mapAscii(text.front());
+    text.remove_prefix(1);
+  }
   while (!text.empty()) {
     const Character character = First(text);
     if (character.code < 0) {
@@ -55,8 +60,14 @@ std::string MapCharacters(std::string_view text, Map map) {
   return mapped;
 }
 
+char LowerAscii(char c) {
+  return static_cast<char>(c >= 'A' && c <= 'Z' ? c + ('a' - 'A') : c);
+}
+char UpperAscii(char c) {
+  return static_cast<char>(c >= 'a' && c <= 'z' ? c - ('a' - 'A') : c);
+}
 unsigned char FoldAscii(char c) {
-  return static_cast<unsigned char>(c >= 'A' && c <= 'Z' ? c + ('a' - 'A') : c);
+  return static_cast<unsigned char>(LowerAscii(c));
 }
 
 bool IsAscii(std::string_view text) {
@@ -145,11 +156,12 @@ std::string Trim(std::string_view text) {
 
 std::string UCase(std::string_view text) {
   // The library gives sharp s its capital form, which the simple mapping does not have.
-  return MapCharacters(text, [](auto code) { return code == 0xDF ? code : utf8proc_toupper(code); });
+  return MapCharacters(text, UpperAscii,
+                       [](auto code) { return code == 0xDF ? code : utf8proc_toupper(code); });
 }
 
 std::string LCase(std::string_view text) {
-  return MapCharacters(text, [](auto code) { return utf8proc_tolower(code); });
+  return MapCharacters(text, LowerAscii, [](auto code) { return utf8proc_tolower(code); });
 }
 
 std::optional<double> NumberAtStart(std::string_view text) {

@@ -1,5 +1,7 @@
 #include "forms/file_type_table.h"
 
+#include <algorithm>
+
 namespace lumidex {
 
 const std::array<FileTypeRow, FileTypeCount> FileTypeTable = {{
@@ -35,5 +37,15 @@ const std::array<FileTypeRow, FileTypeCount> FileTypeTable = {{
     {"WMF", "(.WMF) - Windows Meta-files", "Windows Meta-files"},
     {"WPG", "(.WPG) - Word Perfect Graphics", "Word Perfect Graphics - Bitmap WPG files only"},
 }};
+
+int FileTypeOf(std::string_view ending) {
+  if (!ending.starts_with('.')) return 0;
+  // Capitals and small letters differ in one bit, and the table has letters alone.
+  const auto isSameLetter = [](char a, char b) { return (a | 0x20) == (b | 0x20); };
+  const auto row = std::ranges::find_if(FileTypeTable, [&](const FileTypeRow& type) {
+    return std::ranges::equal(type.resource, ending.substr(1), isSameLetter);
+  });
+  return row == FileTypeTable.end() ? 0 : static_cast<int>(row - FileTypeTable.begin()) + 1;
+}
 
 }  // namespace lumidex

@@ -16,4 +16,7 @@ inline constexpr int FileTypeCount = 29;
 
 extern const std::array<FileTypeRow, FileTypeCount> FileTypeTable;
 
+// The index from 1 of the type whose files end so, a point and three letters of either case; 0 for none.
+int FileTypeOf(std::string_view ending);
+
 }  // namespace lumidex

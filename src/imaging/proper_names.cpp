@@ -5,26 +5,21 @@
 namespace lumidex {
 
 std::string ProperCaseName(const App& app, const std::string& name) {
-  const std::string separator(1, app.platform.files.Separator());
-  std::vector<std::string> characters;
-  for (std::string_view rest = name; !rest.empty(); rest.remove_prefix(CharacterBytes(rest))) {
-    characters.emplace_back(rest.substr(0, CharacterBytes(rest)));
-  }
-  const std::size_t length = characters.size();
-  // One-based, as the rule is told; positions outside are no character.
-  const auto at = [&](std::size_t i) { return i >= 1 && i <= length ? characters[i - 1] : std::string(); };
-  const auto raise = [&](std::size_t i) {
-    if (i >= 1 && i <= length) characters[i - 1] = UCase(characters[i - 1]);
-  };
-  for (std::string& character : characters) character = LCase(character);
-  raise(1);
-  for (std::size_t i = 2; i <= length; ++i) {
-    if (at(i - 1) == " ") raise(i);
-    if (at(i) == ".") raise(++i);
-    if (at(i - 1) == separator) raise(i);
-  }
+  const char separator = app.platform.files.Separator();
+  const std::string folded = LCase(name);
   std::string proper;
-  for (const std::string& character : characters) proper += character;
+  proper.reserve(folded.size());
+  char before = 0;
+  bool isFirst = true, isBehindPoint = false;
+  for (std::string_view rest = folded; !rest.empty(); isFirst = false) {
+    const std::string_view character = rest.substr(0, CharacterBytes(rest));
+    rest.remove_prefix(character.size());
+    const bool isRaised = isFirst || isBehindPoint || before == ' ' || before == separator;
+    proper += isRaised ? UCase(character) : std::string(character);
+    // A point at the very start raises nothing, nor does one that was itself to be raised.
+    isBehindPoint = character == "." && !isFirst && !isBehindPoint;
+    before = character.size() == 1 ? character[0] : '\0';
+  }
   return proper;
 }
 

@@ -9,18 +9,20 @@
 
 namespace lumidex {
 
-void ShowFileTypeIcon(App& app, std::string extension) {
-  const std::string wanted = LCase(extension);
-  for (const FileTypeRow& row : FileTypeTable) {
-    if (wanted != "." + LCase(row.resource)) continue;
-    app.WPaper2.StatusBar1.SetPicture(2, std::string(row.resource));
-    app.platform.events.Yield();
-    return;
-  }
-  throw RunTimeError(ErrorNumber::InvalidCall);
+namespace {
+
+// False when no type of file ends so.
+bool ShowIconOf(App& app, std::string extension) {
+  const int type = FileTypeOf(LCase(extension));
+  if (type == 0) return false;
+  app.WPaper2.StatusBar1.SetPicture(2,
+                                    std::string(FileTypeTable[static_cast<std::size_t>(type - 1)].resource));
+  app.platform.events.Yield();
+  return true;
 }
 
-void UpdateStatusBar(App& app, std::string text, bool withImageInfo) {
+// False when the text ends in no known file type.
+bool WriteStatusBar(App& app, std::string text, bool withImageInfo) {
   const std::string working = ProperCaseName(app, text);
   std::string name = working;
   std::string facts;
@@ -31,7 +33,7 @@ void UpdateStatusBar(App& app, std::string text, bool withImageInfo) {
     ReadImageInfo(app, width, height, depth);
     GetImageInfo(app, working, app.ImageWidth, app.ImageHeight, app.ImageBitsPerPixel);
     // What was asked for in the yield is told there already.
-    if (request.IsStale()) return;
+    if (request.IsStale()) return true;
     // A zoom chosen there has left the size on the screen.
     app.ImageWidth = width;
     app.ImageHeight = height;
@@ -41,11 +43,21 @@ void UpdateStatusBar(App& app, std::string text, bool withImageInfo) {
   }
   app.WPaper2.StatusBar1.SetText(2, name);
   app.WPaper2.StatusBar1.SetText(3, facts);
-  if (!text.empty()) ShowFileTypeIcon(app, Right(working, 4));
+  return text.empty() || ShowIconOf(app, Right(working, 4));
+}
+
+}  // namespace
+
+void ShowFileTypeIcon(App& app, std::string extension) {
+  if (!ShowIconOf(app, extension)) throw RunTimeError(ErrorNumber::InvalidCall);
+}
+
+void UpdateStatusBar(App& app, std::string text, bool withImageInfo) {
+  if (!WriteStatusBar(app, text, withImageInfo)) throw RunTimeError(ErrorNumber::InvalidCall);
 }
 
 void UpdateStatusBarQuietly(App& app, std::string text, bool withImageInfo) {
-  IgnoreError([&] { UpdateStatusBar(app, text, withImageInfo); });
+  IgnoreError([&] { WriteStatusBar(app, text, withImageInfo); });
 }
 
 }  // namespace lumidex

@@ -46,10 +46,7 @@ void ScanCounts::CountType(const std::string& path) {
   constexpr int jpeg = 13;
   const std::string extension = UCase(Right(Trim(path), 4));
   if (extension == ".JPE") Raise(types[jpeg]);
-  for (int type = 1; type <= FileTypeCount; ++type) {
-    const auto index = static_cast<std::size_t>(type);
-    if (extension == "." + std::string(FileTypeTable[index - 1].resource)) Raise(types[index]);
-  }
+  if (const int type = FileTypeOf(extension)) Raise(types[static_cast<std::size_t>(type)]);
 }
 
 std::int16_t ScanCounts::TypeTotal() const {

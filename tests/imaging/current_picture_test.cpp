@@ -185,6 +185,9 @@ TEST_F(CurrentPicture, Names_are_put_into_proper_case) {
   EXPECT_EQ(ProperCaseName(app, "a.\\b"), "A.\\B");
   EXPECT_EQ(ProperCaseName(app, ""), "");
   EXPECT_EQ(ProperCaseName(app, "a."), "A.");
+  EXPECT_EQ(ProperCaseName(app, ".gif"), ".gif");
+  EXPECT_EQ(ProperCaseName(app, "a..b.c"), "A..b.C");
+  EXPECT_EQ(ProperCaseName(app, "\u00C9T\u00C9 \u00E9t\u00E9.\u00E9"), "\u00C9t\u00E9 \u00C9t\u00E9.\u00C9");
   EXPECT_EQ(ProperFileName(app, "C:\\MY PICS\\sea side.JPG"), "Sea Side.Jpg");
   EXPECT_EQ(ProperFileName(app, "photo.jpg"), "Photo.Jpg");
 }
