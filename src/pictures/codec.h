@@ -56,6 +56,8 @@ class Decoder {
   // What the file says beside its pixels, but for its orientation mark true of the pixels as this decoder
   // gives them. Only JPEG files say anything that is kept.
   virtual JpegMetadata Metadata() const { return {}; }
+  // The file as it stands, of formats that are drawings; empty for all others.
+  virtual std::vector<std::uint8_t> Drawing() const { return {}; }
 
  protected:
   PictureFacts facts_;

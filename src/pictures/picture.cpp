@@ -142,6 +142,15 @@ JpegMetadata Picture::Metadata() const {
   return TellingOutOfMemory([&] { return state_->decoder->Metadata(); });
 }
 
+std::vector<std::uint8_t> Picture::Drawing() const {
+  if (!state_) return {};
+  const std::scoped_lock lock(state_->mutex);
+  if (!state_->decoder) return {};
+  // A decode that was stopped has left the file ended.
+  *state_->stopMark = false;
+  return TellingOutOfMemory([&] { return state_->decoder->Drawing(); });
+}
+
 Pixels Picture::PixelsToShow(Size wanted, const std::stop_token& stop) const {
   if (!state_ || wanted.width <= 0 || wanted.height <= 0) return {};
   const std::scoped_lock lock(state_->mutex);

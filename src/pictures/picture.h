@@ -48,6 +48,8 @@ class Picture {
 
   // What its file says beside the pixels, read anew each time; see Decoder::Metadata.
   JpegMetadata Metadata() const;
+  // A drawing's own file, read anew each time; empty for every other picture.
+  std::vector<std::uint8_t> Drawing() const;
   // Bytes of the pixels that are kept. Never waits for a decode that is running elsewhere.
   std::size_t HeldBytes() const;
 

@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <semaphore>
+
 #include "desktop/recorded_tools.h"
 #include "platform/posix/posix_desktop.h"
 #include "posix/temporary_folder.h"
@@ -49,6 +51,39 @@ TEST_F(PosixDesktopTest, The_mode_in_the_registry_and_the_file_reach_the_desktop
   EXPECT_EQ(Shown("picture-options"), "'wallpaper'");
   EXPECT_TRUE(Set("1", "0", ""));
   EXPECT_EQ(Shown("picture-filename"), before);
+}
+
+// Answers nobody until the test lets it.
+class HungBus final : public SessionBus {
+ public:
+  bool HasOwner(const std::string&) override {
+    isAsked_.release();
+    mayAnswer_.acquire();
+    return false;
+  }
+  std::optional<std::vector<BusValue>> Call(const BusCall&, int) override { return {}; }
+  void AwaitQuestion() { isAsked_.acquire(); }
+  // To every question that may come.
+  void Answer() { mayAnswer_.release(1000); }
+
+ private:
+  std::counting_semaphore<1000> isAsked_{0};
+  std::counting_semaphore<1000> mayAnswer_{0};
+};
+
+// Waiting for it would last for ever, so coming back is the proof.
+TEST_F(PosixDesktopTest, A_service_that_never_answers_holds_neither_the_window_nor_the_end_nor_wallpapers) {
+  HungBus hung;
+  DesktopServices services(hung, environment_);
+  services.KeepScreenAwake(true);
+  hung.AwaitQuestion();
+  services.SetWallpaper(home_ / "Lumidex.bmp", WallpaperMode::Centered);
+  services.KeepScreenAwake(false);
+  services.Finish(std::chrono::hours(1));
+  EXPECT_THAT(Shown("picture-filename"), testing::HasSubstr(home_ / ".local/share/Lumidex/wallpaper/"));
+  services.ClearWallpaper();
+  services.Finish(std::chrono::hours(1));
+  hung.Answer();
 }
 
 TEST_F(PosixDesktopTest, Other_actions_fail) {

@@ -8,6 +8,8 @@ import subprocess
 import tempfile
 import time
 
+HERE = os.path.dirname(os.path.abspath(__file__))
+
 MANAGERS = {
     "openbox": ["openbox"],
     "xfwm4": ["xfwm4", "--compositor=off"],
@@ -38,6 +40,11 @@ def installed(manager):
 
 class Failure(Exception):
     """What a run found wrong, in words for a person."""
+
+
+def check(holds, text):
+    if not holds:
+        raise Failure(text)
 
 
 def wait_until(holds, seconds=10.0, what="something"):
@@ -123,7 +130,8 @@ class Desktop:
     def _start_bus(self):
         bus = self.start(["dbus-daemon", "--session", "--nofork", "--print-address"], stdout=subprocess.PIPE,
                          stderr=subprocess.DEVNULL)
-        self.environment["DBUS_SESSION_BUS_ADDRESS"] = bus.stdout.readline().decode().strip()
+        self.bus_address = bus.stdout.readline().decode().strip()
+        self.environment["DBUS_SESSION_BUS_ADDRESS"] = self.bus_address
 
     def _start_manager(self):
         if self.manager == "none":

@@ -97,6 +97,13 @@ class Program:
         self.process = desktop.start([copy, *arguments], stdout=self.log, stderr=subprocess.STDOUT,
                                      cwd=folder or desktop.home)
 
+    def focus(self, window):
+        """Gives a window the keyboard, and waits until it has it."""
+        def has_it():
+            window.activate()
+            return self.desktop.run("xdotool", "getwindowfocus").strip() == window.number
+        wait_until(has_it, 20, "the window to have the keyboard")
+
     def main(self, seconds=60):
         return self.window(MAIN, seconds)
 
@@ -132,3 +139,12 @@ class Program:
     def end(self):
         end(self.process)
         self.log.close()
+
+
+def lone_program(desktop, world, *arguments):
+    """The program that `world` names, without the tip of the day, so that it can be acted on at once."""
+    folder = os.path.join(desktop.home, ".config", "Lumidex")
+    os.makedirs(folder, exist_ok=True)
+    with open(os.path.join(folder, "settings.ini"), "w") as file:
+        file.write("[Options]\nShow Tips at Startup=0\n")
+    return Program(desktop, world.program, *arguments)

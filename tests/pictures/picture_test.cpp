@@ -5,7 +5,9 @@
 #include <new>
 #include <utility>
 
+#include "gallery/encoders/emf_encoder.h"
 #include "gallery/encoders/jpeg_encoder.h"
+#include "gallery/encoders/wmf_encoder.h"
 #include "number_raised.h"
 #include "pictures/support/byte_writer.h"
 
@@ -32,6 +34,26 @@ TEST(Picture, Released_pixels_of_a_file_are_whole_whatever_was_decoded_before) {
       Picture::Open(DataOf(EncodeJpeg(Pixels::Make({160, 80}, PixelFormat::Rgb, 0xFF336699), 90)));
   EXPECT_EQ(picture.PixelsFor({20, 10}).GetSize(), (Size{20, 10}));
   EXPECT_EQ(Picture::Release(std::move(picture)).GetSize(), (Size{160, 80}));
+}
+
+TEST(Picture, A_drawing_gives_its_own_file_also_after_a_decode_that_was_stopped) {
+  WmfWriter writer;
+  writer.Window(0, 0, 100, 100);
+  for (const std::vector<std::uint8_t>& file : {writer.File(), EmfWriter(100, 100).File()}) {
+    const Picture drawing = Picture::Open(DataOf(file));
+    EXPECT_EQ(drawing.Type(), PictureType::Metafile);
+    EXPECT_EQ(drawing.Drawing(), file);
+    std::stop_source stop;
+    stop.request_stop();
+    drawing.PixelsFor({10, 10}, stop.get_token());
+    EXPECT_EQ(drawing.Drawing(), file);
+  }
+}
+
+TEST(Picture, What_is_no_drawing_has_no_file_of_one) {
+  EXPECT_TRUE(Picture().Drawing().empty());
+  EXPECT_TRUE(Picture::FromPixels(Block(), 24).Drawing().empty());
+  EXPECT_TRUE(Picture::Open(DataOf(EncodeJpeg(Block(), 90))).Drawing().empty());
 }
 
 TEST(Picture, The_empty_picture_gives_up_nothing) {

@@ -158,6 +158,19 @@ TEST_F(BrowserPort, After_its_end_it_starts_anew) {
   EXPECT_EQ(browser.LocationName(0), "A page of this machine");
 }
 
+TEST(BrowserAsRoot, Pages_are_refused_unless_the_user_does_without_a_sandbox) {
+  if (geteuid() != 0 || !QFileInfo(QStringLiteral(LUMIDEX_BROWSER)).isExecutable()) {
+    GTEST_SKIP() << "only root is refused, by lumidex-browser";
+  }
+  QtBrowser browser(QStringLiteral(LUMIDEX_BROWSER), {QStringLiteral("QTWEBENGINE_DISABLE_SANDBOX=0"),
+                                                      QStringLiteral("QTWEBENGINE_CHROMIUM_FLAGS="),
+                                                      QStringLiteral("QT_QPA_PLATFORM=offscreen")});
+  browser.Navigate(0, "http://www.korvane.example/");
+  ASSERT_TRUE(Comes([&] { return browser.GetState() != QtBrowser::State::Running && !browser.Busy(0); }));
+  EXPECT_EQ(browser.GetState(), QtBrowser::State::Refused);
+  EXPECT_EQ(browser.LocationName(0), "Pages are not available");
+}
+
 TEST(BrowserWithoutProgram, Nothing_is_busy_and_the_name_says_so) {
   QtBrowser browser(QStringLiteral("/nowhere/lumidex-browser"));
   browser.Navigate(1, "http://www.korvane.example/");

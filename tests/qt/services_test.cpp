@@ -4,6 +4,8 @@
 #include <QMimeData>
 #include <QPushButton>
 
+#include "gallery/encoders/emf_encoder.h"
+#include "gallery/encoders/wmf_encoder.h"
 #include "number_raised.h"
 #include "platform/qt/clock.h"
 #include "platform/qt/conversions.h"
@@ -113,6 +115,35 @@ TEST(QtClipboard, A_picture_is_decoded_when_it_is_pasted) {
   EXPECT_EQ(decodes, 1);
   EXPECT_EQ(pasted.size(), QSize(4, 2));
   EXPECT_EQ(pasted.pixelColor(3, 1), QColor(Qt::green));
+  clipboard.Clear();
+}
+
+TEST(QtClipboard, A_drawing_goes_as_its_own_file_and_as_pixels) {
+  QtClipboard clipboard;
+  WmfWriter old;
+  old.Window(0, 0, 100, 50);
+  const std::pair<std::vector<std::uint8_t>, QString> drawings[] = {
+      {old.File(), "image/x-wmf"}, {EmfWriter(100, 50).File(), "image/x-emf"}};
+  for (const auto& [file, type] : drawings) {
+    const Picture drawing = Picture::Open(PictureData(std::make_shared<MemorySource>(file), std::string()));
+    for (const ClipboardFormat format : {ClipboardFormat::Metafile, ClipboardFormat::Own}) {
+      clipboard.SetData(drawing, format);
+      const QMimeData& offer = *QGuiApplication::clipboard()->mimeData();
+      EXPECT_EQ(offer.data(type),
+                QByteArray(reinterpret_cast<const char*>(file.data()), static_cast<qsizetype>(file.size())));
+      EXPECT_EQ(offer.formats().filter("image/").size(), 2);
+      EXPECT_EQ(QGuiApplication::clipboard()->image().size(), QSize(100, 50));
+    }
+  }
+  clipboard.Clear();
+}
+
+TEST(QtClipboard, Pixels_go_without_a_drawing) {
+  QtClipboard clipboard;
+  clipboard.SetData(Picture::FromPixels(Pixels::Make({2, 2}, PixelFormat::Rgb, 0xFF000000), 24),
+                    ClipboardFormat::Own);
+  EXPECT_TRUE(QGuiApplication::clipboard()->mimeData()->formats().filter("emf").isEmpty());
+  EXPECT_TRUE(QGuiApplication::clipboard()->mimeData()->data("image/x-wmf").isEmpty());
   clipboard.Clear();
 }
 

@@ -16,6 +16,7 @@ class MetafileDecoder : public Decoder {
  public:
   // Draws at exactly the size wanted, or at full size when that is beyond the limits.
   Pixels Decode(const DecodeRequest& request) const override;
+  std::vector<std::uint8_t> Drawing() const override { return data_.All(); }
 
  protected:
   MetafileDecoder(const PictureData& data, const OpenOptions& options);

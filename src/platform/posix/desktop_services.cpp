@@ -8,7 +8,8 @@
 namespace lumidex {
 namespace {
 
-enum Kind { wallpaperJob, screenJob };
+// Each has jobs of one kind.
+constexpr int onlyKind = 0;
 
 }  // namespace
 
@@ -21,15 +22,15 @@ DesktopServices::DesktopServices(SessionBus& bus, const Environment& environment
 DesktopServices::~DesktopServices() = default;
 
 void DesktopServices::SetWallpaper(const std::string& file, WallpaperMode mode) {
-  jobs_.Ask(wallpaperJob, [this, file, mode] { changer_->Set(file, mode); });
+  wallpaperJobs_.Ask(onlyKind, [this, file, mode] { changer_->Set(file, mode); });
 }
 
 void DesktopServices::ClearWallpaper() {
-  jobs_.Ask(wallpaperJob, [this] { changer_->Clear(); });
+  wallpaperJobs_.Ask(onlyKind, [this] { changer_->Clear(); });
 }
 
 void DesktopServices::KeepScreenAwake(bool awake) {
-  jobs_.Ask(screenJob, [this, awake] { screen_.Keep(awake); });
+  screenJobs_.Ask(onlyKind, [this, awake] { screen_.Keep(awake); });
 }
 
 }  // namespace lumidex

@@ -1,6 +1,6 @@
 #pragma once
 // What the running desktop does for the program: the wallpaper, and a screen that stays awake. Everything is
-// only asked for here; the desktop's answers are awaited on a thread of its own.
+// only asked for here; the desktop's answers are awaited on threads of their own.
 
 #include <chrono>
 #include <memory>
@@ -29,16 +29,17 @@ class DesktopServices {
   void ClearWallpaper();
   void KeepScreenAwake(bool awake);
 
-  // To be called before the process ends: lets the last wish come true, but does not wait for a desktop that
-  // does not answer.
-  void Finish(std::chrono::milliseconds atMost) { jobs_.WaitUntilDone(atMost); }
+  // To be called before the process ends: lets the last wallpaper come, but does not wait for a desktop that
+  // does not answer. The screen is not waited for: what was granted goes with the process.
+  void Finish(std::chrono::milliseconds atMost) { wallpaperJobs_.WaitUntilDone(atMost); }
 
  private:
   DesktopTools tools_;
   bool hasWallpaper_;
-  std::unique_ptr<WallpaperChanger> changer_;  // on the thread of the jobs alone
-  ScreenAwake screen_;
-  BackgroundJobs jobs_;
+  std::unique_ptr<WallpaperChanger> changer_;  // on the thread of its jobs alone
+  ScreenAwake screen_;                         // likewise
+  // Apart, so that a service that does not answer holds up its own kind only.
+  BackgroundJobs wallpaperJobs_, screenJobs_;
 };
 
 }  // namespace lumidex

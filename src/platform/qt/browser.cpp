@@ -61,7 +61,7 @@ bool QtBrowser::Start() {
   const auto ended = [this] {
     for (Page& page : pages_) page.busy = false;
     if (process_) process_.release()->deleteLater();
-    SetState(State::Ended);
+    SetState(state_ == State::Refused ? State::Refused : State::Ended);
   };
   connect(process_.get(), &QProcess::finished, this, ended);
   connect(process_.get(), &QProcess::errorOccurred, this, [ended](QProcess::ProcessError error) {
@@ -83,6 +83,7 @@ void QtBrowser::Say(const QString& line) {
 }
 
 void QtBrowser::Hear(const QString& line) {
+  if (line == QLatin1String("refused")) return SetState(State::Refused);
   bool isNumber = false;
   const int browser = line.section(QLatin1Char(' '), 1, 1).toInt(&isNumber);
   if (!isNumber || !Find(browser)) return;
@@ -109,7 +110,7 @@ bool QtBrowser::Busy(int browser) const {
 }
 
 std::string QtBrowser::LocationName(int browser) const {
-  if (state_ == State::Missing || state_ == State::Ended) return nameWithoutPages;
+  if (IsWithoutPages()) return nameWithoutPages;
   const Page* page = Find(browser);
   return page ? FromQt(page->title) : std::string();
 }

@@ -19,7 +19,8 @@ namespace lumidex {
 
 class QtBrowser final : public QObject, public Browser {
  public:
-  enum class State { Idle, Running, Missing, Ended };
+  // Refused: nobody's pages are shown to the administrator's account.
+  enum class State { Idle, Running, Missing, Ended, Refused };
 
   // `program` is the path of the program for web pages; `environment` stands in its environment besides ours.
   explicit QtBrowser(QString program, QStringList environment = {});
@@ -55,6 +56,7 @@ class QtBrowser final : public QObject, public Browser {
   void Say(const QString& line);
   void Hear(const QString& line);
   void SetState(State state);
+  bool IsWithoutPages() const { return state_ != State::Idle && state_ != State::Running; }
 
   const QString program_;
   const QStringList environment_;

@@ -186,6 +186,8 @@ void QtEventQueue::Post(Work work) {
 }
 
 void QtEventQueue::EndProcess(int exitCode) {
+  // What the last work serves is not the program's any more.
+  isAside_ = true;
   if (BeforeEnd) BeforeEnd();
   std::fflush(nullptr);
   std::_Exit(exitCode);

@@ -100,7 +100,12 @@ void QtDesktop::Attach(const std::vector<Form*>& forms) {
 }
 
 void QtDesktop::BeforeEnd(std::function<void()> work) {
-  parts_->events.BeforeEnd = std::move(work);
+  parts_->events.BeforeEnd = [this, work = std::move(work)] {
+    // For the user the program has ended; the rest may take a moment.
+    for (QWidget* window : QApplication::topLevelWidgets()) window->hide();
+    parts_->clipboard.HandOver();
+    work();
+  };
 }
 
 void QtDesktop::AwaitPicture() {

@@ -2,6 +2,8 @@
 
 #include <QApplication>
 #include <QCursor>
+#include <QEvent>
+#include <QWindow>
 #include <algorithm>
 
 #include "base/text.h"
@@ -18,6 +20,21 @@ namespace {
 constexpr int firstRetryMilliseconds = 1000, lastRetryMilliseconds = 60000;
 // How far the mouse may move between the two presses of a double click.
 constexpr int mostMoved = 8;
+
+// The icon stays within reach while a modal window is open, which blocks all windows but those of its own.
+class IconBesideModalWindows final : public QObject {
+ public:
+  IconBesideModalWindows() { qApp->installEventFilter(this); }
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    // The library's own window for an icon of the older protocol, named after its class.
+    if (event->type() == QEvent::WindowBlocked &&
+        watched->objectName() == QLatin1String("QSystemTrayIconSysClassWindow"))
+      static_cast<QWindow*>(watched)->setTransientParent(QGuiApplication::modalWindow());
+    return false;
+  }
+};
 
 QString TipOf(const TrayIconRecord& record) {
   return ToQt(std::string(record.szTip.begin(), std::ranges::find(record.szTip, '\0')));
@@ -125,6 +142,7 @@ void QtTray::Found(TrayHost host) {
     retry_.setInterval(std::min(2 * retry_.interval(), lastRetryMilliseconds));
     return;
   }
+  if (host == TrayHost::XEmbed) besideModalWindows_ = std::make_unique<IconBesideModalWindows>();
   icon_ = std::make_unique<QSystemTrayIcon>();
   QObject::connect(icon_.get(), &QSystemTrayIcon::activated,
                    [this](QSystemTrayIcon::ActivationReason reason) {

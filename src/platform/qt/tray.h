@@ -52,6 +52,7 @@ class QtTray final : public Tray {
   QtPopup& popup_;
   Find find_;
   std::optional<TrayIconRecord> record_;
+  std::unique_ptr<QObject> besideModalWindows_;
   std::unique_ptr<QMenu> desktopMenu_;
   std::vector<MenuLine> desktopLines_;
   std::unique_ptr<QSystemTrayIcon> icon_;  // goes before its menu

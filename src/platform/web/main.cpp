@@ -6,19 +6,37 @@
 #include <QApplication>
 #include <QSocketNotifier>
 #include <array>
+#include <cstdlib>
 
 #include "platform/web/pages.h"
 
+namespace {
+
+void Say(const QString& line) {
+  const QByteArray bytes = line.toUtf8() + '\n';
+  // A viewer that is gone can't be told; the end of the input follows.
+  [[maybe_unused]] const ssize_t written =
+      write(STDOUT_FILENO, bytes.constData(), static_cast<std::size_t>(bytes.size()));
+}
+
+// The engine has no sandbox for root, and pages of others without one are a danger: only who has said himself
+// that he does without it gets them.
+bool IsUnsafe() {
+  return geteuid() == 0 && qEnvironmentVariableIntValue("QTWEBENGINE_DISABLE_SANDBOX") == 0 &&
+         !qgetenv("QTWEBENGINE_CHROMIUM_FLAGS").contains("--no-sandbox");
+}
+
+}  // namespace
+
 int main(int argc, char** argv) {
+  if (IsUnsafe()) {
+    Say(QStringLiteral("refused"));
+    return EXIT_FAILURE;
+  }
   QApplication application(argc, argv);
   QApplication::setApplicationName(QStringLiteral("Lumidex"));
   QApplication::setQuitOnLastWindowClosed(false);
-  lumidex::Pages pages([](const QString& line) {
-    const QByteArray bytes = line.toUtf8() + '\n';
-    // A viewer that is gone can't be told; the end of the input follows.
-    [[maybe_unused]] const ssize_t written =
-        write(STDOUT_FILENO, bytes.constData(), static_cast<std::size_t>(bytes.size()));
-  });
+  lumidex::Pages pages(&Say);
   QByteArray received;
   QSocketNotifier input(STDIN_FILENO, QSocketNotifier::Read);
   QObject::connect(&input, &QSocketNotifier::activated, &application, [&] {

@@ -47,6 +47,9 @@ class PageArea final : public QWidget {
         state == State::Running
             ? tr("The page stands in a window of its own, since this desktop lets no program show "
                  "anything inside of another one's window.")
+        : state == State::Refused
+            ? tr("Pages are not shown to the administrator's account (root), under which the web engine can "
+                 "not shut them off from the rest of the system.")
         : state == State::Ended
             ? tr("What shows the pages has ended unexpectedly. Close this window and open it again to "
                  "start anew.")
