@@ -37,7 +37,8 @@
 #include "gallery/encoders/wpg_encoder.h"
 #include "pictures/codec.h"
 #include "pictures/reduced_picture.h"
-#include "platform/posix/file_source.h"
+#include "platform/posix/posix_file_system.h"
+#include "ports/open_picture.h"
 
 namespace {
 
@@ -274,7 +275,8 @@ void MeasureFacts(const std::filesystem::path& folder) {
   }
   const auto facts = [&] {
     int sum = 0;
-    for (const std::string& path : paths) sum += OpenDecoder(OpenPictureFile(path))->Facts().size.width;
+    for (const std::string& path : paths)
+      sum += OpenDecoder(OpenPictureData(PosixFileSystem(), path))->Facts().size.width;
     if (sum != 640 * files) std::printf("wrong sizes\n");
   };
   const auto bare = [&] {

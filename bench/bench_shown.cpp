@@ -13,7 +13,10 @@
 #include <string>
 
 #include "pictures/picture.h"
-#include "platform/posix/file_source.h"
+#include "pictures/picture_data.h"
+#include "pictures/pixels.h"
+#include "platform/posix/posix_file_system.h"
+#include "ports/open_picture.h"
 #include "timing.h"
 
 namespace {
@@ -31,7 +34,7 @@ Size Fitted(Size picture, Size window) {
 }
 
 bool ShowByUs(const std::string& path, Size window) {
-  const Picture picture = Picture::Open(OpenPictureFile(path));
+  const Picture picture = Picture::Open(OpenPictureData(PosixFileSystem(), path));
   return !picture.PixelsToShow(Fitted(picture.GetSize(), window)).IsEmpty();
 }
 

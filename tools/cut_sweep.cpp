@@ -16,7 +16,8 @@
 
 #include "base/run_time_error.h"
 #include "pictures/codec.h"
-#include "platform/posix/file_source.h"
+#include "platform/posix/posix_file_system.h"
+#include "ports/open_picture.h"
 
 namespace lumidex {
 namespace {
@@ -64,7 +65,7 @@ std::vector<std::uint64_t> Lengths(std::uint64_t size, int cuts) {
 
 // What is wrong with the picture's cuts; nothing when all is well.
 std::string SweepPicture(const std::string& path, int cuts) {
-  const PictureData data = OpenPictureFile(path);
+  const PictureData data = OpenPictureData(PosixFileSystem(), path);
   const auto open = [&](std::uint64_t length) -> std::unique_ptr<Decoder> {
     PictureData cut(StretchOf(data.SharedSource(), 0, length), data.Extension());
     cut.paletteFile = data.paletteFile;

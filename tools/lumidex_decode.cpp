@@ -15,7 +15,8 @@
 #include "base/out_of_memory.h"
 #include "base/run_time_error.h"
 #include "pictures/codec.h"
-#include "platform/posix/file_source.h"
+#include "platform/posix/posix_file_system.h"
+#include "ports/open_picture.h"
 
 namespace lumidex {
 namespace {
@@ -131,7 +132,7 @@ Size Fitted(Size picture, Size box) {
 
 void DecodeFile(const Arguments& arguments, std::size_t place) {
   const std::string& path = arguments.files[place];
-  const auto decoder = OpenDecoder(OpenPictureFile(path), arguments.options);
+  const auto decoder = OpenDecoder(OpenPictureData(PosixFileSystem(), path), arguments.options);
   const PictureFacts& facts = decoder->Facts();
   Size size = facts.size;
   std::string hash = "-";

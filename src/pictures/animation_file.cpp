@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "base/run_time_error.h"
 #include "pictures/byte_reader.h"
 #include "pictures/dib_run_length.h"
+#include "pictures/refusal.h"
 
 namespace lumidex {
 namespace {
@@ -21,10 +21,6 @@ constexpr std::uint32_t Code(const char (&text)[5]) {
 // "00db" and "00dc": the pictures of the first stream.
 bool IsFrame(std::uint32_t kind) {
   return kind == Code("00db") || kind == Code("00dc");
-}
-
-[[noreturn]] void Refuse(const char* why) {
-  throw RunTimeError(ErrorNumber::InvalidPicture, why);
 }
 
 }  // namespace

@@ -3,6 +3,10 @@
 // not cost the memory to hold it. Past the end it gives nothing.
 
 #include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <limits>
+#include <span>
 #include <vector>
 
 #include "pictures/picture_data.h"
@@ -11,10 +15,17 @@ namespace lumidex {
 
 class ByteStream {
  public:
+  // Small enough to stay in the processor's cache together with the row that is made of it.
+  static constexpr std::size_t blockSize = 65536;
+
   // From `offset` to `end`, or to the end of the file where that comes first. The file must outlive the
   // stream.
   ByteStream(const PictureData& data, std::uint64_t offset, std::uint64_t end = PictureData::MostBytes)
-      : data_(&data), next_(offset), end_(std::min(end, data.Size())) {}
+      : ByteStream(data.Source(), offset, blockSize, std::min(end, data.Size())) {}
+  // With another size of block: that of the head, for whoever needs no more.
+  ByteStream(const ByteSource& source, std::uint64_t offset, std::size_t blockBytes,
+             std::uint64_t end = std::numeric_limits<std::uint64_t>::max())
+      : source_(&source), blockBytes_(blockBytes), next_(offset), end_(end) {}
 
   // What is at hand without a further read: at least `least` bytes unless the end is nearer, and all there
   // is when they are few. Valid until the next call.
@@ -31,6 +42,17 @@ class ByteStream {
     at_ += taken.size();
     return taken;
   }
+  // Fills `into` as far as there are bytes and returns how many there were.
+  std::size_t Read(std::span<std::uint8_t> into);
+  // Leaves out bytes that need not be at hand; they are not read.
+  void Skip(std::uint64_t count);
+  // The next byte, -1 at the end.
+  int Next() {
+    if (at_ == held_) Refill(1);
+    return at_ == held_ ? -1 : block_[at_++];
+  }
+  // Takes the last byte back. Only directly after Next, and not at the end.
+  void Back() { --at_; }
 
   // The place in the file of the next byte.
   std::uint64_t Position() const { return next_ - (held_ - at_); }
@@ -38,7 +60,8 @@ class ByteStream {
  private:
   void Refill(std::size_t least);
 
-  const PictureData* data_;
+  const ByteSource* source_;
+  std::size_t blockBytes_;
   std::uint64_t next_;  // the place in the file behind the block
   std::uint64_t end_;
   std::vector<std::uint8_t> block_;

@@ -12,14 +12,11 @@
 #include "pictures/dib_huffman.h"
 #include "pictures/dib_row.h"
 #include "pictures/dib_run_length.h"
+#include "pictures/refusal.h"
 #include "pictures/row_target.h"
 
 namespace lumidex {
 namespace {
-
-[[noreturn]] void Refuse(const char* text) {
-  throw RunTimeError(ErrorNumber::InvalidPicture, text);
-}
 
 constexpr std::uint32_t Core = 12;  // OS/2 1.x
 

@@ -1,6 +1,6 @@
 #pragma once
-// What most decoders of files need: the file, the limits it was opened under, and pixels of the promised
-// size.
+// What all decoders of files have in common: the file, how it was opened, and the rules for the size and the
+// depth that they tell.
 
 #include <string_view>
 
@@ -8,11 +8,10 @@
 
 namespace lumidex {
 
-// The least depth of a bitmap that holds pixels of `stored` bits: 1, 2, 4, 8, 16, 24 or 32. What is deeper is
-// decoded to 8 bits a channel: 48 becomes 24, 64 becomes 32.
-constexpr int BitmapDepth(int stored) {
-  if (stored > 48) return 32;
-  if (stored > 32) return 24;
+// The least depth of a bitmap that holds pixels of `stored` bits in so many channels: 1, 2, 4, 8, 16, 24 or
+// 32. What is deeper is decoded to 8 bits a channel: 48 become 24, or 32 when a fourth channel is among them.
+constexpr int BitmapDepth(int stored, int channels = 3) {
+  if (stored > 32) return stored <= 48 && channels <= 3 ? 24 : 32;
   for (const int depth : {1, 2, 4, 8, 16, 24})
     if (stored <= depth) return depth;
   return 32;
@@ -20,24 +19,27 @@ constexpr int BitmapDepth(int stored) {
 
 class FileDecoder : public Decoder {
  protected:
+  // For decoders that find out about the shape by themselves, and then call SetShape.
+  FileDecoder(const PictureData& data, const OpenOptions& options, std::string_view format);
+  // As below for those that know it already.
+  FileDecoder(const PictureData& data, const OpenOptions& options, Size size, int storedBits,
+              std::string_view format);
+
   // `storedBits` are those of a pixel in the file; facts say what holds them. Raises InvalidPicture when the
   // size is beyond the limits.
-  FileDecoder(const PictureData& data, const OpenOptions& options, Size size, int storedBits,
-              std::string_view format)
-      : data_(data), limits_(options.limits) {
-    CheckSize(size, limits_, data.Size());
-    facts_.size = size;
-    facts_.bitsPerPixel = BitmapDepth(storedBits);
-    facts_.format = format;
-  }
+  void SetShape(Size size, int storedBits, int channels = 3);
+  // A size as wide as a header may hold it, which is raised for as above.
+  Size Checked(std::int64_t width, std::int64_t height) const;
 
   const PictureData& Data() const { return data_; }
+  const OpenOptions& Options() const { return options_; }
+  const PictureLimits& Limits() const { return options_.limits; }
   // Opaque pixels of the size told in the facts, still to be written.
-  Pixels UnfilledPixels() const { return Pixels::MakeUnfilled(facts_.size, PixelFormat::Rgb, limits_); }
+  Pixels UnfilledPixels() const { return Pixels::MakeUnfilled(facts_.size, PixelFormat::Rgb, Limits()); }
 
  private:
   PictureData data_;
-  PictureLimits limits_;
+  OpenOptions options_;
 };
 
 }  // namespace lumidex

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 
-#include "base/run_time_error.h"
 #include "pictures/codec.h"
 #include "pictures/codecs/art.h"
 #include "pictures/codecs/bmp.h"
@@ -26,6 +25,7 @@
 #include "pictures/codecs/tiff.h"
 #include "pictures/codecs/wmf.h"
 #include "pictures/codecs/wpg.h"
+#include "pictures/refusal.h"
 
 namespace lumidex {
 namespace {
@@ -79,7 +79,7 @@ std::span<const Codec> Codecs() {
 }
 
 std::unique_ptr<Decoder> OpenDecoder(const PictureData& data, const OpenOptions& options) {
-  if (data.Head().empty()) throw RunTimeError(ErrorNumber::InvalidPicture, "The file is empty");
+  if (data.Head().empty()) Refuse("The file is empty");
   const Codec* candidate = nullptr;
   for (const Codec& codec : Codecs()) {
     const Match match = codec.match(data);
@@ -87,7 +87,7 @@ std::unique_ptr<Decoder> OpenDecoder(const PictureData& data, const OpenOptions&
     if (match == Match::Maybe && !candidate && HasExtension(codec, data.Extension())) candidate = &codec;
   }
   if (candidate) return candidate->open(data, options);
-  throw RunTimeError(ErrorNumber::InvalidPicture, "No picture format is recognised");
+  Refuse("No picture format is recognised");
 }
 
 }  // namespace lumidex

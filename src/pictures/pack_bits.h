@@ -20,8 +20,6 @@ class PackBits {
 
   // Fills `into` and returns how many bytes there were: fewer than asked only at the end of the input.
   std::size_t Read(std::span<std::uint8_t> into);
-  // Drops what is left of a run, for formats in which each row stands on its own.
-  void EndRun() { left_ = 0; }
   // What has been consumed so far, to go on behind it.
   std::size_t Position() const { return from_.Position(); }
 

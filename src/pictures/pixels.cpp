@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "base/run_time_error.h"
+#include "pictures/refusal.h"
 
 namespace lumidex {
 namespace {
@@ -26,7 +27,7 @@ std::shared_ptr<std::uint32_t[]> AllocateWords(std::size_t bytes) {
 
 void CheckSize(Size size, const PictureLimits& limits, std::uint64_t fileSize) {
   if (size.width < 1 || size.height < 1) {
-    throw RunTimeError(ErrorNumber::InvalidPicture, "The picture has no size");
+    Refuse("The picture has no size");
   }
   constexpr std::uint64_t smallFile = std::uint64_t{1} << 20;
   const std::int64_t most =
@@ -34,7 +35,7 @@ void CheckSize(Size size, const PictureLimits& limits, std::uint64_t fileSize) {
   // The sides come first: the product of two that no limit held would not fit.
   if (size.width > limits.side || size.height > limits.side ||
       std::int64_t{size.width} * size.height > most / 4) {
-    throw RunTimeError(ErrorNumber::InvalidPicture, "The picture is too large");
+    Refuse("The picture is too large");
   }
 }
 

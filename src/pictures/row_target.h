@@ -32,7 +32,6 @@ class RowTarget {
   void AddBlank(int count, std::uint32_t word);
 
   bool IsReduced() const { return reducer_.has_value(); }
-  int RowsAdded() const { return added_; }
   int RowsMissing() const { return size_.height - added_; }
   // The picture; rows that are missing get `blank` all over. Nothing may be called afterwards.
   Pixels Finish(std::uint32_t blank);

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <cstdint>
 
-#include "base/run_time_error.h"
+#include "pictures/refusal.h"
 
 namespace lumidex {
 
@@ -14,8 +14,7 @@ namespace lumidex {
 inline void CheckSmallFile(std::int64_t bytes, std::uint64_t fileSize) {
   constexpr std::uint64_t small = std::uint64_t{1} << 20;
   constexpr std::int64_t most = std::int64_t{448} << 20;
-  if (fileSize <= small && bytes > most)
-    throw RunTimeError(ErrorNumber::InvalidPicture, "The picture is too large for so small a file");
+  if (fileSize <= small && bytes > most) Refuse("The picture is too large for so small a file");
 }
 
 }  // namespace lumidex

@@ -41,17 +41,6 @@ TEST(PackBits, A_run_goes_on_in_the_next_piece) {
   EXPECT_THAT(piece, ElementsAre(3, 4, 2));
 }
 
-TEST(PackBits, A_run_can_be_dropped_at_the_end_of_a_row) {
-  const ByteVector packed{250, 7, 0, 1};
-  PackBits unpacker{ByteReader(packed)};
-  ByteVector piece(2);
-  unpacker.Read(piece);
-  EXPECT_EQ(unpacker.Position(), 2U);
-  unpacker.EndRun();
-  EXPECT_EQ(unpacker.Read(piece), 1U);
-  EXPECT_EQ(piece[0], 1);
-}
-
 TEST(PackBits, A_cut_input_gives_what_there_is) {
   EXPECT_THAT(Unpack({5, 1, 2}, 9), ElementsAre(1, 2));
   EXPECT_THAT(Unpack({0, 1, 250}, 9), ElementsAre(1));

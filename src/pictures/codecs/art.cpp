@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <optional>
 
-#include "base/run_time_error.h"
 #include "pictures/byte_reader.h"
 #include "pictures/file_decoder.h"
 #include "pictures/pack_bits.h"
 #include "pictures/planes.h"
+#include "pictures/refusal.h"
 
 namespace lumidex {
 namespace {
@@ -99,7 +99,7 @@ Match MatchArt(const PictureData& data) {
 
 std::unique_ptr<Decoder> OpenArt(const PictureData& data, const OpenOptions& options) {
   const std::optional<Header> header = ReadHeader(data);
-  if (!header) throw RunTimeError(ErrorNumber::InvalidPicture, "ART: the header is no good");
+  if (!header) Refuse("ART: the header is no good");
   return std::make_unique<ArtDecoder>(data, options, *header);
 }
 

@@ -2,9 +2,10 @@
 
 #include <algorithm>
 
-#include "base/run_time_error.h"
 #include "pictures/byte_reader.h"
 #include "pictures/dib.h"
+#include "pictures/file_decoder.h"
+#include "pictures/refusal.h"
 #include "pictures/row_target.h"
 
 namespace lumidex {
@@ -52,8 +53,7 @@ Places FindPlaces(Bytes head) {
   if (StartsWith(head, "BA")) {
     head = head.subspan(std::min(ArrayHeaderBytes, head.size()));
     places.header = ArrayHeaderBytes;
-    if (!StartsWith(head, "BM"))
-      throw RunTimeError(ErrorNumber::InvalidPicture, "The bitmap array holds no bitmap");
+    if (!StartsWith(head, "BM")) Refuse("The bitmap array holds no bitmap");
   }
   if (StartsWith(head, "BM")) {
     ByteReader reader(head);
@@ -64,10 +64,9 @@ Places FindPlaces(Bytes head) {
   return places;
 }
 
-class BmpDecoder final : public Decoder {
+class BmpDecoder final : public FileDecoder {
  public:
-  BmpDecoder(const PictureData& data, const OpenOptions& options)
-      : source_(data.SharedSource()), bytes_(data.Size()), limits_(options.limits) {
+  BmpDecoder(const PictureData& data, const OpenOptions& options) : FileDecoder(data, options, "BMP") {
     const Places places = FindPlaces(data.Head());
     DibOptions dibOptions;
     dibOptions.limits = options.limits;
@@ -80,14 +79,13 @@ class BmpDecoder final : public Decoder {
     header_ = ReadDibHeader(data.Head().subspan(std::min(places.header, data.Head().size())), dibOptions);
     pixelOffset_ = places.header + header_.pixelOffset;
     if (header_.coding == DibCoding::Jpeg || header_.coding == DibCoding::Png) {
-      file_ = OpenDibFile(header_.coding, StretchOf(source_, pixelOffset_, bytes_), limits_);
+      file_ =
+          OpenDibFile(header_.coding, StretchOf(data.SharedSource(), pixelOffset_, data.Size()), Limits());
       facts_ = file_->Facts();
       facts_.format = "BMP";
       return;
     }
-    facts_.size = header_.size;
-    facts_.bitsPerPixel = std::min(header_.bitsPerPixel, 32);
-    facts_.format = "BMP";
+    SetShape(header_.size, header_.bitsPerPixel);
     facts_.reducible = header_.coding == DibCoding::Plain || header_.coding == DibCoding::BitFields;
   }
 
@@ -96,19 +94,16 @@ class BmpDecoder final : public Decoder {
     std::vector<std::uint8_t> buffer;
     const auto read = [&](std::uint64_t offset, std::size_t count) -> Bytes {
       const std::uint64_t start = pixelOffset_ + offset;
-      const std::uint64_t left = start < bytes_ ? bytes_ - start : 0;
+      const std::uint64_t left = start < Data().Size() ? Data().Size() - start : 0;
       buffer.resize(static_cast<std::size_t>(std::min<std::uint64_t>(count, left)));
-      buffer.resize(source_->ReadAt(start, buffer));
+      buffer.resize(Data().Source().ReadAt(start, buffer));
       return buffer;
     };
-    if (facts_.reducible) return DecodeDibRows(header_, read, limits_, SizeToMake(request));
-    return DecodeDib(header_, read(0, static_cast<std::size_t>(bytes_)), limits_);
+    if (facts_.reducible) return DecodeDibRows(header_, read, Limits(), SizeToMake(request));
+    return DecodeDib(header_, read(0, static_cast<std::size_t>(Data().Size())), Limits());
   }
 
  private:
-  std::shared_ptr<const ByteSource> source_;
-  std::uint64_t bytes_;
-  PictureLimits limits_;
   DibHeader header_;
   std::unique_ptr<Decoder> file_;  // of a bitmap whose pixels are a JPEG or PNG file
   std::uint64_t pixelOffset_ = 0;

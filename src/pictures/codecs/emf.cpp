@@ -1,18 +1,17 @@
 #include "pictures/codecs/emf.h"
 
-#include "base/run_time_error.h"
 #include "pictures/metafile/emf_layout.h"
 #include "pictures/metafile/metafile_decoder.h"
+#include "pictures/refusal.h"
 
 namespace lumidex {
 namespace {
 
 class EmfDecoder final : public metafile::MetafileDecoder {
  public:
-  EmfDecoder(const PictureData& data, const OpenOptions& options) : MetafileDecoder(data, options) {
+  EmfDecoder(const PictureData& data, const OpenOptions& options) : MetafileDecoder(data, options, "EMF") {
     const auto header = metafile::ReadEmfHeader(data.Head());
-    if (!header) throw RunTimeError(ErrorNumber::InvalidPicture, "The enhanced metafile's header is damaged");
-    facts_.format = "EMF";
+    if (!header) Refuse("The enhanced metafile's header is damaged");
     layout_ = metafile::LayOutEmf(*header);
     facts_.size = metafile::NaturalSize(layout_.inches, options.limits);
   }

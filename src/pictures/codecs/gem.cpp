@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <array>
 
-#include "base/run_time_error.h"
 #include "pictures/byte_reader.h"
 #include "pictures/codecs/gem_colours.h"
 #include "pictures/file_decoder.h"
 #include "pictures/planes.h"
+#include "pictures/refusal.h"
 
 namespace lumidex {
 namespace {
@@ -210,7 +210,7 @@ Match MatchGem(const PictureData& data) {
 std::unique_ptr<Decoder> OpenGem(const PictureData& data, const OpenOptions& options) {
   const Header header = ReadHeader(data.Head());
   if (IsDrawing(header)) {
-    throw RunTimeError(ErrorNumber::InvalidPicture, "GEM: metafile drawings are not supported");
+    Refuse("GEM: metafile drawings are not supported");
   }
   return std::make_unique<GemDecoder>(data, options, header);
 }

@@ -4,7 +4,6 @@
 #include <array>
 #include <optional>
 
-#include "base/run_time_error.h"
 #include "pictures/alpha.h"
 #include "pictures/byte_reader.h"
 #include "pictures/codecs/gif_indices.h"
@@ -12,6 +11,7 @@
 #include "pictures/file_window.h"
 #include "pictures/palettes.h"
 #include "pictures/planes.h"
+#include "pictures/refusal.h"
 
 namespace lumidex {
 namespace {
@@ -133,11 +133,10 @@ class GifDecoder final : public FileDecoder {
  public:
   GifDecoder(const PictureData& data, const Header& header, const OpenOptions& options)
       : FileDecoder(data, options, SizeOf(header, options.limits), DepthOf(header.colours), "GIF"),
-        limits_(options.limits),
         header_(header) {}
 
   Pixels Decode(const DecodeRequest&) const override {
-    Pixels pixels = Pixels::Make(facts_.size, PixelFormat::Argb, 0, limits_);
+    Pixels pixels = Pixels::Make(facts_.size, PixelFormat::Argb, 0, Limits());
     if (header_.frame) DrawFrame(*header_.frame, pixels);
     DeclareOpaqueIfSo(pixels);
     return pixels;
@@ -175,7 +174,6 @@ class GifDecoder final : public FileDecoder {
     }
   }
 
-  PictureLimits limits_;
   Header header_;
 };
 
@@ -189,8 +187,7 @@ Match MatchGif(const PictureData& data) {
 }
 
 std::unique_ptr<Decoder> OpenGif(const PictureData& data, const OpenOptions& options) {
-  if (data.Head().size() < headerBytes)
-    throw RunTimeError(ErrorNumber::InvalidPicture, "GIF: the header is cut");
+  if (data.Head().size() < headerBytes) Refuse("GIF: the header is cut");
   return std::make_unique<GifDecoder>(data, ReadHeader(data), options);
 }
 

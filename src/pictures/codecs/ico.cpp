@@ -8,6 +8,8 @@
 #include "pictures/byte_reader.h"
 #include "pictures/codecs/png.h"
 #include "pictures/dib.h"
+#include "pictures/file_decoder.h"
+#include "pictures/refusal.h"
 
 namespace lumidex {
 namespace {
@@ -33,11 +35,10 @@ int StatedBits(unsigned kind, unsigned colours, unsigned bits) {
 }
 
 // The bitmap of one icon: colours above, a mask of one bit a pixel below.
-class DibIconDecoder final : public Decoder {
+class DibIconDecoder final : public FileDecoder {
  public:
-  DibIconDecoder(std::shared_ptr<const ByteSource> source, const Entry& entry, const OpenOptions& options)
-      : source_(std::move(source)), limits_(options.limits) {
-    const PictureData data(source_, {});
+  DibIconDecoder(const PictureData& data, const Entry& entry, const OpenOptions& options)
+      : FileDecoder(data, options, "ICO") {
     DibOptions dibOptions;
     dibOptions.limits = options.limits;
     dibOptions.fileSize = data.Size();
@@ -47,30 +48,28 @@ class DibIconDecoder final : public Decoder {
       dibOptions.icon = false;
       header_ = ReadDibHeader(data.Head(), dibOptions);
     }
-    facts_.size = header_.size;
-    facts_.bitsPerPixel = std::min(header_.bitsPerPixel, 32);
+    SetShape(header_.size, header_.bitsPerPixel);
   }
 
   // Whether its colours fit into so many bytes; the mask may be missing.
   bool IsWhole(std::uint64_t bytes) const { return header_.pixelOffset + ColourBytes() <= bytes; }
 
   Pixels Decode(const DecodeRequest&) const override {
-    const PictureData data(source_, {});
-    const auto bytes = data.Stretch(header_.pixelOffset, ColourBytes() + MaskRowBytes() * Height());
+    const auto bytes = Data().Stretch(header_.pixelOffset, ColourBytes() + MaskRowBytes() * Height());
     if (header_.bitsPerPixel == 32 && IsUnpacked()) {
       DibHeader withAlpha = header_;
       if (withAlpha.masks[3] == 0) withAlpha.masks[3] = RemainingMask();
-      Pixels pixels = DecodeDib(withAlpha, bytes, limits_);
+      Pixels pixels = DecodeDib(withAlpha, bytes, Limits());
       if (HasVisiblePixel(pixels)) return pixels;
     }
     // Without alpha of its own the mask says what is seen.
     const Bytes mask = Bytes(bytes).subspan(std::min(ColourBytes(), bytes.size()));
-    Pixels pixels = DecodeDib(header_, bytes, limits_);
+    Pixels pixels = DecodeDib(header_, bytes, Limits());
     ApplyMask(mask, pixels, [](std::uint32_t) { return 0U; });
     if (header_.bitsPerPixel == 32 || HasVisiblePixel(pixels)) return pixels;
     // Under the mask, colours other than black invert the screen. Cursors made of nothing else, as those for
     // text, are shown as they look over white.
-    pixels = DecodeDib(header_, bytes, limits_);
+    pixels = DecodeDib(header_, bytes, Limits());
     ApplyMask(mask, pixels, [](std::uint32_t word) { return word == blackPixel ? 0U : word ^ 0xFFFFFFU; });
     return pixels;
   }
@@ -110,8 +109,6 @@ class DibIconDecoder final : public Decoder {
     DeclareOpaqueIfSo(pixels);
   }
 
-  std::shared_ptr<const ByteSource> source_;
-  PictureLimits limits_;
   DibHeader header_;
 };
 
@@ -142,11 +139,10 @@ struct Candidate {
 
 Candidate OpenEntry(const PictureData& data, const Entry& entry, const OpenOptions& options) {
   // The stated length is often wrong; each picture knows where it ends.
-  auto source = StretchOf(data.SharedSource(), entry.offset, data.Size());
-  const PictureData picture(source, {});
+  const PictureData picture(StretchOf(data.SharedSource(), entry.offset, data.Size()), {});
   if (MatchPng(picture) == Match::Sure)
     return {OpenPng(picture, options), entry.bytes <= picture.Size(), entry.bits};
-  auto decoder = std::make_unique<DibIconDecoder>(std::move(source), entry, options);
+  auto decoder = std::make_unique<DibIconDecoder>(picture, entry, options);
   const bool whole = decoder->IsWhole(picture.Size());
   return {std::move(decoder), whole, entry.bits};
 }
@@ -188,7 +184,7 @@ std::unique_ptr<Decoder> OpenBest(const PictureData& data, const OpenOptions& op
       reason = error.what();
     }
   }
-  if (!best.decoder) throw RunTimeError(ErrorNumber::InvalidPicture, std::string(format) + ": " + reason);
+  if (!best.decoder) Refuse(std::string(format) + ": " + reason);
   return std::make_unique<IconDecoder>(std::move(best.decoder), format);
 }
 

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <vector>
 
-#include "base/run_time_error.h"
 #include "pictures/alpha.h"
 #include "pictures/byte_reader.h"
 #include "pictures/byte_stream.h"
@@ -13,6 +12,7 @@
 #include "pictures/file_decoder.h"
 #include "pictures/pack_bits.h"
 #include "pictures/planes.h"
+#include "pictures/refusal.h"
 
 namespace lumidex {
 namespace {
@@ -217,10 +217,6 @@ class IffDecoder final : public FileDecoder {
   IffMode mode_;
   std::size_t stride_ = 0;  // bytes of a row in one plane, or of a row of indices or colours
 };
-
-[[noreturn]] void Refuse(const char* reason) {
-  throw RunTimeError(ErrorNumber::InvalidPicture, reason);
-}
 
 void CheckPlanes(const IffPicture& picture) {
   const bool deep = picture.planes == 24 || picture.planes == 32;

@@ -5,9 +5,9 @@
 #include <string_view>
 #include <vector>
 
-#include "base/run_time_error.h"
 #include "pictures/byte_reader.h"
 #include "pictures/file_window.h"
+#include "pictures/refusal.h"
 
 namespace lumidex {
 namespace {
@@ -16,10 +16,6 @@ constexpr std::size_t chunkHead = 8;
 constexpr std::size_t groupHead = 12;
 constexpr int mostChunks = 10'000;
 constexpr std::uint32_t mostDeepElements = 16;
-
-[[noreturn]] void Refuse(const char* reason) {
-  throw RunTimeError(ErrorNumber::InvalidPicture, reason);
-}
 
 constexpr std::uint32_t Id(std::string_view name) {
   std::uint32_t id = 0;

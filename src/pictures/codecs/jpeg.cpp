@@ -4,11 +4,12 @@
 #include <cstdlib>
 #include <optional>
 
-#include "base/run_time_error.h"
 #include "pictures/codecs/jpeg_colours.h"
 #include "pictures/codecs/jpeg_reader.h"
 #include "pictures/colour_profile.h"
 #include "pictures/exif.h"
+#include "pictures/file_decoder.h"
+#include "pictures/refusal.h"
 #include "pictures/row_target.h"
 #include "pictures/small_file.h"
 #include "pictures/srgb_profile.h"
@@ -78,39 +79,34 @@ struct FrameNumbers {
   boolean progressive, arithmetic;
 };
 
-class JpegDecoder final : public Decoder {
+class JpegDecoder final : public FileDecoder {
  public:
   JpegDecoder(const PictureData& data, const OpenOptions& options)
-      : source_(data.SharedSource()),
-        fileBytes_(data.Size()),
-        start_(FindStart(data.Head()).value_or(0)),
-        options_(options) {
+      : FileDecoder(data, options, "JPEG"), start_(FindStart(data.Head()).value_or(0)) {
     constexpr unsigned usualExif = 2048, anyExif = 0xFFFF;
     if (ReadFacts(usualExif).beyond) ReadFacts(anyExif);
-    facts_.format = "JPEG";
     facts_.reducible = true;
   }
 
   Pixels Decode(const DecodeRequest& request) const override {
-    JpegReader reader(*source_, start_, PixelBlock);
+    JpegReader reader(Data().Source(), start_, PixelBlock);
     const Size wanted = TurnedSize(request.wanted, orientation_);
     const bool ready = reader.Try([&] {
       jpeg_decompress_struct& info = reader.Info();
-      if (!options_.asStored) jpeg_save_markers(&info, ProfileMarker, 0xFFFF);
+      if (!Options().asStored) jpeg_save_markers(&info, ProfileMarker, 0xFFFF);
       jpeg_read_header(&info, TRUE);
-      ChooseDecoding(info, options_.decoder);
+      ChooseDecoding(info, Options().decoder);
       Reduce(info, wanted);
     });
-    if (!ready)
-      return Turned(Pixels::Make(stored_, PixelFormat::Rgb, blankPixel, options_.limits), orientation_);
+    if (!ready) return Turned(Pixels::Make(stored_, PixelFormat::Rgb, blankPixel, Limits()), orientation_);
     return Turned(ReadPixels(reader, request.fit == Fit::Exact ? wanted : Size{}), orientation_);
   }
 
   JpegMetadata Metadata() const override {
-    JpegMetadata metadata = ReadJpegMetadata(*source_, start_);
+    JpegMetadata metadata = ReadJpegMetadata(Data().Source(), start_);
     if (metadata.profile.empty()) return metadata;
     const ProfileInput input = facts_.bitsPerPixel == 32 ? ProfileInput::Cmyk : ProfileInput::Words;
-    if (!options_.asStored && ColourProfile::FromIcc(metadata.profile, input, 1)) {
+    if (!Options().asStored && ColourProfile::FromIcc(metadata.profile, input, 1)) {
       DescribeSrgb(metadata);
     } else if (facts_.bitsPerPixel != 24 || !IsRgbProfile(metadata.profile)) {
       metadata.profile.clear();  // it is none for the pixels
@@ -120,22 +116,21 @@ class JpegDecoder final : public Decoder {
 
  private:
   ExifMark ReadFacts(unsigned exifBytes) {
-    JpegReader reader(*source_, start_, HeaderBlock);
+    JpegReader reader(Data().Source(), start_, HeaderBlock);
     const bool read = reader.Try([&] {
-      if (!options_.asStored) jpeg_save_markers(&reader.Info(), ExifMarker, exifBytes);
+      if (!Options().asStored) jpeg_save_markers(&reader.Info(), ExifMarker, exifBytes);
       jpeg_read_header(&reader.Info(), TRUE);
     });
-    if (!read) throw RunTimeError(ErrorNumber::InvalidPicture, std::string("JPEG: ") + reader.Message());
+    if (!read) Refuse(std::string("JPEG: ") + reader.Message());
     jpeg_decompress_struct& info = reader.Info();
     if (info.num_components != 1 && info.num_components != 3 && info.num_components != 4) {
-      throw RunTimeError(ErrorNumber::InvalidPicture, "JPEG: this number of components is not known");
+      Refuse("JPEG: this number of components is not known");
     }
-    stored_ = CheckedSize(info.image_width, info.image_height, options_.limits, fileBytes_);
+    stored_ = Checked(info.image_width, info.image_height);
     const ExifMark mark = FindExif(info);
     orientation_ = mark.orientation;
     CheckMemory(info);
-    facts_.size = TurnedSize(stored_, orientation_);
-    facts_.bitsPerPixel = 8 * info.num_components;
+    SetShape(TurnedSize(stored_, orientation_), 8 * info.num_components, info.num_components);
     return mark;
   }
 
@@ -145,9 +140,9 @@ class JpegDecoder final : public Decoder {
     const int coefficients = jpeg_has_multiple_scans(&info) != 0 ? info.num_components : 0;
     const int copies = orientation_ == Orientation::Upright ? 1 : 2;
     const std::int64_t bytes = std::int64_t{stored_.width} * stored_.height * (4 * copies + 2 * coefficients);
-    if (coefficients > 0 && bytes > std::max(options_.limits.bytes, std::int64_t{1} << 31))
-      throw RunTimeError(ErrorNumber::InvalidPicture, "JPEG: the picture is too large");
-    CheckSmallFile(bytes, fileBytes_);
+    if (coefficients > 0 && bytes > std::max(Limits().bytes, std::int64_t{1} << 31))
+      Refuse("JPEG: the picture is too large");
+    CheckSmallFile(bytes, Data().Size());
   }
 
   // The smallest size that still covers the wanted one, of those that libjpeg is fast at: an eighth, a
@@ -179,10 +174,10 @@ class JpegDecoder final : public Decoder {
       ready = reader.Try([&] { jpeg_start_decompress(&info); });
     }
     const Size size{static_cast<int>(info.output_width), static_cast<int>(info.output_height)};
-    RowTarget target(size, PixelFormat::Rgb, {.wanted = wanted, .limits = options_.limits});
+    RowTarget target(size, PixelFormat::Rgb, {.wanted = wanted, .limits = Limits()});
     if (!ready) return target.Finish(blankPixel);
     std::unique_ptr<ColourProfile> profile;
-    if (!options_.asStored) profile = Profile(reader, IsReducedFor(size, wanted) ? wanted : size);
+    if (!Options().asStored) profile = Profile(reader, IsReducedFor(size, wanted) ? wanted : size);
     if (info.quantize_colors) {
       ReadIndexedRows(reader, target, profile.get());
     } else if (info.num_components == 4) {
@@ -198,7 +193,7 @@ class JpegDecoder final : public Decoder {
     jpeg_start_decompress(&info);
     const std::int64_t blocksInRow = std::int64_t{info.MCUs_per_row} * info.max_h_samp_factor *
                                      info.max_v_samp_factor * info.num_components;
-    std::int64_t visits = MostBlockVisits(fileBytes_);
+    std::int64_t visits = MostBlockVisits(Data().Size());
     while (visits > 0) {
       const int state = jpeg_consume_input(&info);
       if (state == JPEG_REACHED_EOI || state == JPEG_SUSPENDED) break;
@@ -274,10 +269,7 @@ class JpegDecoder final : public Decoder {
     return pixels;
   }
 
-  std::shared_ptr<const ByteSource> source_;
-  std::uint64_t fileBytes_;
   std::uint64_t start_;
-  OpenOptions options_;
   Size stored_;
   Orientation orientation_ = Orientation::Upright;
 };

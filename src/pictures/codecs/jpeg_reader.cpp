@@ -10,7 +10,7 @@
 namespace lumidex {
 
 JpegReader::JpegReader(const ByteSource& source, std::uint64_t start, std::size_t blockBytes)
-    : source_(source), offset_(start), block_(blockBytes) {
+    : from_(source, start, blockBytes) {
   info_.err = jpeg_std_error(&errors_);
   errors_.error_exit = Fail;
   errors_.emit_message = Warn;
@@ -46,13 +46,13 @@ boolean JpegReader::Fill(j_decompress_ptr info) {
   // What libjpeg is given when the file ends too early.
   static constexpr std::array<JOCTET, 2> endMarker = {0xFF, JPEG_EOI};
   JpegReader& self = Self(info);
-  const std::size_t count = self.source_.ReadAt(self.offset_, self.block_);
-  self.offset_ += count;
-  self.ended_ = count == 0;
+  self.from_.Advance(self.block_.size());
+  self.block_ = self.from_.Ahead(1);
+  self.ended_ = self.block_.empty();
   // The arithmetic decoder takes the end of its bytes for zeros and warns of nothing.
   if (self.ended_ && self.info_.arith_code != 0 && self.info_.input_scan_number == 1) self.MarkEmptyRow();
-  self.manager_.next_input_byte = count == 0 ? endMarker.data() : self.block_.data();
-  self.manager_.bytes_in_buffer = count == 0 ? endMarker.size() : count;
+  self.manager_.next_input_byte = self.ended_ ? endMarker.data() : self.block_.data();
+  self.manager_.bytes_in_buffer = self.ended_ ? endMarker.size() : self.block_.size();
   return TRUE;
 }
 
@@ -63,7 +63,9 @@ void JpegReader::Skip(j_decompress_ptr info, long count) {
   const std::size_t here = std::min(wanted, self.manager_.bytes_in_buffer);
   self.manager_.next_input_byte += here;
   self.manager_.bytes_in_buffer -= here;
-  self.offset_ += wanted - here;
+  if (wanted == here) return;
+  self.from_.Skip(self.block_.size() + (wanted - here));
+  self.block_ = {};
 }
 
 }  // namespace lumidex

@@ -5,11 +5,10 @@
 #include <csetjmp>
 #include <cstdio>
 #include <limits>
-#include <vector>
 
 #include <jpeglib.h>
 
-#include "pictures/picture_data.h"
+#include "pictures/byte_stream.h"
 
 namespace lumidex {
 
@@ -49,9 +48,8 @@ class JpegReader {
   jpeg_source_mgr manager_{};
   std::jmp_buf jump_{};
   char message_[JMSG_LENGTH_MAX] = "";
-  const ByteSource& source_;
-  std::uint64_t offset_;
-  std::vector<std::uint8_t> block_;
+  ByteStream from_;
+  Bytes block_;  // what libjpeg was given of it last
   bool ended_ = false;
   unsigned firstEmptyRow_ = std::numeric_limits<unsigned>::max();
 };

@@ -5,7 +5,6 @@
 #include <array>
 #include <vector>
 
-#include "base/run_time_error.h"
 #include "pictures/alpha.h"
 #include "pictures/byte_reader.h"
 #include "pictures/byte_stream.h"
@@ -13,6 +12,7 @@
 #include "pictures/file_decoder.h"
 #include "pictures/palettes.h"
 #include "pictures/planes.h"
+#include "pictures/refusal.h"
 
 namespace lumidex {
 namespace {
@@ -242,10 +242,6 @@ class PcxDecoder final : public FileDecoder {
   Header header_;
   std::size_t planeBytes_ = 0;
 };
-
-[[noreturn]] void Refuse(const char* reason) {
-  throw RunTimeError(ErrorNumber::InvalidPicture, reason);
-}
 
 }  // namespace
 

@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <array>
 
-#include "base/run_time_error.h"
 #include "pictures/byte_reader.h"
 #include "pictures/file_decoder.h"
 #include "pictures/planes.h"
+#include "pictures/refusal.h"
 
 namespace lumidex {
 namespace {
@@ -204,9 +204,9 @@ Match MatchPic(const PictureData& data) {
 
 std::unique_ptr<Decoder> OpenPic(const PictureData& data, const OpenOptions& options) {
   const Header header = ReadHeader(data.Head());
-  if (header.text) throw RunTimeError(ErrorNumber::InvalidPicture, "PIC: text screens are not supported");
+  if (header.text) Refuse("PIC: text screens are not supported");
   if (!header.IsKnown()) {
-    throw RunTimeError(ErrorNumber::InvalidPicture, "PIC: this arrangement of planes is not supported");
+    Refuse("PIC: this arrangement of planes is not supported");
   }
   return std::make_unique<PicDecoder>(data, options, header);
 }

@@ -10,7 +10,10 @@
 #include "base/run_time_error.h"
 #include "pictures/alpha.h"
 #include "pictures/byte_pixels.h"
+#include "pictures/byte_stream.h"
 #include "pictures/colour_profile.h"
+#include "pictures/file_decoder.h"
+#include "pictures/refusal.h"
 #include "pictures/row_target.h"
 #include "pictures/small_file.h"
 
@@ -22,7 +25,7 @@ constexpr std::array<std::uint8_t, 8> signature = {0x89, 'P', 'N', 'G', '\r', '\
 // One run of libpng over a byte source; errors are turned into a false answer.
 class PngReader {
  public:
-  PngReader(const ByteSource& source, std::size_t blockBytes) : source_(source), block_(blockBytes) {
+  PngReader(const ByteSource& source, std::size_t blockBytes) : from_(source, 0, blockBytes) {
     png_ = png_create_read_struct(PNG_LIBPNG_VER_STRING, this, Fail, Ignore);
     if (png_ != nullptr) info_ = png_create_info_struct(png_);
     if (info_ == nullptr) {
@@ -74,86 +77,55 @@ class PngReader {
 
   static void Read(png_structp png, png_bytep into, std::size_t count) {
     auto& self = *static_cast<PngReader*>(png_get_io_ptr(png));
-    while (count > 0) {
-      if (self.place_ == self.filled_) {
-        self.filled_ = self.source_.ReadAt(self.offset_, self.block_);
-        self.offset_ += self.filled_;
-        self.place_ = 0;
-        if (self.filled_ == 0) png_error(png, "the file ends early");
-      }
-      const std::size_t part = std::min(count, self.filled_ - self.place_);
-      std::copy_n(self.block_.begin() + static_cast<std::ptrdiff_t>(self.place_), part, into);
-      self.place_ += part;
-      into += part;
-      count -= part;
-    }
+    if (self.from_.Read({into, count}) < count) png_error(png, "the file ends early");
   }
 
-  const ByteSource& source_;
-  std::vector<std::uint8_t> block_;
-  std::uint64_t offset_ = 0;
-  std::size_t place_ = 0;
-  std::size_t filled_ = 0;
+  ByteStream from_;
   std::jmp_buf jump_{};
   std::string message_;
   png_structp png_ = nullptr;
   png_infop info_ = nullptr;
 };
 
-// The stored depth as a bitmap can hold it; channels of 16 bits are decoded to 8.
-int DepthOf(int channels, int bitDepth) {
-  switch (channels * bitDepth) {
-    case 48:
-      return 24;
-    case 64:
-      return 32;
-    default:
-      return channels == 2 && bitDepth == 16 ? 32 : channels * bitDepth;
-  }
-}
-
-class PngDecoder final : public Decoder {
+class PngDecoder final : public FileDecoder {
  public:
-  PngDecoder(const PictureData& data, const OpenOptions& options)
-      : source_(data.SharedSource()), options_(options) {
+  PngDecoder(const PictureData& data, const OpenOptions& options) : FileDecoder(data, options, "PNG") {
     // Everything that counts stands in the first chunk; the libpng run below would read up to the pixels.
     const Bytes head = data.Head();
     constexpr std::string_view firstChunk = "IHDR";
     if (head.size() < 33 || !std::equal(firstChunk.begin(), firstChunk.end(), head.begin() + 12)) {
-      throw RunTimeError(ErrorNumber::InvalidPicture, "PNG: the header is missing");
+      Refuse("PNG: the header is missing");
     }
-    PngReader reader(*source_, PictureData::HeadSize);
+    PngReader reader(Data().Source(), PictureData::HeadSize);
     if (!reader.Try([&] { png_read_info(reader.Png(), reader.Info()); })) {
-      throw RunTimeError(ErrorNumber::InvalidPicture, "PNG: " + reader.Message());
+      Refuse("PNG: " + reader.Message());
     }
-    facts_.size = CheckedSize(png_get_image_width(reader.Png(), reader.Info()),
-                              png_get_image_height(reader.Png(), reader.Info()), options.limits, data.Size());
+    const int channels = png_get_channels(reader.Png(), reader.Info());
+    SetShape(Checked(png_get_image_width(reader.Png(), reader.Info()),
+                     png_get_image_height(reader.Png(), reader.Info())),
+             channels * png_get_bit_depth(reader.Png(), reader.Info()), channels);
     const bool interlaced = png_get_interlace_type(reader.Png(), reader.Info()) != PNG_INTERLACE_NONE;
     CheckWork(reader, interlaced);
     facts_.reducible = !interlaced;
-    facts_.bitsPerPixel = DepthOf(png_get_channels(reader.Png(), reader.Info()),
-                                  png_get_bit_depth(reader.Png(), reader.Info()));
-    facts_.format = "PNG";
   }
 
   Pixels Decode(const DecodeRequest& request) const override {
-    constexpr std::size_t block = std::size_t{1} << 16;
-    PngReader reader(*source_, block);
+    PngReader reader(Data().Source(), ByteStream::blockSize);
     Transform transform;
     if (!reader.Try([&] { transform = Prepare(reader); }) || transform == Transform::None)
-      return Pixels::Make(facts_.size, PixelFormat::Rgb, blankPixel, options_.limits);
+      return Pixels::Make(facts_.size, PixelFormat::Rgb, blankPixel, Limits());
     const bool alpha = HasAlpha(reader);
     const std::uint32_t blank = alpha ? 0 : blankPixel;
     const PixelFormat format = alpha ? PixelFormat::Argb : PixelFormat::Rgb;
     const std::unique_ptr<ColourProfile> profile = Profile(reader, transform);
     Pixels pixels;
     if (facts_.reducible) {
-      RowTarget target(facts_.size, format, {.wanted = SizeToMake(request), .limits = options_.limits});
+      RowTarget target(facts_.size, format, {.wanted = SizeToMake(request), .limits = Limits()});
       ReadRows(reader, target, transform, profile.get());
       pixels = target.Finish(blank);
     } else {
       // Passes leave pixels out, which must not stay undefined when the file is cut.
-      pixels = Pixels::Make(facts_.size, format, blank, options_.limits);
+      pixels = Pixels::Make(facts_.size, format, blank, Limits());
       ReadPasses(reader, pixels, profile.get());
     }
     if (alpha) DeclareOpaqueIfSo(pixels);
@@ -170,10 +142,10 @@ class PngDecoder final : public Decoder {
     const auto storedRow = static_cast<std::int64_t>(png_get_rowbytes(reader.Png(), reader.Info()));
     const std::int64_t shownRow = std::int64_t{4} * facts_.size.width;
     const bool converts =
-        !options_.asStored && png_get_valid(reader.Png(), reader.Info(), PNG_INFO_iCCP) != 0;
+        !Options().asStored && png_get_valid(reader.Png(), reader.Info(), PNG_INFO_iCCP) != 0;
     CheckSmallFile((std::max(storedRow, shownRow) * (interlaced ? 2 : 1) + (converts ? shownRow : 0)) *
                        facts_.size.height,
-                   source_->Size());
+                   Data().Size());
   }
 
   static bool HasAlpha(const PngReader& reader) {
@@ -187,7 +159,7 @@ class PngDecoder final : public Decoder {
     png_infop info = reader.Info();
     png_read_info(png, info);
     const bool alpha = HasAlpha(reader);
-    const bool profiled = !options_.asStored && png_get_valid(png, info, PNG_INFO_iCCP) != 0;
+    const bool profiled = !Options().asStored && png_get_valid(png, info, PNG_INFO_iCCP) != 0;
     Transform transform = Transform::Words;
     if (png_get_bit_depth(png, info) == 16 && profiled && facts_.reducible) {
       transform = Transform::Deep;
@@ -262,15 +234,12 @@ class PngDecoder final : public Decoder {
     int compression = 0;
     png_bytep bytes = nullptr;
     png_uint_32 count = 0;
-    if (options_.asStored || png_get_valid(reader.Png(), reader.Info(), PNG_INFO_sRGB) != 0) return nullptr;
+    if (Options().asStored || png_get_valid(reader.Png(), reader.Info(), PNG_INFO_sRGB) != 0) return nullptr;
     if (png_get_iCCP(reader.Png(), reader.Info(), &name, &compression, &bytes, &count) == 0) return nullptr;
     return ColourProfile::FromIcc(
         {bytes, count}, transform == Transform::Deep ? ProfileInput::DeepWords : ProfileInput::Words,
         std::int64_t{facts_.size.width} * facts_.size.height);
   }
-
-  std::shared_ptr<const ByteSource> source_;
-  OpenOptions options_;
 };
 
 }  // namespace

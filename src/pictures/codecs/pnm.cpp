@@ -6,47 +6,31 @@
 #include <mutex>
 #include <optional>
 
-#include "base/run_time_error.h"
 #include "pictures/alpha.h"
+#include "pictures/byte_stream.h"
+#include "pictures/file_decoder.h"
 #include "pictures/palettes.h"
+#include "pictures/refusal.h"
 
 namespace lumidex {
 namespace {
-
-[[noreturn]] void Refuse(const char* text) {
-  throw RunTimeError(ErrorNumber::InvalidPicture, std::string("PNM: ") + text);
-}
 
 bool IsBlank(int character) {
   return character == ' ' || (character >= '\t' && character <= '\r');
 }
 
-// The file from front to back, in blocks.
+// The words of a header, and samples written as such.
 class Characters {
  public:
-  explicit Characters(const ByteSource& source, std::uint64_t offset = 0) : source_(source), next_(offset) {}
+  explicit Characters(ByteStream from) : from_(std::move(from)) {}
 
   // -1 at the end.
-  int Next() {
-    if (place_ == block_.size() && !Fill()) return -1;
-    return block_[place_++];
-  }
+  int Next() { return from_.Next(); }
   // Only directly after Next, and not at the end.
-  void Back() { --place_; }
-  std::uint64_t Position() const { return next_ - (block_.size() - place_); }
-
+  void Back() { from_.Back(); }
+  std::uint64_t Position() const { return from_.Position(); }
   // Fills `into` as far as the file goes and returns how much that was.
-  std::size_t Read(std::span<std::uint8_t> into) {
-    std::size_t done = 0;
-    while (done < into.size() && (place_ < block_.size() || Fill())) {
-      const std::size_t part = std::min(into.size() - done, block_.size() - place_);
-      std::copy_n(block_.begin() + static_cast<std::ptrdiff_t>(place_), part,
-                  into.begin() + static_cast<std::ptrdiff_t>(done));
-      place_ += part;
-      done += part;
-    }
-    return done;
-  }
+  std::size_t Read(std::span<std::uint8_t> into) { return from_.Read(into); }
 
   // A number behind blanks and comments, no more than `most`; nothing when something else stands there.
   std::optional<int> Number(int most) {
@@ -85,20 +69,7 @@ class Characters {
   }
 
  private:
-  bool Fill() {
-    constexpr std::size_t blockBytes = std::size_t{1} << 16;
-    // The head alone is needed for the facts.
-    block_.resize(next_ == 0 ? PictureData::HeadSize : blockBytes);
-    block_.resize(source_.ReadAt(next_, block_));
-    next_ += block_.size();
-    place_ = 0;
-    return !block_.empty();
-  }
-
-  const ByteSource& source_;
-  std::vector<std::uint8_t> block_;
-  std::uint64_t next_;
-  std::size_t place_ = 0;
+  ByteStream from_;
 };
 
 constexpr std::int64_t MostSide = 1 << 20;
@@ -135,7 +106,7 @@ void ReadPamHeader(Characters& file, Header& header) {
     const std::size_t space = line.find_first_of(" \t");
     const std::string word = line.substr(0, space);
     if (line.empty() || line[0] == '#' || word == "TUPLTYPE") {
-      if (file.Next() < 0) Refuse("the header is cut");
+      if (file.Next() < 0) Refuse("PNM: the header is cut");
       file.Back();
       continue;
     }
@@ -145,7 +116,7 @@ void ReadPamHeader(Characters& file, Header& header) {
     if (word == "DEPTH") header.samples = static_cast<int>(std::clamp<std::int64_t>(value, 0, 5));
     if (word == "MAXVAL") header.most = static_cast<int>(std::clamp<std::int64_t>(value, 0, MostSample + 1));
   }
-  if (header.samples < 1 || header.samples > 4) Refuse("this number of channels is not known");
+  if (header.samples < 1 || header.samples > 4) Refuse("PNM: this number of channels is not known");
 }
 
 // One blank ends the header of a raw file; everything behind it is pixels. Editors make a line end of two
@@ -172,39 +143,37 @@ Header ReadHeader(Characters& file, std::uint64_t fileSize) {
     header.samples = kind == '3' || kind == '6' ? 3 : 1;
     const auto width = file.Number(MostNumber);
     const auto height = file.Number(MostNumber);
-    if (!width || !height) Refuse("the size is missing");
+    if (!width || !height) Refuse("PNM: the size is missing");
     header.width = *width;
     header.height = *height;
     if (!header.bits) header.most = file.Number(MostSample).value_or(0);
     if (!header.plain) EndRawHeader(file, header, fileSize);
   }
-  if (header.most < 1 || header.most > MostSample) Refuse("the greatest sample must be 1 to 65535");
+  if (header.most < 1 || header.most > MostSample) Refuse("PNM: the greatest sample must be 1 to 65535");
   header.pixelOffset = file.Position();
   return header;
 }
 
-int DepthOf(const Header& header) {
+int StoredBits(const Header& header) {
+  // Greys of two values are bits, also where each takes a byte.
   if (header.most == 1 && header.samples == 1) return 1;
-  if (header.samples >= 3) return header.samples == 3 ? 24 : 32;
   return (header.most > 255 ? 16 : 8) * header.samples;
 }
 
-class PnmDecoder final : public Decoder {
+class PnmDecoder final : public FileDecoder {
  public:
-  PnmDecoder(const PictureData& data, const OpenOptions& options)
-      : source_(data.SharedSource()), limits_(options.limits) {
-    Characters file(*source_);
+  PnmDecoder(const PictureData& data, const OpenOptions& options) : FileDecoder(data, options, "PNM") {
+    // The head alone is needed, nearly always.
+    Characters file(ByteStream(data.Source(), 0, PictureData::HeadSize));
     header_ = ReadHeader(file, data.Size());
-    facts_.size = CheckedSize(header_.width, header_.height, limits_, data.Size());
-    facts_.bitsPerPixel = DepthOf(header_);
-    facts_.format = "PNM";
+    SetShape(Checked(header_.width, header_.height), StoredBits(header_), header_.samples);
   }
 
   Pixels Decode(const DecodeRequest&) const override {
     std::call_once(levelsMade_, [this] { MakeLevels(); });
     const bool alpha = header_.samples == 2 || header_.samples == 4;
-    Pixels pixels = Pixels::MakeUnfilled(facts_.size, alpha ? PixelFormat::Argb : PixelFormat::Rgb, limits_);
-    Characters file(*source_, header_.pixelOffset);
+    Pixels pixels = Pixels::MakeUnfilled(facts_.size, alpha ? PixelFormat::Argb : PixelFormat::Rgb, Limits());
+    Characters file(ByteStream(Data().Source(), header_.pixelOffset, ByteStream::blockSize));
     std::vector<std::uint8_t> bytes;
     for (int y = 0; y < pixels.Height(); ++y) {
       const auto row = pixels.Row(y);
@@ -305,8 +274,6 @@ class PnmDecoder final : public Decoder {
     }
   }
 
-  std::shared_ptr<const ByteSource> source_;
-  PictureLimits limits_;
   Header header_;
   mutable std::once_flag levelsMade_;
   mutable std::vector<std::uint8_t> levels_;
@@ -327,7 +294,7 @@ Match MatchPnm(const PictureData& data) {
 }
 
 std::unique_ptr<Decoder> OpenPnm(const PictureData& data, const OpenOptions& options) {
-  if (IsFloatMap(data.Head())) Refuse("maps of floating-point numbers are not supported");
+  if (IsFloatMap(data.Head())) Refuse("PNM: maps of floating-point numbers are not supported");
   return std::make_unique<PnmDecoder>(data, options);
 }
 

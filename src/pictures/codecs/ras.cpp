@@ -5,13 +5,13 @@
 #include <array>
 #include <vector>
 
-#include "base/run_time_error.h"
 #include "pictures/byte_reader.h"
 #include "pictures/byte_stream.h"
 #include "pictures/codecs/run_rows.h"
 #include "pictures/file_decoder.h"
 #include "pictures/palettes.h"
 #include "pictures/planes.h"
+#include "pictures/refusal.h"
 
 namespace lumidex {
 namespace {
@@ -125,10 +125,6 @@ class RasDecoder final : public FileDecoder {
 
   Header header_;
 };
-
-[[noreturn]] void Refuse(const char* reason) {
-  throw RunTimeError(ErrorNumber::InvalidPicture, reason);
-}
 
 }  // namespace
 

@@ -7,13 +7,13 @@
 #include <utility>
 #include <vector>
 
-#include "base/run_time_error.h"
 #include "pictures/alpha.h"
 #include "pictures/byte_reader.h"
 #include "pictures/byte_stream.h"
 #include "pictures/file_decoder.h"
 #include "pictures/palettes.h"
 #include "pictures/planes.h"
+#include "pictures/refusal.h"
 
 namespace lumidex {
 namespace {
@@ -353,10 +353,6 @@ class TgaDecoder final : public FileDecoder {
 
   Header header_;
 };
-
-[[noreturn]] void Refuse(const char* reason) {
-  throw RunTimeError(ErrorNumber::InvalidPicture, reason);
-}
 
 }  // namespace
 

@@ -3,12 +3,13 @@
 #include <algorithm>
 #include <array>
 
-#include "base/run_time_error.h"
 #include "pictures/alpha.h"
 #include "pictures/codecs/tiff_bands.h"
 #include "pictures/codecs/tiff_file.h"
 #include "pictures/codecs/tiff_range.h"
 #include "pictures/codecs/tiff_rows.h"
+#include "pictures/file_decoder.h"
+#include "pictures/refusal.h"
 #include "pictures/row_target.h"
 #include "pictures/small_file.h"
 
@@ -17,22 +18,10 @@ namespace {
 
 constexpr int MostSamples = 16;
 
-[[noreturn]] void Refuse(const std::string& text) {
-  throw RunTimeError(ErrorNumber::InvalidPicture, "TIFF: " + text);
-}
-
 // No table, strip or tile of a sane file is larger than its pixels or itself.
 std::int64_t MostAllocation(std::uint64_t fileBytes) {
   return (std::int64_t{128} << 20) +
          static_cast<std::int64_t>(std::min<std::uint64_t>(fileBytes, 1U << 30)) * 2;
-}
-
-int DepthOf(const TiffLayout& layout) {
-  const int bits = layout.bits * layout.samples;
-  for (const int depth : {1, 2, 4, 8, 16, 24, 32}) {
-    if (bits <= depth) return depth;
-  }
-  return bits <= 48 && layout.samples <= 3 ? 24 : 32;
 }
 
 // libtiff knows these best itself: it gives finished colours for them.
@@ -44,35 +33,32 @@ bool NeedsLibraryColours(const TiffLayout& layout) {
          layout.photometric == PHOTOMETRIC_LOGL || chromaTogether;
 }
 
-class TiffDecoder final : public Decoder {
+class TiffDecoder final : public FileDecoder {
  public:
-  TiffDecoder(const PictureData& data, const OpenOptions& options)
-      : source_(data.SharedSource()), fileBytes_(data.Size()), options_(options) {
-    const TiffFile file(*source_, MostAllocation(fileBytes_));
-    if (file.Handle() == nullptr) Refuse(file.Message());
+  TiffDecoder(const PictureData& data, const OpenOptions& options) : FileDecoder(data, options, "TIFF") {
+    const TiffFile file(Data().Source(), MostAllocation(Data().Size()));
+    if (file.Handle() == nullptr) Refuse("TIFF: " + file.Message());
     layout_ = ReadTiffLayout(file);
     if (options.asStored) layout_.orientation = Orientation::Upright;
-    stored_ = CheckedSize(layout_.width, layout_.height, options.limits, fileBytes_);
-    if (layout_.samples < 1 || layout_.samples > MostSamples) Refuse("this number of samples is not known");
+    stored_ = Checked(layout_.width, layout_.height);
+    if (layout_.samples < 1 || layout_.samples > MostSamples)
+      Refuse("TIFF: this number of samples is not known");
     if (TIFFIsCODECConfigured(static_cast<std::uint16_t>(layout_.compression)) == 0) {
-      Refuse("the compression is not known");
+      Refuse("TIFF: the compression is not known");
     }
     if (!NeedsLibraryColours(layout_) && !TiffRowReader::CanRead(layout_))
-      Refuse("this kind of samples is not known");
+      Refuse("TIFF: this kind of samples is not known");
     if (!NeedsLibraryColours(layout_) && !BandsOf(file, layout_).IsReadable())
-      Refuse("the strips or tiles are too large");
+      Refuse("TIFF: the strips or tiles are too large");
     CheckWork(file);
-    facts_.size = TurnedSize(stored_, layout_.orientation);
-    facts_.bitsPerPixel = DepthOf(layout_);
-    facts_.format = "TIFF";
+    SetShape(TurnedSize(stored_, layout_.orientation), layout_.bits * layout_.samples, layout_.samples);
     facts_.reducible = !NeedsLibraryColours(layout_);
   }
 
   Pixels Decode(const DecodeRequest& request) const override {
     const PixelFormat format = layout_.alpha == TiffAlpha::None ? PixelFormat::Rgb : PixelFormat::Argb;
-    TiffFile file(*source_, MostAllocation(fileBytes_));
-    if (file.Handle() == nullptr)
-      return Pixels::Make(facts_.size, PixelFormat::Rgb, blankPixel, options_.limits);
+    TiffFile file(Data().Source(), MostAllocation(Data().Size()));
+    if (file.Handle() == nullptr) return Pixels::Make(facts_.size, PixelFormat::Rgb, blankPixel, Limits());
     Pixels pixels = NeedsLibraryColours(layout_)
                         ? ReadLibraryColours(file, format)
                         : ReadSamples(file, format, TurnedSize(SizeToMake(request), layout_.orientation));
@@ -82,7 +68,7 @@ class TiffDecoder final : public Decoder {
 
  private:
   TiffBands BandsOf(const TiffFile& file, const TiffLayout& layout) const {
-    return {file, layout, stored_, MostAllocation(fileBytes_)};
+    return {file, layout, stored_, MostAllocation(Data().Size())};
   }
 
   // Numbers with a point are read twice, first for their range; Lab colours take as long, and so does a
@@ -95,11 +81,11 @@ class TiffDecoder final : public Decoder {
     std::uint32_t profileBytes = 0;
     void* profile = nullptr;
     const bool converts =
-        !options_.asStored && TIFFGetField(file.Handle(), TIFFTAG_ICCPROFILE, &profileBytes, &profile) == 1;
+        !Options().asStored && TIFFGetField(file.Handle(), TIFFTAG_ICCPROFILE, &profileBytes, &profile) == 1;
     const std::int64_t row =
         std::max(unpacked * (slow ? 2 : 1), shown * (layout_.orientation == Orientation::Upright ? 1 : 2)) +
         (converts ? shown * (layout_.colourSamples == 4 ? 3 : 1) : 0);
-    CheckSmallFile(row * stored_.height, fileBytes_);
+    CheckSmallFile(row * stored_.height, Data().Size());
   }
 
   Pixels ReadSamples(const TiffFile& file, PixelFormat format, Size wanted) const {
@@ -115,12 +101,12 @@ class TiffDecoder final : public Decoder {
     const bool convertsLate =
         layout.colourSamples == 4 && format == PixelFormat::Rgb && IsReducedFor(stored_, wanted);
     const std::unique_ptr<ColourProfile> profile =
-        options_.asStored ? nullptr : Profile(file, convertsLate ? wanted : stored_);
+        Options().asStored ? nullptr : Profile(file, convertsLate ? wanted : stored_);
     const std::uint32_t blank = convertsLate ? 0 : blankPixel;
     TiffRowReader reader(file, layout, profile.get(), range);
     TiffBands bands = BandsOf(file, layout);
     RowTarget target(stored_, format,
-                     {.wanted = wanted, .rowsAtOnce = bands.RowsInBand(), .limits = options_.limits});
+                     {.wanted = wanted, .rowsAtOnce = bands.RowsInBand(), .limits = Limits()});
     std::vector<bool> seen(static_cast<std::size_t>(bands.RowsInBand()));
     while (target.RowsMissing() > 0) {
       std::fill(seen.begin(), seen.end(), false);
@@ -163,7 +149,7 @@ class TiffDecoder final : public Decoder {
   }
 
   Pixels ReadLibraryColours(const TiffFile& file, PixelFormat format) const {
-    Pixels pixels = Pixels::Make(stored_, format, blankPixel, options_.limits);
+    Pixels pixels = Pixels::Make(stored_, format, blankPixel, Limits());
     TIFFRGBAImage image;
     std::array<char, 1024> message{};
     if (TIFFRGBAImageBegin(&image, file.Handle(), 0, message.data()) != 1) return pixels;
@@ -181,9 +167,6 @@ class TiffDecoder final : public Decoder {
     return pixels;
   }
 
-  std::shared_ptr<const ByteSource> source_;
-  std::uint64_t fileBytes_;
-  OpenOptions options_;
   TiffLayout layout_;
   Size stored_;
 };

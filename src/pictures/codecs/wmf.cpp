@@ -1,18 +1,17 @@
 #include "pictures/codecs/wmf.h"
 
-#include "base/run_time_error.h"
 #include "pictures/metafile/metafile_decoder.h"
 #include "pictures/metafile/wmf_layout.h"
+#include "pictures/refusal.h"
 
 namespace lumidex {
 namespace {
 
 class WmfDecoder final : public metafile::MetafileDecoder {
  public:
-  WmfDecoder(const PictureData& data, const OpenOptions& options) : MetafileDecoder(data, options) {
+  WmfDecoder(const PictureData& data, const OpenOptions& options) : MetafileDecoder(data, options, "WMF") {
     const auto header = metafile::ReadWmfHeader(data.Head());
-    if (!header) throw RunTimeError(ErrorNumber::InvalidPicture, "The metafile's header is damaged");
-    facts_.format = "WMF";
+    if (!header) Refuse("The metafile's header is damaged");
     // The window is nearly always among the first records.
     auto layout = metafile::LayOutWmf(*header, data.Head());
     if (!layout) {
@@ -20,7 +19,7 @@ class WmfDecoder final : public metafile::MetafileDecoder {
       layout = metafile::LayOutWmf(*header, bytes);
       if (!layout) layout = metafile::MeasureWmf(*header, bytes);
     }
-    if (!layout) throw RunTimeError(ErrorNumber::InvalidPicture, "The metafile has no extent");
+    if (!layout) Refuse("The metafile has no extent");
     layout_ = *layout;
     facts_.size = metafile::NaturalSize(layout_.Inches(), options.limits);
   }

@@ -6,13 +6,13 @@
 #include <optional>
 #include <vector>
 
-#include "base/run_time_error.h"
 #include "pictures/byte_reader.h"
 #include "pictures/codecs/wpg_rows.h"
 #include "pictures/file_decoder.h"
 #include "pictures/file_window.h"
 #include "pictures/palettes.h"
 #include "pictures/planes.h"
+#include "pictures/refusal.h"
 
 namespace lumidex {
 namespace {
@@ -20,10 +20,6 @@ namespace {
 constexpr std::size_t headerSize = 16;
 constexpr std::uint32_t signature = 0xFF575043;
 constexpr std::uint8_t graphicsFile = 0x16;
-
-[[noreturn]] void Refuse(const char* reason) {
-  throw RunTimeError(ErrorNumber::InvalidPicture, reason);
-}
 
 struct Record {
   unsigned type = 0;

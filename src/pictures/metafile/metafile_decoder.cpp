@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "base/out_of_memory.h"
+#include "pictures/refusal.h"
 
 namespace lumidex::metafile {
 namespace {
@@ -26,10 +27,9 @@ double AreaOf(Size size) {
 
 Size NaturalSize(Point inches, const PictureLimits& limits) {
   double width = std::abs(inches.x) * pixelsPerInch, height = std::abs(inches.y) * pixelsPerInch;
-  if (!(width > 0) || !(height > 0))
-    throw RunTimeError(ErrorNumber::InvalidPicture, "The metafile has no extent");
+  if (!(width > 0) || !(height > 0)) Refuse("The metafile has no extent");
   if (!(std::round(width) <= limits.side) || !(std::round(height) <= limits.side))
-    throw RunTimeError(ErrorNumber::InvalidPicture, "The metafile is too large");
+    Refuse("The metafile is too large");
   const double most = std::min(mostNaturalPixels, static_cast<double>(limits.bytes) / 4);
   const double shrinking = std::sqrt(width * height / most);
   if (shrinking > 1) {
@@ -40,19 +40,19 @@ Size NaturalSize(Point inches, const PictureLimits& limits) {
   return {whole(width), whole(height)};
 }
 
-MetafileDecoder::MetafileDecoder(const PictureData& data, const OpenOptions& options)
-    : data_(data), limits_(options.limits) {
+MetafileDecoder::MetafileDecoder(const PictureData& data, const OpenOptions& options, std::string_view format)
+    : FileDecoder(data, options, format) {
   facts_.bitsPerPixel = 24;
   facts_.scalable = true;
 }
 
 Pixels MetafileDecoder::Decode(const DecodeRequest& request) const {
   const Size wanted = request.wanted;
-  const bool possible = wanted.width > 0 && wanted.height > 0 && wanted.width <= limits_.side &&
-                        wanted.height <= limits_.side && AreaOf(wanted) <= mostWantedPixels;
+  const bool possible = wanted.width > 0 && wanted.height > 0 && wanted.width <= Limits().side &&
+                        wanted.height <= Limits().side && AreaOf(wanted) <= mostWantedPixels;
   const Size size = possible ? wanted : facts_.size;
   return TellingOutOfMemory([&] {
-    const std::vector<std::uint8_t> bytes = data_.All();
+    const std::vector<std::uint8_t> bytes = Data().All();
     // What may be spent on a drawing of the natural size may be spent on each part of a larger one, so that
     // none loses at a zoom what it has without.
     const double bandPixels = std::max(AreaOf(facts_.size), leastBandPixels);

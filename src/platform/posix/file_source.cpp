@@ -8,7 +8,7 @@
 #include <limits>
 
 #include "base/run_time_error.h"
-#include "base/text.h"
+#include "pictures/picture_data.h"
 
 namespace lumidex {
 namespace {
@@ -67,29 +67,6 @@ class FileSource final : public ByteSource {
 
 std::shared_ptr<const ByteSource> OpenFileSource(const std::string& path) {
   return std::make_shared<FileSource>(path);
-}
-
-std::string FileExtension(const std::string& path) {
-  const std::size_t slash = path.rfind('/');
-  const std::size_t start = slash == std::string::npos ? 0 : slash + 1;
-  const std::size_t point = path.rfind('.');
-  if (point == std::string::npos || point < start) return {};
-  return LCase(path.substr(point));
-}
-
-PictureData OpenPictureFile(const std::string& path) {
-  PictureData data(OpenFileSource(path), FileExtension(path));
-  if (data.Extension() != ".cut") return data;
-  const std::string stem = path.substr(0, path.size() - data.Extension().size());
-  for (const char* ending : {".pal", ".PAL", ".Pal"}) {
-    // Without a palette file the picture is shown in greys.
-    IgnoreError([&] {
-      constexpr std::size_t most = 65536;
-      data.paletteFile = PictureData(OpenFileSource(stem + ending), ".pal").Stretch(0, most);
-    });
-    if (!data.paletteFile.empty()) break;
-  }
-  return data;
 }
 
 }  // namespace lumidex

@@ -12,11 +12,4 @@ namespace lumidex {
 // not be read, and PathFileAccess for directories, pipes, devices and everything else.
 std::shared_ptr<const ByteSource> OpenFileSource(const std::string& path);
 
-// The ending of a path's last part with its point, in lower case; empty when there is none.
-std::string FileExtension(const std::string& path);
-
-// A picture file as decoders want it. Only Dr. Halo's cut files have a palette file beside them.
-// Raises like OpenFileSource.
-PictureData OpenPictureFile(const std::string& path);
-
 }  // namespace lumidex
