@@ -1,13 +1,17 @@
 // A small clipboard manager for tests: when a program asks it to, it takes over what the clipboard holds and
-// gives it to whoever asks for it afterwards. With --silent it never answers. It prints "ready" once it may
-// be asked, and ends when its input does.
+// gives it to whoever asks for it afterwards. With --silent it never answers; with the name of a folder it
+// puts what it took there as well, one file each. It prints "ready" once it may be asked, and ends when its
+// input does.
 
 #include <poll.h>
 #include <unistd.h>
 #include <xcb/xcb.h>
 
+#include <algorithm>
 #include <cstdio>
+#include <fstream>
 #include <map>
+#include <utility>
 #include <vector>
 
 #include "platform/posix/x11/x_screen.h"
@@ -21,8 +25,10 @@ constexpr std::uint32_t mostWords = 1 << 24;
 
 class Manager {
  public:
-  explicit Manager(bool isSilent)
-      : isSilent_(isSilent), screen_(std::getenv("DISPLAY") ? std::getenv("DISPLAY") : "") {
+  Manager(bool isSilent, std::string folder)
+      : isSilent_(isSilent),
+        folder_(std::move(folder)),
+        screen_(std::getenv("DISPLAY") ? std::getenv("DISPLAY") : "") {
     if (!screen_.IsOpen()) return;
     window_ = xcb_generate_id(Connection());
     const std::uint32_t events = XCB_EVENT_MASK_PROPERTY_CHANGE;
@@ -119,7 +125,19 @@ class Manager {
         content.second.insert(content.second.end(), piece.second.begin(), piece.second.end());
       }
     }
+    if (!folder_.empty()) Write(target, content.second);
     contents_[target] = std::move(content);
+  }
+
+  void Write(xcb_atom_t target, const std::vector<std::uint8_t>& bytes) const {
+    const auto reply =
+        Owned(xcb_get_atom_name_reply(Connection(), xcb_get_atom_name(Connection(), target), nullptr));
+    if (!reply) return;
+    std::string name(xcb_get_atom_name_name(reply.get()),
+                     static_cast<std::size_t>(xcb_get_atom_name_name_length(reply.get())));
+    std::ranges::replace(name, '/', '-');
+    std::ofstream(folder_ + "/" + name, std::ios::binary)
+        .write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
   }
 
   void Give(const xcb_selection_request_event_t& request) {
@@ -139,6 +157,7 @@ class Manager {
   }
 
   bool isSilent_;
+  std::string folder_;
   lumidex::XScreen screen_;
   xcb_window_t window_ = 0;
   std::map<xcb_atom_t, Content> contents_;
@@ -148,5 +167,5 @@ class Manager {
 
 int main(int argc, char** argv) {
   const bool isSilent = argc > 1 && std::string(argv[1]) == "--silent";
-  return Manager(isSilent).Run();
+  return Manager(isSilent, argc > 1 && !isSilent ? argv[1] : "").Run();
 }

@@ -148,3 +148,12 @@ def lone_program(desktop, world, *arguments):
     with open(os.path.join(folder, "settings.ini"), "w") as file:
         file.write("[Options]\nShow Tips at Startup=0\n")
     return Program(desktop, world.program, *arguments)
+
+
+def started_program(desktop, world, *arguments):
+    """The program when its start is over: the splash has gone, and the tip of the day was closed."""
+    program = Program(desktop, world.program, *arguments)
+    tip = program.window(TIP, 60)
+    tip.close()
+    wait_until(lambda: not program.has_window(TIP), 20, "the tip to go")
+    return program

@@ -6,6 +6,7 @@
 #include <QMimeData>
 #include <QSocketNotifier>
 #include <QTimer>
+#include <utility>
 
 #include "base/run_time_error.h"
 #include "platform/posix/environment.h"
@@ -27,10 +28,8 @@ QStringList DrawingTypes(const Picture& picture) {
 
 class PictureOffer final : public QMimeData {
  public:
-  PictureOffer(Picture picture, std::shared_ptr<QElapsedTimer> sinceGiven)
-      : picture_(std::move(picture)),
-        drawingTypes_(DrawingTypes(picture_)),
-        sinceGiven_(std::move(sinceGiven)) {}
+  PictureOffer(Picture picture, std::shared_ptr<int> given)
+      : picture_(std::move(picture)), drawingTypes_(DrawingTypes(picture_)), given_(std::move(given)) {}
 
   QStringList formats() const override { return drawingTypes_ + QStringList{pixelType}; }
   bool hasFormat(const QString& type) const override { return formats().contains(type); }
@@ -44,14 +43,14 @@ class PictureOffer final : public QMimeData {
       const std::vector<std::uint8_t> bytes = picture_.Drawing();
       answer = QByteArray(reinterpret_cast<const char*>(bytes.data()), static_cast<qsizetype>(bytes.size()));
     }
-    sinceGiven_->start();
+    ++*given_;
     return answer;
   }
 
  private:
   Picture picture_;
   QStringList drawingTypes_;
-  std::shared_ptr<QElapsedTimer> sinceGiven_;
+  std::shared_ptr<int> given_;
 };
 
 // What is worth keeping of what the clipboard offers: a picture in all its kinds would be encoded a dozen
@@ -80,7 +79,7 @@ void QtClipboard::SetData(const Picture& picture, ClipboardFormat format) {
   const bool isNoDrawing = picture.Type() == PictureType::Bitmap;
   if (picture.IsEmpty() || (format == ClipboardFormat::Metafile && isNoDrawing))
     throw RunTimeError(ErrorNumber::InvalidClipboardFormat);
-  QGuiApplication::clipboard()->setMimeData(std::make_unique<PictureOffer>(picture, sinceGiven_).release());
+  QGuiApplication::clipboard()->setMimeData(std::make_unique<PictureOffer>(picture, given_).release());
 }
 
 std::string QtClipboard::Text() const {
@@ -103,11 +102,10 @@ void QtClipboard::HandOver() {
   });
   QTimer limit;
   limit.setSingleShot(true);
-  sinceGiven_->start();
-  QObject::connect(&limit, &QTimer::timeout, &loop, [&] {
-    const auto left = static_cast<int>(patience - sinceGiven_->elapsed());
-    if (left > 0) return limit.start(left);
-    loop.quit();
+  QObject::connect(&limit, &QTimer::timeout, &loop, [&, before = *given_]() mutable {
+    if (std::exchange(before, *given_) == *given_) return loop.quit();
+    // It is still fetching: what was given may have taken all the time to be encoded.
+    limit.start(patience);
   });
   limit.start(patience);
   loop.exec(QEventLoop::ExcludeUserInputEvents);

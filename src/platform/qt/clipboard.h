@@ -2,7 +2,6 @@
 // The desktop's clipboard. A picture is offered as a promise: its pixels are decoded and encoded only when
 // somebody pastes it.
 
-#include <QElapsedTimer>
 #include <memory>
 
 #include "ports/services.h"
@@ -25,8 +24,8 @@ class QtClipboard final : public Clipboard {
   void HandOver();
 
  private:
-  // Since the last time that somebody was given pixels, which can take long.
-  std::shared_ptr<QElapsedTimer> sinceGiven_ = std::make_shared<QElapsedTimer>();
+  // How often somebody was given something of a picture, which can take long.
+  std::shared_ptr<int> given_ = std::make_shared<int>(0);
 };
 
 }  // namespace lumidex

@@ -28,9 +28,9 @@ class IconBesideModalWindows final : public QObject {
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override {
-    // The library's own window for an icon of the older protocol, named after its class.
+    // The library's own window for an icon of the older protocol.
     if (event->type() == QEvent::WindowBlocked &&
-        watched->objectName() == QLatin1String("QSystemTrayIconSysClassWindow"))
+        watched->objectName() == QLatin1String("QSystemTrayIconSysWindow"))
       static_cast<QWindow*>(watched)->setTransientParent(QGuiApplication::modalWindow());
     return false;
   }

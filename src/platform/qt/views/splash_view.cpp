@@ -1,6 +1,6 @@
 #include "platform/qt/views/splash_view.h"
 
-#include <QCoreApplication>
+#include <QEvent>
 #include <QLabel>
 #include <QPainter>
 #include <QPushButton>
@@ -55,7 +55,7 @@ SplashView::SplashView(FormViews& views, frmSplashWindow& itsForm)
   maker->addWidget(from);
   AddPicture(*maker, form.Image4, vendorSize);
   maker->addStretch();
-  auto* version = new QLabel(tr("Version %1").arg(QCoreApplication::applicationVersion()), this);
+  auto* version = new QLabel(tr("Version %1").arg(QStringLiteral(LUMIDEX_VERSION)), this);
   maker->addWidget(version);
   for (QLabel* label : {from, version}) Whiten(label, 11);
   rows->addLayout(maker);
@@ -76,9 +76,20 @@ SplashView::SplashView(FormViews& views, frmSplashWindow& itsForm)
   backdrop_->lower();
 
   setFixedWidth(artworkSize.width());
-  // A wrapped text tells its height only for a known width.
-  resize(artworkSize.width(), rows->heightForWidth(artworkSize.width()));
+  FitHeight();
   move(screen()->availableGeometry().center() - rect().center());
+}
+
+void SplashView::FitHeight() {
+  // A wrapped text tells its height only for a known width.
+  resize(artworkSize.width(), layout()->heightForWidth(artworkSize.width()));
+}
+
+bool SplashView::event(QEvent* event) {
+  const bool isServed = TypedView::event(event);
+  // The button comes when the start is over.
+  if (event->type() == QEvent::LayoutRequest) FitHeight();
+  return isServed;
 }
 
 void SplashView::AddPicture(QHBoxLayout& row, ImageBox& picture, QSize size) {
