@@ -11,6 +11,7 @@
 #include "controls/bars.h"
 #include "controls/combo_box.h"
 #include "controls/grid.h"
+#include "controls/hyper_link.h"
 #include "controls/ranges.h"
 #include "controls/texts.h"
 #include "qt/qt_world.h"
@@ -44,6 +45,11 @@ struct MoreForm : Form {
                    {{"", PanelStyle::Text, "a", "", "a long text that is meant for it"},
                     {"", PanelStyle::Text, "b", "", "short"},
                     {"", PanelStyle::Text, "c", "", ""}}};
+};
+
+struct LinkForm : Form {
+  explicit LinkForm(Platform& platform) : Form(platform, "frmLink", "Link") { KeepDesign(); }
+  HyperLink link{*this, "link", "support", "mailto:support"};
 };
 
 struct MoreMirrorsTest : testing::Test {
@@ -185,6 +191,33 @@ TEST_F(MoreMirrorsTest, Toolbar_buttons_have_captions_and_tell_their_position) {
   EXPECT_EQ(buttons[2]->toolButtonStyle(), Qt::ToolButtonTextUnderIcon);
   for (QToolButton* button : buttons) QTest::mouseClick(button, Qt::LeftButton);
   EXPECT_EQ(told, (std::vector<std::string>{"exit1", "zoom2", "zoom3"}));
+}
+
+// Gives the desktop's colours back at the end.
+struct OwnPalette {
+  ~OwnPalette() { QApplication::setPalette(before); }
+  const QPalette before = QApplication::palette();
+};
+
+TEST(LinkColors, A_link_can_be_read_on_light_and_on_dark_windows) {
+  const OwnPalette colors;
+  const QColor blue(0, 0, 255);
+  for (const QColor& ground : {QColor(239, 240, 241), QColor(42, 46, 50)}) {
+    QPalette palette = colors.before;
+    palette.setColor(QPalette::Window, ground);
+    palette.setColor(QPalette::Link, blue);
+    QApplication::setPalette(palette);
+    QtWorld world;
+    LinkForm form(world.platform);
+    world.views.Attach(form);
+    form.Show();
+    Settle();
+    const QColor shown = WidgetOf<QLabel>(world, form.link).palette().color(QPalette::WindowText);
+    EXPECT_GE(std::abs(qGray(shown.rgb()) - qGray(ground.rgb())), 90);
+    EXPECT_EQ(shown.blue(), 255);
+    EXPECT_EQ(shown == blue, ground.lightness() > 128);
+    world.views.Close();
+  }
 }
 
 TEST_F(MoreMirrorsTest, Panels_have_room_for_what_they_are_meant_for_and_one_takes_the_rest) {

@@ -3,6 +3,7 @@
 #include <QEnterEvent>
 #include <QKeyEvent>
 #include <QLabel>
+#include <cstdlib>
 
 #include "platform/qt/conversions.h"
 #include "platform/qt/mirrors/mirrors.h"
@@ -10,6 +11,20 @@
 
 namespace lumidex {
 namespace {
+
+// The colour, as much lighter or darker as it takes to be read on `background`: some desktops leave links
+// dark on their dark windows.
+QColor ReadableAs(const QColor& color, const QColor& background) {
+  constexpr int leastContrast = 90, steps = 8;
+  const QColor end = ReadableOn(background);
+  for (int step = 0; step < steps; ++step) {
+    const auto between = [step](int from, int to) { return from + (to - from) * step / steps; };
+    const QColor mixed(between(color.red(), end.red()), between(color.green(), end.green()),
+                       between(color.blue(), end.blue()));
+    if (std::abs(qGray(mixed.rgb()) - qGray(background.rgb())) >= leastContrast) return mixed;
+  }
+  return end;
+}
 
 // Looks like a link of the desktop, takes another colour under the mouse, and is a link for the keyboard too.
 class LinkLabel final : public QLabel {
@@ -37,8 +52,8 @@ class LinkLabel final : public QLabel {
  private:
   void ShowColor(bool hovered) {
     QPalette colors = palette();
-    colors.setColor(QPalette::WindowText,
-                    hovered ? ToColor(control_.HoverColor) : colors.color(QPalette::Link));
+    const QColor color = hovered ? ToColor(control_.HoverColor) : colors.color(QPalette::Link);
+    colors.setColor(QPalette::WindowText, ReadableAs(color, colors.color(QPalette::Window)));
     setPalette(colors);
   }
 

@@ -1,6 +1,5 @@
 #include "platform/qt/views/splash_view.h"
 
-#include <QEvent>
 #include <QLabel>
 #include <QPainter>
 #include <QPushButton>
@@ -68,7 +67,12 @@ SplashView::SplashView(FormViews& views, frmSplashWindow& itsForm)
   QLabel* text = MakeLabel(*this, form.Label1, this);
   text->setWordWrap(true);
   rows->addWidget(text);
-  rows->addWidget(MakeButton(*this, form.cmdClose, this), 0, Qt::AlignRight);
+  QWidget* close = MakeButton(*this, form.cmdClose, this);
+  // It comes when the start is over, and has its room from the beginning.
+  QSizePolicy policy = close->sizePolicy();
+  policy.setRetainSizeWhenHidden(true);
+  close->setSizePolicy(policy);
+  rows->addWidget(close, 0, Qt::AlignRight);
 
   spectrum_ = MakeImage(*this, form.Image5, this, Qt::transparent);
   backdrop_ = MakeImage(*this, form.Image1, this, Qt::transparent);
@@ -76,20 +80,9 @@ SplashView::SplashView(FormViews& views, frmSplashWindow& itsForm)
   backdrop_->lower();
 
   setFixedWidth(artworkSize.width());
-  FitHeight();
-  move(screen()->availableGeometry().center() - rect().center());
-}
-
-void SplashView::FitHeight() {
   // A wrapped text tells its height only for a known width.
-  resize(artworkSize.width(), layout()->heightForWidth(artworkSize.width()));
-}
-
-bool SplashView::event(QEvent* event) {
-  const bool isServed = TypedView::event(event);
-  // The button comes when the start is over.
-  if (event->type() == QEvent::LayoutRequest) FitHeight();
-  return isServed;
+  resize(artworkSize.width(), rows->heightForWidth(artworkSize.width()));
+  move(screen()->availableGeometry().center() - rect().center());
 }
 
 void SplashView::AddPicture(QHBoxLayout& row, ImageBox& picture, QSize size) {

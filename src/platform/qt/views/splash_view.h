@@ -14,12 +14,10 @@ class SplashView final : public TypedView<frmSplashWindow> {
   SplashView(FormViews& views, frmSplashWindow& form);
 
  protected:
-  bool event(QEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  void FitHeight();
   void AddPicture(QHBoxLayout& row, ImageBox& picture, QSize size);
 
   ShownPicture shown_;
