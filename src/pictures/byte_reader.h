@@ -46,7 +46,6 @@ class ByteReader {
   std::int16_t S16Le() { return static_cast<std::int16_t>(U16Le()); }
   std::int16_t S16Be() { return static_cast<std::int16_t>(U16Be()); }
   std::int32_t S32Le() { return static_cast<std::int32_t>(U32Le()); }
-  std::int32_t S32Be() { return static_cast<std::int32_t>(U32Be()); }
 
   // The next `count` bytes, fewer at the end.
   Bytes Take(std::size_t count) {

@@ -5,8 +5,8 @@
 #include <string>
 
 #include "pictures/metafile/letters.h"
-#include "pictures/metafile/mixing.h"
 #include "pictures/metafile/path.h"
+#include "pictures/metafile/raster_operations.h"
 #include "pictures/metafile/record_table.h"
 #include "pictures/metafile/text_face.h"
 #include "pictures/metafile/work_budget.h"
@@ -14,7 +14,7 @@
 namespace lumidex::metafile {
 namespace {
 
-TEST(MetafileMixing, A_ternary_operation_works_bit_by_bit) {
+TEST(MetafileRasterOperations, A_ternary_operation_works_bit_by_bit) {
   EXPECT_EQ(Combine(sourceCopy, 0x0F, 0x33, 0x55), 0x33u);
   EXPECT_EQ(Combine(patternCopy, 0x0F, 0x33, 0x55), 0x0Fu);
   EXPECT_EQ(Combine(0x66, 0x0F, 0x33, 0x55), 0x33u ^ 0x55u);
@@ -22,14 +22,12 @@ TEST(MetafileMixing, A_ternary_operation_works_bit_by_bit) {
   EXPECT_EQ(Combine(0xB8, 0xF0, 0x33, 0x55) & 0xFF, ((0x55u ^ 0xF0u) & 0x33u) ^ 0xF0u);
 }
 
-TEST(MetafileMixing, An_operation_says_what_it_reads) {
+TEST(MetafileRasterOperations, An_operation_says_what_it_reads) {
   EXPECT_TRUE(UsesSource(sourceCopy));
   EXPECT_FALSE(UsesSource(patternCopy));
   EXPECT_FALSE(UsesSource(0x55));
   EXPECT_TRUE(UsesPattern(patternCopy));
   EXPECT_FALSE(UsesPattern(0x66));
-  EXPECT_TRUE(UsesPicture(0x55));
-  EXPECT_FALSE(UsesPicture(0xFF));
 }
 
 TEST(MetafileRecordTable, An_entry_is_found_by_its_record_alone) {

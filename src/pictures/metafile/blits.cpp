@@ -36,8 +36,8 @@ Box TargetBox(const Blit& blit) {
 void Transfer(DeviceContext& context, const Blit& blit, const Pixels& image) {
   const ImagePart part{image, blit.source.Normalised(), BlitMatrix(context, blit)};
   const Path area = context.SheetBox(TargetBox(blit));
-  context.Sheet().Transfer(context.State().clip, area, blit.rasterOperation, &part,
-                           context.Completed(context.State().brush));
+  context.GetCanvas().Transfer(context.State().clip, area, blit.rasterOperation, &part,
+                               context.Completed(context.State().brush));
 }
 
 void TransferMasked(DeviceContext& context, const Blit& blit, const Pixels* image, const Mask& mask,
@@ -54,8 +54,8 @@ void TransferMasked(DeviceContext& context, const Blit& blit, const Pixels* imag
     if (!ones) part.rasterOperation = zerosOperation;
     if (part.rasterOperation == keepPicture) continue;
     if (!context.Budget().Spend(perMaskedPixel * pixels)) break;
-    context.Sheet().ClipToImage(context.State().clip,
-                                {OpaqueWhere(mask.pixels, ones), place.source, BlitMatrix(context, place)});
+    context.GetCanvas().ClipToImage(
+        context.State().clip, {OpaqueWhere(mask.pixels, ones), place.source, BlitMatrix(context, place)});
     if (!UsesSource(part.rasterOperation)) {
       TransferPattern(context, TargetBox(part), part.rasterOperation);
     } else if (image) {
@@ -69,16 +69,16 @@ void TransferPattern(DeviceContext& context, const Box& box, int rasterOperation
   const Path area = context.SheetBox(box);
   // Nothing but the brush shows through these two, so they are filled without looking at the picture.
   if (rasterOperation == 0x00 || rasterOperation == 0xFF) {
-    const Ink ink{.kind = Ink::Kind::Solid, .color = rasterOperation == 0 ? 0x000000u : 0xFFFFFFu};
-    return context.Sheet().Fill(context.State().clip, area, FillRule::Winding, ink, copyPen);
+    const Ink ink{.kind = Ink::Kind::Solid, .colour = rasterOperation == 0 ? 0x000000u : 0xFFFFFFu};
+    return context.GetCanvas().Fill(context.State().clip, area, FillRule::Winding, ink, copyPen);
   }
-  context.Sheet().Transfer(context.State().clip, area, rasterOperation, nullptr,
-                           context.Completed(context.State().brush));
+  context.GetCanvas().Transfer(context.State().clip, area, rasterOperation, nullptr,
+                               context.Completed(context.State().brush));
 }
 
 void Blend(DeviceContext& context, const Blit& blit, const Pixels& image, double opacity) {
-  context.Sheet().DrawImage(context.State().clip,
-                            {image, blit.source.Normalised(), BlitMatrix(context, blit)}, opacity);
+  context.GetCanvas().DrawImage(context.State().clip,
+                                {image, blit.source.Normalised(), BlitMatrix(context, blit)}, opacity);
 }
 
 void DrawParallelogram(DeviceContext& context, const Box& source, std::span<const Point, 3> corners,
@@ -89,8 +89,8 @@ void DrawParallelogram(DeviceContext& context, const Box& source, std::span<cons
   const Matrix toUnit{
       .xx = 1 / width, .yy = 1 / height, .x0 = -source.left / width, .y0 = -source.top / height};
   const Matrix toLogical{b.x - a.x, b.y - a.y, c.x - a.x, c.y - a.y, a.x, a.y};
-  context.Sheet().DrawImage(context.State().clip,
-                            {image, source, toUnit.Then(toLogical).Then(context.LogicalToSheet())});
+  context.GetCanvas().DrawImage(context.State().clip,
+                                {image, source, toUnit.Then(toLogical).Then(context.LogicalToSheet())});
 }
 
 }  // namespace lumidex::metafile

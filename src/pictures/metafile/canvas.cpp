@@ -77,7 +77,7 @@ void Canvas::SetInk(cairo_t* context, const Ink& ink, const Box& visible) {
   CairoPattern pattern;
   const bool placeable = !ink.tileMap || ink.tileMap->IsUsable();
   if (ink.kind == Ink::Kind::Hatched) {
-    pattern = HatchPattern(ink.hatch, ink.color, ink.background, ink.origin);
+    pattern = HatchPattern(ink.hatch, ink.colour, ink.background, ink.origin);
   } else if (ink.kind == Ink::Kind::Tiled && !ink.tile.IsEmpty() && placeable) {
     pattern = TilePattern(TileSurface(ink.tile), ink);
   } else if (ink.kind == Ink::Kind::Shaded && ink.shading) {
@@ -85,7 +85,7 @@ void Canvas::SetInk(cairo_t* context, const Ink& ink, const Box& visible) {
                   ? LinePattern(*ink.shading, ink.shadingToSheet)
                   : CentrePattern(*ink.shading, ink.shadingToSheet, visible);
   }
-  if (!pattern) pattern = SolidPattern(ink.color, ink.opacity);
+  if (!pattern) pattern = SolidPattern(ink.colour, ink.opacity);
   cairo_set_source(context, pattern.get());
 }
 
@@ -110,17 +110,17 @@ void Canvas::Stroke(const Clip& clip, const Path& path, const StrokeStyle& style
              [&](cairo_t* context) { stroke.Paint(context); });
 }
 
-void Canvas::FillGradient(const Clip& clip, const Path& path, const ColorStop& first,
-                          const ColorStop& second) {
+void Canvas::FillGradient(const Clip& clip, const Path& path, const ColourStop& first,
+                          const ColourStop& second) {
   const Box visible = Visible(clip, path.Bounds());
   if (visible.IsEmpty() || !budget_.Spend(FillCost(path, visible) + perGroupPixel * visible.Area())) return;
   const CairoPattern pattern(cairo_pattern_create_linear(first.at.x, first.at.y, second.at.x, second.at.y));
-  const auto addStop = [&](double place, std::uint32_t color) {
-    cairo_pattern_add_color_stop_rgb(pattern.get(), place, (color >> 16 & 0xFF) / 255.0,
-                                     (color >> 8 & 0xFF) / 255.0, (color & 0xFF) / 255.0);
+  const auto addStop = [&](double place, std::uint32_t colour) {
+    cairo_pattern_add_color_stop_rgb(pattern.get(), place, (colour >> 16 & 0xFF) / 255.0,
+                                     (colour >> 8 & 0xFF) / 255.0, (colour & 0xFF) / 255.0);
   };
-  addStop(0, first.color);
-  addStop(1, second.color);
+  addStop(0, first.colour);
+  addStop(1, second.colour);
   Paint(clip, visible, [&](cairo_t* context) {
     cairo_set_source(context, pattern.get());
     Trace(context, path);
@@ -129,7 +129,7 @@ void Canvas::FillGradient(const Clip& clip, const Path& path, const ColorStop& f
 }
 
 void Canvas::DrawText(const Clip& clip, const TextFace& face, const std::string& text, const Matrix& toSheet,
-                      std::uint32_t color) {
+                      std::uint32_t colour) {
   const double size = std::max(toSheet.HorizontalScale(), toSheet.VerticalScale());
   const double least = std::min(toSheet.HorizontalScale(), toSheet.VerticalScale());
   if (!toSheet.IsUsable() || !(least > 0.1) || !(toSheet.MeanScale() > 0.2) || text.empty()) return;
@@ -147,13 +147,13 @@ void Canvas::DrawText(const Clip& clip, const TextFace& face, const std::string&
   const bool kept = std::exchange(lastLetters_, shape) == shape && !outlined;
   if (!budget_.Spend((kept ? perLetter : perNewLetter) * letters)) return;
   if (outlined) {
-    const Ink ink{.kind = Ink::Kind::Solid, .color = color};
+    const Ink ink{.kind = Ink::Kind::Solid, .colour = colour};
     return Fill(clip, face.Outline(text).Transformed(toSheet), FillRule::Winding, ink, copyPen);
   }
   const Box visible = Visible(clip, bounds);
   if (visible.IsEmpty() || !budget_.Spend(perPixel * visible.Area())) return;
   Paint(clip, visible, [&](cairo_t* context) {
-    cairo_set_source(context, SolidPattern(color).get());
+    cairo_set_source(context, SolidPattern(colour).get());
     cairo_set_font_options(context, TextFace::Options().get());
     cairo_set_font_face(context, face.Handle());
     cairo_matrix_t matrix;

@@ -11,8 +11,8 @@
 
 #include "pictures/metafile/cairo_handles.h"
 #include "pictures/metafile/clip.h"
-#include "pictures/metafile/mixing.h"
 #include "pictures/metafile/path.h"
+#include "pictures/metafile/raster_operations.h"
 #include "pictures/metafile/shading.h"
 #include "pictures/metafile/text_face.h"
 #include "pictures/metafile/work_budget.h"
@@ -26,13 +26,13 @@ enum class FillRule { EvenOdd, Winding };
 struct Ink {
   enum class Kind { None, Solid, Hatched, Tiled, Shaded };
   Kind kind = Kind::None;
-  std::uint32_t color = 0;
+  std::uint32_t colour = 0;
   int hatch = 0;                              // as in hatches.h
   std::optional<std::uint32_t> background{};  // between the lines of a hatch; absent leaves the picture there
   Pixels tile{};
   // The tile's black and white stand for the text and background colours at the time of painting. Replaced
   // before the ink comes here.
-  bool takesTextColors = false;
+  bool takesTextColours = false;
   Point origin{};
   double tileScale = 1;  // pixels of the result per pixel of the tile
   // Of tiles that are not laid on the device's pixels: from their pixels to the sheet (in a brush: to the
@@ -61,9 +61,9 @@ struct ImagePart {
   Matrix toSheet;  // from pixels of the image to pixels of the sheet
 };
 
-struct ColorStop {
+struct ColourStop {
   Point at;
-  std::uint32_t color = 0;
+  std::uint32_t colour = 0;
 };
 
 class Canvas {
@@ -91,16 +91,16 @@ class Canvas {
               int rasterOperation);
   void DrawImage(const Clip& clip, const ImagePart& part, double opacity = 1);
   // `first` and `second` lie where the colour is that of their own, which goes on beyond them.
-  void FillGradient(const Clip& clip, const Path& path, const ColorStop& first, const ColorStop& second);
+  void FillGradient(const Clip& clip, const Path& path, const ColourStop& first, const ColourStop& second);
   // A ternary raster operation over `area`, bit by bit; `source` may be absent when it takes no source.
   void Transfer(const Clip& clip, const Path& area, int rasterOperation, const ImagePart* source,
                 const Ink& pattern);
   // Fills the part around `at` that its edge or its own colour bounds: with `surface` set, as far as `color`
   // goes, else up to `color`. The colours of antialiased edges count as the edge.
-  void Flood(const Clip& clip, Point at, std::uint32_t color, bool surface, const Ink& ink);
+  void Flood(const Clip& clip, Point at, std::uint32_t colour, bool surface, const Ink& ink);
   // Draws one line of text; `toSheet` takes ems (x to the right, y down) to the sheet.
   void DrawText(const Clip& clip, const TextFace& face, const std::string& text, const Matrix& toSheet,
-                std::uint32_t color);
+                std::uint32_t colour);
 
   // The box of everything drawn so far, also of what lay outside the sheet; for canvases made to measure.
   std::optional<Box> DrawnBox() const { return drawnBox_; }

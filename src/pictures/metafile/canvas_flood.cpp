@@ -67,7 +67,7 @@ class Flooder {
 
 }  // namespace
 
-void Canvas::Flood(const Clip& clip, Point at, std::uint32_t color, bool surface, const Ink& ink) {
+void Canvas::Flood(const Clip& clip, Point at, std::uint32_t colour, bool surface, const Ink& ink) {
   lookedAround_ = true;
   const Box visible = Visible(clip, clip.box);
   const bool inside =
@@ -81,11 +81,11 @@ void Canvas::Flood(const Clip& clip, Point at, std::uint32_t color, bool surface
   Flooder flooder(pixels_, visible, mask.get());
   if (surface) {
     constexpr int similar = 24;
-    flooder.Run(x, y, [&](std::uint32_t word) { return Distance(word, color) <= similar; });
+    flooder.Run(x, y, [&](std::uint32_t word) { return Distance(word, colour) <= similar; });
   } else {
     // A line between two pixels' centres colours both by half, and still is an edge.
-    const int edge = Distance(start, color) * 55 / 100;
-    flooder.Run(x, y, [&](std::uint32_t word) { return Distance(word, color) > edge; });
+    const int edge = Distance(start, colour) * 55 / 100;
+    flooder.Run(x, y, [&](std::uint32_t word) { return Distance(word, colour) > edge; });
   }
   cairo_surface_mark_dirty(mask.get());
   Paint(clip, visible, [&](cairo_t* context) {

@@ -91,7 +91,7 @@ void Canvas::PaintShape(const Clip& clip, const Box& visible, const Ink& ink, in
   }
   Ink used = ink;
   if (known && operation != copyPen)
-    used = {.kind = Ink::Kind::Solid, .color = operation == blackPen ? 0x000000U : 0xFFFFFFU};
+    used = {.kind = Ink::Kind::Solid, .colour = operation == blackPen ? 0x000000U : 0xFFFFFFU};
   if (!budget_.Spend(cost + InkCost(used, visible))) return;
   Paint(clip, visible, [&](cairo_t* context) {
     SetInk(context, used, visible);

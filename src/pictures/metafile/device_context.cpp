@@ -11,7 +11,7 @@ constexpr std::size_t mostSaved = 1024;
 
 // Mapping a point and copying it from one path to the next.
 constexpr double perPoint = 60;
-constexpr double perRecoloredPixel = 6;
+constexpr double perRecolouredPixel = 6;
 
 }  // namespace
 
@@ -66,11 +66,11 @@ void DeviceContext::Select(const Object& object) {
   if (const auto* pen = std::get_if<Pen>(&object)) state_.pen = *pen;
   if (const auto* brush = std::get_if<Brush>(&object)) state_.brush = *brush;
   if (const auto* font = std::get_if<Font>(&object)) state_.font = *font;
-  if (const auto* palette = std::get_if<PaletteColors>(&object)) state_.palette = *palette;
+  if (const auto* palette = std::get_if<PaletteColours>(&object)) state_.palette = *palette;
   if (const auto* region = std::get_if<Region>(&object)) ClipRegion(region->boxes, ClipMode::Copy, false);
 }
 
-std::uint32_t DeviceContext::Color(std::uint32_t stored) const {
+std::uint32_t DeviceContext::Colour(std::uint32_t stored) const {
   if (stored >> 24 == 1 && (stored & 0xFFFF) < state_.palette->size())
     return (*state_.palette)[stored & 0xFFFF] & 0xFFFFFF;
   return (stored & 0xFF) << 16 | (stored & 0xFF00) | (stored >> 16 & 0xFF);
@@ -78,8 +78,8 @@ std::uint32_t DeviceContext::Color(std::uint32_t stored) const {
 
 Ink DeviceContext::Completed(const Ink& ink) {
   Ink result = ink;
-  if (ink.kind == Ink::Kind::Hatched && state_.opaqueBackground) result.background = state_.backgroundColor;
-  if (ink.takesTextColors) result.tile = InTextColors(ink.tile);
+  if (ink.kind == Ink::Kind::Hatched && state_.opaqueBackground) result.background = state_.backgroundColour;
+  if (ink.takesTextColours) result.tile = InTextColours(ink.tile);
   if (ink.tileMap) result.tileMap = ink.tileMap->Then(LogicalToSheet());
   if (ink.shading) result.shadingToSheet = ink.shading->map.Then(LogicalToSheet());
   result.origin = device_.toSheet.Apply(state_.brushOrigin);
@@ -87,22 +87,22 @@ Ink DeviceContext::Completed(const Ink& ink) {
   return result;
 }
 
-Pixels DeviceContext::InTextColors(const Pixels& tile) {
-  auto& last = inTextColors_;
+Pixels DeviceContext::InTextColours(const Pixels& tile) {
+  auto& last = inTextColours_;
   if (tile.IsEmpty()) return tile;
-  if (last.tile.Data() == tile.Data() && last.text == state_.textColor &&
-      last.background == state_.backgroundColor)
+  if (last.tile.Data() == tile.Data() && last.text == state_.textColour &&
+      last.background == state_.backgroundColour)
     return last.result;
   const double pixels = static_cast<double>(tile.Width()) * tile.Height();
   WorkBudget& budget = canvas_.Budget();
-  if (!budget.Spend(perRecoloredPixel * pixels) || !budget.Keep(static_cast<double>(tile.ByteCount())))
+  if (!budget.Spend(perRecolouredPixel * pixels) || !budget.Keep(static_cast<double>(tile.ByteCount())))
     return tile;
   Pixels result = Pixels::MakeUnfilled(tile.GetSize(), PixelFormat::Rgb);
   for (int y = 0; y < result.Height(); ++y)
     std::ranges::transform(tile.Row(y), result.Row(y).begin(), [&](std::uint32_t word) {
-      return 0xFF000000U | ((word & 0xFFFFFF) == 0 ? state_.textColor : state_.backgroundColor);
+      return 0xFF000000U | ((word & 0xFFFFFF) == 0 ? state_.textColour : state_.backgroundColour);
     });
-  last = {tile, result, state_.textColor, state_.backgroundColor};
+  last = {tile, result, state_.textColour, state_.backgroundColour};
   return result;
 }
 

@@ -31,7 +31,7 @@ class DeviceContext {
   DeviceContext& operator=(const DeviceContext&) = delete;
 
   const Device& GetDevice() const { return device_; }
-  Canvas& Sheet() { return canvas_; }
+  Canvas& GetCanvas() { return canvas_; }
   WorkBudget& Budget() { return canvas_.Budget(); }
   // Pays for handling so many points; false when they are too many.
   bool AffordPoints(std::size_t count);
@@ -45,7 +45,7 @@ class DeviceContext {
   void Select(const Object& object);
 
   // A colour as records store it (0xTTBBGGRR; its top byte may name a palette entry) as 0xRRGGBB.
-  std::uint32_t Color(std::uint32_t stored) const;
+  std::uint32_t Colour(std::uint32_t stored) const;
   // A brush or a pen's ink with what the state adds to it.
   Ink Completed(const Ink& ink);
 
@@ -67,7 +67,7 @@ class DeviceContext {
   void KeepClip() { state_.base = state_.clip; }
 
  private:
-  Pixels InTextColors(const Pixels& tile);
+  Pixels InTextColours(const Pixels& tile);
 
   Canvas& canvas_;
   Device device_;
@@ -77,7 +77,7 @@ class DeviceContext {
   struct {
     Pixels tile, result;
     std::uint32_t text = 0, background = 0;
-  } inTextColors_;
+  } inTextColours_;
 };
 
 }  // namespace lumidex::metafile

@@ -32,12 +32,12 @@ enum class StockNumber : unsigned {
 
 }  // namespace
 
-PaletteColors DefaultPalette() {
-  constexpr std::uint32_t colors[] = {0x000000, 0x800000, 0x008000, 0x808000, 0x000080, 0x800080, 0x008080,
-                                      0xC0C0C0, 0xC0DCC0, 0xA6CAF0, 0xFFFBF0, 0xA0A0A4, 0x808080, 0xFF0000,
-                                      0x00FF00, 0xFFFF00, 0x0000FF, 0xFF00FF, 0x00FFFF, 0xFFFFFF};
+PaletteColours DefaultPalette() {
+  constexpr std::uint32_t colours[] = {0x000000, 0x800000, 0x008000, 0x808000, 0x000080, 0x800080, 0x008080,
+                                       0xC0C0C0, 0xC0DCC0, 0xA6CAF0, 0xFFFBF0, 0xA0A0A4, 0x808080, 0xFF0000,
+                                       0x00FF00, 0xFFFF00, 0x0000FF, 0xFF00FF, 0x00FFFF, 0xFFFFFF};
   auto palette = std::make_shared<std::vector<std::uint32_t>>();
-  for (const std::uint32_t color : colors) palette->push_back(0xFF000000U | color);
+  for (const std::uint32_t colour : colours) palette->push_back(0xFF000000U | colour);
   return palette;
 }
 
@@ -48,11 +48,11 @@ Object StockObject(unsigned number) {
     case StockNumber::GrayBrush:
     case StockNumber::DarkGrayBrush:
     case StockNumber::BlackBrush:
-      return Brush{.kind = Ink::Kind::Solid, .color = whites[number]};
+      return Brush{.kind = Ink::Kind::Solid, .colour = whites[number]};
     case StockNumber::NullBrush:
       return Brush{};
     case StockNumber::WhitePen:
-      return Pen{.ink = {.kind = Ink::Kind::Solid, .color = 0xFFFFFF}, .dashes = {}};
+      return Pen{.ink = {.kind = Ink::Kind::Solid, .colour = 0xFFFFFF}, .dashes = {}};
     case StockNumber::BlackPen:
     case StockNumber::DCPen:
       return Pen{};
@@ -70,7 +70,7 @@ Object StockObject(unsigned number) {
     case StockNumber::DefaultPalette:
       return DefaultPalette();
     case StockNumber::DCBrush:
-      return Brush{.kind = Ink::Kind::Solid, .color = 0xFFFFFF};
+      return Brush{.kind = Ink::Kind::Solid, .colour = 0xFFFFFF};
     default:
       return {};
   }

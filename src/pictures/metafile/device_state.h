@@ -45,15 +45,15 @@ struct Font {
 };
 
 // 0xAARRGGBB each; a palette that changes does so wherever it is selected.
-using PaletteColors = std::shared_ptr<std::vector<std::uint32_t>>;
+using PaletteColours = std::shared_ptr<std::vector<std::uint32_t>>;
 // The twenty colours that are there without making a palette.
-PaletteColors DefaultPalette();
+PaletteColours DefaultPalette();
 
 struct Region {
   std::vector<Box> boxes;  // logical units
 };
 
-using Object = std::variant<std::monostate, Pen, Brush, Font, PaletteColors, Region>;
+using Object = std::variant<std::monostate, Pen, Brush, Font, PaletteColours, Region>;
 
 // Pens, brushes, fonts and the palette that exist without being made, by their number; nothing for unknown
 // numbers.
@@ -84,11 +84,11 @@ struct DeviceState {
   Mapping mapping;
   Matrix world;
   Pen pen;
-  Brush brush{.kind = Ink::Kind::Solid, .color = 0xFFFFFF};
+  Brush brush{.kind = Ink::Kind::Solid, .colour = 0xFFFFFF};
   Font font;
-  PaletteColors palette = DefaultPalette();
-  std::uint32_t textColor = 0;
-  std::uint32_t backgroundColor = 0xFFFFFF;
+  PaletteColours palette = DefaultPalette();
+  std::uint32_t textColour = 0;
+  std::uint32_t backgroundColour = 0xFFFFFF;
   bool opaqueBackground = true;
   FillRule fillRule = FillRule::EvenOdd;
   int rasterOperation = copyPen;

@@ -15,7 +15,7 @@ struct BitmapSource {
   Bytes header;               // with its colour table
   std::optional<Bytes> bits;  // the pixels; absent when they follow the header
   bool usesPalette = false;   // the colour table holds positions in `palette`
-  PaletteColors palette;
+  PaletteColours palette;
 };
 
 struct EmbeddedImage {

@@ -16,10 +16,10 @@ Box MappedSource(Point from, Point size, const Matrix& map) {
   return {a.x, a.y, b.x, b.y};
 }
 
-void MakeTransparent(Pixels& pixels, std::uint32_t color) {
+void MakeTransparent(Pixels& pixels, std::uint32_t colour) {
   for (int y = 0; y < pixels.Height(); ++y) {
     for (std::uint32_t& word : pixels.Row(y))
-      if ((word & 0xFFFFFF) == color) word = 0;
+      if ((word & 0xFFFFFF) == colour) word = 0;
   }
   pixels.SetFormat(PixelFormat::Argb);
 }
@@ -165,7 +165,7 @@ void EmfPlayer::PlayPlgBlt(Record& record) {
   DrawParallelogram(drawing_.context, MappedSource(from, size, map), corners, image->pixels);
 }
 
-void EmfPlayer::PlayBlend(Record& record, bool byColor) {
+void EmfPlayer::PlayBlend(Record& record, bool byColour) {
   ByteReader& reader = record.reader;
   reader.Skip(boundsBytes);
   Blit blit;
@@ -181,8 +181,8 @@ void EmfPlayer::PlayBlend(Record& record, bool byColor) {
   auto image = DecodeAt(record, place, usage);
   if (!image) return;
   blit.source = MappedSource(from, size, map);
-  if (byColor) {
-    MakeTransparent(image->pixels, drawing_.context.Color(how));
+  if (byColour) {
+    MakeTransparent(image->pixels, drawing_.context.Colour(how));
     return Blend(drawing_.context, blit, image->pixels, 1);
   }
   const double opacity = (how >> 16 & 0xFF) / 255.0;

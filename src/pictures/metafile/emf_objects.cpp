@@ -7,8 +7,8 @@
 namespace lumidex::metafile {
 namespace {
 
-Brush PlainBrush(std::uint32_t style, std::uint32_t color, std::uint32_t hatch) {
-  Brush brush{.color = color, .hatch = static_cast<int>(std::min<std::uint32_t>(hatch, 5))};
+Brush PlainBrush(std::uint32_t style, std::uint32_t colour, std::uint32_t hatch) {
+  Brush brush{.colour = colour, .hatch = static_cast<int>(std::min<std::uint32_t>(hatch, 5))};
   brush.kind = style == brush_style::null      ? Ink::Kind::None
                : style == brush_style::hatched ? Ink::Kind::Hatched
                                                : Ink::Kind::Solid;
@@ -39,9 +39,9 @@ Object EmfPlayer::ObjectAt(std::uint32_t number) const {
   return number & stock ? StockObject(number & ~stock) : objects_.Get(number);
 }
 
-PaletteColors EmfPlayer::PaletteAt(std::uint32_t number) const {
+PaletteColours EmfPlayer::PaletteAt(std::uint32_t number) const {
   const Object object = ObjectAt(number);
-  const auto* palette = std::get_if<PaletteColors>(&object);
+  const auto* palette = std::get_if<PaletteColours>(&object);
   return palette ? *palette : nullptr;
 }
 
@@ -54,14 +54,14 @@ void EmfPlayer::PlayDeleteObject(Record& record) {
 }
 
 void EmfPlayer::PlaySetPaletteEntries(Record& record) {
-  const PaletteColors palette = PaletteAt(record.reader.U32Le());
+  const PaletteColours palette = PaletteAt(record.reader.U32Le());
   if (!palette) return;
   const std::uint32_t first = record.reader.U32Le(), count = record.reader.U32Le();
   ReadPaletteEntries(record.reader, first, count, *palette);
 }
 
 void EmfPlayer::PlayResizePalette(Record& record) {
-  const PaletteColors palette = PaletteAt(record.reader.U32Le());
+  const PaletteColours palette = PaletteAt(record.reader.U32Le());
   if (palette) ResizePalette(*palette, record.reader.U32Le(), drawing_.context.Budget());
 }
 
@@ -73,14 +73,14 @@ void EmfPlayer::PlayCreatePen(Record& record) {
   if ((pen.style & pen_style::dashMask) >= pen_style::user) pen.style &= ~pen_style::dashMask;
   pen.width = reader.S32Le();
   reader.Skip(4);
-  pen.ink.color = drawing_.context.Color(reader.U32Le());
+  pen.ink.colour = drawing_.context.Colour(reader.U32Le());
   objects_.Set(number, std::move(pen));
 }
 
 void EmfPlayer::PlayCreateBrushIndirect(Record& record) {
   const std::uint32_t number = record.reader.U32Le(), style = record.reader.U32Le();
-  const std::uint32_t color = drawing_.context.Color(record.reader.U32Le());
-  objects_.Set(number, PlainBrush(style, color, record.reader.U32Le()));
+  const std::uint32_t colour = drawing_.context.Colour(record.reader.U32Le());
+  objects_.Set(number, PlainBrush(style, colour, record.reader.U32Le()));
 }
 
 void EmfPlayer::PlayCreatePalette(Record& record) {
@@ -101,12 +101,12 @@ void EmfPlayer::PlayExtCreatePen(Record& record) {
   const BitmapPlace place = ReadPlace(reader);
   pen.style = reader.U32Le();
   pen.width = reader.U32Le();
-  const std::uint32_t brushStyle = reader.U32Le(), color = reader.U32Le();
-  pen.ink = PlainBrush(brushStyle, drawing_.context.Color(color), reader.U32Le());
+  const std::uint32_t brushStyle = reader.U32Le(), colour = reader.U32Le();
+  pen.ink = PlainBrush(brushStyle, drawing_.context.Colour(colour), reader.U32Le());
   if (brushStyle == brush_style::null) pen.style = pen_style::null;
   if (brushStyle >= brush_style::pattern && place.IsGiven()) {
     // With a bitmap, the colour says what the bitmap's own colours are.
-    if (auto tile = KeptTile(DecodeAt(record, place, color & 0xFFFF), drawing_.context.Budget())) {
+    if (auto tile = KeptTile(DecodeAt(record, place, colour & 0xFFFF), drawing_.context.Budget())) {
       pen.ink.kind = Ink::Kind::Tiled;
       pen.ink.tile = *std::move(tile);
     }
@@ -126,13 +126,13 @@ void EmfPlayer::PlayCreateDIBPatternBrushPt(Record& record) {
   objects_.Set(number, ReadTiledBrush(record, false));
 }
 
-Object EmfPlayer::ReadTiledBrush(Record& record, bool takesTextColors) {
+Object EmfPlayer::ReadTiledBrush(Record& record, bool takesTextColours) {
   const std::uint32_t usage = record.reader.U32Le();
   auto tile = KeptTile(DecodeAt(record, ReadPlace(record.reader), usage), drawing_.context.Budget());
   if (!tile) return Brush{};
   Brush brush{.kind = Ink::Kind::Tiled};
   brush.tile = *std::move(tile);
-  brush.takesTextColors = takesTextColors && IsBlackAndWhite(brush.tile);
+  brush.takesTextColours = takesTextColours && IsBlackAndWhite(brush.tile);
   return brush;
 }
 

@@ -207,11 +207,11 @@ void EmfPlayer::PlaySetTextAlign(Record& record) {
 }
 
 void EmfPlayer::PlaySetTextColor(Record& record) {
-  State().textColor = drawing_.context.Color(record.reader.U32Le());
+  State().textColour = drawing_.context.Colour(record.reader.U32Le());
 }
 
 void EmfPlayer::PlaySetBkColor(Record& record) {
-  State().backgroundColor = drawing_.context.Color(record.reader.U32Le());
+  State().backgroundColour = drawing_.context.Colour(record.reader.U32Le());
 }
 
 void EmfPlayer::PlaySaveDC(Record&) {

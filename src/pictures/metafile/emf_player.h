@@ -28,7 +28,7 @@ std::optional<EmfHeader> ReadEmfHeader(Bytes head);
 class EmfPlayer {
  public:
   explicit EmfPlayer(Drawing& drawing)
-      : drawing_(drawing), plus_(drawing.context.Sheet(), drawing.context.GetDevice()) {}
+      : drawing_(drawing), plus_(drawing.context.GetCanvas(), drawing.context.GetDevice()) {}
 
   // `records` begins after the header record. Stops at the end record, at a record of impossible size and at
   // the end of the bytes.
@@ -146,8 +146,8 @@ class EmfPlayer {
   void PlayFormats(Bytes comment, ByteReader& reader);
   // Objects of the file's own by their numbers, or those that need no making.
   Object ObjectAt(std::uint32_t number) const;
-  PaletteColors PaletteAt(std::uint32_t number) const;
-  Object ReadTiledBrush(Record& record, bool takesTextColors);
+  PaletteColours PaletteAt(std::uint32_t number) const;
+  Object ReadTiledBrush(Record& record, bool takesTextColours);
   void PlayArcOf(Record& record, Shapes::ArcKind kind);
   void PlayOutlines(Record& record, bool closed);
 
@@ -160,7 +160,7 @@ class EmfPlayer {
   // Replaces the pixels of a plain 32-bit bitmap with its stored words, alpha included.
   static void ReadAlpha(const Record& record, const BitmapPlace& place, Pixels& pixels, bool topDown);
   void PlayBlock(Record& record, bool stretched);
-  void PlayBlend(Record& record, bool byColor);
+  void PlayBlend(Record& record, bool byColour);
   // The reader stands before the text's description.
   void PlayTextString(Record& record);
   DeviceState& State() { return drawing_.context.State(); }

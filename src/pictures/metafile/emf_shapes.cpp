@@ -85,13 +85,13 @@ void EmfPlayer::PlayPolyDraw(Record& record) {
 
 void EmfPlayer::PlaySetPixelV(Record& record) {
   const Point at = ReadPoint(record.reader);
-  SetPixel(drawing_.context, at, drawing_.context.Color(record.reader.U32Le()));
+  SetPixel(drawing_.context, at, drawing_.context.Colour(record.reader.U32Le()));
 }
 
 void EmfPlayer::PlayExtFloodFill(Record& record) {
   const Point at = ReadPoint(record.reader);
-  const std::uint32_t color = drawing_.context.Color(record.reader.U32Le());
-  FloodFill(drawing_.context, at, color, record.reader.U32Le() == floodFillsSurface);
+  const std::uint32_t colour = drawing_.context.Colour(record.reader.U32Le());
+  FloodFill(drawing_.context, at, colour, record.reader.U32Le() == floodFillsSurface);
 }
 
 void EmfPlayer::PlayMoveToEx(Record& record) {
@@ -154,7 +154,7 @@ void EmfPlayer::PlayGradientFill(Record& record) {
     vertex.at = ReadPoint(reader);
     const std::uint32_t red = reader.U16Le() >> 8, green = reader.U16Le() >> 8, blue = reader.U16Le() >> 8;
     reader.Skip(2);
-    vertex.color = red << 16 | green << 8 | blue;
+    vertex.colour = red << 16 | green << 8 | blue;
   }
   const std::size_t corners = mode == triangleMode ? 3 : 2;
   for (std::uint32_t i = 0; i < shapes && reader.Remaining() >= corners * 4; ++i) {

@@ -3,7 +3,7 @@
 #include <string_view>
 
 #include "pictures/metafile/letters.h"
-#include "pictures/metafile/sign_fonts.h"
+#include "pictures/metafile/symbol_fonts.h"
 
 namespace lumidex::metafile {
 namespace {
@@ -66,7 +66,7 @@ std::string FamilyOf(const Font& font, const std::string& text, TextFaces& faces
   for (const Substitute& substitute : substitutes)
     if (HasSameLetters(name, substitute.name)) return substitute.family;
   // The one that has nearly all of the signs.
-  if (HasOwnSigns(name)) return "DejaVu Sans";
+  if (IsSymbolFont(name)) return "DejaVu Sans";
   // In place of one that is not here, the system offers whatever is its first font, most often a wide one.
   if (name.empty() || (IsEuropean(text) && !faces.IsInstalled(name))) return FamilyOfKind(font);
   return name;

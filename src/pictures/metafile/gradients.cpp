@@ -15,8 +15,8 @@ void FillGradientBox(DeviceContext& context, const Vertex& first, const Vertex& 
   const Matrix map = context.LogicalToSheet();
   const Point from = map.Apply(first.at);
   const Point to = map.Apply(across ? Point{second.at.x, first.at.y} : Point{first.at.x, second.at.y});
-  context.Sheet().FillGradient(context.State().clip, context.SheetBox(box), {from, first.color},
-                               {to, second.color});
+  context.GetCanvas().FillGradient(context.State().clip, context.SheetBox(box), {from, first.colour},
+                                   {to, second.colour});
 }
 
 void FillGradientTriangle(DeviceContext& context, const std::array<Vertex, 3>& corners) {
@@ -24,7 +24,7 @@ void FillGradientTriangle(DeviceContext& context, const std::array<Vertex, 3>& c
   const Point a = map.Apply(corners[0].at), b = map.Apply(corners[1].at), c = map.Apply(corners[2].at);
   Path path;
   path.AddPolyline(std::array{a, b, c}, true);
-  const Box box = path.Transformed({}).Bounds().GrownToWhole().Intersected(context.Sheet().Area());
+  const Box box = path.Transformed({}).Bounds().GrownToWhole().Intersected(context.GetCanvas().Area());
   const double area = (b.x - a.x) * (c.y - a.y) - (c.x - a.x) * (b.y - a.y);
   if (box.IsEmpty() || !std::isfinite(area) || std::abs(area) < 1e-6) return;
   if (!context.Budget().Spend(40 * std::min(box.Area(), mostTrianglePixels))) return;
@@ -45,7 +45,7 @@ void FillGradientTriangle(DeviceContext& context, const std::array<Vertex, 3>& c
       if (nearA < 0 || nearB < 0 || nearC < 0) continue;
       const auto channel = [&](int shift) {
         const auto of = [&](const Vertex& vertex) {
-          return static_cast<double>(vertex.color >> shift & 0xFF);
+          return static_cast<double>(vertex.colour >> shift & 0xFF);
         };
         const double value = nearA * of(corners[0]) + nearB * of(corners[1]) + nearC * of(corners[2]);
         return static_cast<std::uint32_t>(std::clamp(value + 0.5, 0.0, 255.0)) << shift;
@@ -54,7 +54,7 @@ void FillGradientTriangle(DeviceContext& context, const std::array<Vertex, 3>& c
     }
   }
   const Matrix toSheet{.xx = stepX, .yy = stepY, .x0 = box.left, .y0 = box.top};
-  context.Sheet().DrawImage(
+  context.GetCanvas().DrawImage(
       context.State().clip,
       {image, {0, 0, static_cast<double>(width), static_cast<double>(height)}, toSheet});
 }

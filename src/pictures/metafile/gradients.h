@@ -9,7 +9,7 @@ namespace lumidex::metafile {
 
 struct Vertex {
   Point at;  // logical units
-  std::uint32_t color = 0;
+  std::uint32_t colour = 0;
 };
 
 // A box between two corners, its colour running from the left (or upper) one's to the other's.

@@ -40,7 +40,7 @@ constexpr std::array<std::array<std::uint8_t, 8>, 53> hatchRows = {{
 
 }  // namespace
 
-CairoPattern HatchPattern(int hatch, std::uint32_t color, std::optional<std::uint32_t> background,
+CairoPattern HatchPattern(int hatch, std::uint32_t colour, std::optional<std::uint32_t> background,
                           Point origin) {
   const CairoSurface surface(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, 8, 8));
   const auto& rows =
@@ -50,7 +50,7 @@ CairoPattern HatchPattern(int hatch, std::uint32_t color, std::optional<std::uin
     if (!row) break;
     for (int x = 0; x < 8; ++x) {
       const bool line = rows[static_cast<std::size_t>(y)] >> (7 - x) & 1;
-      row[x] = line ? color | 0xFF000000u : background ? *background | 0xFF000000u : 0;
+      row[x] = line ? colour | 0xFF000000u : background ? *background | 0xFF000000u : 0;
     }
   }
   cairo_surface_mark_dirty(surface.get());

@@ -12,7 +12,7 @@
 namespace lumidex::metafile {
 
 // Unknown numbers become the nearest known one. Without `background` the picture shows between the lines.
-CairoPattern HatchPattern(int hatch, std::uint32_t color, std::optional<std::uint32_t> background,
+CairoPattern HatchPattern(int hatch, std::uint32_t colour, std::optional<std::uint32_t> background,
                           Point origin);
 
 }  // namespace lumidex::metafile

@@ -8,7 +8,7 @@
 #include <cstdint>
 
 #include "pictures/byte_reader.h"
-#include "pictures/metafile/sign_fonts.h"
+#include "pictures/metafile/symbol_fonts.h"
 
 namespace lumidex::metafile {
 namespace {
@@ -152,7 +152,7 @@ std::vector<Letter> LettersFromCodePage(Bytes text, const Font& font) {
   for (std::size_t i = 0; i < text.size();) {
     const unsigned code = text[i];
     Letter letter;
-    if (const auto sign = SignOf(code, font.family)) {
+    if (const auto sign = SymbolOf(code, font.family)) {
       letter.text = Utf8(*sign);
     } else if (IsControl(code)) {
       letter.text = "";
@@ -185,7 +185,7 @@ std::vector<Letter> LettersFromUtf16(Bytes text, const Font& font) {
     }
     // Fonts with an encoding of their own keep it at 0xF000 for programs that know Unicode only.
     const unsigned plain = code >= 0xF000 && code < 0xF100 ? code - 0xF000 : code;
-    const auto sign = plain < 0x100 ? SignOf(plain, font.family) : std::nullopt;
+    const auto sign = plain < 0x100 ? SymbolOf(plain, font.family) : std::nullopt;
     letter.endsLine = code == '\n';
     if (sign && !letter.endsLine) {
       letter.text = Utf8(*sign);

@@ -14,7 +14,7 @@ constexpr double perNestedByte = 8;
 
 bool PlayNested(DeviceContext& outer, Bytes file, const Matrix& unitToLogical) {
   const Stage stage = outer.StageFor(unitToLogical);
-  Canvas& canvas = outer.Sheet();
+  Canvas& canvas = outer.GetCanvas();
   if (stage.depth > deepestNesting || !stage.unitToSheet.IsUsable()) return false;
   if (!canvas.Budget().Spend(perNested + perNestedByte * static_cast<double>(file.size()))) return false;
   if (const auto header = ReadEmfHeader(file)) {

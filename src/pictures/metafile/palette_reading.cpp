@@ -13,7 +13,7 @@ void ReadPaletteEntries(ByteReader& reader, std::size_t first, std::size_t count
   }
 }
 
-PaletteColors ReadPalette(ByteReader& reader) {
+PaletteColours ReadPalette(ByteReader& reader) {
   const std::size_t count = reader.U16Le();
   auto palette =
       std::make_shared<std::vector<std::uint32_t>>(std::min<std::size_t>(count, reader.Remaining() / 4));

@@ -11,7 +11,7 @@ namespace lumidex::metafile {
 void ReadPaletteEntries(ByteReader& reader, std::size_t first, std::size_t count,
                         std::vector<std::uint32_t>& palette);
 // A whole palette, behind its version.
-PaletteColors ReadPalette(ByteReader& reader);
+PaletteColours ReadPalette(ByteReader& reader);
 // Cuts the palette, or adds black to it; at most 65536 colours.
 void ResizePalette(std::vector<std::uint32_t>& palette, std::size_t count, WorkBudget& budget);
 

@@ -51,7 +51,7 @@ void PathBracket::Draw(bool filled, bool stroked) {
 void PathBracket::Clip(ClipMode mode) {
   const Path path = TakePath();
   DeviceState& state = context_.State();
-  Canvas& sheet = context_.Sheet();
+  Canvas& sheet = context_.GetCanvas();
   if (isWidened_) return sheet.CombineClip(state.clip, state.base, path, StyleOfPen(context_), mode);
   sheet.CombineClip(state.clip, state.base, path, state.fillRule, mode);
 }

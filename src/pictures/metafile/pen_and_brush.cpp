@@ -84,22 +84,23 @@ void StrokePath(DeviceContext& context, const Path& onSheet) {
   if (!style.dashes.empty() && !(state.pen.style & geometric) && state.opaqueBackground) {
     StrokeStyle solid = style;
     solid.dashes.clear();
-    const Ink gaps{.kind = Ink::Kind::Solid, .color = state.backgroundColor};
-    context.Sheet().Stroke(state.clip, onSheet, solid, gaps, state.rasterOperation);
+    const Ink gaps{.kind = Ink::Kind::Solid, .colour = state.backgroundColour};
+    context.GetCanvas().Stroke(state.clip, onSheet, solid, gaps, state.rasterOperation);
   }
-  context.Sheet().Stroke(state.clip, onSheet, style, context.Completed(state.pen.ink), state.rasterOperation);
+  context.GetCanvas().Stroke(state.clip, onSheet, style, context.Completed(state.pen.ink),
+                             state.rasterOperation);
 }
 
 void FillPath(DeviceContext& context, const Path& onSheet) {
   const DeviceState& state = context.State();
-  context.Sheet().Fill(state.clip, onSheet, state.fillRule, context.Completed(state.brush),
-                       state.rasterOperation);
+  context.GetCanvas().Fill(state.clip, onSheet, state.fillRule, context.Completed(state.brush),
+                           state.rasterOperation);
 }
 
 void FillStroke(DeviceContext& context, const Path& onSheet) {
   const DeviceState& state = context.State();
-  context.Sheet().Stroke(state.clip, onSheet, StyleOfPen(context), context.Completed(state.brush),
-                         state.rasterOperation);
+  context.GetCanvas().Stroke(state.clip, onSheet, StyleOfPen(context), context.Completed(state.brush),
+                             state.rasterOperation);
 }
 
 }  // namespace lumidex::metafile

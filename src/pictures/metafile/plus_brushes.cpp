@@ -170,7 +170,7 @@ Brush ReadPictureBrush(ByteReader& reader, WorkBudget& budget) {
 
 Brush SolidBrush(std::uint32_t argb) {
   return {.kind = argb >> 24 == 0 ? Ink::Kind::None : Ink::Kind::Solid,
-          .color = argb & 0xFFFFFF,
+          .colour = argb & 0xFFFFFF,
           .opacity = static_cast<double>(argb >> 24) / 255};
 }
 

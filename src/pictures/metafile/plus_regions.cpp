@@ -68,7 +68,7 @@ class AreaJoiner {
 }  // namespace
 
 metafile::Clip Player::AreaOf(const ClipObject& area) {
-  AreaJoiner joiner(drawing_.context.Sheet(), drawing_.context.LogicalToSheet(), State().fillRule);
+  AreaJoiner joiner(drawing_.context.GetCanvas(), drawing_.context.LogicalToSheet(), State().fillRule);
   // Combinations that wait for their parts.
   struct Waiting {
     ClipMode mode = ClipMode::And;
@@ -88,7 +88,7 @@ metafile::Clip Player::AreaOf(const ClipObject& area) {
     if (waiting.empty()) return joiner.Covered(value);
     waiting.back().first = std::move(value);
   }
-  return drawing_.context.Sheet().WholeClip();
+  return drawing_.context.GetCanvas().WholeClip();
 }
 
 void Player::Clip(const Path& path, unsigned mode) {
@@ -102,7 +102,7 @@ void Player::ClipTo(const ClipObject& area, unsigned mode) {
   const ClipNode& first = area.nodes.front();
   if (first.mode == 0 && !first.everything) return Clip(first.outline, mode);
   DeviceState& state = State();
-  drawing_.context.Sheet().CombineClip(state.clip, state.base, AreaOf(area), ModeOf(mode));
+  drawing_.context.GetCanvas().CombineClip(state.clip, state.base, AreaOf(area), ModeOf(mode));
 }
 
 void Player::PlayResetClip(Record&) {

@@ -117,7 +117,7 @@ Path Player::ReadEllipse(Record& record) const {
 }
 
 void Player::PlayClear(Record& record) {
-  Canvas& sheet = drawing_.context.Sheet();
+  Canvas& sheet = drawing_.context.GetCanvas();
   sheet.Fill(State().clip, Path::OfBox(sheet.Area()), FillRule::Winding, SolidBrush(record.reader.U32Le()),
              copyPen);
 }

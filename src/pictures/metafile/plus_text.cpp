@@ -8,7 +8,7 @@ void Player::UseFont(const FontObject& font, const Brush& brush) {
   DeviceState& state = State();
   state.font = font.font;
   state.font.height = Length(font.font.height, font.unit);
-  state.textColor = brush.color;
+  state.textColour = brush.colour;
   state.opaqueBackground = false;
 }
 

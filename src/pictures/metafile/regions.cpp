@@ -16,8 +16,8 @@ Path RegionOnSheet(const DeviceContext& context, std::span<const Box> boxes) {
 void FillRegion(DeviceContext& context, std::span<const Box> boxes, const Brush& brush) {
   if (!context.AffordPoints(4 * boxes.size())) return;
   const DeviceState& state = context.State();
-  context.Sheet().Fill(state.clip, RegionOnSheet(context, boxes), FillRule::Winding, context.Completed(brush),
-                       state.rasterOperation);
+  context.GetCanvas().Fill(state.clip, RegionOnSheet(context, boxes), FillRule::Winding,
+                           context.Completed(brush), state.rasterOperation);
 }
 
 void FrameRegion(DeviceContext& context, std::span<const Box> boxes, const Brush& brush, Point edge) {
@@ -31,32 +31,32 @@ void FrameRegion(DeviceContext& context, std::span<const Box> boxes, const Brush
   // What the region loses when it is moved to one side is its edge on the other.
   for (const Point by : {Point{reach.x, 0}, Point{-reach.x, 0}, Point{0, reach.y}, Point{0, -reach.y}}) {
     Clip clip = state.clip;
-    context.Sheet().CombineClip(clip, state.base, region.Transformed({.x0 = by.x, .y0 = by.y}),
-                                FillRule::Winding, ClipMode::Difference);
-    context.Sheet().Fill(clip, region, FillRule::Winding, ink, state.rasterOperation);
+    context.GetCanvas().CombineClip(clip, state.base, region.Transformed({.x0 = by.x, .y0 = by.y}),
+                                    FillRule::Winding, ClipMode::Difference);
+    context.GetCanvas().Fill(clip, region, FillRule::Winding, ink, state.rasterOperation);
   }
 }
 
 void InvertRegion(DeviceContext& context, std::span<const Box> boxes) {
   if (!context.AffordPoints(4 * boxes.size())) return;
-  context.Sheet().Transfer(context.State().clip, RegionOnSheet(context, boxes), invertPicture, nullptr,
-                           Ink{});
+  context.GetCanvas().Transfer(context.State().clip, RegionOnSheet(context, boxes), invertPicture, nullptr,
+                               Ink{});
 }
 
-void FloodFill(DeviceContext& context, Point at, std::uint32_t color, bool surface) {
+void FloodFill(DeviceContext& context, Point at, std::uint32_t colour, bool surface) {
   const DeviceState& state = context.State();
   const Point place = context.LogicalToSheet().Apply(at);
   const double half = std::max(1.0, context.UnitOnSheet()) / 2;
-  context.Sheet().Flood(state.clip, {place.x + half, place.y + half}, color, surface,
-                        context.Completed(state.brush));
+  context.GetCanvas().Flood(state.clip, {place.x + half, place.y + half}, colour, surface,
+                            context.Completed(state.brush));
 }
 
-void SetPixel(DeviceContext& context, Point at, std::uint32_t color) {
+void SetPixel(DeviceContext& context, Point at, std::uint32_t colour) {
   const Point place = context.LogicalToSheet().Apply(at);
   const double size = std::max(1.0, context.UnitOnSheet());
   const Path path = Path::OfBox(Box{place.x, place.y, place.x + size, place.y + size}.Rounded());
-  context.Sheet().Fill(context.State().clip, path.Transformed({}), FillRule::Winding,
-                       {.kind = Ink::Kind::Solid, .color = color}, copyPen);
+  context.GetCanvas().Fill(context.State().clip, path.Transformed({}), FillRule::Winding,
+                           {.kind = Ink::Kind::Solid, .colour = colour}, copyPen);
 }
 
 }  // namespace lumidex::metafile

@@ -14,7 +14,7 @@ void FrameRegion(DeviceContext& context, std::span<const Box> boxes, const Brush
 void InvertRegion(DeviceContext& context, std::span<const Box> boxes);
 // Fills with the brush from `at` to the edge of that colour or, with `surface` set, of the part in that
 // colour.
-void FloodFill(DeviceContext& context, Point at, std::uint32_t color, bool surface);
-void SetPixel(DeviceContext& context, Point at, std::uint32_t color);
+void FloodFill(DeviceContext& context, Point at, std::uint32_t colour, bool surface);
+void SetPixel(DeviceContext& context, Point at, std::uint32_t colour);
 
 }  // namespace lumidex::metafile

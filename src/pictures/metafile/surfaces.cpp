@@ -74,9 +74,9 @@ std::uint32_t* SurfaceRow(cairo_surface_t* surface, int y) {
   return reinterpret_cast<std::uint32_t*>(data + std::ptrdiff_t{cairo_image_surface_get_stride(surface)} * y);
 }
 
-CairoPattern SolidPattern(std::uint32_t color, double opacity) {
-  return CairoPattern(cairo_pattern_create_rgba((color >> 16 & 0xFF) / 255.0, (color >> 8 & 0xFF) / 255.0,
-                                                (color & 0xFF) / 255.0, opacity));
+CairoPattern SolidPattern(std::uint32_t colour, double opacity) {
+  return CairoPattern(cairo_pattern_create_rgba((colour >> 16 & 0xFF) / 255.0, (colour >> 8 & 0xFF) / 255.0,
+                                                (colour & 0xFF) / 255.0, opacity));
 }
 
 CairoSurface CopiedSurface(const Pixels& pixels) {

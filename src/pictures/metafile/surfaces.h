@@ -16,7 +16,7 @@ CairoSurface BlankSurface(const Box& box, cairo_format_t format);
 // A row of a 32-bit image surface, counted from its top; null when the surface could not be made.
 std::uint32_t* SurfaceRow(cairo_surface_t* surface, int y);
 
-CairoPattern SolidPattern(std::uint32_t color, double opacity = 1);
+CairoPattern SolidPattern(std::uint32_t colour, double opacity = 1);
 // Makes the pattern read its source through the inverse of `toSheet`.
 void MapPattern(cairo_pattern_t* pattern, const Matrix& toSheet);
 CairoPattern TilePattern(cairo_surface_t* tile, const Ink& ink);

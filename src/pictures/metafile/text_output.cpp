@@ -4,7 +4,7 @@
 #include <numbers>
 
 #include "pictures/metafile/font_matching.h"
-#include "pictures/metafile/sign_fonts.h"
+#include "pictures/metafile/symbol_fonts.h"
 
 namespace lumidex::metafile {
 namespace {
@@ -19,8 +19,8 @@ constexpr double perUnit = 2000;
 // Following a letter's outline.
 constexpr double perOutlinedLetter = 10000;
 
-Ink Solid(std::uint32_t color) {
-  return {.kind = Ink::Kind::Solid, .color = color};
+Ink Solid(std::uint32_t colour) {
+  return {.kind = Ink::Kind::Solid, .colour = colour};
 }
 
 }  // namespace
@@ -75,13 +75,13 @@ void TextOutput::Draw(TextLine line) {
   const DeviceState& state = context_.State();
   Clip clip = state.clip;
   if (line.clipToBox)
-    context_.Sheet().CombineClip(clip, state.base, context_.SheetBox(line.box), FillRule::Winding,
-                                 ClipMode::And);
+    context_.GetCanvas().CombineClip(clip, state.base, context_.SheetBox(line.box), FillRule::Winding,
+                                     ClipMode::And);
 
   std::string whole;
   for (const TextUnit& unit : line.units) whole += unit.text;
   const TextFace& face = MatchingFace(faces_, state.font, whole);
-  if (HasOwnSigns(state.font.family)) {
+  if (IsSymbolFont(state.font.family)) {
     whole.clear();
     for (TextUnit& unit : line.units) {
       if (!face.Has(unit.text)) unit.text = " ";
@@ -94,17 +94,17 @@ void TextOutput::Draw(TextLine line) {
   setting.toSheet = PlaceOf(line, setting);
 
   if (state.opaqueBackground && !line.fillBox && !bracket_.IsOpen())
-    FillStripe(-face.Ascent(), face.Descent(), state.backgroundColor, setting);
+    FillStripe(-face.Ascent(), face.Descent(), state.backgroundColour, setting);
   DrawLetters(line, whole, setting);
-  if (state.font.underlined) FillStripe(0.08, 0.14, state.textColor, setting);
-  if (state.font.struckOut) FillStripe(-0.3, -0.24, state.textColor, setting);
+  if (state.font.underlined) FillStripe(0.08, 0.14, state.textColour, setting);
+  if (state.font.struckOut) FillStripe(-0.3, -0.24, state.textColour, setting);
   if ((state.textAlign & text_align::updatePosition) != 0) MoveBehind(setting);
 }
 
 void TextOutput::FillBox(const TextLine& line) {
   const DeviceState& state = context_.State();
-  context_.Sheet().Fill(state.clip, context_.SheetBox(line.box), FillRule::Winding,
-                        Solid(state.backgroundColor), copyPen);
+  context_.GetCanvas().Fill(state.clip, context_.SheetBox(line.box), FillRule::Winding,
+                            Solid(state.backgroundColour), copyPen);
 }
 
 double TextOutput::Fit(const TextLine& line, Setting& setting) const {
@@ -138,10 +138,10 @@ Matrix TextOutput::PlaceOf(const TextLine& line, const Setting& setting) const {
       TextMatrix(setting.width, setting.height, fromPosition ? state.current : line.at));
 }
 
-void TextOutput::FillStripe(double top, double bottom, std::uint32_t color, const Setting& setting) {
+void TextOutput::FillStripe(double top, double bottom, std::uint32_t colour, const Setting& setting) {
   const Path stripe = Path::OfBox({0, top, setting.length, bottom});
-  context_.Sheet().Fill(setting.clip, stripe.Transformed(setting.toSheet), FillRule::Winding, Solid(color),
-                        copyPen);
+  context_.GetCanvas().Fill(setting.clip, stripe.Transformed(setting.toSheet), FillRule::Winding,
+                            Solid(colour), copyPen);
 }
 
 void TextOutput::DrawLetters(const TextLine& line, const std::string& whole, const Setting& setting) {
@@ -163,7 +163,7 @@ void TextOutput::DrawLetters(const TextLine& line, const std::string& whole, con
 void TextOutput::DrawLetters(const std::string& text, Point from, double narrowing, const Setting& setting) {
   const Matrix place = Matrix{.xx = narrowing, .x0 = from.x, .y0 = from.y}.Then(setting.toSheet);
   if (!bracket_.IsOpen()) {
-    context_.Sheet().DrawText(setting.clip, setting.face, text, place, context_.State().textColor);
+    context_.GetCanvas().DrawText(setting.clip, setting.face, text, place, context_.State().textColour);
   } else if (context_.Budget().Spend(perOutlinedLetter * static_cast<double>(text.size()))) {
     bracket_.Add(setting.face.Outline(text).Transformed(place), false);
   }

@@ -54,7 +54,7 @@ class TextOutput {
   Matrix PlaceOf(const TextLine& line, const Setting& setting) const;
   void DrawLetters(const TextLine& line, const std::string& whole, const Setting& setting);
   void DrawLetters(const std::string& text, Point from, double narrowing, const Setting& setting);
-  void FillStripe(double top, double bottom, std::uint32_t color, const Setting& setting);
+  void FillStripe(double top, double bottom, std::uint32_t colour, const Setting& setting);
   void MoveBehind(const Setting& setting);
 
   // The height of an em of the selected font, logical units.

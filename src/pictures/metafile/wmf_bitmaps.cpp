@@ -24,11 +24,11 @@ Brush WmfPlayer::TiledBrush(ByteReader& record, BitmapKind kind) {
   std::optional<EmbeddedImage> image;
   WorkBudget& budget = drawing_.context.Budget();
   if (kind == BitmapKind::Device) {
-    if (auto pixels = DecodeDeviceBitmap(record.Take(record.Remaining()), brushBitmapHeader, state.textColor,
-                                         state.backgroundColor, budget))
+    if (auto pixels = DecodeDeviceBitmap(record.Take(record.Remaining()), brushBitmapHeader, state.textColour,
+                                         state.backgroundColour, budget))
       image = EmbeddedImage{*std::move(pixels), true};
   } else {
-    brush.takesTextColors = record.U16Le() == brush_style::pattern;
+    brush.takesTextColours = record.U16Le() == brush_style::pattern;
     const bool usesPalette = record.U16Le() == palettePositions;
     image = DecodeBitmap({.header = record.Take(record.Remaining()),
                           .bits = {},
@@ -39,7 +39,7 @@ Brush WmfPlayer::TiledBrush(ByteReader& record, BitmapKind kind) {
   auto tile = KeptTile(std::move(image), budget);
   if (!tile) return Brush{};
   brush.tile = *std::move(tile);
-  brush.takesTextColors = brush.takesTextColors && IsBlackAndWhite(brush.tile);
+  brush.takesTextColours = brush.takesTextColours && IsBlackAndWhite(brush.tile);
   return brush;
 }
 
@@ -86,7 +86,7 @@ void WmfPlayer::PlayBlock(ByteReader& record, bool stretched, BitmapKind kind) {
   const Bytes bitmap = record.Take(record.Remaining());
   if (kind == BitmapKind::Device) {
     const auto pixels =
-        DecodeDeviceBitmap(bitmap, deviceBitmapHeader, state.textColor, state.backgroundColor, budget);
+        DecodeDeviceBitmap(bitmap, deviceBitmapHeader, state.textColour, state.backgroundColour, budget);
     if (pixels) Transfer(drawing_.context, blit, *pixels);
   } else if (const auto image =
                  DecodeBitmap({.header = bitmap, .bits = {}, .palette = state.palette}, budget)) {

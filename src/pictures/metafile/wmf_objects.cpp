@@ -31,7 +31,7 @@ Pen ReadPen(ByteReader& record, const DeviceContext& context) {
   pen.style = record.U16Le() & (pen_style::dashMask | pen_style::capMask | pen_style::joinMask);
   pen.width = record.S16Le();
   record.Skip(2);
-  pen.ink.color = context.Color(record.U32Le());
+  pen.ink.colour = context.Colour(record.U32Le());
   if ((pen.style & pen_style::dashMask) >= pen_style::user) pen.style &= ~pen_style::dashMask;
   return pen;
 }
@@ -39,7 +39,7 @@ Pen ReadPen(ByteReader& record, const DeviceContext& context) {
 Brush ReadBrush(ByteReader& record, const DeviceContext& context) {
   Brush brush;
   const unsigned style = record.U16Le();
-  brush.color = context.Color(record.U32Le());
+  brush.colour = context.Colour(record.U32Le());
   brush.hatch = record.U16Le();
   brush.kind = style == brush_style::null      ? Ink::Kind::None
                : style == brush_style::hatched ? Ink::Kind::Hatched

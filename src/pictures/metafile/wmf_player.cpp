@@ -183,11 +183,11 @@ void WmfPlayer::PlaySetTextAlign(ByteReader& record) {
 }
 
 void WmfPlayer::PlaySetBkColor(ByteReader& record) {
-  State().backgroundColor = drawing_.context.Color(record.U32Le());
+  State().backgroundColour = drawing_.context.Colour(record.U32Le());
 }
 
 void WmfPlayer::PlaySetTextColor(ByteReader& record) {
-  State().textColor = drawing_.context.Color(record.U32Le());
+  State().textColour = drawing_.context.Colour(record.U32Le());
 }
 
 void WmfPlayer::PlaySetMapMode(ByteReader& record) {

@@ -74,19 +74,19 @@ void WmfPlayer::PlayPolyPolygon(ByteReader& record) {
 }
 
 void WmfPlayer::PlayFloodFill(ByteReader& record) {
-  const std::uint32_t edge = drawing_.context.Color(record.U32Le());
+  const std::uint32_t edge = drawing_.context.Colour(record.U32Le());
   FloodFill(drawing_.context, ReversedPoint(record), edge, false);
 }
 
 void WmfPlayer::PlayExtFloodFill(ByteReader& record) {
   const bool surface = record.U16Le() == floodFillsSurface;
-  const std::uint32_t color = drawing_.context.Color(record.U32Le());
-  FloodFill(drawing_.context, ReversedPoint(record), color, surface);
+  const std::uint32_t colour = drawing_.context.Colour(record.U32Le());
+  FloodFill(drawing_.context, ReversedPoint(record), colour, surface);
 }
 
 void WmfPlayer::PlaySetPixel(ByteReader& record) {
-  const std::uint32_t color = drawing_.context.Color(record.U32Le());
-  SetPixel(drawing_.context, ReversedPoint(record), color);
+  const std::uint32_t colour = drawing_.context.Colour(record.U32Le());
+  SetPixel(drawing_.context, ReversedPoint(record), colour);
 }
 
 void WmfPlayer::PlayExcludeClipRect(ByteReader& record) {

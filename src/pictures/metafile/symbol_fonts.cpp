@@ -1,4 +1,4 @@
-#include "pictures/metafile/sign_fonts.h"
+#include "pictures/metafile/symbol_fonts.h"
 
 #include <array>
 #include <span>
@@ -121,11 +121,11 @@ const SignFont* FontOf(std::string_view family) {
 
 }  // namespace
 
-bool HasOwnSigns(std::string_view family) {
+bool IsSymbolFont(std::string_view family) {
   return FontOf(family) != nullptr;
 }
 
-std::optional<char32_t> SignOf(unsigned code, std::string_view family) {
+std::optional<char32_t> SymbolOf(unsigned code, std::string_view family) {
   constexpr unsigned first = 0x20;
   const SignFont* const font = FontOf(family);
   if (!font) return std::nullopt;

@@ -55,8 +55,5 @@ constexpr bool UsesSource(int operation) {
 constexpr bool UsesPattern(int operation) {
   return ((operation >> 4) & 0x0F) != (operation & 0x0F);
 }
-constexpr bool UsesPicture(int operation) {
-  return ((operation >> 1) & 0x55) != (operation & 0x55);
-}
 
 }  // namespace lumidex::metafile
