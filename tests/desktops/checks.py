@@ -2,9 +2,11 @@
 covers another."""
 
 import json
+import os
 import re
+import subprocess
 
-from desktop import Failure
+from desktop import PATIENCE, Failure, wait_until
 
 # Controls that a person reads or acts on; the rest only holds them.
 CONTENT = {"push button", "check box", "radio button", "label", "list", "combo box", "text", "entry", "slider",
@@ -13,12 +15,22 @@ CONTENT = {"push button", "check box", "radio button", "label", "list", "combo b
 SCROLLING = {"list", "scroll pane", "viewport", "table", "menu", "popup menu"}
 
 
-def tree_of(desktop, program):
-    """The program's windows as assistive programs see them."""
-    folder = __file__.rsplit("/", 1)[0]
-    text = desktop.run("/usr/bin/python3", folder + "/accessible.py", str(program.process.pid))
-    if not text:
-        raise Failure("the accessibility bus tells nothing of the program")
+def asked(desktop, process, *arguments):
+    """What accessible.py answers; nothing when it has failed."""
+    script = os.path.join(os.path.dirname(os.path.abspath(__file__)), "accessible.py")
+    done = subprocess.run(["/usr/bin/python3", script, str(process), *arguments], env=desktop.environment,
+                          stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, timeout=PATIENCE, check=False)
+    return done.stdout.decode(errors="replace") if done.returncode == 0 else None
+
+
+def act(desktop, process, *arguments):
+    return asked(desktop, process, *arguments) is not None
+
+
+def tree_of(desktop, process, depth):
+    """The program's windows as assistive programs see them, so many levels of them."""
+    text = wait_until(lambda: asked(desktop, process, "tree", str(depth)),
+                      what="the program on the accessibility bus")
     tree = json.loads(text)
     # The toolkit tells logical pixels.
     scale_places(tree, desktop.scale)
@@ -31,11 +43,9 @@ def scale_places(node, scale):
         scale_places(child, scale)
 
 
-def window_of(tree, title):
-    for window in tree["children"]:
-        if re.search(title, window["name"]) and "showing" in window["states"]:
-            return window
-    raise Failure(f"the accessibility bus tells of no window '{title}'")
+def windows_of(tree, title):
+    return [window for window in tree["children"]
+            if re.search(title, window["name"]) and "showing" in window["states"]]
 
 
 def nodes(node, way=()):
@@ -70,6 +80,17 @@ def overlap(one, other):
     across = min(one[0] + one[2], other[0] + other[2]) - max(one[0], other[0])
     down = min(one[1] + one[3], other[1] + other[3]) - max(one[1], other[1])
     return min(across, down)
+
+
+def off_centre(outer, over, area):
+    """By how many pixels a window stands beside the middle of another one, across or down, as far as the area lets it
+    stand there."""
+    off = []
+    for side in (0, 1):
+        ideal = over[side] + (over[side + 2] - outer[side + 2]) / 2
+        last = area[side] + area[side + 2] - outer[side + 2]
+        off.append(abs(outer[side] - max(area[side], min(ideal, last))))
+    return max(off)
 
 
 def told(node):

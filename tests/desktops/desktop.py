@@ -14,6 +14,7 @@ MANAGERS = {
     "openbox": ["openbox"],
     "xfwm4": ["xfwm4", "--compositor=off"],
     "metacity": ["metacity", "--no-composite"],
+    "weston": ["weston"],
 }
 
 COLOURS = {
@@ -42,21 +43,35 @@ class Failure(Exception):
     """What a run found wrong, in words for a person."""
 
 
+class NoServer(Exception):
+    """There can be no virtual screen on this machine."""
+
+
 def check(holds, text):
     if not holds:
         raise Failure(text)
 
 
-def wait_until(holds, seconds=10.0, what="something"):
-    """Answers the first true value of `holds`; a failure when none comes in time."""
+# On a busy machine everything takes its time; one that idles never waits so long.
+PATIENCE = 60.0
+
+
+def came(holds, seconds=PATIENCE):
+    """The first true value of `holds`, or the last false one when none comes in time."""
     end = time.monotonic() + seconds
     while True:
         value = holds()
-        if value:
+        if value or time.monotonic() > end:
             return value
-        if time.monotonic() > end:
-            raise Failure(f"waited {seconds:g} s in vain for {what}")
         time.sleep(0.05)
+
+
+def wait_until(holds, seconds=PATIENCE, what="something"):
+    """The first true value of `holds`; a failure when none comes in time."""
+    value = came(holds, seconds)
+    if not value:
+        raise Failure(f"waited {seconds:g} s in vain for {what}")
+    return value
 
 
 def write_settings(home, font, theme):
@@ -75,6 +90,9 @@ def write_settings(home, font, theme):
 
 class Desktop:
     """Use as a context; `environment` is what a program on this desktop is to be started with."""
+
+    # Whether a program can find out where its windows, or those of others, stand.
+    tells_places = True
 
     def __init__(self, manager, screen=(1280, 960), scale=1.0, theme="light", font=("DejaVu Sans", 9)):
         self.manager, self.screen, self.scale, self.theme, self.font = manager, screen, scale, theme, font
@@ -124,8 +142,11 @@ class Desktop:
         self.start(["Xvfb", "-displayfd", str(write), "-screen", "0", "%dx%dx24" % self.screen, "-noreset",
                     "-nolisten", "tcp"], pass_fds=(write,), stderr=subprocess.DEVNULL)
         os.close(write)
-        with os.fdopen(read) as number:
-            self.environment["DISPLAY"] = ":" + number.readline().strip()
+        with os.fdopen(read) as told:
+            number = told.readline().strip()
+        if not number:
+            raise NoServer("no virtual screen can be started")
+        self.environment["DISPLAY"] = ":" + number
 
     def _start_bus(self):
         bus = self.start(["dbus-daemon", "--session", "--nofork", "--print-address"], stdout=subprocess.PIPE,
@@ -137,8 +158,8 @@ class Desktop:
         if self.manager == "none":
             return
         self.start(MANAGERS[self.manager], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-        wait_until(lambda: "window id #" in self.run("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"), 20,
-                   f"{self.manager} to manage windows")
+        wait_until(lambda: "window id #" in self.run("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"),
+                   what=f"{self.manager} to manage windows")
 
     def work_area(self):
         """Left, top, width, height in device pixels; the whole screen when the manager does not tell."""

@@ -2,11 +2,10 @@
 
 import os
 import signal
-import time
 from concurrent.futures import ThreadPoolExecutor
 
 from desktop import Desktop, Failure, wait_until
-from program import Program
+from program import MAIN, Program
 
 
 def files_of(program):
@@ -19,9 +18,9 @@ def tried(executable, act, arguments=()):
     with Desktop("openbox") as desktop:
         program = Program(desktop, executable, *arguments)
         program.leave_tip()
-        time.sleep(0.3)
+        program.give_keyboard(MAIN)
         act(desktop, program)
-        wait_until(lambda: not program.is_running(), 20, "the program to end")
+        wait_until(lambda: not program.is_running(), what="the program to end")
         return files_of(program)
 
 

@@ -1,14 +1,19 @@
-"""The program on a desktop, as a person meets it: windows, keys, mouse."""
+"""The program on a desktop, as a person meets it: windows, keys, mouse. Keys are pressed only when the window that
+they are for has the keyboard, however long that takes."""
 
 import os
 import re
 import shutil
 import subprocess
+import time
 
-from desktop import Failure, end, wait_until
+import checks
+from desktop import PATIENCE, Failure, end, wait_until
 
 MAIN = "^Korvane Lumidex$"
 TIP = "Tip of the Day"
+DIRECTORY = "Select File Directory"
+PREFERENCES = "Preferences"
 
 
 class Window:
@@ -68,8 +73,23 @@ class Window:
     def close(self):
         self.desktop.run("wmctrl", "-i", "-c", self.number)
 
+    def is_active(self):
+        return self.desktop.run("xdotool", "getactivewindow").strip() == self.number
+
     def activate(self):
-        self.desktop.run("wmctrl", "-i", "-a", self.number)
+        """Asked for again until it holds: a manager refuses while something else comes up."""
+        asked = 0.0
+
+        def is_there():
+            nonlocal asked
+            if self.is_active():
+                return True
+            if time.monotonic() - asked > 1:
+                self.desktop.run("wmctrl", "-i", "-a", self.number)
+                asked = time.monotonic()
+            return False
+
+        wait_until(is_there, what="a window to become the active one")
 
     def place(self, left, top, width, height):
         """-1 leaves a number as it is. Left and top are those of the frame."""
@@ -104,34 +124,81 @@ class Program:
             return self.desktop.run("xdotool", "getwindowfocus").strip() == window.number
         wait_until(has_it, 20, "the window to have the keyboard")
 
-    def main(self, seconds=60):
-        return self.window(MAIN, seconds)
+    def main(self):
+        return self.window(MAIN)
 
-    def window(self, title, seconds=20):
+    def window(self, title):
         """The window on the screen whose title matches, once it is there."""
-        number = wait_until(lambda: self._find(title), seconds, f"a window '{title}'")
-        return Window(self.desktop, number)
+        return Window(self.desktop, wait_until(lambda: self._find(title), what=f"a window '{title}'"))
+
+    def _check_running(self):
+        if not self.is_running():
+            raise Failure(f"the program has ended with {self.process.returncode}")
 
     def has_window(self, title):
         return bool(self._find(title))
 
     def _find(self, title):
-        found = self.desktop.run("xdotool", "search", "--onlyvisible", "--name", title).split()
+        self._check_running()
+        found = self.desktop.run("xdotool", "search", "--all", "--onlyvisible", "--pid", str(self.process.pid), "--name",
+                                 title).split()
         return found[-1] if found else None
 
-    def leave_tip(self, seconds=60):
+    def leave_tip(self):
         """Waits for the tip of the day and closes it with the keyboard."""
-        tip = self.window(TIP, seconds)
-        tip.activate()
-        self.desktop.run("xdotool", "key", "Escape")
-        wait_until(lambda: not self.has_window(TIP), 10, "the tip to go")
+        self.keys_in(TIP, "Escape")
+        self.wait_until_gone(TIP)
+
+    def wait_until_gone(self, title):
+        wait_until(lambda: not self.has_window(title), what=f"the window '{title}' to go")
+
+    def tree(self, title):
+        """The window as assistive programs see it, once it is there."""
+        return wait_until(lambda: self._windows(title), what=f"assistive programs to be told of a window '{title}'")[0]
+
+    def _windows(self, title, depth=12):
+        self._check_running()
+        return checks.windows_of(checks.tree_of(self.desktop, self.process.pid, depth), title)
+
+    def shows(self, title):
+        """As assistive programs are told."""
+        return bool(self._windows(title, depth=1))
+
+    def has_keyboard(self, title):
+        """As the program itself has noticed."""
+        return any("active" in window["states"] for window in self._windows(title, depth=1))
+
+    def give_keyboard(self, title):
+        window = self.window(title)
+        end = time.monotonic() + PATIENCE
+        while True:
+            window.activate()
+            if self.has_keyboard(title) and window.is_active():
+                return
+            if time.monotonic() > end:
+                raise Failure(f"the window '{title}' never has the keyboard")
+
+    def keys_in(self, title, *keys):
+        """Presses keys in a window, once it has the keyboard."""
+        self.give_keyboard(title)
+        self.keys(*keys)
 
     def keys(self, *keys):
         self.desktop.run("xdotool", "key", "--clearmodifiers", "--delay", "30", *keys)
 
+    def press(self, role, name):
+        """What an assistive program does for a press, wherever the keyboard is; waits until it can be done."""
+        wait_until(lambda: checks.act(self.desktop, self.process.pid, "press", role, name),
+                   what=f"a {role} '{name}'")
+
     def click(self, x, y, button=1, times=1):
         self.desktop.run("xdotool", "mousemove", str(x), str(y), "click", "--repeat", str(times), "--delay", "80",
                          str(button))
+
+    def said(self):
+        """The last lines that it has written."""
+        with open(self.log.name, errors="replace") as log:
+            return log.read().splitlines()[-30:]
 
     def is_running(self):
         return self.process.poll() is None
@@ -139,6 +206,16 @@ class Program:
     def end(self):
         end(self.process)
         self.log.close()
+
+
+def picture_folder(desktop, gallery):
+    """A few pictures beside the program, where the directory dialog begins."""
+    folder = os.path.join(desktop.home, "program")
+    os.makedirs(folder, exist_ok=True)
+    for file in sorted(os.listdir(gallery)):
+        if file.lower().endswith((".jpg", ".png", ".bmp", ".gif")):
+            shutil.copy(os.path.join(gallery, file), folder)
+    return folder
 
 
 def lone_program(desktop, world, *arguments):

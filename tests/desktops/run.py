@@ -4,16 +4,22 @@
 import argparse
 import itertools
 import os
+import pathlib
 import subprocess
 import sys
 from concurrent.futures import ThreadPoolExecutor
 
-from desktop import Desktop, MANAGERS, installed
+from bus_walk import BusWalk
+from desktop import Desktop, MANAGERS, NoServer, installed
+from monitors import on_two_monitors
 from outside import ends_from_outside
-from program import Program
-from walk import PAGES, Walk, picture_folder
+from program import Program, picture_folder
+from walk import Walk
+from wayland import WaylandDesktop
 
 HERE = os.path.dirname(os.path.abspath(__file__))
+GALLERY = pathlib.Path(HERE, "..", "..", "gallery").resolve()
+SKIPPED = 77
 FONTS = {"dejavu": ("DejaVu Sans", 9), "wide": ("DejaVu Sans", 11)}
 
 
@@ -56,29 +62,42 @@ def compare(descriptions, accept):
     return wrong
 
 
-def contact_sheet(shots, columns):
-    """All pictures small on one, a row a window, a column a desktop."""
-    labels = sorted({file.split("-", 1)[1][:-4] for file in os.listdir(shots) if "-" in file and file[0].isdigit()})
+def contact_sheet(shots, manager, columns):
+    """All pictures of one manager's windows small on one, a row a window, a column a desktop."""
+    numbers = [str(number) for number, _ in columns]
+    pictures = {tuple(file[:-4].split("-", 1)) for file in os.listdir(shots) if file[0].isdigit()}
+    labels = sorted({label for number, label in pictures if number in numbers})
     tiles = []
     for label in labels:
         for number, title in columns:
-            file = os.path.join(shots, f"{number}-{label}.png")
-            tiles += ["-label", f"{label}: {title}", file if os.path.exists(file) else "xc:white[420x1]"]
-    subprocess.run(["montage", "-pointsize", "11", *tiles, "-tile", f"{len(columns)}x", "-geometry", "420x320>+6+6",
-                    os.path.join(shots, "sheet.png")], check=False)
+            there = (str(number), label) in pictures
+            tiles += ["-label", f"{label}: {title}",
+                      os.path.join(shots, f"{number}-{label}.png") if there else "xc:white[300x1]"]
+    subprocess.run(["montage", "-pointsize", "10", *tiles, "-tile", f"{len(columns)}x", "-geometry", "300x225>+5+5",
+                    os.path.join(shots, f"sheet-{manager}.png")], check=False)
 
 
 def walked(chosen, manager, screen, scale, theme, font, number):
-    """What is wrong on one desktop."""
-    gallery = os.path.join(HERE, "..", "..", "gallery")
-    with Desktop(manager, screen, float(scale), theme, FONTS[font]) as desktop:
-        program = Program(desktop, chosen.program, folder=picture_folder(desktop, gallery))
-        walk = Walk(desktop, program, chosen.shots, str(number), PAGES[:1] if chosen.short else PAGES)
-        walk.all(chosen.cycles)
+    """What is wrong on one desktop. The screen is that of a monitor with so many more pixels."""
+    pixels = tuple(round(side * float(scale)) for side in screen)
+    on_wayland = manager == "weston"
+    with (WaylandDesktop if on_wayland else Desktop)(manager, pixels, float(scale), theme, FONTS[font]) as desktop:
+        program = Program(desktop, chosen.program, folder=picture_folder(desktop, GALLERY))
+        walk = (BusWalk if on_wayland else Walk)(desktop, program, chosen.shots, str(number))
+        if on_wayland:
+            walk.all()
+        else:
+            walk.all(chosen.cycles, not chosen.short)
         wrong = walk.wrong
         if (manager, scale, theme, font) == ("openbox", "1", "light", "dejavu"):
             wrong += compare(walk.descriptions, chosen.accept)
         return wrong
+
+
+def desktops(chosen):
+    sizes = [tuple(int(side) for side in size.split("x")) for size in chosen.screens.split(",")]
+    return enumerate(itertools.product(chosen.managers.split(","), sizes, chosen.scales.split(","),
+                                       chosen.themes.split(","), chosen.fonts.split(",")), 1)
 
 
 def tell(title, wrong):
@@ -89,28 +108,41 @@ def tell(title, wrong):
     return bool(wrong)
 
 
+def tried(title, work):
+    """Whether it could be tried, and whether anything was wrong."""
+    try:
+        return True, tell(title, work())
+    except NoServer as reason:
+        print(f"{title}: not tried, {reason}")
+        return False, False
+
+
 def main():
     chosen = arguments()
     os.makedirs(chosen.shots, exist_ok=True)
-    sizes = [tuple(int(side) for side in size.split("x")) for size in chosen.screens.split(",")]
-    runs = itertools.product(chosen.managers.split(","), sizes, chosen.scales.split(","), chosen.themes.split(","),
-                             chosen.fonts.split(","))
-    columns, failed = [], 0
+    columns, failed = {}, 0
     with ThreadPoolExecutor(1) as pool:
         outside = pool.submit(ends_from_outside, chosen.program, chosen.short)
-        for number, run in enumerate(runs, 1):
+        for number, run in desktops(chosen):
             manager, screen, scale, theme, font = run
             title = f"{manager} {screen[0]}x{screen[1]} scale {scale} {theme} {font}"
             if not installed(manager):
                 print(f"{title}: not tried, {manager} is not installed")
                 continue
-            columns.append((number, title))
-            failed += tell(title, walked(chosen, *run, number))
-        failed += tell("ends from outside", outside.result())
+            was_tried, is_wrong = tried(title, lambda: walked(chosen, *run, number))
+            failed += is_wrong
+            if was_tried:
+                columns.setdefault(manager, []).append((number, title))
+        failed += tried("ends from outside", outside.result)[1]
     if not chosen.short:
-        contact_sheet(chosen.shots, columns)
-    print(f"{len(columns)} desktops, {failed} failed")
-    return 1 if failed else 0
+        # The third one does not see a monitor that has no output of its own.
+        for manager in columns.keys() & {"openbox", "metacity"}:
+            failed += tried(f"{manager} on two monitors",
+                            lambda: on_two_monitors(chosen.program, GALLERY, manager))[1]
+        for manager, of_it in columns.items():
+            contact_sheet(chosen.shots, manager, of_it)
+    print(f"{sum(map(len, columns.values()))} desktops, {failed} failed")
+    return 1 if failed else 0 if columns else SKIPPED
 
 
 if __name__ == "__main__":

@@ -69,6 +69,39 @@ TEST_F(PictureAreaTest, One_pixel_of_the_picture_is_one_pixel_of_the_screen) {
   }
 }
 
+TEST_F(PictureAreaTest, A_checkerboard_shows_through_transparent_places) {
+  const int cell = static_cast<int>(std::lround(8 * View().devicePixelRatioF()));
+  // The upper half is transparent, the lower one red.
+  Pixels pixels = Pixels::Make({64, 48}, PixelFormat::ArgbPremultiplied, 0);
+  for (int y = 24; y < 48; ++y) std::ranges::fill(pixels.Row(y), 0xFFFF0000U);
+  window.Image1.Picture = Picture::FromPixels(pixels, 32);
+  // It begins with the picture, wherever that stands.
+  for (const QPoint corner : {QPoint(0, 0), QPoint(13, 5)}) {
+    window.Image1.Move(static_cast<float>(corner.x()), static_cast<float>(corner.y()), 64, 48);
+    Settle();
+    const QImage shot = Shot();
+    int wrong = 0;
+    for (int y = 0; y < 48; ++y) {
+      for (int x = 0; x < 64; ++x) {
+        const QRgb ground = (x / cell + y / cell) % 2 == 0 ? qRgb(255, 255, 255) : qRgb(224, 224, 224);
+        if (shot.pixel(corner + QPoint(x, y)) != (y < 24 ? ground : qRgb(255, 0, 0))) ++wrong;
+      }
+    }
+    EXPECT_EQ(wrong, 0) << "at " << corner.x() << ", " << corner.y();
+  }
+}
+
+TEST_F(PictureAreaTest, Half_transparent_places_are_mixed_with_the_checkerboard) {
+  window.Image1.Picture =
+      Picture::FromPixels(Pixels::Make({40, 8}, PixelFormat::ArgbPremultiplied, 0x80000080U), 32);
+  window.Image1.Move(0, 0, 40, 8);
+  Settle();
+  const QImage shot = Shot();
+  EXPECT_NEAR(qRed(shot.pixel(2, 2)), 127, 2);
+  EXPECT_NEAR(qRed(shot.pixel(static_cast<int>(12 * View().devicePixelRatioF()), 2)), 112, 2);
+  EXPECT_NEAR(qBlue(shot.pixel(2, 2)), 255, 2);
+}
+
 TEST_F(PictureAreaTest, Its_size_is_told_in_pixels_of_the_screen) {
   const double ratio = View().devicePixelRatioF();
   for (const float width : {5000.0F, 5017.0F, 6000.5F}) {

@@ -34,6 +34,12 @@ struct PictureGesturesTest : MainWindowTest {
     QWheelEvent event(at, on.mapToGlobal(at), {}, {0, turn}, Qt::NoButton, keys, Qt::NoScrollPhase, false);
     QApplication::sendEvent(&on, &event);
   }
+  void Pinch(QWidget& on, Qt::NativeGestureType type, double value = 0) {
+    const QPointF at = on.rect().center();
+    QNativeGestureEvent event(type, QPointingDevice::primaryPointingDevice(), 2, at, at, on.mapToGlobal(at),
+                              value, {});
+    QApplication::sendEvent(&on, &event);
+  }
   std::string Fired() { return std::exchange(fired, {}); }
   QStringList Offered() {
     Settle();
@@ -88,6 +94,47 @@ TEST_F(PictureGesturesTest, The_wheel_acts_over_the_image_too) {
   EXPECT_EQ(Fired(), "mnuPictureNext ");
 }
 
+TEST_F(PictureGesturesTest, Fingers_that_move_apart_on_a_touch_pad_enlarge_a_step_at_a_time) {
+  Pinch(Area(), Qt::BeginNativeGesture);
+  for (int part = 0; part < 4; ++part) Pinch(Area(), Qt::ZoomNativeGesture, 0.05);
+  EXPECT_EQ(Fired(), "");
+  Pinch(Area(), Qt::ZoomNativeGesture, 0.05);
+  EXPECT_EQ(Fired(), "zoominc ");
+  Pinch(Area(), Qt::ZoomNativeGesture, 0.6);
+  EXPECT_EQ(Fired(), "zoominc zoominc ");
+}
+
+TEST_F(PictureGesturesTest, Fingers_that_move_together_reduce) {
+  Pinch(Area(), Qt::BeginNativeGesture);
+  Pinch(Area(), Qt::ZoomNativeGesture, -0.25);
+  EXPECT_EQ(Fired(), "zoomdec ");
+}
+
+TEST_F(PictureGesturesTest, What_is_left_of_a_step_ends_with_the_gesture) {
+  for (int gesture = 0; gesture < 3; ++gesture) {
+    Pinch(Area(), Qt::BeginNativeGesture);
+    Pinch(Area(), Qt::ZoomNativeGesture, 0.2);
+  }
+  EXPECT_EQ(Fired(), "");
+}
+
+TEST_F(PictureGesturesTest, Two_fingers_on_a_touch_screen_zoom) {
+  const auto device = std::unique_ptr<QPointingDevice>(QTest::createTouchDevice());
+  const QPoint middle = Area().rect().center();
+  const auto apart = [&](int pixels) {
+    return std::pair{middle - QPoint(pixels, 0), middle + QPoint(pixels, 0)};
+  };
+  const auto [left, right] = apart(40);
+  QTest::touchEvent(&Area(), device.get()).press(0, left).press(1, right);
+  for (int pixels = 42; pixels <= 66; pixels += 2) {
+    const auto [one, other] = apart(pixels);
+    QTest::touchEvent(&Area(), device.get()).move(0, one).move(1, other);
+  }
+  QTest::touchEvent(&Area(), device.get()).release(0, apart(66).first).release(1, apart(66).second);
+  Settle();
+  EXPECT_EQ(Fired(), "zoominc zoominc ");
+}
+
 TEST_F(PictureGesturesTest, Nothing_fires_that_the_menus_do_not_offer) {
   window.mnuPicture.Enabled = false;
   window.mnuEditZoom.Enabled = false;
@@ -95,6 +142,7 @@ TEST_F(PictureGesturesTest, Nothing_fires_that_the_menus_do_not_offer) {
   Area().setFocus();
   Wheel(Area(), -120);
   Wheel(Area(), 120, Qt::ControlModifier);
+  Pinch(Area(), Qt::ZoomNativeGesture, 1);
   for (const int key : {Qt::Key_Right, Qt::Key_Plus, Qt::Key_0, Qt::Key_Return, Qt::Key_Delete}) {
     QTest::keyClick(&Area(), static_cast<Qt::Key>(key));
   }

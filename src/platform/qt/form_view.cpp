@@ -184,16 +184,18 @@ void FormView::Place() {
   winId();
   windowHandle()->setTransientParent(parent);
   if (placesItself_ || !parent) return;
-  // Its own frame is known only when it stands.
-  const QSize outer = size().grownBy(parent->frameMargins());
+  // Its own frame is known only when it stands; it will be like that one's.
+  const QMargins frame = parent->frameMargins();
+  const QSize outer = size().grownBy(frame);
   const QRect all = on->availableGeometry();
   QRect place(QPoint(0, 0), outer);
-  place.moveCenter(before->window()->frameGeometry().center());
+  place.moveCenter(parent->frameGeometry().center());
   place.moveRight(std::min(place.right(), all.right()));
   place.moveBottom(std::min(place.bottom(), all.bottom()));
   place.moveLeft(std::max(place.left(), all.left()));
   place.moveTop(std::max(place.top(), all.top()));
-  move(place.topLeft());
+  // Told of the content: where the frame begins is not known to everybody yet.
+  setGeometry(QRect(place.topLeft() + QPoint(frame.left(), frame.top()), size()));
 }
 
 void FormView::FitContent(const QSize& room) {

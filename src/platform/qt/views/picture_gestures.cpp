@@ -2,10 +2,13 @@
 
 #include <QApplication>
 #include <QContextMenuEvent>
+#include <QGestureEvent>
 #include <QKeyEvent>
 #include <QMenu>
+#include <QNativeGestureEvent>
 #include <QPointer>
 #include <QWheelEvent>
+#include <algorithm>
 #include <cmath>
 
 #include "platform/qt/conversions.h"
@@ -16,6 +19,7 @@ namespace lumidex {
 namespace {
 
 constexpr int fullSize = 4;  // the zoom item "100 %"
+constexpr double pinchStep = 1.25;
 
 QMenu* NewPopup(FormView& view) {
   auto* popup = new QMenu(&view);
@@ -32,6 +36,7 @@ PictureGestures::PictureGestures(FormView& view, WPaper2Window& form)
       area_(view.InsideOf(form.Picture1)),
       image_(view.WidgetOf(form.Image1)) {
   area_->setFocusPolicy(Qt::StrongFocus);
+  area_->grabGesture(Qt::PinchGesture);  // of a touch screen; a touch pad's come as events of their own
   area_->installEventFilter(this);
   image_->installEventFilter(this);
 }
@@ -42,6 +47,10 @@ bool PictureGestures::eventFilter(QObject* watched, QEvent* event) {
   switch (event->type()) {
     case QEvent::Wheel:
       return Turn(*static_cast<QWheelEvent*>(event));
+    case QEvent::NativeGesture:
+      return Pinch(*static_cast<QNativeGestureEvent*>(event));
+    case QEvent::Gesture:
+      return Pinch(*static_cast<QGestureEvent*>(event));
     case QEvent::KeyPress:
       return Press(*static_cast<QKeyEvent*>(event));
     case QEvent::MouseButtonPress:
@@ -79,6 +88,32 @@ bool PictureGestures::Turn(const QWheelEvent& event) {
     }
   }
   return true;
+}
+
+bool PictureGestures::Pinch(const QNativeGestureEvent& event) {
+  if (event.gestureType() == Qt::BeginNativeGesture) BeginPinch();
+  if (event.gestureType() == Qt::ZoomNativeGesture) Pinch(1 + event.value());
+  return true;
+}
+
+bool PictureGestures::Pinch(const QGestureEvent& event) {
+  const auto* pinch = qobject_cast<QPinchGesture*>(event.gesture(Qt::PinchGesture));
+  if (!pinch) return false;
+  if (pinch->state() == Qt::GestureStarted) BeginPinch();
+  if (pinch->changeFlags().testFlag(QPinchGesture::ScaleFactorChanged)) Pinch(pinch->scaleFactor());
+  return true;
+}
+
+void PictureGestures::Pinch(double factor) {
+  // No fingers move so far between two events.
+  constexpr double most = 4;
+  pinched_ *= std::clamp(factor, 1 / most, most);
+  const QPointer<PictureGestures> self = this;
+  while (self && (pinched_ >= pinchStep || pinched_ * pinchStep <= 1)) {
+    const bool larger = pinched_ > 1;
+    pinched_ *= larger ? 1 / pinchStep : pinchStep;
+    Zoom(larger);
+  }
 }
 
 bool PictureGestures::Press(const QKeyEvent& event) {
