@@ -4,6 +4,7 @@
 #include "forms/WPaper2.h"
 #include "platform/posix/decoding_threads.h"
 #include "platform/posix/file_picture_loader.h"
+#include "platform/posix/freed_memory.h"
 #include "platform/posix/posix_desktop.h"
 #include "platform/posix/posix_file_system.h"
 #include "platform/posix/posix_process.h"
@@ -22,6 +23,7 @@ struct Program {
         decoding(files),
         desktop(argc, argv, {files, process, registry, shell, settings, loader, folders, decoding, bus}),
         app(desktop.GetPlatform()) {
+    GiveLargeBlocksBack();
     desktop.Attach(app.Forms());
     WireWindows(app);
     app.WPaper2.OnLoad = nullptr;

@@ -9,6 +9,7 @@
 #include "platform/posix/decoding_threads.h"
 #include "platform/posix/early_picture.h"
 #include "platform/posix/file_picture_loader.h"
+#include "platform/posix/freed_memory.h"
 #include "platform/posix/posix_desktop.h"
 #include "platform/posix/posix_file_system.h"
 #include "platform/posix/posix_process.h"
@@ -36,6 +37,7 @@ void UseLanguageForDates() {
 
 int main(int argc, char** argv) {
   using namespace lumidex;
+  GiveLargeBlocksBack();
   SettleSessionBus();
   UseLanguageForDates();
   const EarlyFonts fonts;

@@ -55,6 +55,7 @@ std::string Session::Run() {
 
 void Session::PerformAny() {
   const bool changesWorld = random_.Chance(worldChangePercent);
+  worldHasChanged_ = worldHasChanged_ || changesWorld;
   Perform(changesWorld ? AnyWorldChange(run_, random_) : AnyAct(run_, random_));
 }
 
@@ -107,15 +108,17 @@ void Session::CheckAlive() {
   // Leaving a program that was begun with a picture waits for ever, by rule.
   const bool leftWaiting =
       run_.state == State::Hung && run_.Program().exiting && run_.Program().CommandLineMode;
-  // By rule nothing traps the errors of a wallpaper that is to be made of no picture, and of a file that is
-  // to be saved into a folder that is gone.
+  // By rule nothing traps the errors of a wallpaper that is to be made of no picture, of a file that is to be
+  // saved into a folder that is gone, and of a list that is to be loaded or a picture that is to be adjusted
+  // when its file has gone or is none any more.
   const auto& messages = run_.World().dialogs.messages;
   const auto ended = [&](const char* report) {
     return run_.state == State::Ended && !messages.empty() && messages.back().text.starts_with(report);
   };
   const bool endedByRule =
       (ended("Run-time error '380'") && run_.Program().WPaper2.Image1.Picture.Get().IsEmpty()) ||
-      ended("Run-time error '76'");
+      ended("Run-time error '76'") ||
+      (worldHasChanged_ && (ended("Run-time error '53'") || ended("Run-time error '481'")));
   if (run_.state == State::Running || endedByUser || leftWaiting || endedByRule) return;
   Perform("expect running");
 }

@@ -68,6 +68,7 @@ class Session {
   std::vector<std::list<Act>*> lists_{&acts_};
   std::vector<Frame> frames_;
   int left_;
+  bool worldHasChanged_ = false;  // files or settings, beside the program
   int inside_ = 0;
   int leaving_ = 0;
 };
