@@ -29,7 +29,7 @@ struct Program {
     app.WPaper2.OnLoad = nullptr;
     app.WPaper2.Show();
   }
-  PosixFileSystem files;
+  PosixFileSystem files{std::chrono::milliseconds(5)};
   PosixProcess process;
   DecodingThreads decoding;
   QtSessionBus bus;

@@ -41,7 +41,7 @@ int main(int argc, char** argv) {
   SettleSessionBus();
   UseLanguageForDates();
   const EarlyFonts fonts;
-  PosixFileSystem files;
+  PosixFileSystem files(std::chrono::milliseconds(5));
   PosixProcess process(argc, argv, LUMIDEX_INSTALLED_CONTENT);
   DecodingThreads decoding(files);
   const EarlyPicture early(decoding, process.CommandLine());

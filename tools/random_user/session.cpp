@@ -120,7 +120,8 @@ void Session::CheckAlive() {
       ended("Run-time error '76'") ||
       (worldHasChanged_ && (ended("Run-time error '53'") || ended("Run-time error '481'")));
   if (run_.state == State::Running || endedByUser || leftWaiting || endedByRule) return;
-  Perform("expect running");
+  // What a user may bring about as well would be what is left when the session is made shorter.
+  Perform(run_.state == State::Ended ? "expect ended with code 0" : "expect running");
 }
 
 void Session::CheckAtRest() {

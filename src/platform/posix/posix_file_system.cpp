@@ -106,6 +106,35 @@ std::uint64_t StampOf(const struct stat& status) {
   return hash == 0 ? 1 : hash;
 }
 
+// Counts a change when it is over, however it ends.
+class Changing {
+ public:
+  explicit Changing(std::atomic<std::uint64_t>& changes) : changes_(changes) {}
+  ~Changing() { ++changes_; }
+  Changing(const Changing&) = delete;
+  Changing& operator=(const Changing&) = delete;
+
+ private:
+  std::atomic<std::uint64_t>& changes_;
+};
+
+// What is there now.
+std::optional<FileFacts> LookAt(const std::string& path) {
+  struct stat status {};
+  if (HoldsZeroByte(path) || stat(path.c_str(), &status) != 0) return {};
+  FileFacts facts;
+  facts.kind = KindOf(status.st_mode);
+  if (facts.kind == EntryKind::Directory) {
+    struct stat itself {};
+    if (lstat(path.c_str(), &itself) == 0 && S_ISLNK(itself.st_mode)) facts.kind = EntryKind::DirectoryLink;
+  }
+  facts.size = static_cast<std::uint64_t>(status.st_size);
+  facts.modified = status.st_mtim.tv_sec;
+  facts.hidden = IsHidden(path);
+  facts.stamp = StampOf(status);
+  return facts;
+}
+
 }  // namespace
 
 std::vector<std::string> PosixFileSystem::Drives() const {
@@ -131,6 +160,7 @@ std::string PosixFileSystem::CurrentDirectory() const {
 
 void PosixFileSystem::ChDir(const std::string& path) {
   if (HoldsZeroByte(path)) throw RunTimeError(ErrorNumber::PathNotFound);
+  const Changing changing(changes_);
   if (chdir(path.c_str()) != 0) RaiseSystemError(errno, path);
 }
 
@@ -178,18 +208,21 @@ std::uint64_t PosixFileSystem::DirectoryStamp(const std::string& path) const {
 }
 
 std::optional<FileFacts> PosixFileSystem::Look(const std::string& path) const {
-  struct stat status {};
-  if (HoldsZeroByte(path) || stat(path.c_str(), &status) != 0) return {};
-  FileFacts facts;
-  facts.kind = KindOf(status.st_mode);
-  if (facts.kind == EntryKind::Directory) {
-    struct stat itself {};
-    if (lstat(path.c_str(), &itself) == 0 && S_ISLNK(itself.st_mode)) facts.kind = EntryKind::DirectoryLink;
-  }
-  facts.size = static_cast<std::uint64_t>(status.st_size);
-  facts.modified = status.st_mtim.tv_sec;
-  facts.hidden = IsHidden(path);
-  facts.stamp = StampOf(status);
+  using Clock = std::chrono::steady_clock;
+  struct Seen {
+    const PosixFileSystem* by = nullptr;
+    std::uint64_t changes = 0;
+    Clock::time_point until;
+    std::string path;
+    FileFacts facts;
+  };
+  thread_local Seen last;
+  if (unnoticed_.count() == 0) return LookAt(path);
+  const std::uint64_t changes = changes_;
+  if (last.by == this && last.changes == changes && last.path == path && Clock::now() < last.until)
+    return last.facts;
+  const auto facts = LookAt(path);
+  if (facts) last = {this, changes, Clock::now() + unnoticed_, path, *facts};
   return facts;
 }
 
@@ -199,22 +232,26 @@ std::shared_ptr<const ByteSource> PosixFileSystem::Open(const std::string& path)
 }
 
 void PosixFileSystem::Write(const std::string& path, const Produce& produce) {
+  const Changing changing(changes_);
   if (HoldsZeroByte(path)) throw RunTimeError(ErrorNumber::PathNotFound);
   WriteFile(path, produce);
 }
 
 void PosixFileSystem::WriteOver(const std::string& path, std::string_view content) {
+  const Changing changing(changes_);
   if (HoldsZeroByte(path)) throw RunTimeError(ErrorNumber::PathNotFound);
   OverwriteFile(path, content, [this](const std::string& target) { return AsidePath(target); });
 }
 
 void PosixFileSystem::Remove(const std::string& path) {
+  const Changing changing(changes_);
   if (unlink(path.c_str()) == 0) return;
   if (errno == ENOENT) throw RunTimeError(ErrorNumber::FileNotFound);
   RaiseSystemError(errno, path);
 }
 
 void PosixFileSystem::MakeDirectory(const std::string& path) {
+  const Changing changing(changes_);
   if (mkdir(path.c_str(), 0777) == 0) return;
   // A directory that is there already counts as one that can't be made.
   if (errno == EEXIST) throw RunTimeError(ErrorNumber::PathFileAccess);
@@ -222,6 +259,7 @@ void PosixFileSystem::MakeDirectory(const std::string& path) {
 }
 
 std::unique_ptr<ByteSink> PosixFileSystem::OpenAtEnd(const std::string& path, bool emptied) {
+  const Changing changing(changes_);
   if (HoldsZeroByte(path)) throw RunTimeError(ErrorNumber::PathNotFound);
   return OpenFileAtEnd(path, emptied);
 }
