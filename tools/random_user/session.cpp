@@ -109,8 +109,8 @@ void Session::CheckAlive() {
   const bool leftWaiting =
       run_.state == State::Hung && run_.Program().exiting && run_.Program().CommandLineMode;
   // By rule nothing traps the errors of a wallpaper that is to be made of no picture, of a file that is to be
-  // saved into a folder that is gone, and of a list that is to be loaded or a picture that is to be adjusted
-  // when its file has gone or is none any more.
+  // saved into a folder that is gone, of a list that is to be loaded or a picture that is to be adjusted when
+  // its file has gone or is none any more, and of a list without the entry that is to be current.
   const auto& messages = run_.World().dialogs.messages;
   const auto ended = [&](const char* report) {
     return run_.state == State::Ended && !messages.empty() && messages.back().text.starts_with(report);
@@ -118,6 +118,8 @@ void Session::CheckAlive() {
   const bool endedByRule =
       (ended("Run-time error '380'") && run_.Program().WPaper2.Image1.Picture.Get().IsEmpty()) ||
       ended("Run-time error '76'") ||
+      (ended("Run-time error '5'") &&
+       run_.Program().CurrentIndex > run_.Program().WPaper2.LstRight.ListCount()) ||
       (worldHasChanged_ && (ended("Run-time error '53'") || ended("Run-time error '481'")));
   if (run_.state == State::Running || endedByUser || leftWaiting || endedByRule) return;
   // What a user may bring about as well would be what is left when the session is made shorter.
