@@ -1,5 +1,5 @@
 #pragma once
-// Which error a step raises, for tests of error numbers.
+// Which error a step raises, for tests of error numbers and paths.
 
 #include "base/run_time_error.h"
 
@@ -14,6 +14,17 @@ int NumberRaisedBy(Step&& step) {
     return static_cast<int>(error.Number());
   }
   return 0;
+}
+
+// The file or folder that what it raises is about; empty for none.
+template <class Step>
+std::string PathRaisedBy(Step&& step) {
+  try {
+    step();
+  } catch (const RunTimeError& error) {
+    return error.Path();
+  }
+  return {};
 }
 
 }  // namespace lumidex

@@ -62,4 +62,10 @@ RunTimeError::RunTimeError(ErrorNumber number) : RunTimeError(number, ErrorText(
 
 RunTimeError::RunTimeError(ErrorNumber number, std::string text) : number_(number), text_(std::move(text)) {}
 
+RunTimeError RunTimeError::About(const std::string& path) const {
+  RunTimeError error = *this;
+  error.NamePath(path);
+  return error;
+}
+
 }  // namespace lumidex

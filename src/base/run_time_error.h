@@ -1,5 +1,6 @@
 #pragma once
-// The one error type of the program: a number, as every trap and the default report know it.
+// The one error type of the program: a number, as every trap and the default report know it, and the file or
+// folder that it is about.
 
 #include <exception>
 #include <string>
@@ -44,13 +45,33 @@ class RunTimeError : public std::exception {
   // `text` says more than the number does (which format, what was wrong); nobody parses it.
   RunTimeError(ErrorNumber number, std::string text);
 
+  // The same error about a file or folder; what it was about before stays.
+  RunTimeError About(const std::string& path) const;
+  void NamePath(const std::string& path) {
+    if (path_.empty()) path_ = path;
+  }
+
   ErrorNumber Number() const { return number_; }
+  // Empty when the error is about none.
+  const std::string& Path() const { return path_; }
   const char* what() const noexcept override { return text_.c_str(); }
 
  private:
   ErrorNumber number_;
   std::string text_;
+  std::string path_;
 };
+
+// Runs a step of work on the file or folder `path`: what it raises is about it unless it names another.
+template <class Step>
+decltype(auto) WorkOn(const std::string& path, Step&& step) {
+  try {
+    return std::forward<Step>(step)();
+  } catch (RunTimeError& error) {
+    error.NamePath(path);
+    throw;
+  }
+}
 
 // Runs one step and drops its error: "errors ignored statement by statement".
 template <class Step>

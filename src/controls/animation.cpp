@@ -17,7 +17,9 @@ void Animation::RestoreDesign() {
 
 void Animation::Open(const std::string& path) {
   const auto found = Owner().GetPlatform().files.Look(path);
-  if (!found || found->kind != EntryKind::File) throw RunTimeError(ErrorNumber::FileNotFound);
+  if (!found || found->kind != EntryKind::File) {
+    throw RunTimeError(ErrorNumber::FileNotFound).About(path);
+  }
   fileName_ = path;
   Changed.Emit();
 }

@@ -55,7 +55,7 @@ void DriveList::RestoreDesign() {
 
 void DriveList::SetDrive(const std::string& path) {
   const std::string drive = Owner().GetPlatform().files.DriveOf(path);
-  if (drive.empty()) throw RunTimeError(ErrorNumber::DeviceUnavailable);
+  if (drive.empty()) throw RunTimeError(ErrorNumber::DeviceUnavailable).About(path);
   if (drive == drive_) return;
   drive_ = drive;
   Changed.Emit();

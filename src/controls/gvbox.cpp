@@ -107,7 +107,7 @@ DecoderOptions Gvbox::ChosenDecoding() const {
 }
 
 lumidex::Picture Gvbox::Usable() const {
-  if (failed_) throw RunTimeError(ErrorNumber::InvalidPicture);
+  if (failed_) throw RunTimeError(ErrorNumber::InvalidPicture).About(fileName_);
   return working_;
 }
 

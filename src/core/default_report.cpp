@@ -33,18 +33,21 @@ std::string KeepDisplayList(App& app) {
   }
 }
 
-std::string NameOldContent(const std::string& path) {
-  return path.empty() ? std::string() : "\n\nWhat the file held before was kept in " + path + ".";
+std::string TextOf(const RunTimeError& error) {
+  std::string text = ErrorText(error.Number());
+  if (!error.Path().empty()) text += "\n" + error.Path();
+  const auto* stepped = dynamic_cast<const OldContentKept*>(&error);
+  if (stepped) text += "\n\nWhat the file held before was kept in " + stepped->KeptPath() + ".";
+  return text;
 }
 
-// `more` follows the text of the number.
-void Report(App& app, ErrorNumber number, std::string more = {}, std::string keptPath = {}) {
+void Report(App& app, ErrorNumber number, std::string text) {
   // The window is drawn on behind the message, and what is wrong there is wrong again.
   if (app.reporting) return;
   app.reporting = true;
   Message message;
-  message.text = "Run-time error '" + Number(static_cast<int>(number)) + "':\n\n" + ErrorText(number) + more +
-                 NameOldContent(keptPath) + KeepDisplayList(app);
+  message.text =
+      "Run-time error '" + Number(static_cast<int>(number)) + "':\n\n" + text + KeepDisplayList(app);
   message.icon = MessageIcon::Critical;
   try {
     app.platform.dialogs.MsgBox(message);
@@ -59,14 +62,12 @@ void Report(App& app, ErrorNumber number, std::string more = {}, std::string kep
 void RunEvent(App& app, const std::function<void()>& event) {
   try {
     event();
-  } catch (const OldContentKept& error) {
-    Report(app, error.Number(), "", error.Path());
   } catch (const RunTimeError& error) {
-    Report(app, error.Number());
+    Report(app, error.Number(), TextOf(error));
   } catch (const std::bad_alloc&) {
-    Report(app, ErrorNumber::OutOfMemory);
+    Report(app, ErrorNumber::OutOfMemory, ErrorText(ErrorNumber::OutOfMemory));
   } catch (const std::exception& error) {
-    Report(app, ErrorNumber::InternalError, std::string(": ") + error.what());
+    Report(app, ErrorNumber::InternalError, ErrorText(ErrorNumber::InternalError) + ": " + error.what());
   }
 }
 

@@ -41,7 +41,7 @@ void ShowOwnFacts(App& app, std::string path, const StillOpen<frmFilePropertiesW
   app.platform.events.Yield();
   if (!dialogIsOpen) return;
   const auto facts = app.platform.files.Look(path);
-  if (!facts) throw RunTimeError(ErrorNumber::FileNotFound);
+  if (!facts) throw RunTimeError(ErrorNumber::FileNotFound).About(path);
   Write(app, Length, DigitsInGroups(static_cast<std::int64_t>(facts->size)));
   GetImageInfo(app, path, app.ImageWidth, app.ImageHeight, app.ImageBitsPerPixel);
   if (!dialogIsOpen) return;
@@ -104,7 +104,8 @@ void ShowFileProperties(App& app) {
     app.platform.events.Yield();
     if (!dialogIsOpen) return;
   } else if (!path.empty() && FileExists(app, StoredFactsPath(app, path))) {
-    ShowStoredFacts(app, StoredFactsPath(app, path));
+    const std::string factsPath = StoredFactsPath(app, path);
+    WorkOn(factsPath, [&] { ShowStoredFacts(app, factsPath); });
   }
   for (int fact = Length; fact <= Time; ++fact) {
     Property<std::string>& caption = app.frmFileProperties.lblFileInfo(fact).Caption;

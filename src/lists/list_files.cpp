@@ -57,7 +57,8 @@ bool ReadWholeList(App& app, const ListLoad& load, DelimitedReader reader) {
 }
 
 void ReadList(App& app, ListLoad& load, std::string path) {
-  const bool isList = ReadWholeList(app, load, DelimitedReader(app.platform.files.ReadAll(path)));
+  const bool isList = WorkOn(
+      path, [&] { return ReadWholeList(app, load, DelimitedReader(app.platform.files.ReadAll(path))); });
   if (load.GivesWay()) return;
   load.IsRead();
   if (!isList) return;

@@ -268,7 +268,7 @@ void DecodingService::Run(const std::shared_ptr<Reading>& reading) {
 void DecodingService::OpenAhead(Reading& reading) {
   OpenedPicture opened = reading.opened;
   opened.stamp = PictureStamp(files_, opened.path);
-  if (opened.stamp == 0) throw RunTimeError(ErrorNumber::FileNotFound);
+  if (opened.stamp == 0) throw RunTimeError(ErrorNumber::FileNotFound).About(opened.path);
   OpenOptions options;
   options.decoder = opened.decoder;
   opened.picture = OpenPicture(files_, opened.path, options);

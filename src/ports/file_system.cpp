@@ -38,7 +38,9 @@ std::string FileSystem::AsidePath(const std::string& path) const {
 void FileSystem::OpenNumber(int number, const std::string& path, bool emptied) {
   const std::string whole = Normalised(path);
   for (const auto& [other, file] : open_) {
-    if (other == number || file.path == whole) throw RunTimeError(ErrorNumber::FileAlreadyOpen);
+    if (other == number || file.path == whole) {
+      throw RunTimeError(ErrorNumber::FileAlreadyOpen).About(path);
+    }
   }
   auto sink = OpenAtEnd(path, emptied);
   open_[number] = {whole, std::move(sink)};

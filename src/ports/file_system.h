@@ -1,6 +1,6 @@
 #pragma once
 // The files of the platform. Paths use `Separator()`; failures raise RunTimeError with the number that the
-// program's own traps know (53, 57, 58, 61, 68, 70, 75, 76).
+// program's own traps know (53, 57, 58, 61, 68, 70, 75, 76) and with the path.
 
 #include <cstdint>
 #include <functional>
@@ -41,12 +41,12 @@ struct FileFacts {
 // A file could not be written after what it held had stepped aside.
 class OldContentKept : public RunTimeError {
  public:
-  OldContentKept(ErrorNumber number, std::string path) : RunTimeError(number), path_(std::move(path)) {}
-  // Where it stands now.
-  const std::string& Path() const { return path_; }
+  // `kept` is where it stands now.
+  OldContentKept(const RunTimeError& error, std::string kept) : RunTimeError(error), kept_(std::move(kept)) {}
+  const std::string& KeptPath() const { return kept_; }
 
  private:
-  std::string path_;
+  std::string kept_;
 };
 
 class FileSystem {

@@ -57,7 +57,7 @@ PictureData OpenPictureData(const FileSystem& files, const std::string& path) {
 }
 
 Picture OpenPicture(const FileSystem& files, const std::string& path, const OpenOptions& options) {
-  return Picture::Open(OpenPictureData(files, path), options);
+  return WorkOn(path, [&] { return Picture::Open(OpenPictureData(files, path), options); });
 }
 
 }  // namespace lumidex

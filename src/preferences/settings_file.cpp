@@ -107,7 +107,9 @@ void ReadSettings(App& app) {
   const std::string path = app.AppPath + fileName;
   if (!FileExists(app, path)) return;
   DelimitedReader reader(app.platform.files.ReadAll(path));
-  while (!reader.AtEnd()) ApplyItem(app, reader.Next());
+  WorkOn(path, [&] {
+    while (!reader.AtEnd()) ApplyItem(app, reader.Next());
+  });
 }
 
 }  // namespace lumidex

@@ -99,7 +99,7 @@ void ShowPreview(App& app) {
   if (!YieldInPreview(app, path, preview)) return;
   control.ThumbnailSize = 0;
   const auto facts = app.platform.files.Look(path);
-  if (!facts) throw RunTimeError(ErrorNumber::FileNotFound);
+  if (!facts) throw RunTimeError(ErrorNumber::FileNotFound).About(path);
   dialog.lblFileInfo(1).Caption = NumberInGroups(static_cast<std::int64_t>(facts->size));
   std::int16_t width = app.ImageWidth, height = app.ImageHeight;
   float bitsPerPixel = app.ImageBitsPerPixel;

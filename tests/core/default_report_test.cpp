@@ -44,6 +44,13 @@ TEST_F(DefaultReport, Number_and_text_of_the_error_are_told) {
   EXPECT_EQ(ReportOf([] { throw RunTimeError(ErrorNumber::Overflow); }), "Run-time error '6':\n\nOverflow");
 }
 
+TEST_F(DefaultReport, The_file_that_the_error_is_about_has_a_line_of_its_own_below_number_and_text) {
+  FillDisplayList(1);
+  EXPECT_EQ(ReportOf([] { throw RunTimeError(ErrorNumber::PermissionDenied).About("C:\\Pics\\a.bmp"); }),
+            "Run-time error '70':\n\nPermission denied\nC:\\Pics\\a.bmp\n\n"
+            "The Display List was kept in C:\\Lumidex\\Recovered.LST.");
+}
+
 TEST_F(DefaultReport, Memory_that_runs_out_is_error_7_and_the_list_is_kept) {
   FillDisplayList(2);
   EXPECT_EQ(ReportOf(&RunOutOfMemory),
@@ -87,9 +94,12 @@ TEST_F(DefaultReport, An_error_behind_the_message_of_another_shows_no_second_one
 }
 
 TEST_F(DefaultReport, Where_an_old_file_was_kept_is_told) {
-  const auto event = [] { throw OldContentKept(ErrorNumber::DiskFull, "C:\\Lumidex\\Lumidex.Old.Cfg"); };
+  const auto event = [] {
+    throw OldContentKept(RunTimeError(ErrorNumber::DiskFull).About("C:\\Lumidex\\Lumidex.Cfg"),
+                         "C:\\Lumidex\\Lumidex.Old.Cfg");
+  };
   EXPECT_EQ(ReportOf(event),
-            "Run-time error '61':\n\nDisk full\n\n"
+            "Run-time error '61':\n\nDisk full\nC:\\Lumidex\\Lumidex.Cfg\n\n"
             "What the file held before was kept in C:\\Lumidex\\Lumidex.Old.Cfg.");
 }
 

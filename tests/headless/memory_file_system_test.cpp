@@ -226,6 +226,23 @@ TEST_F(Files, Something_that_is_no_file_does_not_open) {
   EXPECT_EQ(NumberRaisedBy([&] { slashes.Open("/locked"); }), 70);
 }
 
+TEST_F(Files, Errors_name_the_file_or_folder_that_they_are_about) {
+  const std::string missing = "C:\\none\\x";
+  EXPECT_EQ(PathRaisedBy([&] { drives.Open(missing); }), missing);
+  EXPECT_EQ(PathRaisedBy([&] { drives.ChDir(missing); }), missing);
+  EXPECT_EQ(PathRaisedBy([&] { drives.ReadDirectory(missing); }), missing);
+  EXPECT_EQ(PathRaisedBy([&] { drives.WriteAll(missing, ""); }), missing);
+  EXPECT_EQ(PathRaisedBy([&] { drives.WriteOver(missing, ""); }), missing);
+  EXPECT_EQ(PathRaisedBy([&] { drives.Remove(missing); }), missing);
+  EXPECT_EQ(PathRaisedBy([&] { drives.MakeDirectory(missing); }), missing);
+  EXPECT_EQ(PathRaisedBy([&] { drives.OpenForAppend(1, missing); }), missing);
+  drives.OpenForOutput(1, "C:\\a");
+  EXPECT_EQ(PathRaisedBy([&] { drives.OpenForOutput(2, "C:\\a"); }), "C:\\a");
+  drives.SetFreeBytes(0);
+  EXPECT_EQ(PathRaisedBy([&] { drives.Print(1, "x"); }), "C:\\a");
+  EXPECT_EQ(PathRaisedBy([&] { drives.WriteAll("C:\\b", "x"); }), "C:\\b");
+}
+
 TEST_F(Files, The_current_directory_changes_only_to_one_that_can_be_entered) {
   drives.AddDirectory("C:\\Pics");
   drives.AddDirectory("C:\\locked");

@@ -237,11 +237,29 @@ TEST_F(PosixFiles, On_a_full_disk_a_file_written_over_is_empty_and_what_it_held_
     ADD_FAILURE() << "nothing was raised";
   } catch (const OldContentKept& error) {
     EXPECT_EQ(error.Number(), ErrorNumber::DiskFull);
-    EXPECT_EQ(error.Path(), folder / "a.Old2.lst");
+    EXPECT_EQ(error.Path(), folder / "a.lst");
+    EXPECT_EQ(error.KeptPath(), folder / "a.Old2.lst");
   }
   EXPECT_EQ(Get(folder / "a.lst"), "");
   EXPECT_EQ(Get(folder / "a.Old.lst"), "older");
   EXPECT_EQ(Get(folder / "a.Old2.lst"), "old");
+}
+
+TEST_F(PosixFiles, Errors_name_the_file_or_folder_that_they_are_about) {
+  const std::string missing = folder / "none/x";
+  EXPECT_EQ(PathRaisedBy([&] { files.Open(missing); }), missing);
+  EXPECT_EQ(PathRaisedBy([&] { files.Open(folder.Path()); }), folder.Path());
+  EXPECT_EQ(PathRaisedBy([&] { files.ChDir(missing); }), missing);
+  EXPECT_EQ(PathRaisedBy([&] { files.ReadDirectory(missing); }), missing);
+  EXPECT_EQ(PathRaisedBy([&] { files.WriteAll(missing, ""); }), missing);
+  EXPECT_EQ(PathRaisedBy([&] { files.WriteOver(missing, ""); }), missing);
+  EXPECT_EQ(PathRaisedBy([&] { files.Remove(missing); }), missing);
+  EXPECT_EQ(PathRaisedBy([&] { files.MakeDirectory(missing); }), missing);
+  EXPECT_EQ(PathRaisedBy([&] { files.OpenForOutput(1, missing); }), missing);
+  files.OpenForOutput(1, folder / "a");
+  EXPECT_EQ(PathRaisedBy([&] { files.OpenForAppend(2, folder / "a"); }), folder / "a");
+  const SmallFilesOnly limit;
+  EXPECT_EQ(PathRaisedBy([&] { files.Print(1, std::string(5000, 'x')); }), folder / "a");
 }
 
 TEST_F(PosixFiles, An_empty_file_written_over_leaves_nothing_beside_it) {

@@ -214,7 +214,7 @@ TEST(Files, The_time_of_a_file_is_set) {
                            "modified C:\\a 2001-03-05 14:07:00\n"
                            "expect file C:\\a modified = 2001-03-05 14:07:00\n"),
             "passes");
-  EXPECT_EQ(OutcomeStarted("modified C:\\none 2001-03-05\n"), "1: error 53, no C:\\none");
+  EXPECT_EQ(OutcomeStarted("modified C:\\none 2001-03-05\n"), "1: error 53, File not found: C:\\none");
 }
 
 TEST(Files, A_sample_picture_has_the_depth_that_is_asked_for) {

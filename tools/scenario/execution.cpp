@@ -100,7 +100,8 @@ void Execution::Execute(const Statement& statement) {
     if (failure.line == 0) failure.line = statement.line;
     throw;
   } catch (const RunTimeError& error) {
-    throw Failure{"error " + std::to_string(static_cast<int>(error.Number())) + ", " + error.what(),
+    const std::string about = error.Path().empty() ? std::string() : ": " + error.Path();
+    throw Failure{"error " + std::to_string(static_cast<int>(error.Number())) + ", " + error.what() + about,
                   statement.line};
   }
   if (state == State::Running) frontEnd_.Settle();

@@ -10,7 +10,7 @@ namespace lumidex {
 MemoryFileSystem::NodePointer MemoryFileSystem::Put(const std::string& path, EntryKind kind) {
   PathParts parts = Parts(path);
   NodePointer directory = Root(parts.root);
-  if (!directory) throw RunTimeError(ErrorNumber::PathNotFound, "no drive for " + path);
+  if (!directory) throw RunTimeError(ErrorNumber::PathNotFound).About(path);
   if (parts.names.empty()) return directory;
   const std::string name = parts.names.back();
   parts.names.pop_back();

@@ -31,14 +31,15 @@ class SharedText final : public ByteSource {
 // Takes what is written until the disk is full.
 class GrowingText final : public ByteSink {
  public:
-  explicit GrowingText(std::uint64_t most) : most_(most) {}
+  GrowingText(const std::string& path, std::uint64_t most) : path_(path), most_(most) {}
   void Write(std::span<const std::uint8_t> bytes) override {
-    if (bytes.size() > most_ - text.size()) throw RunTimeError(ErrorNumber::DiskFull);
+    if (bytes.size() > most_ - text.size()) throw RunTimeError(ErrorNumber::DiskFull).About(path_);
     text.append(bytes.begin(), bytes.end());
   }
   std::string text;
 
  private:
+  const std::string& path_;
   std::uint64_t most_;
 };
 
@@ -75,9 +76,9 @@ MemoryFileSystem::NodePointer MemoryFileSystem::Find(const PathParts& parts, boo
   NodePointer node = Root(parts.root);
   if (!node) return nullptr;
   for (std::size_t i = 0; i < parts.names.size(); ++i) {
-    if (!node->ready) throw RunTimeError(ErrorNumber::DeviceUnavailable);
+    if (!node->ready) throw RunTimeError(ErrorNumber::DeviceUnavailable).About(parts.Text(separator_));
     if (node->kind != EntryKind::Directory) return nullptr;
-    if (node->locked) throw RunTimeError(ErrorNumber::PathFileAccess);
+    if (node->locked) throw RunTimeError(ErrorNumber::PathFileAccess).About(parts.Text(separator_));
     node = Child(*node, parts.names[i]);
     if (!node) return nullptr;
     if (node->kind == EntryKind::DirectoryLink && (followLast || i + 1 < parts.names.size())) {
@@ -88,19 +89,19 @@ MemoryFileSystem::NodePointer MemoryFileSystem::Find(const PathParts& parts, boo
       if (!node) return nullptr;
     }
   }
-  if (!node->ready) throw RunTimeError(ErrorNumber::DeviceUnavailable);
+  if (!node->ready) throw RunTimeError(ErrorNumber::DeviceUnavailable).About(parts.Text(separator_));
   return node;
 }
 
 MemoryFileSystem::NodePointer MemoryFileSystem::Directory(const std::string& path) const {
   NodePointer node = Find(Parts(path), true);
-  if (!node || node->kind != EntryKind::Directory) throw RunTimeError(ErrorNumber::PathNotFound);
+  if (!node || node->kind != EntryKind::Directory) throw RunTimeError(ErrorNumber::PathNotFound).About(path);
   return node;
 }
 
 MemoryFileSystem::NodePointer MemoryFileSystem::Needed(const std::string& path) const {
   NodePointer node = Find(Parts(path), false);
-  if (!node) throw RunTimeError(ErrorNumber::FileNotFound, "no " + path);
+  if (!node) throw RunTimeError(ErrorNumber::FileNotFound).About(path);
   return node;
 }
 
@@ -139,7 +140,7 @@ EntryKind MemoryFileSystem::KindSeen(const PathParts& parts, const Node& node) c
 
 void MemoryFileSystem::ChDir(const std::string& path) {
   log_.Add("ChDir " + path);
-  if (Directory(path)->locked) throw RunTimeError(ErrorNumber::PathFileAccess);
+  if (Directory(path)->locked) throw RunTimeError(ErrorNumber::PathFileAccess).About(path);
   current_ = Normalised(path);
 }
 
@@ -147,7 +148,7 @@ std::vector<DirectoryEntry> MemoryFileSystem::ReadDirectory(const std::string& p
   PathParts parts = Parts(path);
   ++reads_[parts.Text(separator_)];
   const NodePointer directory = Directory(path);
-  if (directory->locked) throw RunTimeError(ErrorNumber::PathFileAccess);
+  if (directory->locked) throw RunTimeError(ErrorNumber::PathFileAccess).About(path);
   std::vector<DirectoryEntry> entries;
   for (const auto& [key, child] : directory->children) {
     parts.names.push_back(child->name);
@@ -181,34 +182,37 @@ std::optional<FileFacts> MemoryFileSystem::Look(const std::string& path) const {
 
 std::shared_ptr<const ByteSource> MemoryFileSystem::Open(const std::string& path) const {
   const NodePointer node = Find(Parts(path), true);
-  if (!node) throw RunTimeError(ErrorNumber::FileNotFound);
-  if (node->kind != EntryKind::File) throw RunTimeError(ErrorNumber::PathFileAccess);
-  if (node->locked) throw RunTimeError(ErrorNumber::PermissionDenied);
+  if (!node) throw RunTimeError(ErrorNumber::FileNotFound).About(path);
+  if (node->kind != EntryKind::File) throw RunTimeError(ErrorNumber::PathFileAccess).About(path);
+  if (node->locked) throw RunTimeError(ErrorNumber::PermissionDenied).About(path);
   return std::make_shared<SharedText>(node->content);
 }
 
 MemoryFileSystem::NodePointer MemoryFileSystem::ParentForChange(const PathParts& parts) const {
-  if (parts.names.empty()) throw RunTimeError(ErrorNumber::PathFileAccess);
+  if (parts.names.empty()) throw RunTimeError(ErrorNumber::PathFileAccess).About(parts.Text(separator_));
   NodePointer directory = Find(parts.Above(), true);
-  if (!directory || directory->kind != EntryKind::Directory) throw RunTimeError(ErrorNumber::PathNotFound);
-  if (directory->locked) throw RunTimeError(ErrorNumber::PathFileAccess);
+  if (!directory || directory->kind != EntryKind::Directory)
+    throw RunTimeError(ErrorNumber::PathNotFound).About(parts.Text(separator_));
+  if (directory->locked) throw RunTimeError(ErrorNumber::PathFileAccess).About(parts.Text(separator_));
   return directory;
 }
 
 MemoryFileSystem::NodePointer MemoryFileSystem::FileForChange(const PathParts& parts) const {
   const NodePointer directory = ParentForChange(parts);
   NodePointer file = Find(parts, true);
-  if (file && file->kind != EntryKind::File) throw RunTimeError(ErrorNumber::PathFileAccess);
-  if (!file && directory->readOnly) throw RunTimeError(ErrorNumber::PathFileAccess);
+  if (file && file->kind != EntryKind::File)
+    throw RunTimeError(ErrorNumber::PathFileAccess).About(parts.Text(separator_));
+  if (!file && directory->readOnly)
+    throw RunTimeError(ErrorNumber::PathFileAccess).About(parts.Text(separator_));
   return file;
 }
 
 void MemoryFileSystem::Write(const std::string& path, const Produce& produce) {
   log_.Add("WriteAll " + path);
   NodePointer file = FileForChange(Parts(path));
-  if (file && (file->readOnly || file->locked)) throw RunTimeError(ErrorNumber::PermissionDenied);
+  if (file && (file->readOnly || file->locked)) throw RunTimeError(ErrorNumber::PermissionDenied).About(path);
   const std::uint64_t before = file ? file->content->size() : 0;
-  GrowingText content(freeBytes_ ? before + *freeBytes_ : std::numeric_limits<std::uint64_t>::max());
+  GrowingText content(path, freeBytes_ ? before + *freeBytes_ : std::numeric_limits<std::uint64_t>::max());
   produce(content);
   if (freeBytes_) *freeBytes_ = *freeBytes_ + before - content.text.size();
   if (!file) file = Put(path, EntryKind::File);
@@ -221,10 +225,11 @@ void MemoryFileSystem::Write(const std::string& path, const Produce& produce) {
 // What is written behind a file's content, also when the file has been removed meanwhile.
 class MemoryFileSystem::EndOfFile final : public ByteSink {
  public:
-  EndOfFile(MemoryFileSystem& files, NodePointer file) : files_(files), file_(std::move(file)) {}
+  EndOfFile(MemoryFileSystem& files, std::string path, NodePointer file)
+      : files_(files), path_(std::move(path)), file_(std::move(file)) {}
   void Write(std::span<const std::uint8_t> bytes) override {
     auto& free = files_.freeBytes_;
-    if (free && bytes.size() > *free) throw RunTimeError(ErrorNumber::DiskFull);
+    if (free && bytes.size() > *free) throw RunTimeError(ErrorNumber::DiskFull).About(path_);
     if (free) *free -= bytes.size();
     if (file_->content.use_count() > 1) file_->content = std::make_shared<std::string>(*file_->content);
     file_->content->append(bytes.begin(), bytes.end());
@@ -234,21 +239,22 @@ class MemoryFileSystem::EndOfFile final : public ByteSink {
 
  private:
   MemoryFileSystem& files_;
+  const std::string path_;
   NodePointer file_;
 };
 
 std::unique_ptr<ByteSink> MemoryFileSystem::OpenAtEnd(const std::string& path, bool emptied) {
   log_.Add((emptied ? "OpenForOutput " : "OpenForAppend ") + path);
   NodePointer file = FileForChange(Parts(path));
-  if (file && file->readOnly) throw RunTimeError(ErrorNumber::PathFileAccess);
-  if (file && file->locked) throw RunTimeError(ErrorNumber::PermissionDenied);
+  if (file && file->readOnly) throw RunTimeError(ErrorNumber::PathFileAccess).About(path);
+  if (file && file->locked) throw RunTimeError(ErrorNumber::PermissionDenied).About(path);
   if (!file) file = Put(path, EntryKind::File);
   if (emptied) {
     if (freeBytes_) *freeBytes_ += file->content->size();
     file->content = std::make_shared<std::string>();
     Touch(*file);
   }
-  return std::make_unique<EndOfFile>(*this, file);
+  return std::make_unique<EndOfFile>(*this, path, file);
 }
 
 void MemoryFileSystem::WriteOver(const std::string& path, std::string_view content) {
@@ -256,8 +262,8 @@ void MemoryFileSystem::WriteOver(const std::string& path, std::string_view conte
   const NodePointer directory = ParentForChange(parts);
   const NodePointer file = Find(parts, true);
   if (!file || file->kind != EntryKind::File || file->content->empty()) return WriteOrEmpty(path, content);
-  if (file->readOnly || file->locked) throw RunTimeError(ErrorNumber::PermissionDenied);
-  if (directory->readOnly) throw RunTimeError(ErrorNumber::PathFileAccess);
+  if (file->readOnly || file->locked) throw RunTimeError(ErrorNumber::PermissionDenied).About(path);
+  if (directory->readOnly) throw RunTimeError(ErrorNumber::PathFileAccess).About(path);
   const std::string aside = AsidePath(path);
   log_.Add("Rename " + path + " " + aside);
   directory->children.erase(Key(file->name));
@@ -267,7 +273,7 @@ void MemoryFileSystem::WriteOver(const std::string& path, std::string_view conte
   try {
     WriteOrEmpty(path, content);
   } catch (const RunTimeError& error) {
-    throw OldContentKept(error.Number(), aside);
+    throw OldContentKept(error, aside);
   }
   Remove(aside);
 }
@@ -286,9 +292,9 @@ void MemoryFileSystem::Remove(const std::string& path) {
   const PathParts parts = Parts(path);
   const NodePointer directory = ParentForChange(parts);
   const NodePointer node = Child(*directory, parts.names.back());
-  if (!node) throw RunTimeError(ErrorNumber::FileNotFound);
-  if (node->kind == EntryKind::Directory) throw RunTimeError(ErrorNumber::PathFileAccess);
-  if (directory->readOnly || node->readOnly) throw RunTimeError(ErrorNumber::PermissionDenied);
+  if (!node) throw RunTimeError(ErrorNumber::FileNotFound).About(path);
+  if (node->kind == EntryKind::Directory) throw RunTimeError(ErrorNumber::PathFileAccess).About(path);
+  if (directory->readOnly || node->readOnly) throw RunTimeError(ErrorNumber::PermissionDenied).About(path);
   if (freeBytes_) *freeBytes_ += node->content->size();
   directory->children.erase(Key(node->name));
   Touch(*directory);
@@ -299,7 +305,7 @@ void MemoryFileSystem::MakeDirectory(const std::string& path) {
   const PathParts parts = Parts(path);
   const NodePointer directory = ParentForChange(parts);
   if (directory->readOnly || Child(*directory, parts.names.back())) {
-    throw RunTimeError(ErrorNumber::PathFileAccess);
+    throw RunTimeError(ErrorNumber::PathFileAccess).About(path);
   }
   Put(path, EntryKind::Directory);
 }

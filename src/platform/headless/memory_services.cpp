@@ -102,7 +102,7 @@ void MemorySettingsStore::SaveSetting(const std::string& section, const std::str
 
 Picture OpeningPictureLoader::LoadPicture(const std::string& path) {
   log_.Add("LoadPicture " + path);
-  if (way == Way::Failing) throw RunTimeError(ErrorNumber::InvalidPicture);
+  if (way == Way::Failing) throw RunTimeError(ErrorNumber::InvalidPicture).About(path);
   const Picture picture = OpenPicture(files_, path);
   return way == Way::Inverted ? Inverted(picture) : picture;
 }

@@ -18,11 +18,11 @@ class FileSource final : public ByteSource {
   explicit FileSource(const std::string& path) {
     // Without O_NONBLOCK opening a pipe would wait for a writer.
     descriptor_ = open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
-    if (descriptor_ < 0) throw RunTimeError(OpenError(errno));
+    if (descriptor_ < 0) throw RunTimeError(OpenError(errno)).About(path);
     struct stat status {};
     if (fstat(descriptor_, &status) != 0 || !S_ISREG(status.st_mode)) {
       close(descriptor_);
-      throw RunTimeError(ErrorNumber::PathFileAccess);
+      throw RunTimeError(ErrorNumber::PathFileAccess).About(path);
     }
     size_ = static_cast<std::uint64_t>(status.st_size);
   }

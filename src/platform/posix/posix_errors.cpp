@@ -42,8 +42,7 @@ ErrorNumber NumberOf(int error) {
 }  // namespace
 
 void RaiseSystemError(int error, const std::string& path) {
-  const ErrorNumber number = NumberOf(error);
-  throw RunTimeError(number, ErrorText(number) + ": " + path);
+  throw RunTimeError(NumberOf(error)).About(path);
 }
 
 }  // namespace lumidex

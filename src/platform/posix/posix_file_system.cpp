@@ -159,8 +159,8 @@ std::string PosixFileSystem::CurrentDirectory() const {
 }
 
 void PosixFileSystem::ChDir(const std::string& path) {
-  if (HoldsZeroByte(path)) throw RunTimeError(ErrorNumber::PathNotFound);
   const Changing changing(changes_);
+  if (HoldsZeroByte(path)) throw RunTimeError(ErrorNumber::PathNotFound).About(path);
   if (chdir(path.c_str()) != 0) RaiseSystemError(errno, path);
 }
 
@@ -227,26 +227,26 @@ std::optional<FileFacts> PosixFileSystem::Look(const std::string& path) const {
 }
 
 std::shared_ptr<const ByteSource> PosixFileSystem::Open(const std::string& path) const {
-  if (HoldsZeroByte(path)) throw RunTimeError(ErrorNumber::FileNotFound);
+  if (HoldsZeroByte(path)) throw RunTimeError(ErrorNumber::FileNotFound).About(path);
   return OpenFileSource(path);
 }
 
 void PosixFileSystem::Write(const std::string& path, const Produce& produce) {
   const Changing changing(changes_);
-  if (HoldsZeroByte(path)) throw RunTimeError(ErrorNumber::PathNotFound);
+  if (HoldsZeroByte(path)) throw RunTimeError(ErrorNumber::PathNotFound).About(path);
   WriteFile(path, produce);
 }
 
 void PosixFileSystem::WriteOver(const std::string& path, std::string_view content) {
   const Changing changing(changes_);
-  if (HoldsZeroByte(path)) throw RunTimeError(ErrorNumber::PathNotFound);
+  if (HoldsZeroByte(path)) throw RunTimeError(ErrorNumber::PathNotFound).About(path);
   OverwriteFile(path, content, [this](const std::string& target) { return AsidePath(target); });
 }
 
 void PosixFileSystem::Remove(const std::string& path) {
   const Changing changing(changes_);
   if (unlink(path.c_str()) == 0) return;
-  if (errno == ENOENT) throw RunTimeError(ErrorNumber::FileNotFound);
+  if (errno == ENOENT) throw RunTimeError(ErrorNumber::FileNotFound).About(path);
   RaiseSystemError(errno, path);
 }
 
@@ -254,13 +254,13 @@ void PosixFileSystem::MakeDirectory(const std::string& path) {
   const Changing changing(changes_);
   if (mkdir(path.c_str(), 0777) == 0) return;
   // A directory that is there already counts as one that can't be made.
-  if (errno == EEXIST) throw RunTimeError(ErrorNumber::PathFileAccess);
+  if (errno == EEXIST) throw RunTimeError(ErrorNumber::PathFileAccess).About(path);
   RaiseSystemError(errno, path);
 }
 
 std::unique_ptr<ByteSink> PosixFileSystem::OpenAtEnd(const std::string& path, bool emptied) {
   const Changing changing(changes_);
-  if (HoldsZeroByte(path)) throw RunTimeError(ErrorNumber::PathNotFound);
+  if (HoldsZeroByte(path)) throw RunTimeError(ErrorNumber::PathNotFound).About(path);
   return OpenFileAtEnd(path, emptied);
 }
 

@@ -64,16 +64,18 @@ int PosixShell::ShellExecuteA(WindowHandle, const std::string& verb, const std::
 }
 
 void PosixShell::StartProgram(const std::string& command) {
-  switch (StartDetached(Arguments(command))) {
+  const std::vector<std::string> arguments = Arguments(command);
+  const std::string program = arguments.empty() ? std::string() : arguments.front();
+  switch (StartDetached(arguments)) {
     case 0:
       return;
     case EACCES:
-      throw RunTimeError(ErrorNumber::PermissionDenied);
+      throw RunTimeError(ErrorNumber::PermissionDenied).About(program);
     case ENOMEM:
     case EAGAIN:
       throw RunTimeError(ErrorNumber::OutOfMemory);
     default:
-      throw RunTimeError(ErrorNumber::FileNotFound);
+      throw RunTimeError(ErrorNumber::FileNotFound).About(program);
   }
 }
 

@@ -150,7 +150,7 @@ class TemporaryFile {
 bool LookAtTarget(const std::string& target, struct stat& facts) {
   if (stat(target.c_str(), &facts) != 0) return false;
   if (S_ISDIR(facts.st_mode)) RaiseSystemError(EACCES, target);
-  if (access(target.c_str(), W_OK) != 0) throw RunTimeError(ErrorNumber::PermissionDenied);
+  if (access(target.c_str(), W_OK) != 0) throw RunTimeError(ErrorNumber::PermissionDenied).About(target);
   return true;
 }
 
@@ -177,7 +177,7 @@ void OverwriteFile(const std::string& path, std::string_view content,
     static_cast<void>(fchmod(file.Number(), before.st_mode & 07777) == 0);
     WriteThrough(file, path, produce);
   } catch (const RunTimeError& error) {
-    throw OldContentKept(error.Number(), kept);
+    throw OldContentKept(error, kept);
   }
   SyncFolderOf(target);
   unlink(kept.c_str());
