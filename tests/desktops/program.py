@@ -230,7 +230,7 @@ def lone_program(desktop, world, *arguments):
 def started_program(desktop, world, *arguments):
     """The program when its start is over: the splash has gone, and the tip of the day was closed."""
     program = Program(desktop, world.program, *arguments)
-    tip = program.window(TIP, 60)
+    tip = program.window(TIP)
     tip.close()
     wait_until(lambda: not program.has_window(TIP), 20, "the tip to go")
     return program
