@@ -110,7 +110,7 @@ def without_the_helper_the_button_opens_the_desktops_browser(desktop, world):
     window = program.window(BROWSER)
     window.activate()
     time.sleep(0.3)
-    tree = checks.window_of(checks.tree_of(desktop, program), BROWSER)
+    tree = program.tree(BROWSER)
     checks.find(tree, "label", "lumidex-browser is not installed")
     desktop.screenshot(os.path.join(world.shots, "browser-missing.png"))
     program.click(*checks.centre(checks.find(tree, "push button", "Open in the Desktop's Browser")))
@@ -126,7 +126,7 @@ def as_root_the_window_says_why_no_page_is_shown(desktop, world):
     window = program.window(BROWSER)
 
     def says():
-        tree = checks.window_of(checks.tree_of(desktop, program), BROWSER)
+        tree = program.tree(BROWSER)
         return any("administrator" in node["name"] for node, _ in checks.nodes(tree) if node["role"] == "label") and tree
 
     tree = wait_until(says, 30, "the window to say why")
