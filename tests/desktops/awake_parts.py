@@ -2,7 +2,6 @@
 
 import os
 import signal
-import time
 
 from bus import ScreenKeeper
 from desktop import HERE, check, wait_until
@@ -64,12 +63,7 @@ def a_service_that_never_answers_holds_neither_the_show_nor_the_end(desktop, wor
             return keeper.asked.wait(5)
 
         wait_until(start, 60, "the service to be asked")
-        main.maximise()
-        wait_until(main.is_maximised, 10, "the window to be maximised")
-        began = time.monotonic()
-        main.close()
-        wait_until(lambda: not program.is_running(), 15, "the program to end")
-        print(f"    it ended after {time.monotonic() - began:.2f} s")
+        program.closes_in_time(main)
 
 
 CASES = [the_screen_savers_service_keeps_the_screen_on_until_stop_exit_or_crash,

@@ -203,6 +203,15 @@ class Program:
     def is_running(self):
         return self.process.poll() is None
 
+    def closes_in_time(self, main):
+        """Closes the main window and waits for the end of the program, for less than libraries wait for an answer."""
+        main.maximise()
+        wait_until(main.is_maximised, 10, "the window to be maximised")
+        began = time.monotonic()
+        main.close()
+        wait_until(lambda: not self.is_running(), 15, "the program to end")
+        print(f"    it ended after {time.monotonic() - began:.2f} s")
+
     def end(self):
         end(self.process)
         self.log.close()

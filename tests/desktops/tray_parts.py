@@ -5,7 +5,6 @@ import re
 import signal
 import subprocess
 import sys
-import time
 
 from bus import NotificationArea
 from desktop import HERE, Failure, check, wait_until
@@ -188,13 +187,7 @@ def a_notification_area_that_never_answers_holds_neither_the_window_nor_the_end(
     os.kill(area.pid, signal.SIGSTOP)
     program = started_program(desktop, world)
     main = program.main()
-    main.maximise()
-    wait_until(main.is_maximised, 10, "the window to be maximised")
-    began = time.monotonic()
-    main.close()
-    # Shorter than what libraries wait for an answer.
-    wait_until(lambda: not program.is_running(), 15, "the program to end")
-    print(f"    it ended after {time.monotonic() - began:.2f} s")
+    program.closes_in_time(main)
     check(program.process.returncode == 0, f"it ended with {program.process.returncode}")
 
 
