@@ -175,12 +175,12 @@ void MeasurePage(App& app, const std::vector<std::string>& paths) {
               Median(bare), Median(ours), Median(ours) / Median(bare), away);
 }
 
-// Everything that is on the screen is decoded.
+// Everything that is on the screen is decoded, and its neighbours have been read.
 void ServeUntilShown(App& app) {
   // What is to be decoded is known a frame later.
   bool isFrameOver = false;
   QTimer::singleShot(20, [&] { isFrameOver = true; });
-  ServeUntil([&] { return isFrameOver && app.platform.decoding.Backlog() == 0; });
+  ServeUntil([&] { return isFrameOver && !app.platform.decoding.HasWork(); });
 }
 
 void ShowFirst(App& app) {

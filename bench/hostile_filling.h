@@ -15,14 +15,14 @@ inline constexpr std::size_t roomForEnds = 4096;
 inline constexpr int side = 4000;
 
 // A bitmap's header with `colors` colours of different looks, and `pixels` behind it.
-inline std::vector<std::uint8_t> Bitmap(int width, int height, int bits, int compression, int colors,
+inline std::vector<std::uint8_t> Bitmap(int width, int height, int bits, int compression, int colours,
                                         const std::vector<std::uint8_t>& pixels) {
   ByteWriter writer;
   writer.U32Le(40).U32Le(static_cast<std::uint32_t>(width)).U32Le(static_cast<std::uint32_t>(height));
   writer.U16Le(1).U16Le(static_cast<std::uint32_t>(bits)).U32Le(static_cast<std::uint32_t>(compression));
   writer.U32Le(static_cast<std::uint32_t>(pixels.size())).U32Le(0).U32Le(0);
-  writer.U32Le(static_cast<std::uint32_t>(colors)).U32Le(0);
-  for (int i = 0; i < colors; ++i) writer.U32Le(static_cast<std::uint32_t>(i) * 0x0B2945U & 0xFFFFFFU);
+  writer.U32Le(static_cast<std::uint32_t>(colours)).U32Le(0);
+  for (int i = 0; i < colours; ++i) writer.U32Le(static_cast<std::uint32_t>(i) * 0x0B2945U & 0xFFFFFFU);
   return writer.Append(pixels).Take();
 }
 

@@ -17,6 +17,7 @@
 #include "gallery/encoders/tga_encoder.h"
 #include "gallery/encoders/tiff_encoder.h"
 #include "gallery/encoders/wpg_encoder.h"
+#include "pictures/pixels.h"
 
 namespace lumidex {
 namespace {

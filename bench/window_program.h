@@ -3,7 +3,6 @@
 
 #include "forms/WPaper2.h"
 #include "platform/posix/decoding_threads.h"
-#include "platform/posix/file_picture_loader.h"
 #include "platform/posix/freed_memory.h"
 #include "platform/posix/posix_desktop.h"
 #include "platform/posix/posix_file_system.h"
@@ -36,7 +35,7 @@ struct Program {
   PosixDesktop registry;
   PosixShell shell;
   PosixSettingsStore settings;
-  FilePictureLoader loader{files};
+  PictureLoader loader{files};
   PosixSpecialFolders folders;
   QtDesktop desktop;
   App app;

@@ -8,7 +8,6 @@
 #include "platform/posix/bus_address.h"
 #include "platform/posix/decoding_threads.h"
 #include "platform/posix/early_picture.h"
-#include "platform/posix/file_picture_loader.h"
 #include "platform/posix/freed_memory.h"
 #include "platform/posix/posix_desktop.h"
 #include "platform/posix/posix_file_system.h"
@@ -50,7 +49,7 @@ int main(int argc, char** argv) {
   PosixDesktop registry(ReadEnvironment, &services);
   PosixShell shell;
   PosixSettingsStore settings;
-  FilePictureLoader loader(files);
+  PictureLoader loader(files);
   PosixSpecialFolders folders;
   QtDesktop desktop(argc, argv, {files, process, registry, shell, settings, loader, folders, decoding, bus});
 

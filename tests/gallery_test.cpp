@@ -9,6 +9,8 @@
 #include <set>
 
 #include "pictures/picture.h"
+#include "pictures/picture_data.h"
+#include "pictures/pixels.h"
 
 namespace lumidex {
 namespace {

@@ -34,10 +34,4 @@ bool CommonDialog::AskFile(bool save) {
   return true;
 }
 
-bool CommonDialog::ShowColor() {
-  const auto color = Owner().GetPlatform().dialogs.AskColor(static_cast<std::uint32_t>(Color.Get()));
-  if (color) Color = static_cast<std::int32_t>(*color);
-  return color.has_value();
-}
-
 }  // namespace lumidex

@@ -1,5 +1,5 @@
 #pragma once
-// The common dialog control: holds what a file or colour dialog is opened with and what it answered.
+// The common dialog control: holds what a file dialog is opened with and what it answered.
 
 #include "controls/control.h"
 
@@ -14,7 +14,6 @@ class CommonDialog final : public Control {
       DialogTitle{*this, "DialogTitle"}, InitDir{*this, "InitDir"}, DefaultExt{*this, "DefaultExt"};
   Property<int> FilterIndex{*this, "FilterIndex", 0};
   Property<int> Flags{*this, "Flags", 0};
-  Property<std::int32_t> Color{*this, "Color", 0};
 
   static constexpr int OverwritePrompt = 0x2;
   static constexpr int FileMustExist = 0x1000;
@@ -22,7 +21,6 @@ class CommonDialog final : public Control {
   // A cancelled dialog changes nothing and is not told apart; true when it was accepted.
   bool ShowOpen() { return AskFile(false); }
   bool ShowSave() { return AskFile(true); }
-  bool ShowColor();
 
  private:
   bool AskFile(bool save);

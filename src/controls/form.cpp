@@ -96,11 +96,11 @@ float Form::ScaleHeight() const {
 }
 
 std::int32_t Form::DrawnColor(int row) const {
-  std::int32_t color = -1;
+  std::int32_t colour = -1;
   for (const DrawnBand& band : drawing_) {
-    if (row >= band.top && row < band.bottom) color = band.color;
+    if (row >= band.top && row < band.bottom) colour = band.colour;
   }
-  return color;
+  return colour;
 }
 
 std::optional<std::string> Form::ReadProperty(std::string_view name) {

@@ -20,7 +20,7 @@ enum class Modality { Modeless, Modal };
 struct DrawnBand {
   int top = 0;
   int bottom = 0;
-  std::int32_t color = 0;
+  std::int32_t colour = 0;
   bool operator==(const DrawnBand&) const = default;
 };
 

@@ -9,6 +9,7 @@
 #include "base/widths.h"
 #include "controls/form.h"
 #include "pictures/alpha.h"
+#include "pictures/codec.h"
 #include "pictures/filters.h"
 #include "pictures/orientation.h"
 #include "pictures/painting.h"

@@ -95,13 +95,6 @@ std::string ListBox::List(int index) const {
   return items_[static_cast<std::size_t>(index)].text;
 }
 
-void ListBox::SetList(int index, std::string text) {
-  Settle();
-  CheckPosition(index);
-  items_[static_cast<std::size_t>(index)].text = std::move(text);
-  ItemsChanged.Emit({ListChange::Kind::Replaced});
-}
-
 std::int16_t ListBox::ListIndex() const {
   if (selected_ >= 0) Settle();
   return static_cast<std::int16_t>(selected_);

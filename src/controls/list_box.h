@@ -42,7 +42,6 @@ class ListBox final : public Control {
   std::int16_t ListCount() const;
   // Empty outside the list, so List(ListIndex()) can always be read.
   std::string List(int index) const;
-  void SetList(int index, std::string text);
   std::string Text() const { return List(ListIndex()); }
 
   // -1 when there is none. Writing fires Click when, and only when, the selection changes; a position outside

@@ -8,12 +8,12 @@
 namespace lumidex {
 namespace {
 
-constexpr std::int32_t emptyListColor = 0x808080;
-constexpr std::int32_t listColor = 0xFFC0C0;  // blue in the high byte
+constexpr std::int32_t emptyListColour = 0x808080;
+constexpr std::int32_t listColour = 0xFFC0C0;  // blue in the high byte
 
 void EnableForList(ListBox& list, std::initializer_list<Control*> controls) {
   const bool filled = list.ListCount() > 0;
-  list.BackColor = filled ? listColor : emptyListColor;
+  list.BackColor = filled ? listColour : emptyListColour;
   for (Control* control : controls) control->Enabled = filled;
 }
 

@@ -80,9 +80,9 @@ void WPaper2Window::PlaceControls() {
   cmdUp.Move(720, 4485, 1290, 255);
   cmdDown.Move(2040, 4485, 1290, 255);
   txtPrgTitle.Move(90, 4800, 3945, 510);
-  constexpr std::int32_t listColor = 0xFFC0C0;
-  LstLeft.BackColor = listColor;
-  LstRight.BackColor = listColor;
+  constexpr std::int32_t listColour = 0xFFC0C0;
+  LstLeft.BackColor = listColour;
+  LstRight.BackColor = listColour;
 }
 
 void WPaper2Window::SetMenuStates() {

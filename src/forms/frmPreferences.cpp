@@ -68,12 +68,12 @@ void frmPreferencesWindow::DesignPages() {
 }
 
 void frmPreferencesWindow::DesignFileTypes() {
-  constexpr std::int32_t associationColor = 0xC0E0FF;  // red in the low byte
+  constexpr std::int32_t associationColour = 0xC0E0FF;  // red in the low byte
   for (int type = 1; type <= FileTypeCount; ++type) {
     const FileTypeRow& row = FileTypeTable[static_cast<std::size_t>(type - 1)];
     chkFileType(type).Caption = std::string(row.caption);
     chkAssocFileType(type).Caption = std::string(row.caption);
-    chkAssocFileType(type).BackColor = associationColor;
+    chkAssocFileType(type).BackColor = associationColour;
     imgIconType(type - 1).PictureKey = "types/" + std::string(row.resource);
     lblIconType(type - 1).Caption = std::string(row.description);
   }
@@ -84,9 +84,9 @@ void frmPreferencesWindow::DesignScreenOptions() {
   lblScreenOptions(1).Caption = "Image Summary Form Options:";
   // Red in the low byte; the first is the desktop's own control colour.
   int index = 0;
-  for (const std::int32_t color :
+  for (const std::int32_t colour :
        {-1, 0xE0E0E0, 0x00FF00, 0x00FFFF, 0xFF0000, 0xFFFF00, 0x0000FF, 0xFF00FF}) {
-    lblWPaper2Color(index++).BackColor = color;
+    lblWPaper2Color(index++).BackColor = colour;
   }
   // The plain colour is what a first start shows.
   lblWPaper2Color(0).Border = BorderStyle::FixedSingle;

@@ -23,7 +23,7 @@ namespace {
 constexpr int thumbnailSize = 100;
 constexpr std::int32_t longestPath = 30;
 
-enum Fact { Path, Length, Width, Height, Colors, Date, Time };
+enum Fact { Path, Length, Width, Height, Colours, Date, Time };
 
 void Write(App& app, Fact fact, std::string text) {
   app.frmFileProperties.lblFileInfo(fact).Caption = std::move(text);
@@ -47,7 +47,7 @@ void ShowOwnFacts(App& app, std::string path, const StillOpen<frmFilePropertiesW
   if (!dialogIsOpen) return;
   Write(app, Width, LengthText(app.ImageWidth));
   Write(app, Height, LengthText(app.ImageHeight));
-  Write(app, Colors, ColorsText(app.ImageBitsPerPixel));
+  Write(app, Colours, ColoursText(app.ImageBitsPerPixel));
   const DateTime modified = app.platform.clock.LocalTime(facts->modified);
   Write(app, Date, LongDate(modified));
   Write(app, Time, ClockText(modified));
@@ -69,9 +69,9 @@ std::string StoredSideText(const std::string& line) {
   return Val(line) == 0 ? "Unknown" : line;
 }
 
-std::string StoredColorsText(const std::string& line) {
+std::string StoredColoursText(const std::string& line) {
   constexpr double beyondAll = 1e6;
-  return ColorsText(static_cast<float>(std::clamp(Val(line), -beyondAll, beyondAll)));
+  return ColoursText(static_cast<float>(std::clamp(Val(line), -beyondAll, beyondAll)));
 }
 
 std::string StoredMomentText(const std::string& line) {
@@ -84,7 +84,7 @@ void ShowStoredFacts(App& app, std::string factsPath) {
   Write(app, Length, StoredLengthText(lines.Next()));
   Write(app, Width, StoredSideText(lines.Next()));
   Write(app, Height, StoredSideText(lines.Next()));
-  Write(app, Colors, StoredColorsText(lines.Next()));
+  Write(app, Colours, StoredColoursText(lines.Next()));
   Write(app, Date, StoredMomentText(lines.Next()));
   Write(app, Time, StoredMomentText(lines.Next()));
 }

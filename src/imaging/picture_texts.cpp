@@ -11,7 +11,7 @@ std::string LengthText(std::int16_t pixels) {
   return pixels == 0 ? "Unknown" : Number(pixels);
 }
 
-std::string ColorsText(float bitsPerPixel) {
+std::string ColoursText(float bitsPerPixel) {
   if (bitsPerPixel == 0) return "Unknown";
   if (bitsPerPixel == 24) return "16.7 Million (24-bit)";
   if (bitsPerPixel == 16) return "65,536 (16-bit)";

@@ -10,6 +10,6 @@ namespace lumidex {
 std::string LengthText(std::int16_t pixels);
 // How many colours so many bits a pixel can tell apart; "Unknown" for 0. Raises Overflow for more than a
 // 64-bit float can hold.
-std::string ColorsText(float bitsPerPixel);
+std::string ColoursText(float bitsPerPixel);
 
 }  // namespace lumidex

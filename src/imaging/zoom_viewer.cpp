@@ -12,7 +12,7 @@
 namespace lumidex {
 namespace {
 
-enum Panel { ColorPanel = 2, SizePanel, FileSizePanel, ZoomPanel, LocationPanel };
+enum Panel { ColourPanel = 2, SizePanel, FileSizePanel, ZoomPanel, LocationPanel };
 
 std::string ThreeDigits(std::int16_t value) {
   return Right("000" + Number(value), 3);
@@ -59,10 +59,10 @@ void ShowImageNailInfo(App& app, std::string path) {
   ShowZoom(app);
 }
 
-void SplitColor(std::int32_t color, std::int16_t& red, std::int16_t& green, std::int16_t& blue) {
-  red = ToInt16(color & 255);
-  green = ToInt16((color & 65280) / 256);
-  blue = ToInt16((color & 16711680) / 65536);
+void SplitColor(std::int32_t colour, std::int16_t& red, std::int16_t& green, std::int16_t& blue) {
+  red = ToInt16(colour & 255);
+  green = ToInt16((colour & 65280) / 256);
+  blue = ToInt16((colour & 16711680) / 65536);
 }
 
 void FitZoomViewer(App& app) {
@@ -132,14 +132,14 @@ void ScrollByKey(App& app, int keyCode) {
 
 void ReadOutPixel(App& app, float x, float y) {
   frmZoomViewWindow& viewer = app.frmZoomView;
-  const std::int32_t color = viewer.Gvbox1.PixelColor(x, y);
+  const std::int32_t colour = viewer.Gvbox1.PixelColor(x, y);
   std::int16_t red = 0, green = 0, blue = 0;
-  SplitColor(color, red, green, blue);
+  SplitColor(colour, red, green, blue);
   char digits[16];
-  std::snprintf(digits, sizeof digits, "%X", static_cast<unsigned>(color));
-  viewer.StatusBar1.SetText(ColorPanel, "Color: " + Right("000000" + std::string(digits), 6) +
-                                            " RGB=" + ThreeDigits(red) + "," + ThreeDigits(green) + "," +
-                                            ThreeDigits(blue));
+  std::snprintf(digits, sizeof digits, "%X", static_cast<unsigned>(colour));
+  viewer.StatusBar1.SetText(ColourPanel, "Color: " + Right("000000" + std::string(digits), 6) +
+                                             " RGB=" + ThreeDigits(red) + "," + ThreeDigits(green) + "," +
+                                             ThreeDigits(blue));
   const ScaleMode remembered = viewer.Scale;
   viewer.Scale = ScaleMode::Pixels;
   const auto place = [](float twips, std::int32_t scroll) {

@@ -11,7 +11,7 @@ namespace lumidex {
 void ShowImageNailInfo(App& app, std::string path);
 
 // A colour taken apart; red is in the low byte.
-void SplitColor(std::int32_t color, std::int16_t& red, std::int16_t& green, std::int16_t& blue);
+void SplitColor(std::int32_t colour, std::int16_t& red, std::int16_t& green, std::int16_t& blue);
 
 // The viewer fills its window, with or without its toolbar; it can't be made smaller.
 void FitZoomViewer(App& app);

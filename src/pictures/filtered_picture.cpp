@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "pictures/codec.h"
 #include "pictures/scaling.h"
 
 namespace lumidex {

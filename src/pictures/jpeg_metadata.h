@@ -5,10 +5,11 @@
 #include <cstdint>
 #include <vector>
 
-#include "pictures/picture_data.h"
-#include "pictures/pixels.h"
+#include "pictures/size.h"
 
 namespace lumidex {
+
+class ByteSource;
 
 struct JpegMetadata {
   // A marker segment that goes from file to file as it stands.

@@ -3,9 +3,10 @@
 
 #include "pictures/byte_sink.h"
 #include "pictures/jpeg_metadata.h"
-#include "pictures/pixels.h"
 
 namespace lumidex {
+
+class Pixels;
 
 // They mean what they mean to the library; values beyond its ranges are brought to the nearest end.
 struct JpegWriterOptions {

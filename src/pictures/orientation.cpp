@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "pictures/in_parts.h"
+#include "pictures/pixels.h"
 #include "pictures/word_blocks.h"
 
 namespace lumidex {

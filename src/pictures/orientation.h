@@ -1,9 +1,11 @@
 #pragma once
 // The eight ways in which a stored picture may have to be turned and mirrored to stand upright.
 
-#include "pictures/pixels.h"
+#include "pictures/size.h"
 
 namespace lumidex {
+
+class Pixels;
 
 // Values as EXIF and TIFF number them; each names what is done to the stored pixels.
 enum class Orientation {

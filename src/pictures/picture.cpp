@@ -6,6 +6,8 @@
 #include <utility>
 
 #include "base/out_of_memory.h"
+#include "pictures/codec.h"
+#include "pictures/picture_data.h"
 #include "pictures/scaling.h"
 
 namespace lumidex {
@@ -73,6 +75,10 @@ Picture Picture::FromDecoder(std::unique_ptr<Decoder> decoder) {
   state->facts = decoder->Facts();
   state->decoder = std::move(decoder);
   return Picture(std::move(state));
+}
+
+Picture Picture::Open(const PictureData& data) {
+  return Open(data, {});
 }
 
 Picture Picture::Open(const PictureData& data, const OpenOptions& options) {

@@ -4,10 +4,19 @@
 
 #include <cstdint>
 #include <memory>
+#include <stop_token>
+#include <string_view>
+#include <vector>
 
-#include "pictures/codec.h"
+#include "pictures/size.h"
 
 namespace lumidex {
+
+class Decoder;
+class PictureData;
+class Pixels;
+struct JpegMetadata;
+struct OpenOptions;
 
 enum class PictureType : std::int16_t { None = 0, Bitmap = 1, Metafile = 2, Icon = 3, EnhancedMetafile = 4 };
 
@@ -16,7 +25,8 @@ class Picture {
   Picture() = default;  // the empty picture
 
   // Opens a file's bytes; raises InvalidPicture when they are no picture.
-  static Picture Open(const PictureData& data, const OpenOptions& options = {});
+  static Picture Open(const PictureData& data);
+  static Picture Open(const PictureData& data, const OpenOptions& options);
   static Picture FromPixels(Pixels pixels, int bitsPerPixel);
   static Picture FromDecoder(std::unique_ptr<Decoder> decoder);
 

@@ -6,13 +6,9 @@
 #include <memory>
 #include <span>
 
-namespace lumidex {
+#include "pictures/size.h"
 
-struct Size {
-  int width = 0;
-  int height = 0;
-  bool operator==(const Size&) const = default;
-};
+namespace lumidex {
 
 enum class PixelFormat {
   Rgb,                // alpha byte always 255

@@ -5,6 +5,7 @@
 #include <memory>
 #include <utility>
 
+#include "pictures/codec.h"
 #include "pictures/scaling.h"
 
 namespace lumidex {

@@ -33,11 +33,6 @@ std::unique_ptr<DecodingService::Showing> DecodingService::Show(const Picture& p
   return showing;
 }
 
-std::size_t DecodingService::Backlog() const {
-  const std::scoped_lock lock(mutex_);
-  return orders_.size();
-}
-
 std::shared_ptr<DecodingService::Order> DecodingService::TakeOrder() {
   const std::scoped_lock lock(mutex_);
   std::shared_ptr<Order> first;

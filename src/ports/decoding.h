@@ -10,8 +10,7 @@
 //
 // A page of thumbnails need not read ahead. `Picture` of an image control with a ThumbnailSize is there at
 // once, and decoded when its cell is shown: in the order of the cells, on all processors. Each picture that
-// is still to come keeps its file open, so who fills a large page yields until Backlog has fallen to some
-// dozens.
+// is still to come keeps its file open.
 //
 // This class decodes only when RunNext is called: by the threads of a desktop (platform/posix/
 // decoding_threads.h), by a test. Headless, what is shown is decoded at once and nothing is read ahead. Every
@@ -68,8 +67,6 @@ class DecodingService {
   // What showing a picture raises other than for a bad file or for lack of memory. Set before anything is
   // shown; called on any thread.
   std::function<void(std::exception_ptr error)> OnUnexpected;
-  // Pictures that are to be shown and are not decoded yet.
-  std::size_t Backlog() const;
 
   // Somebody who goes through files. What was read for it goes with it. The service must outlive it.
   class Client;

@@ -6,6 +6,8 @@
 #include <utility>
 
 #include "base/run_time_error.h"
+#include "pictures/codec.h"
+#include "pictures/pixels.h"
 #include "ports/decoding_work.h"
 
 namespace lumidex {

@@ -60,8 +60,6 @@ class Dialogs {
   // Nothing when cancelled.
   virtual std::optional<std::string> InputBox(const InputRequest& request) = 0;
   virtual FileDialogAnswer AskFile(const FileDialogRequest& request) = 0;
-  // Colours have red in the low byte. Nothing when cancelled.
-  virtual std::optional<std::uint32_t> AskColor(std::uint32_t initial) = 0;
 };
 
 }  // namespace lumidex

@@ -3,6 +3,7 @@
 #include <span>
 
 #include "base/text.h"
+#include "pictures/picture_data.h"
 
 namespace lumidex {
 

@@ -13,9 +13,10 @@
 
 #include "base/run_time_error.h"
 #include "pictures/byte_sink.h"
-#include "pictures/picture_data.h"
 
 namespace lumidex {
+
+class ByteSource;
 
 enum class EntryKind {
   File,

@@ -4,6 +4,8 @@
 
 #include "base/run_time_error.h"
 #include "base/text.h"
+#include "pictures/codec.h"
+#include "pictures/picture_data.h"
 
 namespace lumidex {
 namespace {
@@ -54,6 +56,10 @@ PictureData OpenPictureData(const FileSystem& files, const std::string& path) {
   PictureData data(files.Open(path), LCase(path.substr(ExtensionStart(path, files.Separator()))));
   data.paletteFile = PaletteFile(files, path);
   return data;
+}
+
+Picture OpenPicture(const FileSystem& files, const std::string& path) {
+  return OpenPicture(files, path, {});
 }
 
 Picture OpenPicture(const FileSystem& files, const std::string& path, const OpenOptions& options) {

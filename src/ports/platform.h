@@ -5,6 +5,7 @@
 #include "ports/dialogs.h"
 #include "ports/event_queue.h"
 #include "ports/file_system.h"
+#include "ports/open_picture.h"
 #include "ports/services.h"
 #include "ports/window_control.h"
 

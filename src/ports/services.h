@@ -158,13 +158,6 @@ class SettingsStore {
   virtual void SaveSetting(const std::string& section, const std::string& key, const std::string& value) = 0;
 };
 
-class PictureLoader {
- public:
-  virtual ~PictureLoader() = default;
-  // The platform's own loader. Raises FileNotFound or InvalidPicture.
-  virtual Picture LoadPicture(const std::string& path) = 0;
-};
-
 class SpecialFolders {
  public:
   virtual ~SpecialFolders() = default;

@@ -113,7 +113,7 @@ void ShowPreview(App& app) {
   }
   dialog.lblFileInfo(2).Caption = LengthText(width);
   dialog.lblFileInfo(3).Caption = LengthText(height);
-  dialog.lblFileInfo(4).Caption = ColorsText(bitsPerPixel);
+  dialog.lblFileInfo(4).Caption = ColoursText(bitsPerPixel);
   app.platform.events.Yield();
 }
 

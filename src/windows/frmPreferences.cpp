@@ -52,8 +52,8 @@ void WireFileTypes(App& app) {
 void WireScreenOptions(App& app) {
   frmPreferencesWindow& form = app.frmPreferences;
   form.chkStretch.OnClick = [&] { RedisplayForStretch(app); };
-  form.lblWPaper2Color.Wire([&app](Label& color, int index) {
-    color.OnClick = [&app, index] { SetWindowColor(app, static_cast<std::int16_t>(index)); };
+  form.lblWPaper2Color.Wire([&app](Label& colour, int index) {
+    colour.OnClick = [&app, index] { SetWindowColor(app, static_cast<std::int16_t>(index)); };
   });
   form.chkMenuAltBackground.OnClick = [&] { SwitchAlternateBackground(app); };
   form.cmdMenuSelect.OnClick = [&] { ChooseAlternateBackground(app); };

@@ -3,6 +3,7 @@
 #include "controls/gvbox_world.h"
 #include "gallery/encoders/byte_writer.h"
 #include "gallery/encoders/jpeg_encoder.h"
+#include "pictures/codec.h"
 #include "ports/open_picture.h"
 
 namespace lumidex {

@@ -1,5 +1,6 @@
 #include "controls/gvbox_world.h"
 #include "gallery/encoders/emf_encoder.h"
+#include "pictures/pixels.h"
 
 namespace lumidex {
 namespace {

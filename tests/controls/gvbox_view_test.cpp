@@ -1,6 +1,7 @@
 // What is seen of the image: thumbnails, the part in the view, the colour under the mouse.
 
 #include "controls/gvbox_world.h"
+#include "pictures/pixels.h"
 
 namespace lumidex {
 namespace {

@@ -5,6 +5,7 @@
 #include "controls/gvbox.h"
 #include "controls/sample_form.h"
 #include "gallery/encoders/bmp_encoder.h"
+#include "pictures/pixels.h"
 
 namespace lumidex {
 

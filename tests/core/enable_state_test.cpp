@@ -1,5 +1,6 @@
 #include "core/enable_state.h"
 #include "forms/WPaper2.h"
+#include "pictures/pixels.h"
 #include "support/test_program.h"
 
 namespace lumidex {

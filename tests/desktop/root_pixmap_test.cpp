@@ -4,6 +4,7 @@
 
 #include "desktop/child_program.h"
 #include "desktop/recorded_tools.h"
+#include "pictures/pixels.h"
 #include "platform/posix/screen_awake.h"
 #include "platform/posix/wallpaper/canvas.h"
 #include "platform/posix/wallpaper/root_pixmap_backend.h"

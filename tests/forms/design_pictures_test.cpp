@@ -6,6 +6,7 @@
 
 #include "forms/checkjpg.h"
 #include "forms/frmBackground.h"
+#include "pictures/pixels.h"
 #include "support/test_program.h"
 
 namespace lumidex {

@@ -111,10 +111,10 @@ TEST_F(PreferencesDesign, The_options_begin_at_their_design_values) {
 }
 
 TEST_F(PreferencesDesign, The_swatches_have_the_colours_of_the_windows_grounds) {
-  std::vector<std::int32_t> colors;
+  std::vector<std::int32_t> colours;
   for (int index = 0; index < 8; ++index)
-    colors.push_back(app.frmPreferences.lblWPaper2Color(index).BackColor);
-  EXPECT_THAT(colors, ElementsAre(-1, 0xE0E0E0, 0x00FF00, 0x00FFFF, 0xFF0000, 0xFFFF00, 0x0000FF, 0xFF00FF));
+    colours.push_back(app.frmPreferences.lblWPaper2Color(index).BackColor);
+  EXPECT_THAT(colours, ElementsAre(-1, 0xE0E0E0, 0x00FF00, 0x00FFFF, 0xFF0000, 0xFFFF00, 0x0000FF, 0xFF00FF));
 }
 
 TEST_F(PreferencesDesign, The_toolbar_list_names_the_nineteen_buttons) {

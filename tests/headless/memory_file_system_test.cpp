@@ -1,4 +1,5 @@
 #include "platform/headless/memory_file_system.h"
+#include "pictures/picture_data.h"
 
 #include <gmock/gmock.h>
 

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "number_raised.h"
+#include "pictures/picture_data.h"
 #include "platform/headless/memory_file_system.h"
 
 namespace lumidex {

@@ -10,6 +10,7 @@
 #include "imaging/working_image.h"
 #include "imaging/zoom_menu.h"
 #include "lists/image_lists.h"
+#include "pictures/pixels.h"
 #include "support/test_program.h"
 
 namespace lumidex {

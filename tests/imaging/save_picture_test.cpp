@@ -1,4 +1,5 @@
 #include "imaging/save_picture.h"
+#include "pictures/pixels.h"
 #include "support/test_program.h"
 
 #include "number_raised.h"

@@ -5,6 +5,7 @@
 #include "base/run_time_error.h"
 #include "number_raised.h"
 #include "pictures/picture.h"
+#include "pictures/picture_data.h"
 #include "pictures/support/collecting_sink.h"
 
 namespace lumidex {

@@ -29,7 +29,7 @@ Pixels Filled(std::initializer_list<std::uint32_t> words, std::span<const std::u
 }
 
 int Red(const Pixels& pixels, int x, int y) {
-  return static_cast<int>(ColorAt(pixels, x, y) >> 16);
+  return static_cast<int>(ColourAt(pixels, x, y) >> 16);
 }
 
 TEST(EmfPlusBrushes, A_shading_runs_along_its_line) {
@@ -62,8 +62,8 @@ TEST(EmfPlusBrushes, A_shading_may_have_colours_of_its_own_at_places) {
   const Pixels pixels = Filled({alongLine, 4, 0, Float(0), Float(0), Float(100), Float(100), 0, 0, 0, 0, 3,
                                 Float(0), Float(0.5), Float(1), opaque | red, opaque | green, opaque | blue});
   EXPECT_NEAR(Red(pixels, 1, 50), 251, 6);
-  EXPECT_NEAR(static_cast<int>(ColorAt(pixels, 50, 50) >> 8 & 0xFF), 253, 5);
-  EXPECT_NEAR(static_cast<int>(ColorAt(pixels, 98, 50) & 0xFF), 248, 6);
+  EXPECT_NEAR(static_cast<int>(ColourAt(pixels, 50, 50) >> 8 & 0xFF), 253, 5);
+  EXPECT_NEAR(static_cast<int>(ColourAt(pixels, 98, 50) & 0xFF), 248, 6);
 }
 
 TEST(EmfPlusBrushes, Factors_say_how_much_of_the_second_colour_there_is) {
@@ -77,7 +77,7 @@ TEST(EmfPlusBrushes, Factors_say_how_much_of_the_second_colour_there_is) {
 TEST(EmfPlusBrushes, A_shading_of_a_line_without_length_is_one_colour) {
   const Pixels pixels =
       Filled({alongLine, 0, 0, Float(10), Float(0), Float(0), Float(9), opaque | blue, opaque | blue, 0, 0});
-  EXPECT_EQ(ColorAt(pixels, 50, 50), blue);
+  EXPECT_EQ(ColourAt(pixels, 50, 50), blue);
 }
 
 TEST(EmfPlusBrushes, A_shading_runs_from_its_outline_to_its_centre) {
@@ -112,8 +112,8 @@ TEST(EmfPlusBrushes, Each_corner_of_an_outline_may_have_its_colour) {
                                 Float(0),
                                 Float(100)});
   EXPECT_GT(Red(pixels, 2, 2), 230);
-  EXPECT_LT(ColorAt(pixels, 2, 2) & 0xFF, 25U);
-  EXPECT_GT(ColorAt(pixels, 97, 97) & 0xFF, 230U);
+  EXPECT_LT(ColourAt(pixels, 2, 2) & 0xFF, 25U);
+  EXPECT_GT(ColourAt(pixels, 97, 97) & 0xFF, 230U);
   EXPECT_LT(Red(pixels, 97, 97), 25);
 }
 
@@ -138,9 +138,9 @@ TEST(EmfPlusBrushes, An_outline_may_be_a_path) {
 TEST(EmfPlusBrushes, A_hatch_shows_lines_and_what_is_between_them) {
   constexpr std::uint32_t largeChecks = 50;
   const Pixels pixels = Filled({hatched, largeChecks, opaque | red, opaque | blue});
-  EXPECT_EQ(ColorAt(pixels, 1, 1), red);
-  EXPECT_EQ(ColorAt(pixels, 5, 1), blue);
-  EXPECT_EQ(ColorAt(pixels, 9, 1), red);
+  EXPECT_EQ(ColourAt(pixels, 1, 1), red);
+  EXPECT_EQ(ColourAt(pixels, 5, 1), blue);
+  EXPECT_EQ(ColourAt(pixels, 9, 1), red);
   EXPECT_EQ(MarksIn(Filled({hatched, largeChecks, opaque | red, 0}), 0, 0, 8, 8), 32);
 }
 
@@ -155,9 +155,9 @@ std::vector<std::uint8_t> TwoPixels() {
 
 TEST(EmfPlusBrushes, A_picture_is_repeated) {
   const Pixels pixels = Filled({pictures, 0, 0}, TwoPixels());
-  EXPECT_EQ(ColorAt(pixels, 0, 3), red);
-  EXPECT_EQ(ColorAt(pixels, 1, 3), blue);
-  EXPECT_EQ(ColorAt(pixels, 40, 77), red);
+  EXPECT_EQ(ColourAt(pixels, 0, 3), red);
+  EXPECT_EQ(ColourAt(pixels, 1, 3), blue);
+  EXPECT_EQ(ColourAt(pixels, 40, 77), red);
 }
 
 TEST(EmfPlusBrushes, A_repeated_picture_has_a_map_of_its_own) {
@@ -180,7 +180,7 @@ TEST(EmfPlusBrushes, Lines_may_be_shaded_too) {
   writer.Record(0x400D, narrow | 1, {2}, Words({50 << 16, 100 | 50 << 16}));
   const Pixels pixels = Drawn(writer.File());
   EXPECT_NEAR(Red(pixels, 50, 50), 128, 4);
-  EXPECT_EQ(ColorAt(pixels, 50, 70), white);
+  EXPECT_EQ(ColourAt(pixels, 50, 70), white);
 }
 
 std::vector<std::uint8_t> BoxNode(float left, float top, float width, float height) {
@@ -199,7 +199,7 @@ TEST(EmfPlusRegions, A_clip_is_combined_of_its_parts) {
   PlusWriter writer;
   writer.Object(regionKind, 0, LowerLeft()).Record(0x4034, 0, {});
   const Pixels pixels = Drawn(writer.FillBox(opaque | red, 0, 0, 100, 100).File());
-  EXPECT_EQ(ColorAt(pixels, 20, 80), red);
+  EXPECT_EQ(ColourAt(pixels, 20, 80), red);
   EXPECT_EQ(MarksIn(pixels, 0, 0, 100, 100), 50 * 50);
 }
 
@@ -207,8 +207,8 @@ TEST(EmfPlusRegions, An_area_of_several_parts_is_filled) {
   PlusWriter writer;
   writer.Object(regionKind, 0, LowerLeft()).Record(0x4013, colourInstead, {opaque | green});
   const Pixels pixels = Drawn(writer.FillBox(opaque | blue, 90, 0, 10, 10).File());
-  EXPECT_EQ(ColorAt(pixels, 20, 80), green);
-  EXPECT_EQ(ColorAt(pixels, 95, 5), blue);
+  EXPECT_EQ(ColourAt(pixels, 20, 80), green);
+  EXPECT_EQ(ColourAt(pixels, 95, 5), blue);
   EXPECT_EQ(MarksIn(pixels, 0, 0, 100, 100), 50 * 50 + 100);
 }
 
@@ -260,10 +260,10 @@ TEST(EmfPlusCurves, A_closed_curve_runs_through_its_points) {
   writer.Record(0x4016, colourInstead | narrow, {opaque | red, Float(0.5), 4},
                 Words({50 | 10 << 16, 90 | 50 << 16, 50 | 90 << 16, 10 | 50 << 16}));
   const Pixels pixels = Drawn(writer.File());
-  EXPECT_EQ(ColorAt(pixels, 50, 50), red);
+  EXPECT_EQ(ColourAt(pixels, 50, 50), red);
   // Rounder than straight lines would be.
-  EXPECT_EQ(ColorAt(pixels, 72, 28), red);
-  EXPECT_EQ(ColorAt(pixels, 88, 12), white);
+  EXPECT_EQ(ColourAt(pixels, 72, 28), red);
+  EXPECT_EQ(ColourAt(pixels, 88, 12), white);
 }
 
 TEST(EmfPlusCurves, An_open_curve_is_stroked) {
@@ -272,9 +272,9 @@ TEST(EmfPlusCurves, An_open_curve_is_stroked) {
   writer.Record(0x4018, narrow | 1, {Float(0.5), 0, 2, 3},
                 Words({10 | 50 << 16, 50 | 50 << 16, 90 | 50 << 16}));
   const Pixels pixels = Drawn(writer.File());
-  EXPECT_EQ(ColorAt(pixels, 30, 50), blue);
-  EXPECT_EQ(ColorAt(pixels, 70, 50), blue);
-  EXPECT_EQ(ColorAt(pixels, 70, 60), white);
+  EXPECT_EQ(ColourAt(pixels, 30, 50), blue);
+  EXPECT_EQ(ColourAt(pixels, 70, 50), blue);
+  EXPECT_EQ(ColourAt(pixels, 70, 60), white);
 }
 
 // Text in black letters of 10 units in the box of 50 by 90.

@@ -95,9 +95,9 @@ TEST(EmfPlusPens, A_line_may_begin_in_one) {
 
 TEST(EmfPlusPens, An_arrow_may_be_of_lines_only) {
   const Pixels pixels = Line(customEnd, Arrow(false));
-  EXPECT_EQ(ColorAt(pixels, 50, 50), red);
-  EXPECT_EQ(ColorAt(pixels, 45, 50 + 13), red);
-  EXPECT_EQ(ColorAt(pixels, 43, 50 + 7), white);
+  EXPECT_EQ(ColourAt(pixels, 50, 50), red);
+  EXPECT_EQ(ColourAt(pixels, 45, 50 + 13), red);
+  EXPECT_EQ(ColourAt(pixels, 43, 50 + 7), white);
 }
 
 TEST(EmfPlusPens, An_end_may_be_any_outline) {
@@ -136,9 +136,9 @@ TEST(EmfPlusPens, Closed_lines_have_no_ends) {
 TEST(EmfPlusPens, Dashes_may_begin_later) {
   // One width on and one off, beginning half a width into them.
   const Pixels pixels = Line(offsetGiven | dashesGiven, Words({Float(0.5), 2, Float(1), Float(1)}));
-  EXPECT_EQ(ColorAt(pixels, 22, 50), red);
-  EXPECT_EQ(ColorAt(pixels, 27, 50), white);
-  EXPECT_EQ(ColorAt(pixels, 37, 50), red);
+  EXPECT_EQ(ColourAt(pixels, 22, 50), red);
+  EXPECT_EQ(ColourAt(pixels, 27, 50), white);
+  EXPECT_EQ(ColourAt(pixels, 37, 50), red);
 }
 
 TEST(EmfPlusPens, Dashes_may_have_round_ends) {

@@ -28,13 +28,13 @@ std::vector<std::uint8_t> ImageOfPixels() {
 TEST(EmfPlus, Boxes_are_filled_with_a_colour) {
   const Pixels pixels = Drawn(PlusWriter().FillBox(opaque | red, 10, 20, 30, 40).File());
   EXPECT_EQ(MarksIn(pixels, 0, 0, 100, 100), 30 * 40);
-  EXPECT_EQ(ColorAt(pixels, 39, 59), red);
+  EXPECT_EQ(ColourAt(pixels, 39, 59), red);
 }
 
 TEST(EmfPlus, Half_a_colour_lets_what_is_below_show) {
   const Pixels pixels = Drawn(PlusWriter().FillBox(0x80000000 | red, 0, 0, 50, 50).File());
-  EXPECT_EQ(ColorAt(pixels, 20, 20) >> 16, 0xFFU);
-  EXPECT_NEAR(ColorAt(pixels, 20, 20) & 0xFF, 0x7F, 1);
+  EXPECT_EQ(ColourAt(pixels, 20, 20) >> 16, 0xFFU);
+  EXPECT_NEAR(ColourAt(pixels, 20, 20) & 0xFF, 0x7F, 1);
 }
 
 TEST(EmfPlus, Records_of_files_with_plain_ones_too_are_left_out) {
@@ -47,8 +47,8 @@ TEST(EmfPlus, A_picture_file_is_drawn_into_its_box) {
   writer.Record(0x401A, 3,
                 {0, inPixels, 0, 0, Float(2), Float(1), Float(10), Float(20), Float(40), Float(30)});
   const Pixels pixels = Drawn(writer.File());
-  EXPECT_EQ(ColorAt(pixels, 12, 22), red);
-  EXPECT_EQ(ColorAt(pixels, 47, 47), blue);
+  EXPECT_EQ(ColourAt(pixels, 12, 22), red);
+  EXPECT_EQ(ColourAt(pixels, 47, 47), blue);
   EXPECT_EQ(MarksIn(pixels, 0, 0, 100, 100), 40 * 30);
 }
 
@@ -59,9 +59,9 @@ TEST(EmfPlus, Pixels_are_drawn_into_a_parallelogram) {
   writer.Record(0x401B, 0,
                 {0, inPixels, 0, 0, Float(2), Float(1), 3, Float(60), 0, Float(20), 0, Float(60), Float(50)});
   const Pixels pixels = Drawn(writer.File());
-  EXPECT_EQ(ColorAt(pixels, 58, 25), green);
-  EXPECT_EQ(ColorAt(pixels, 22, 25) >> 16, 0xFFU);
-  EXPECT_NEAR(ColorAt(pixels, 22, 25) & 0xFF, 0x7F, 2);
+  EXPECT_EQ(ColourAt(pixels, 58, 25), green);
+  EXPECT_EQ(ColourAt(pixels, 22, 25) >> 16, 0xFFU);
+  EXPECT_NEAR(ColourAt(pixels, 22, 25) & 0xFF, 0x7F, 2);
 }
 
 TEST(EmfPlus, An_object_may_come_in_parts) {
@@ -71,7 +71,7 @@ TEST(EmfPlus, An_object_may_come_in_parts) {
   writer.Record(0x4008, 0x8000 | imageKind << 8, {total}, std::span(image).first(40));
   writer.Record(0x4008, 0x8000 | imageKind << 8, {total}, std::span(image).subspan(40));
   writer.Record(0x401A, 0, {0, inPixels, 0, 0, Float(2), Float(1), 0, 0, Float(100), Float(100)});
-  EXPECT_EQ(ColorAt(Drawn(writer.File()), 10, 50), red);
+  EXPECT_EQ(ColourAt(Drawn(writer.File()), 10, 50), red);
 }
 
 TEST(EmfPlus, A_path_is_filled_and_stroked) {
@@ -87,9 +87,9 @@ TEST(EmfPlus, A_path_is_filled_and_stroked) {
   writer.Object(penKind, 2, Words({0xDBC01002, 0, 0, 0, Float(4), 0xDBC01002, 0, opaque | red}));
   writer.Record(0x4015, 1, {2});
   const Pixels pixels = Drawn(writer.File());
-  EXPECT_EQ(ColorAt(pixels, 30, 30), green);
-  EXPECT_EQ(ColorAt(pixels, 50, 9), red);
-  EXPECT_EQ(ColorAt(pixels, 80, 80), white);
+  EXPECT_EQ(ColourAt(pixels, 30, 30), green);
+  EXPECT_EQ(ColourAt(pixels, 50, 9), red);
+  EXPECT_EQ(ColourAt(pixels, 80, 80), white);
 }
 
 TEST(EmfPlus, The_world_and_the_page_map_coordinates) {
@@ -109,9 +109,9 @@ TEST(EmfPlus, Restoring_brings_back_clip_and_map_by_number) {
   writer.FillBox(opaque | red, 0, 0, 90, 90);
   writer.Record(0x4026, 0, {7});
   const Pixels pixels = Drawn(writer.FillBox(opaque | blue, 50, 50, 10, 10).File());
-  EXPECT_EQ(ColorAt(pixels, 8, 8), red);
-  EXPECT_EQ(ColorAt(pixels, 10, 10), white);
-  EXPECT_EQ(ColorAt(pixels, 55, 55), blue);
+  EXPECT_EQ(ColourAt(pixels, 8, 8), red);
+  EXPECT_EQ(ColourAt(pixels, 10, 10), white);
+  EXPECT_EQ(ColourAt(pixels, 55, 55), blue);
 }
 
 TEST(EmfPlus, A_record_longer_than_its_comment_is_harmless) {

@@ -54,48 +54,48 @@ TEST(Emf, A_header_that_is_too_small_is_refused) {
 TEST(Emf, A_filled_rectangle_includes_its_last_row_and_column) {
   const Pixels pixels = Drawn(Sheet().Rectangle(20, 30, 59, 69).File());
   EXPECT_EQ(MarksIn(pixels, 0, 0, 100, 100), 40 * 40);
-  EXPECT_EQ(ColorAt(pixels, 59, 69), red);
+  EXPECT_EQ(ColourAt(pixels, 59, 69), red);
 }
 
 TEST(Emf, Stock_brushes_and_pens_need_no_creation) {
   const Pixels pixels = Drawn(Sheet().SelectStock(blackBrush).Rectangle(0, 0, 9, 9).File());
-  EXPECT_EQ(ColorAt(pixels, 5, 5), black);
+  EXPECT_EQ(ColourAt(pixels, 5, 5), black);
 }
 
 TEST(Emf, A_deleted_object_can_not_be_selected) {
   const Pixels pixels =
       Drawn(Sheet().CreateBrush(2, solid, green).Record(40, {2}).Select(2).Rectangle(0, 0, 9, 9).File());
-  EXPECT_EQ(ColorAt(pixels, 5, 5), red);
+  EXPECT_EQ(ColourAt(pixels, 5, 5), red);
 }
 
 TEST(Emf, A_handle_beyond_any_table_is_harmless) {
   const auto bytes =
       Sheet().Record(39, {0x7FFFFFFF, 0, 0, 0}).Record(37, {0x7FFFFFFF}).Rectangle(0, 0, 9, 9).File();
-  EXPECT_EQ(ColorAt(Drawn(bytes), 5, 5), red);
+  EXPECT_EQ(ColourAt(Drawn(bytes), 5, 5), red);
 }
 
 TEST(Emf, Window_and_viewport_map_coordinates) {
   EmfWriter writer = Sheet();
   writer.Record(17, {8}).Record(9, {10, 10}).Record(10, {0, 0}).Record(11, {50, 50}).Record(12, {50, 50});
   const Pixels pixels = Drawn(writer.Rectangle(2, 2, 8, 8).File());
-  EXPECT_EQ(ColorAt(pixels, 62, 62), red);
-  EXPECT_EQ(ColorAt(pixels, 57, 62), white);
-  EXPECT_EQ(ColorAt(pixels, 93, 75), white);
+  EXPECT_EQ(ColourAt(pixels, 62, 62), red);
+  EXPECT_EQ(ColourAt(pixels, 57, 62), white);
+  EXPECT_EQ(ColourAt(pixels, 93, 75), white);
 }
 
 TEST(Emf, Fixed_scales_count_y_upwards) {
   EmfWriter writer = Sheet();
   // Tenths of a millimetre; the device has 3.78 pixels to the millimetre.
   const Pixels pixels = Drawn(writer.Record(17, {2}).Record(12, {0, 100}).Rectangle(0, 0, 100, 100).File());
-  EXPECT_EQ(ColorAt(pixels, 10, 90), red);
-  EXPECT_EQ(ColorAt(pixels, 36, 64), red);
-  EXPECT_EQ(ColorAt(pixels, 10, 55), white);
+  EXPECT_EQ(ColourAt(pixels, 10, 90), red);
+  EXPECT_EQ(ColourAt(pixels, 36, 64), red);
+  EXPECT_EQ(ColourAt(pixels, 10, 55), white);
 }
 
 TEST(Emf, The_world_transform_turns_shapes) {
   const Pixels pixels = Drawn(Sheet().WorldTransform({0, 1, -1, 0, 100, 0}).Rectangle(10, 20, 30, 80).File());
-  EXPECT_EQ(ColorAt(pixels, 50, 20), red);
-  EXPECT_EQ(ColorAt(pixels, 20, 50), white);
+  EXPECT_EQ(ColourAt(pixels, 50, 20), red);
+  EXPECT_EQ(ColourAt(pixels, 20, 50), white);
 }
 
 TEST(Emf, Modifying_the_world_transform_multiplies_on_the_given_side) {
@@ -107,7 +107,7 @@ TEST(Emf, Modifying_the_world_transform_multiplies_on_the_given_side) {
     const Pixels pixels =
         Drawn(Sheet().WorldTransform({2, 0, 0, 2, 0, 0}).Record(36, {}, tail).Rectangle(0, 0, 10, 10).File());
     int x = 0;
-    while (x < 99 && ColorAt(pixels, x, 5) == white) ++x;
+    while (x < 99 && ColourAt(pixels, x, 5) == white) ++x;
     return x;
   };
   EXPECT_EQ(leftOf(2), 20);
@@ -119,13 +119,13 @@ TEST(Emf, Shapes_with_16_bit_points_look_the_same) {
   const auto narrow =
       Drawn(Sheet().Record(86, {0, 0, 0, 0, 3}, Words({10 | 10 << 16, 90 | 20 << 16, 50 | 90 << 16})).File());
   for (int y = 0; y < 100; ++y) {
-    for (int x = 0; x < 100; ++x) ASSERT_EQ(ColorAt(wide, x, y), ColorAt(narrow, x, y)) << x << ' ' << y;
+    for (int x = 0; x < 100; ++x) ASSERT_EQ(ColourAt(wide, x, y), ColourAt(narrow, x, y)) << x << ' ' << y;
   }
 }
 
 TEST(Emf, A_point_count_beyond_the_record_is_cut_to_it) {
   const auto bytes = Sheet().Record(3, {0, 0, 0, 0, 0x7FFFFFFF}, Words({0, 0, 90, 0, 90, 90})).File();
-  EXPECT_EQ(ColorAt(Drawn(bytes), 70, 30), red);
+  EXPECT_EQ(ColourAt(Drawn(bytes), 70, 30), red);
 }
 
 TEST(Emf, A_filled_path_joins_its_lines_and_curves) {
@@ -133,9 +133,9 @@ TEST(Emf, A_filled_path_joins_its_lines_and_curves) {
   writer.Record(59, {}).MoveTo(10, 10).LineTo(90, 10);
   writer.Record(5, {0, 0, 0, 0, 3}, Words({90, 120, 10, 120, 10, 10})).Record(61, {}).Record(60, {});
   const Pixels pixels = Drawn(writer.Record(62, {0, 0, 0, 0}).File());
-  EXPECT_EQ(ColorAt(pixels, 50, 50), red);
-  EXPECT_EQ(ColorAt(pixels, 50, 95), white);
-  EXPECT_EQ(ColorAt(pixels, 5, 50), white);
+  EXPECT_EQ(ColourAt(pixels, 50, 50), red);
+  EXPECT_EQ(ColourAt(pixels, 50, 95), white);
+  EXPECT_EQ(ColourAt(pixels, 5, 50), white);
 }
 
 TEST(Emf, Nothing_shows_before_a_path_is_drawn) {
@@ -147,9 +147,9 @@ TEST(Emf, A_path_can_become_the_clip) {
   EmfWriter writer = Sheet();
   writer.Record(59, {}).Ellipse(20, 20, 80, 80).Record(60, {}).Record(67, {5});
   const Pixels pixels = Drawn(writer.Rectangle(0, 0, 99, 99).File());
-  EXPECT_EQ(ColorAt(pixels, 50, 50), red);
-  EXPECT_EQ(ColorAt(pixels, 25, 25), white);
-  EXPECT_EQ(ColorAt(pixels, 10, 50), white);
+  EXPECT_EQ(ColourAt(pixels, 50, 50), red);
+  EXPECT_EQ(ColourAt(pixels, 25, 25), white);
+  EXPECT_EQ(ColourAt(pixels, 10, 50), white);
 }
 
 TEST(Emf, Regions_combine_by_their_mode) {
@@ -164,10 +164,10 @@ TEST(Emf, Regions_combine_by_their_mode) {
   region(writer, 2, {50, 50, 100, 100});
   region(writer, 4, {0, 0, 10, 10});
   const Pixels pixels = Drawn(writer.Rectangle(0, 0, 99, 99).File());
-  EXPECT_EQ(ColorAt(pixels, 25, 25), red);
-  EXPECT_EQ(ColorAt(pixels, 75, 75), red);
-  EXPECT_EQ(ColorAt(pixels, 75, 25), white);
-  EXPECT_EQ(ColorAt(pixels, 5, 5), white);
+  EXPECT_EQ(ColourAt(pixels, 25, 25), red);
+  EXPECT_EQ(ColourAt(pixels, 75, 75), red);
+  EXPECT_EQ(ColourAt(pixels, 75, 25), white);
+  EXPECT_EQ(ColourAt(pixels, 5, 5), white);
 }
 
 TEST(Emf, A_clip_beside_the_sheet_leaves_nothing) {
@@ -184,14 +184,14 @@ TEST(Emf, A_clip_beside_the_sheet_leaves_nothing) {
 TEST(Emf, Restoring_brings_back_the_clip) {
   EmfWriter writer = Sheet();
   writer.Record(33, {}).Record(30, {0, 0, 10, 10}).Record(34, {-1});
-  EXPECT_EQ(ColorAt(Drawn(writer.Rectangle(0, 0, 99, 99).File()), 50, 50), red);
+  EXPECT_EQ(ColourAt(Drawn(writer.Rectangle(0, 0, 99, 99).File()), 50, 50), red);
 }
 
 TEST(Emf, Caps_of_geometric_pens_reach_beyond_the_end) {
   const auto reach = [](unsigned cap) {
     EmfWriter writer(100, 100);
     writer.CreateGeometricPen(1, cap, 20, blue).Select(1).MoveTo(30, 50).LineTo(70, 50);
-    return ColorAt(Drawn(writer.File()), 76, 50);
+    return ColourAt(Drawn(writer.File()), 76, 50);
   };
   EXPECT_EQ(reach(flatCap), white);
   EXPECT_EQ(reach(squareCap), blue);
@@ -203,7 +203,7 @@ TEST(Emf, Arcs_follow_the_direction_set) {
     writer.CreatePen(1, solid, 4, blue).Select(1).SelectStock(nullBrush).Record(57, {direction});
     // From the right end of the ellipse to its left one.
     writer.Record(45, {10, 10, 90, 90, 95, 50, 5, 50});
-    return ColorAt(Drawn(writer.File()), 50, 10);
+    return ColourAt(Drawn(writer.File()), 50, 10);
   };
   EXPECT_EQ(upper(1), blue);
   EXPECT_EQ(upper(2), white);
@@ -212,9 +212,9 @@ TEST(Emf, Arcs_follow_the_direction_set) {
 TEST(Emf, A_bitmap_is_stretched_into_its_box) {
   const auto bits = Words({blue, white, red, green});
   const Pixels pixels = Drawn(Sheet().StretchDib(0, 0, 100, 100, TinyHeader(), bits, 2, 2).File());
-  EXPECT_EQ(ColorAt(pixels, 5, 5), red);
-  EXPECT_EQ(ColorAt(pixels, 95, 5), green);
-  EXPECT_EQ(ColorAt(pixels, 5, 95), blue);
+  EXPECT_EQ(ColourAt(pixels, 5, 5), red);
+  EXPECT_EQ(ColourAt(pixels, 95, 5), green);
+  EXPECT_EQ(ColourAt(pixels, 5, 95), blue);
 }
 
 TEST(Emf, Blending_uses_the_constant_and_the_pixels_own_transparency) {
@@ -228,7 +228,7 @@ TEST(Emf, Blending_uses_the_constant_and_the_pixels_own_transparency) {
     writer.Record(114, {0, 0,   0, 0, 0, 0, 100,      100, how,           0,  0, one, 0,
                         0, one, 0, 0, 0, 0, headerAt, 40,  headerAt + 40, 16, 2, 2},
                   tail);
-    return ColorAt(Drawn(writer.File()), 50, 50);
+    return ColourAt(Drawn(writer.File()), 50, 50);
   };
   EXPECT_EQ(blended(0x00FF0000, 0x0000FF), blue);
   EXPECT_NEAR(blended(0x00800000, 0x000000) & 0xFF, 127, 2);
@@ -247,26 +247,26 @@ TEST(Emf, One_colour_of_a_bitmap_can_be_left_out) {
                               0, one, 0, 0, 0, 0, headerAt, 40,  headerAt + 40, 16, 2, 2},
                         tail)
                 .File());
-  EXPECT_EQ(ColorAt(pixels, 5, 50), blue);
-  EXPECT_EQ(ColorAt(pixels, 97, 50), white);
+  EXPECT_EQ(ColourAt(pixels, 5, 50), blue);
+  EXPECT_EQ(ColourAt(pixels, 97, 50), white);
 }
 
 TEST(Emf, A_gradient_runs_from_one_corner_colour_to_the_other) {
   const auto vertices = Words({0, 0, 0xFF00, 0, 100, 100, 0, 0xFF00, 0, 1});
   const Pixels across = Drawn(Sheet().Record(118, {0, 0, 0, 0, 2, 1, 0}, vertices).File());
-  EXPECT_GT(ColorAt(across, 2, 50) >> 16, 0xF0u);
-  EXPECT_GT(ColorAt(across, 97, 50) & 0xFF, 0xF0u);
+  EXPECT_GT(ColourAt(across, 2, 50) >> 16, 0xF0u);
+  EXPECT_GT(ColourAt(across, 97, 50) & 0xFF, 0xF0u);
   const Pixels down = Drawn(Sheet().Record(118, {0, 0, 0, 0, 2, 1, 1}, vertices).File());
-  EXPECT_GT(ColorAt(down, 97, 2) >> 16, 0xF0u);
+  EXPECT_GT(ColourAt(down, 97, 2) >> 16, 0xF0u);
 }
 
 TEST(Emf, A_gradient_triangle_mixes_three_colours) {
   const auto data = Words({0, 0, 0xFF00, 0, 99, 0, 0xFF000000, 0, 0, 99, 0, 0xFF00, 0, 1, 2});
   const Pixels pixels = Drawn(Sheet().Record(118, {0, 0, 0, 0, 3, 1, 2}, data).File());
-  EXPECT_GT(ColorAt(pixels, 2, 2) >> 16, 0xE0u);
-  EXPECT_GT(ColorAt(pixels, 94, 2) >> 8 & 0xFF, 0xE0u);
-  EXPECT_GT(ColorAt(pixels, 2, 94) & 0xFF, 0xE0u);
-  EXPECT_EQ(ColorAt(pixels, 80, 80), white);
+  EXPECT_GT(ColourAt(pixels, 2, 2) >> 16, 0xE0u);
+  EXPECT_GT(ColourAt(pixels, 94, 2) >> 8 & 0xFF, 0xE0u);
+  EXPECT_GT(ColourAt(pixels, 2, 94) & 0xFF, 0xE0u);
+  EXPECT_EQ(ColourAt(pixels, 80, 80), white);
 }
 
 TEST(Emf, Text_is_centred_about_its_point_on_request) {
@@ -329,8 +329,8 @@ TEST(Emf, Work_beyond_the_budget_is_left_out) {
   EmfWriter writer = Sheet();
   for (int i = 0; i < 40000; ++i) writer.Rectangle(0, 0, 99, 99);
   writer.CreateBrush(2, solid, green).Select(2).Rectangle(0, 0, 99, 99);
-  EXPECT_EQ(ColorAt(Drawn(writer.File(), {2000, 2000}), 5, 5), red);
-  EXPECT_EQ(ColorAt(Drawn(writer.File(), {20, 20}), 5, 5), green);
+  EXPECT_EQ(ColourAt(Drawn(writer.File(), {2000, 2000}), 5, 5), red);
+  EXPECT_EQ(ColourAt(Drawn(writer.File(), {20, 20}), 5, 5), green);
 }
 
 }  // namespace

@@ -23,7 +23,7 @@ WmfWriter WmfWithPalette() {
 // What a box shows that is filled with the palette's colour at `place`.
 std::uint32_t EntryShown(WmfWriter writer, int place) {
   writer.Record(0x02FC, {solid, place, entry, 0}).Select(2).Rectangle(0, 0, 100, 100);
-  return ColorAt(Drawn(writer.File()), 50, 50);
+  return ColourAt(Drawn(writer.File()), 50, 50);
 }
 
 TEST(WmfPalettes, A_colour_may_be_a_place_in_the_palette) {
@@ -34,7 +34,7 @@ TEST(WmfPalettes, A_colour_may_be_a_place_in_the_palette) {
 TEST(WmfPalettes, A_colour_may_ask_for_the_nearest_of_the_palette) {
   WmfWriter writer = WmfWithPalette();
   writer.Record(0x02FC, {solid, 0x2010, 0x0230, 0}).Select(2).Rectangle(0, 0, 100, 100);
-  EXPECT_EQ(ColorAt(Drawn(writer.File()), 50, 50), 0x102030U);
+  EXPECT_EQ(ColourAt(Drawn(writer.File()), 50, 50), 0x102030U);
 }
 
 TEST(WmfPalettes, Entries_may_be_replaced) {
@@ -62,14 +62,14 @@ TEST(WmfPalettes, The_colours_of_a_bitmap_may_be_places_in_the_palette) {
   WmfWriter writer = WmfWithPalette();
   writer.Record(0x0F43, {0x20, 0xCC, 1, 1, 8, 0, 0, 100, 100, 0, 0}, bitmap.Take());
   const Pixels pixels = Drawn(writer.File());
-  EXPECT_EQ(ColorAt(pixels, 10, 50), green);
-  EXPECT_EQ(ColorAt(pixels, 90, 50), blue);
+  EXPECT_EQ(ColourAt(pixels, 10, 50), green);
+  EXPECT_EQ(ColourAt(pixels, 90, 50), blue);
 }
 
 TEST(EmfPalettes, Palettes_are_made_changed_and_selected) {
   const auto shown = [](EmfWriter writer, std::int64_t place) {
     writer.SelectStock(8).Record(39, {9, solid, 0x01000000 + place, 0}).Select(9).Rectangle(0, 0, 99, 99);
-    return ColorAt(Drawn(writer.File()), 50, 50);
+    return ColourAt(Drawn(writer.File()), 50, 50);
   };
   const auto made = [] {
     EmfWriter writer(100, 100);

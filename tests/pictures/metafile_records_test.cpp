@@ -17,15 +17,15 @@ constexpr int solid = 0, noOutline = 5;
 constexpr std::int64_t one = std::bit_cast<std::uint32_t>(1.0F);
 
 // A window of 100 by 100, no outlines, and brush 1, selected.
-WmfWriter WmfSheet(std::uint32_t color) {
+WmfWriter WmfSheet(std::uint32_t colour) {
   WmfWriter writer;
-  writer.Window(0, 0, 100, 100).CreatePen(noOutline, 0, black).Select(0).CreateBrush(solid, color).Select(1);
+  writer.Window(0, 0, 100, 100).CreatePen(noOutline, 0, black).Select(0).CreateBrush(solid, colour).Select(1);
   return writer;
 }
 
-EmfWriter EmfSheet(std::uint32_t color) {
+EmfWriter EmfSheet(std::uint32_t colour) {
   EmfWriter writer(100, 100);
-  writer.SelectStock(8).CreateBrush(1, solid, color).Select(1);
+  writer.SelectStock(8).CreateBrush(1, solid, colour).Select(1);
   return writer;
 }
 
@@ -48,7 +48,7 @@ TEST(WmfRecords, A_binary_operation_works_on_the_bits_of_any_colour) {
   const auto result = [&](int operation) {
     WmfWriter writer = WmfSheet(below);
     writer.Rectangle(0, 0, 100, 100).CreateBrush(solid, over).Select(2);
-    return ColorAt(Drawn(writer.Record(0x0104, {operation}).Rectangle(10, 10, 90, 90).File()), 50, 50);
+    return ColourAt(Drawn(writer.Record(0x0104, {operation}).Rectangle(10, 10, 90, 90).File()), 50, 50);
   };
   EXPECT_EQ(result(1), black);
   EXPECT_EQ(result(2), ~(over | below) & white);
@@ -71,7 +71,7 @@ TEST(WmfRecords, A_binary_operation_works_on_the_bits_of_any_colour) {
 TEST(WmfRecords, A_line_can_be_drawn_exclusive_or_too) {
   WmfWriter writer = WmfSheet(0x336699);
   writer.Rectangle(0, 0, 100, 100).CreatePen(solid, 9, 0xF0F0F0).Select(2).Record(0x0104, {7});
-  EXPECT_EQ(ColorAt(Drawn(writer.MoveTo(10, 50).LineTo(90, 50).File()), 50, 50), 0xC39669U);
+  EXPECT_EQ(ColourAt(Drawn(writer.MoveTo(10, 50).LineTo(90, 50).File()), 50, 50), 0xC39669U);
 }
 
 TEST(WmfRecords, Inverting_a_region_turns_its_colours_into_their_opposites) {
@@ -79,9 +79,9 @@ TEST(WmfRecords, Inverting_a_region_turns_its_colours_into_their_opposites) {
   writer.Rectangle(0, 0, 50, 100);
   BoxRegion(writer, 20, 20, 80, 80);
   const Pixels pixels = Drawn(writer.Record(0x012A, {2}).File());
-  EXPECT_EQ(ColorAt(pixels, 30, 50), 0x003FDFU);
-  EXPECT_EQ(ColorAt(pixels, 70, 50), black);
-  EXPECT_EQ(ColorAt(pixels, 10, 50), 0xFFC020U);
+  EXPECT_EQ(ColourAt(pixels, 30, 50), 0x003FDFU);
+  EXPECT_EQ(ColourAt(pixels, 70, 50), black);
+  EXPECT_EQ(ColourAt(pixels, 10, 50), 0xFFC020U);
 }
 
 TEST(WmfRecords, Framing_a_region_leaves_its_middle) {
@@ -89,29 +89,29 @@ TEST(WmfRecords, Framing_a_region_leaves_its_middle) {
   BoxRegion(writer, 20, 20, 80, 80);
   // Four high and eight wide.
   const Pixels pixels = Drawn(writer.Record(0x0429, {2, 1, 4, 8}).File());
-  EXPECT_EQ(ColorAt(pixels, 27, 50), red);
-  EXPECT_EQ(ColorAt(pixels, 72, 50), red);
-  EXPECT_EQ(ColorAt(pixels, 50, 23), red);
-  EXPECT_EQ(ColorAt(pixels, 50, 25), white);
-  EXPECT_EQ(ColorAt(pixels, 29, 50), white);
-  EXPECT_EQ(ColorAt(pixels, 19, 50), white);
+  EXPECT_EQ(ColourAt(pixels, 27, 50), red);
+  EXPECT_EQ(ColourAt(pixels, 72, 50), red);
+  EXPECT_EQ(ColourAt(pixels, 50, 23), red);
+  EXPECT_EQ(ColourAt(pixels, 50, 25), white);
+  EXPECT_EQ(ColourAt(pixels, 29, 50), white);
+  EXPECT_EQ(ColourAt(pixels, 19, 50), white);
 }
 
 TEST(WmfRecords, A_flood_stops_at_the_colour_of_its_edge) {
   WmfWriter writer = WmfSheet(red);
   writer.CreatePen(solid, 1, black).Select(2).MoveTo(20, 10).LineTo(80, 35).LineTo(50, 90).LineTo(20, 10);
   const Pixels pixels = Drawn(writer.Record(0x0419, {0, 0, 40, 50}).File());
-  EXPECT_EQ(ColorAt(pixels, 50, 40), red);
-  EXPECT_EQ(ColorAt(pixels, 50, 75), red);
-  EXPECT_EQ(ColorAt(pixels, 10, 50), white);
-  EXPECT_EQ(ColorAt(pixels, 90, 10), white);
+  EXPECT_EQ(ColourAt(pixels, 50, 40), red);
+  EXPECT_EQ(ColourAt(pixels, 50, 75), red);
+  EXPECT_EQ(ColourAt(pixels, 10, 50), white);
+  EXPECT_EQ(ColourAt(pixels, 90, 10), white);
 }
 
 TEST(WmfRecords, A_flood_of_a_surface_keeps_to_its_colour) {
   WmfWriter writer = WmfSheet(green);
   writer.Rectangle(20, 20, 60, 60).CreateBrush(solid, blue).Select(2);
   const Pixels pixels = Drawn(writer.Record(0x0548, {1, 0xFF00, 0, 40, 40}).File());
-  EXPECT_EQ(ColorAt(pixels, 25, 55), blue);
+  EXPECT_EQ(ColourAt(pixels, 25, 55), blue);
   EXPECT_EQ(MarksIn(pixels, 0, 0, 100, 100), 40 * 40);
 }
 
@@ -178,16 +178,16 @@ TEST(EmfRecords, Regions_are_framed_and_inverted) {
   writer.Record(72, {0, 0, 0, 0, bytes, 1, 5, 5}, region);
   writer.Record(73, {0, 0, 0, 0, bytes}, region);
   const Pixels pixels = Drawn(writer.File());
-  EXPECT_EQ(ColorAt(pixels, 22, 50), red ^ white);
-  EXPECT_EQ(ColorAt(pixels, 50, 50), black);
-  EXPECT_EQ(ColorAt(pixels, 10, 50), white);
+  EXPECT_EQ(ColourAt(pixels, 22, 50), red ^ white);
+  EXPECT_EQ(ColourAt(pixels, 50, 50), black);
+  EXPECT_EQ(ColourAt(pixels, 10, 50), white);
 }
 
 TEST(EmfRecords, A_region_may_be_framed_with_a_stock_brush) {
   const auto region = RegionData(20, 20, 80, 80);
   EmfWriter writer = EmfSheet(red);
   writer.Record(72, {0, 0, 0, 0, static_cast<std::int64_t>(region.size()), 0x80000004, 5, 5}, region);
-  EXPECT_EQ(ColorAt(Drawn(writer.File()), 22, 50), black);
+  EXPECT_EQ(ColourAt(Drawn(writer.File()), 22, 50), black);
 }
 
 TEST(EmfRecords, A_flood_fills_up_to_its_edge) {
@@ -196,9 +196,9 @@ TEST(EmfRecords, A_flood_fills_up_to_its_edge) {
   EmfWriter flooded = writer;
   flooded.CreateBrush(3, solid, red).Select(3).Record(53, {40, 40, 0, 0});
   const Pixels pixels = Drawn(flooded.File());
-  EXPECT_EQ(ColorAt(pixels, 40, 40), red);
-  EXPECT_EQ(ColorAt(pixels, 20, 40), black);
-  EXPECT_EQ(ColorAt(pixels, 10, 40), white);
+  EXPECT_EQ(ColourAt(pixels, 40, 40), red);
+  EXPECT_EQ(ColourAt(pixels, 20, 40), black);
+  EXPECT_EQ(ColourAt(pixels, 10, 40), white);
 }
 
 TEST(EmfRecords, Each_of_several_texts_is_drawn) {
@@ -244,14 +244,14 @@ TEST(EmfRecords, A_widened_path_is_filled_where_its_stroke_would_be) {
   writer.CreateGeometricPen(2, 0x200, 20, black).Select(2);
   writer.Record(59, {}).MoveTo(20, 50).LineTo(80, 50).Record(60, {}).Record(66, {});
   const Pixels pixels = Drawn(writer.Record(62, {0, 0, 0, 0}).File());
-  EXPECT_EQ(ColorAt(pixels, 50, 42), red);
-  EXPECT_EQ(ColorAt(pixels, 50, 35), white);
+  EXPECT_EQ(ColourAt(pixels, 50, 42), red);
+  EXPECT_EQ(ColourAt(pixels, 50, 35), white);
 }
 
 TEST(EmfRecords, A_layout_from_right_to_left_mirrors_shapes) {
   const Pixels pixels = Drawn(EmfSheet(red).Record(115, {1}).Rectangle(0, 0, 9, 99).File());
-  EXPECT_EQ(ColorAt(pixels, 95, 50), red);
-  EXPECT_EQ(ColorAt(pixels, 5, 50), white);
+  EXPECT_EQ(ColourAt(pixels, 95, 50), red);
+  EXPECT_EQ(ColourAt(pixels, 5, 50), white);
 }
 
 // Copies two by two red pixels through a mask of one column of ones and one of zeros.
@@ -271,14 +271,14 @@ Pixels Masked(std::int64_t operations) {
 
 TEST(EmfRecords, A_mask_chooses_what_is_copied) {
   const Pixels pixels = Masked(0xAACC0020);
-  EXPECT_EQ(ColorAt(pixels, 10, 10), red);
-  EXPECT_EQ(ColorAt(pixels, 11, 10), white);
+  EXPECT_EQ(ColourAt(pixels, 10, 10), red);
+  EXPECT_EQ(ColourAt(pixels, 11, 10), white);
 }
 
 TEST(EmfRecords, A_mask_may_choose_the_other_way_round) {
   const Pixels pixels = Masked(0xCCAA0029);
-  EXPECT_EQ(ColorAt(pixels, 10, 10), white);
-  EXPECT_EQ(ColorAt(pixels, 11, 10), red);
+  EXPECT_EQ(ColourAt(pixels, 10, 10), white);
+  EXPECT_EQ(ColourAt(pixels, 11, 10), red);
 }
 
 TEST(EmfRecords, A_mask_may_choose_between_any_two_operations) {
@@ -286,7 +286,7 @@ TEST(EmfRecords, A_mask_may_choose_between_any_two_operations) {
   const auto columns = [](std::uint32_t zeros, std::uint32_t ones) {
     const Pixels pixels = Masked(zeros << 24 | ones << 16);
     EXPECT_EQ(MarksIn(pixels, 0, 0, 100, 100), 4);
-    return std::pair(ColorAt(pixels, 10, 10), ColorAt(pixels, 11, 11));
+    return std::pair(ColourAt(pixels, 10, 10), ColourAt(pixels, 11, 11));
   };
   EXPECT_EQ(columns(brush, copy), std::pair(red, green));
   EXPECT_EQ(columns(copy, brush), std::pair(green, red));
@@ -299,33 +299,33 @@ TEST(EmfRecords, A_widened_path_clips_to_what_its_stroke_covers) {
   writer.CreateGeometricPen(2, 0x200, 10, black).Select(2);
   writer.Record(59, {}).MoveTo(20, 50).LineTo(80, 50).Record(60, {}).Record(66, {}).Record(67, {5});
   const Pixels pixels = Drawn(writer.SelectStock(8).Rectangle(0, 0, 99, 99).File());
-  EXPECT_EQ(ColorAt(pixels, 50, 46), red);
+  EXPECT_EQ(ColourAt(pixels, 50, 46), red);
   EXPECT_EQ(MarksIn(pixels, 0, 0, 100, 100), 60 * 10);
 }
 
 // A bitmap of one bit a pixel, eight by eight, black on its left half.
-std::vector<std::uint8_t> HalfBlack(std::uint32_t firstColor) {
+std::vector<std::uint8_t> HalfBlack(std::uint32_t firstColour) {
   ByteWriter bitmap;
   for (const std::uint32_t word :
-       {40U, 8U, 8U, 1U | 1U << 16, 0U, 32U, 0U, 0U, 2U, 0U, firstColor, 0xFFFFFFU})
+       {40U, 8U, 8U, 1U | 1U << 16, 0U, 32U, 0U, 0U, 2U, 0U, firstColour, 0xFFFFFFU})
     bitmap.U32Le(word);
   for (int i = 0; i < 8; ++i) bitmap.Add({0x0F, 0, 0, 0});
   return bitmap.Take();
 }
 
 TEST(EmfRecords, A_brush_of_one_bit_takes_the_text_colours_of_its_use) {
-  const auto drawn = [](unsigned type, std::uint32_t firstColor) {
+  const auto drawn = [](unsigned type, std::uint32_t firstColour) {
     EmfWriter writer = EmfSheet(red);
-    writer.Record(type, {2, 0, 32, 48, 80, 32}, HalfBlack(firstColor)).Select(2);
+    writer.Record(type, {2, 0, 32, 48, 80, 32}, HalfBlack(firstColour)).Select(2);
     writer.Record(24, {0x00FF00}).Record(25, {0xFF0000});
     writer.Rectangle(0, 0, 99, 79);
     return Drawn(writer.Record(24, {0x0000FF}).Rectangle(0, 80, 99, 99).File());
   };
-  EXPECT_EQ(ColorAt(drawn(93, 0), 1, 1), green);
-  EXPECT_EQ(ColorAt(drawn(93, 0), 1, 81), red);
-  EXPECT_EQ(ColorAt(drawn(93, 0), 5, 1), blue);
-  EXPECT_EQ(ColorAt(drawn(93, red), 1, 1), red);
-  EXPECT_EQ(ColorAt(drawn(94, 0), 1, 1), black);
+  EXPECT_EQ(ColourAt(drawn(93, 0), 1, 1), green);
+  EXPECT_EQ(ColourAt(drawn(93, 0), 1, 81), red);
+  EXPECT_EQ(ColourAt(drawn(93, 0), 5, 1), blue);
+  EXPECT_EQ(ColourAt(drawn(93, red), 1, 1), red);
+  EXPECT_EQ(ColourAt(drawn(94, 0), 1, 1), black);
 }
 
 TEST(WmfRecords, A_pattern_of_one_bit_takes_the_text_colours_of_its_use) {
@@ -335,9 +335,9 @@ TEST(WmfRecords, A_pattern_of_one_bit_takes_the_text_colours_of_its_use) {
     writer.Record(0x0209, {static_cast<std::int16_t>(0xFF00), 0}).Record(0x0201, {0, 0xFF});
     return Drawn(writer.Rectangle(0, 0, 100, 100).File());
   };
-  EXPECT_EQ(ColorAt(drawn(3), 1, 1), green);
-  EXPECT_EQ(ColorAt(drawn(3), 5, 1), blue);
-  EXPECT_EQ(ColorAt(drawn(5), 1, 1), black);
+  EXPECT_EQ(ColourAt(drawn(3), 1, 1), green);
+  EXPECT_EQ(ColourAt(drawn(3), 5, 1), blue);
+  EXPECT_EQ(ColourAt(drawn(5), 1, 1), black);
 }
 
 // Two by one pixels, stretched over the sheet.
@@ -356,12 +356,12 @@ TEST(EmfRecords, A_scaled_mask_and_its_picture_leave_no_stray_colours) {
   Stretch(writer, white, black, sourceAnd);
   Stretch(writer, black, red, sourcePaint);
   const Pixels pixels = Drawn(writer.File());
-  EXPECT_EQ(ColorAt(pixels, 5, 50), below);
-  EXPECT_EQ(ColorAt(pixels, 95, 50), red);
+  EXPECT_EQ(ColourAt(pixels, 5, 50), below);
+  EXPECT_EQ(ColourAt(pixels, 95, 50), red);
   // Between them one turns into the other step by step.
   for (int x = 1; x < 100; ++x) {
-    EXPECT_GE(ColorAt(pixels, x, 50) >> 16, ColorAt(pixels, x - 1, 50) >> 16) << x;
-    EXPECT_LE(ColorAt(pixels, x, 50) & 0xFF, ColorAt(pixels, x - 1, 50) & 0xFF) << x;
+    EXPECT_GE(ColourAt(pixels, x, 50) >> 16, ColourAt(pixels, x - 1, 50) >> 16) << x;
+    EXPECT_LE(ColourAt(pixels, x, 50) & 0xFF, ColourAt(pixels, x - 1, 50) & 0xFF) << x;
   }
 }
 
@@ -370,8 +370,8 @@ TEST(EmfRecords, A_scaled_bitmap_keeps_its_colours_in_an_operation_on_bits) {
   EmfWriter writer = EmfSheet(red);
   Stretch(writer, 0x102030, 0xF0E0D0, sourceInvert);
   const Pixels pixels = Drawn(writer.File());
-  EXPECT_EQ(ColorAt(pixels, 45, 50), 0x102030 ^ white);
-  EXPECT_EQ(ColorAt(pixels, 55, 50), 0xF0E0D0 ^ white);
+  EXPECT_EQ(ColourAt(pixels, 45, 50), 0x102030 ^ white);
+  EXPECT_EQ(ColourAt(pixels, 55, 50), 0xF0E0D0 ^ white);
 }
 
 // "Hi" in a family, the byte beside it naming the kind of letters.

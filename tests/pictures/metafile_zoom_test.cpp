@@ -20,10 +20,10 @@ TEST(MetafileZoom, What_is_whole_at_its_own_size_is_whole_at_three_times_it) {
   for (int i = 0; i < 200; ++i) writer.Rectangle(0, 0, 999, 999);
   writer.Select(2).Rectangle(900, 900, 999, 999);
   const auto file = writer.File();
-  ASSERT_EQ(ColorAt(Drawn(file), 950, 950), red);
+  ASSERT_EQ(ColourAt(Drawn(file), 950, 950), red);
   const Pixels larger = Drawn(file, {3000, 3000});
-  EXPECT_EQ(ColorAt(larger, 2850, 2850), red);
-  EXPECT_EQ(ColorAt(larger, 2650, 2650), blue);
+  EXPECT_EQ(ColourAt(larger, 2850, 2850), red);
+  EXPECT_EQ(ColourAt(larger, 2650, 2650), blue);
 }
 
 // Shapes, lines, text and patterns that lie across every band.
@@ -41,14 +41,14 @@ TEST(MetafileZoom, Bands_meet_without_a_seam) {
   const Pixels banded = Drawn(Mixture().File(), {2000, 1400});
   const Pixels whole = Drawn(Mixture().Record(flood, {-50, -50, 0, 0}).File(), {2000, 1400});
   for (int y = 0; y < 1400; ++y)
-    for (int x = 0; x < 2000; ++x) ASSERT_EQ(ColorAt(banded, x, y), ColorAt(whole, x, y)) << x << ' ' << y;
+    for (int x = 0; x < 2000; ++x) ASSERT_EQ(ColourAt(banded, x, y), ColourAt(whole, x, y)) << x << ' ' << y;
 }
 
 TEST(MetafileZoom, Colour_flows_from_one_band_into_the_next) {
   EmfWriter writer(1000, 1000);
   writer.CreateBrush(1, solid, red).Select(1).Record(flood, {500, 2, 0, 0});
   const Pixels pixels = Drawn(writer.File(), {1000, 3000});
-  EXPECT_EQ(ColorAt(pixels, 500, 2990), red);
+  EXPECT_EQ(ColourAt(pixels, 500, 2990), red);
 }
 
 }  // namespace

@@ -14,14 +14,14 @@ constexpr std::uint32_t red = 0xFF0000, green = 0x00FF00, blue = 0x0000FF, white
 using Bytes = std::vector<std::uint8_t>;
 
 // A drawing of 100 by 100, its left half in one colour.
-Bytes HalfEmf(std::uint32_t color) {
+Bytes HalfEmf(std::uint32_t colour) {
   EmfWriter writer(100, 100);
-  return writer.SelectStock(8).CreateBrush(1, 0, color).Select(1).Rectangle(0, 0, 49, 99).File();
+  return writer.SelectStock(8).CreateBrush(1, 0, colour).Select(1).Rectangle(0, 0, 49, 99).File();
 }
 
-WmfWriter HalfWmf(std::uint32_t color) {
+WmfWriter HalfWmf(std::uint32_t colour) {
   WmfWriter writer;
-  writer.Window(0, 0, 100, 100).CreatePen(5, 0, 0).Select(0).CreateBrush(0, color).Select(1);
+  writer.Window(0, 0, 100, 100).CreatePen(5, 0, 0).Select(0).CreateBrush(0, colour).Select(1);
   return writer.Rectangle(0, 0, 50, 100);
 }
 
@@ -50,36 +50,36 @@ void Enclose(WmfWriter& writer, const Bytes& emf, const Chunking& how = {}) {
   }
 }
 
-std::uint32_t ColorOfBoth(const Bytes& emf, const Chunking& how = {}) {
+std::uint32_t ColourOfBoth(const Bytes& emf, const Chunking& how = {}) {
   WmfWriter writer = HalfWmf(red);
   Enclose(writer, emf, how);
-  return ColorAt(Drawn(writer.File()), 25, 50);
+  return ColourAt(Drawn(writer.File()), 25, 50);
 }
 
 TEST(NestedMetafiles, An_emf_in_the_comments_of_a_wmf_is_played_instead) {
   WmfWriter writer = HalfWmf(red);
   Enclose(writer, HalfEmf(green));
   const Pixels pixels = Drawn(writer.File());
-  EXPECT_EQ(ColorAt(pixels, 25, 50), green);
-  EXPECT_EQ(ColorAt(pixels, 75, 50), white);
+  EXPECT_EQ(ColourAt(pixels, 25, 50), green);
+  EXPECT_EQ(ColourAt(pixels, 75, 50), white);
 }
 
 TEST(NestedMetafiles, An_emf_in_chunks_is_put_together) {
-  EXPECT_EQ(ColorOfBoth(HalfEmf(green), {.size = 60}), green);
+  EXPECT_EQ(ColourOfBoth(HalfEmf(green), {.size = 60}), green);
 }
 
 TEST(NestedMetafiles, An_emf_with_a_missing_chunk_leaves_the_wmf) {
-  EXPECT_EQ(ColorOfBoth(HalfEmf(green), {.size = 60, .skipped = 1}), red);
-  EXPECT_EQ(ColorOfBoth(HalfEmf(green), {.size = 60, .skipped = 0}), red);
+  EXPECT_EQ(ColourOfBoth(HalfEmf(green), {.size = 60, .skipped = 1}), red);
+  EXPECT_EQ(ColourOfBoth(HalfEmf(green), {.size = 60, .skipped = 0}), red);
 }
 
 TEST(NestedMetafiles, An_emf_whose_chunks_contradict_each_other_leaves_the_wmf) {
-  EXPECT_EQ(ColorOfBoth(HalfEmf(green), {.countOff = 1}), red);
-  EXPECT_EQ(ColorOfBoth(HalfEmf(green), {.totalOff = 4}), red);
+  EXPECT_EQ(ColourOfBoth(HalfEmf(green), {.countOff = 1}), red);
+  EXPECT_EQ(ColourOfBoth(HalfEmf(green), {.totalOff = 4}), red);
 }
 
 TEST(NestedMetafiles, An_enclosed_emf_without_a_header_leaves_the_wmf) {
-  EXPECT_EQ(ColorOfBoth(Bytes(200, 7)), red);
+  EXPECT_EQ(ColourOfBoth(Bytes(200, 7)), red);
 }
 
 // A comment of one picture in several formats, in the box of 20 to 60.
@@ -104,8 +104,8 @@ TEST(NestedMetafiles, Of_several_formats_the_first_metafile_is_shown) {
   EmfWriter writer(100, 100);
   const Pixels pixels = Drawn(
       Formats(writer, {{epsMark, Bytes(9, 1)}, {emfMark, HalfEmf(blue)}, {emfMark, HalfEmf(red)}}).File());
-  EXPECT_EQ(ColorAt(pixels, 30, 40), blue);
-  EXPECT_EQ(ColorAt(pixels, 50, 40), white);
+  EXPECT_EQ(ColourAt(pixels, 30, 40), blue);
+  EXPECT_EQ(ColourAt(pixels, 50, 40), white);
   EXPECT_EQ(MarksIn(pixels, 0, 0, 100, 100), 20 * 40);
 }
 
@@ -124,8 +124,8 @@ Bytes PlusAround(const Bytes& metafile, std::uint32_t kind) {
 TEST(NestedMetafiles, A_plus_picture_may_be_an_emf_or_a_wmf) {
   for (const Bytes& metafile : {HalfEmf(green), HalfWmf(green).File()}) {
     const Pixels pixels = Drawn(PlusAround(metafile, 3));
-    EXPECT_EQ(ColorAt(pixels, 20, 40), green);
-    EXPECT_EQ(ColorAt(pixels, 40, 40), white);
+    EXPECT_EQ(ColourAt(pixels, 20, 40), green);
+    EXPECT_EQ(ColourAt(pixels, 40, 40), white);
     EXPECT_EQ(MarksIn(pixels, 0, 0, 100, 100), 20 * 40);
   }
 }

@@ -10,6 +10,8 @@
 
 #include "base/run_time_error.h"
 #include "pictures/picture.h"
+#include "pictures/picture_data.h"
+#include "pictures/pixels.h"
 
 namespace lumidex {
 namespace {

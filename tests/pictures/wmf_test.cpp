@@ -21,7 +21,7 @@ WmfWriter Sheet() {
 }
 
 // Two by two pixels of 24 bits: below blue and white, above red and green.
-std::vector<std::uint8_t> FourColors() {
+std::vector<std::uint8_t> FourColours() {
   ByteWriter bitmap;
   for (const std::uint32_t word : {40U, 2U, 2U, 1U | 24U << 16, 0U, 0U, 0U, 0U, 0U, 0U}) bitmap.U32Le(word);
   for (const std::uint32_t byte : {255, 0, 0, 255, 255, 255, 0, 0, 0, 0, 255, 0, 255, 0, 0, 0})
@@ -47,7 +47,7 @@ TEST(Wmf, Without_any_extent_the_drawing_itself_gives_the_size) {
   const auto bytes = writer.File();
   const auto decoder = OpenBytes(bytes);
   EXPECT_EQ(decoder->Facts().size, (Size{200, 100}));
-  EXPECT_EQ(ColorAt(decoder->Decode({}), 100, 50), red);
+  EXPECT_EQ(ColourAt(decoder->Decode({}), 100, 50), red);
 }
 
 TEST(Wmf, A_wrong_checksum_is_accepted) {
@@ -63,21 +63,21 @@ TEST(Wmf, Sizes_beyond_the_limit_are_refused) {
 TEST(Wmf, A_rectangle_fills_its_inside_and_nothing_else) {
   const Pixels pixels =
       Drawn(Sheet().CreateBrush(solid, red).Select(1).Rectangle(20, 30, 60, 70).File(square));
-  EXPECT_EQ(ColorAt(pixels, 20, 30), red);
-  EXPECT_EQ(ColorAt(pixels, 59, 69), red);
-  EXPECT_EQ(ColorAt(pixels, 60, 50), white);
-  EXPECT_EQ(ColorAt(pixels, 19, 50), white);
-  EXPECT_EQ(ColorAt(pixels, 40, 29), white);
-  EXPECT_EQ(ColorAt(pixels, 40, 70), white);
+  EXPECT_EQ(ColourAt(pixels, 20, 30), red);
+  EXPECT_EQ(ColourAt(pixels, 59, 69), red);
+  EXPECT_EQ(ColourAt(pixels, 60, 50), white);
+  EXPECT_EQ(ColourAt(pixels, 19, 50), white);
+  EXPECT_EQ(ColourAt(pixels, 40, 29), white);
+  EXPECT_EQ(ColourAt(pixels, 40, 70), white);
 }
 
 TEST(Wmf, Drawings_are_made_at_exactly_the_size_asked_for) {
   const auto bytes = Sheet().CreateBrush(solid, red).Select(1).Rectangle(50, 50, 100, 100).File(square);
   const Pixels pixels = Drawn(bytes, {300, 20});
   EXPECT_EQ(pixels.GetSize(), (Size{300, 20}));
-  EXPECT_EQ(ColorAt(pixels, 151, 11), red);
-  EXPECT_EQ(ColorAt(pixels, 148, 11), white);
-  EXPECT_EQ(ColorAt(pixels, 151, 8), white);
+  EXPECT_EQ(ColourAt(pixels, 151, 11), red);
+  EXPECT_EQ(ColourAt(pixels, 148, 11), white);
+  EXPECT_EQ(ColourAt(pixels, 151, 8), white);
   EXPECT_EQ(pixels.Row(0)[0] >> 24, 0xFFu);
 }
 
@@ -86,27 +86,27 @@ TEST(Wmf, A_window_with_negative_height_counts_y_upwards) {
   writer.Window(0, 100, 100, -100).CreatePen(noPen, 0, black).Select(0);
   const Pixels pixels =
       Drawn(writer.CreateBrush(solid, blue).Select(1).Rectangle(0, 90, 10, 100).File(square));
-  EXPECT_EQ(ColorAt(pixels, 5, 5), blue);
-  EXPECT_EQ(ColorAt(pixels, 5, 95), white);
+  EXPECT_EQ(ColourAt(pixels, 5, 5), blue);
+  EXPECT_EQ(ColourAt(pixels, 5, 95), white);
 }
 
 TEST(Wmf, A_line_of_one_pixel_is_sharp) {
   WmfWriter writer;
   writer.Window(0, 0, 100, 100).CreatePen(solid, 1, red).Select(0).MoveTo(10, 40).LineTo(90, 40);
   const Pixels pixels = Drawn(writer.File(square));
-  EXPECT_EQ(ColorAt(pixels, 50, 40), red);
-  EXPECT_EQ(ColorAt(pixels, 50, 39), white);
-  EXPECT_EQ(ColorAt(pixels, 50, 41), white);
+  EXPECT_EQ(ColourAt(pixels, 50, 40), red);
+  EXPECT_EQ(ColourAt(pixels, 50, 39), white);
+  EXPECT_EQ(ColourAt(pixels, 50, 41), white);
 }
 
 TEST(Wmf, Pens_have_their_width_in_logical_units) {
   WmfWriter writer;
   writer.Window(0, 0, 50, 50).CreatePen(solid, 5, red).Select(0).MoveTo(10, 25).LineTo(40, 25);
   const Pixels pixels = Drawn(writer.File(square));
-  EXPECT_EQ(ColorAt(pixels, 50, 46), red);
-  EXPECT_EQ(ColorAt(pixels, 50, 53), red);
-  EXPECT_EQ(ColorAt(pixels, 50, 43), white);
-  EXPECT_EQ(ColorAt(pixels, 50, 56), white);
+  EXPECT_EQ(ColourAt(pixels, 50, 46), red);
+  EXPECT_EQ(ColourAt(pixels, 50, 53), red);
+  EXPECT_EQ(ColourAt(pixels, 50, 43), white);
+  EXPECT_EQ(ColourAt(pixels, 50, 56), white);
 }
 
 TEST(Wmf, A_dashed_pen_leaves_gaps) {
@@ -128,7 +128,7 @@ TEST(Wmf, The_fill_mode_decides_about_the_middle_of_a_star) {
     WmfWriter writer = Sheet();
     writer.Record(0x0106, {mode}).CreateBrush(solid, green).Select(1);
     writer.Polygon({{50, 5}, {78, 90}, {5, 37}, {95, 37}, {22, 90}});
-    return ColorAt(Drawn(writer.File(square)), 50, 55);
+    return ColourAt(Drawn(writer.File(square)), 50, 55);
   };
   EXPECT_EQ(star(1), white);
   EXPECT_EQ(star(2), green);
@@ -139,15 +139,15 @@ TEST(Wmf, The_outlines_of_a_polypolygon_cut_each_other_out) {
   writer.CreateBrush(solid, green).Select(1);
   writer.Record(0x0538, {2, 4, 4, 10, 10, 90, 10, 90, 90, 10, 90, 30, 30, 70, 30, 70, 70, 30, 70});
   const Pixels pixels = Drawn(writer.File(square));
-  EXPECT_EQ(ColorAt(pixels, 20, 50), green);
-  EXPECT_EQ(ColorAt(pixels, 50, 50), white);
+  EXPECT_EQ(ColourAt(pixels, 20, 50), green);
+  EXPECT_EQ(ColourAt(pixels, 50, 50), white);
 }
 
 TEST(Wmf, An_ellipse_leaves_the_corners_of_its_box) {
   const Pixels pixels = Drawn(Sheet().CreateBrush(solid, red).Select(1).Ellipse(10, 10, 90, 90).File(square));
-  EXPECT_EQ(ColorAt(pixels, 50, 50), red);
-  EXPECT_EQ(ColorAt(pixels, 12, 50), red);
-  EXPECT_EQ(ColorAt(pixels, 15, 15), white);
+  EXPECT_EQ(ColourAt(pixels, 50, 50), red);
+  EXPECT_EQ(ColourAt(pixels, 12, 50), red);
+  EXPECT_EQ(ColourAt(pixels, 15, 15), white);
 }
 
 TEST(Wmf, A_pie_runs_counterclockwise_from_start_to_end) {
@@ -155,34 +155,34 @@ TEST(Wmf, A_pie_runs_counterclockwise_from_start_to_end) {
   // From the right to the top: the upper right quarter.
   writer.CreateBrush(solid, red).Select(1).Record(0x081A, {0, 50, 50, 100, 90, 90, 10, 10});
   const Pixels pixels = Drawn(writer.File(square));
-  EXPECT_EQ(ColorAt(pixels, 65, 35), red);
-  EXPECT_EQ(ColorAt(pixels, 35, 35), white);
-  EXPECT_EQ(ColorAt(pixels, 65, 65), white);
+  EXPECT_EQ(ColourAt(pixels, 65, 35), red);
+  EXPECT_EQ(ColourAt(pixels, 35, 35), white);
+  EXPECT_EQ(ColourAt(pixels, 65, 65), white);
 }
 
 TEST(Wmf, A_chord_leaves_out_the_middle_of_a_quarter) {
   WmfWriter writer = Sheet();
   writer.CreateBrush(solid, red).Select(1).Record(0x0830, {0, 50, 50, 100, 90, 90, 10, 10});
   const Pixels pixels = Drawn(writer.File(square));
-  EXPECT_EQ(ColorAt(pixels, 75, 25), red);
-  EXPECT_EQ(ColorAt(pixels, 56, 44), white);
+  EXPECT_EQ(ColourAt(pixels, 75, 25), red);
+  EXPECT_EQ(ColourAt(pixels, 56, 44), white);
 }
 
 TEST(Wmf, A_round_rectangle_has_round_corners) {
   WmfWriter writer = Sheet();
   writer.CreateBrush(solid, red).Select(1).Record(0x061C, {40, 40, 90, 90, 10, 10});
   const Pixels pixels = Drawn(writer.File(square));
-  EXPECT_EQ(ColorAt(pixels, 11, 11), white);
-  EXPECT_EQ(ColorAt(pixels, 50, 11), red);
-  EXPECT_EQ(ColorAt(pixels, 11, 50), red);
+  EXPECT_EQ(ColourAt(pixels, 11, 11), white);
+  EXPECT_EQ(ColourAt(pixels, 50, 11), red);
+  EXPECT_EQ(ColourAt(pixels, 11, 50), red);
 }
 
 TEST(Wmf, A_hatch_shows_its_lines_on_the_background_colour) {
   WmfWriter writer = Sheet();
   writer.Record(0x0201, {0xFF00, 0}).CreateBrush(hatched, red, 0).Select(1).Rectangle(0, 0, 100, 100);
   const Pixels pixels = Drawn(writer.File(square));
-  EXPECT_EQ(ColorAt(pixels, 50, 43), red);
-  EXPECT_EQ(ColorAt(pixels, 50, 44), green);
+  EXPECT_EQ(ColourAt(pixels, 50, 43), red);
+  EXPECT_EQ(ColourAt(pixels, 50, 44), green);
 }
 
 TEST(Wmf, A_hollow_brush_fills_nothing) {
@@ -194,28 +194,28 @@ TEST(Wmf, A_hollow_brush_fills_nothing) {
 TEST(Wmf, New_objects_take_the_lowest_free_number) {
   WmfWriter writer = Sheet();
   writer.CreateBrush(solid, red).CreateBrush(solid, green).Delete(1).CreateBrush(solid, blue).Select(1);
-  EXPECT_EQ(ColorAt(Drawn(writer.Rectangle(0, 0, 50, 50).File(square)), 10, 10), blue);
+  EXPECT_EQ(ColourAt(Drawn(writer.Rectangle(0, 0, 50, 50).File(square)), 10, 10), blue);
 }
 
 TEST(Wmf, An_object_of_unknown_use_still_takes_a_number) {
   WmfWriter writer = Sheet();
   writer.Record(0x00F8, {0}).CreateBrush(solid, red).Select(2).Rectangle(0, 0, 50, 50);
-  EXPECT_EQ(ColorAt(Drawn(writer.File(square)), 10, 10), red);
+  EXPECT_EQ(ColourAt(Drawn(writer.File(square)), 10, 10), red);
 }
 
 TEST(Wmf, Restoring_brings_back_brush_and_window) {
   WmfWriter writer = Sheet();
   writer.CreateBrush(solid, red).Select(1).Record(0x001E, {});
   writer.CreateBrush(solid, green).Select(2).Window(0, 0, 1000, 1000).Record(0x0127, {-1});
-  EXPECT_EQ(ColorAt(Drawn(writer.Rectangle(0, 0, 50, 50).File(square)), 40, 40), red);
+  EXPECT_EQ(ColourAt(Drawn(writer.Rectangle(0, 0, 50, 50).File(square)), 40, 40), red);
 }
 
 TEST(Wmf, Drawing_stays_inside_the_clip_box) {
   WmfWriter writer = Sheet();
   writer.Record(0x0416, {60, 60, 40, 40}).CreateBrush(solid, red).Select(1).Rectangle(0, 0, 100, 100);
   const Pixels pixels = Drawn(writer.File(square));
-  EXPECT_EQ(ColorAt(pixels, 40, 40), red);
-  EXPECT_EQ(ColorAt(pixels, 59, 59), red);
+  EXPECT_EQ(ColourAt(pixels, 40, 40), red);
+  EXPECT_EQ(ColourAt(pixels, 59, 59), red);
   EXPECT_EQ(MarksIn(pixels, 0, 0, 100, 100), 400);
 }
 
@@ -223,7 +223,7 @@ TEST(Wmf, An_excluded_box_stays_untouched) {
   WmfWriter writer = Sheet();
   writer.Record(0x0415, {60, 60, 40, 40}).CreateBrush(solid, red).Select(1).Rectangle(0, 0, 100, 100);
   const Pixels pixels = Drawn(writer.File(square));
-  EXPECT_EQ(ColorAt(pixels, 50, 50), white);
+  EXPECT_EQ(ColourAt(pixels, 50, 50), white);
   EXPECT_EQ(MarksIn(pixels, 0, 0, 100, 100), 10000 - 400);
 }
 
@@ -237,34 +237,34 @@ TEST(Wmf, Drawing_stays_inside_a_region) {
 TEST(Wmf, Exclusive_or_drawn_twice_leaves_the_picture_as_it_was) {
   WmfWriter writer = Sheet();
   writer.Record(0x0104, {7}).CreateBrush(solid, green).Select(1).Rectangle(0, 0, 50, 50);
-  EXPECT_EQ(ColorAt(Drawn(writer.File(square)), 10, 10), 0xFF00FFu);
+  EXPECT_EQ(ColourAt(Drawn(writer.File(square)), 10, 10), 0xFF00FFu);
   EXPECT_EQ(MarksIn(Drawn(writer.Rectangle(0, 0, 50, 50).File(square)), 0, 0, 100, 100), 0);
 }
 
 TEST(Wmf, A_bitmap_is_stretched_with_its_first_row_below) {
-  const auto bitmap = FourColors();
+  const auto bitmap = FourColours();
   const Pixels pixels = Drawn(Sheet().StretchDib(0, 0, 100, 100, bitmap, 2, 2).File(square));
-  EXPECT_EQ(ColorAt(pixels, 5, 5), red);
-  EXPECT_EQ(ColorAt(pixels, 95, 5), green);
-  EXPECT_EQ(ColorAt(pixels, 5, 95), blue);
-  EXPECT_EQ(ColorAt(pixels, 95, 95), white);
+  EXPECT_EQ(ColourAt(pixels, 5, 5), red);
+  EXPECT_EQ(ColourAt(pixels, 95, 5), green);
+  EXPECT_EQ(ColourAt(pixels, 5, 95), blue);
+  EXPECT_EQ(ColourAt(pixels, 95, 95), white);
 }
 
 TEST(Wmf, A_bitmap_with_negative_width_is_mirrored) {
-  const auto bitmap = FourColors();
+  const auto bitmap = FourColours();
   const Pixels pixels = Drawn(Sheet().StretchDib(100, 0, -100, 100, bitmap, 2, 2).File(square));
-  EXPECT_EQ(ColorAt(pixels, 5, 5), green);
-  EXPECT_EQ(ColorAt(pixels, 95, 5), red);
+  EXPECT_EQ(ColourAt(pixels, 5, 5), green);
+  EXPECT_EQ(ColourAt(pixels, 95, 5), red);
 }
 
 TEST(Wmf, Raster_operations_of_bitmaps_work_bit_by_bit) {
-  const auto bitmap = FourColors();
+  const auto bitmap = FourColours();
   constexpr std::uint32_t sourceInvert = 0x00660046;
   WmfWriter writer = Sheet();
   writer.CreateBrush(solid, 0x0F0F0F).Select(1).Rectangle(0, 0, 100, 100);
   const Pixels pixels = Drawn(writer.StretchDib(0, 0, 100, 100, bitmap, 2, 2, sourceInvert).File(square));
-  EXPECT_EQ(ColorAt(pixels, 5, 5), 0xF00F0Fu);
-  EXPECT_EQ(ColorAt(pixels, 95, 95), 0xF0F0F0u);
+  EXPECT_EQ(ColourAt(pixels, 5, 5), 0xF00F0Fu);
+  EXPECT_EQ(ColourAt(pixels, 95, 95), 0xF0F0F0u);
 }
 
 TEST(Wmf, A_block_without_bitmap_uses_the_brush_alone) {
@@ -277,12 +277,12 @@ TEST(Wmf, A_block_without_bitmap_uses_the_brush_alone) {
 
 TEST(Wmf, A_bitmap_brush_repeats_its_tile) {
   WmfWriter writer = Sheet();
-  writer.Record(0x0142, {5, 0}, FourColors()).Select(1).Rectangle(0, 0, 100, 100);
+  writer.Record(0x0142, {5, 0}, FourColours()).Select(1).Rectangle(0, 0, 100, 100);
   const Pixels pixels = Drawn(writer.File(square));
-  EXPECT_EQ(ColorAt(pixels, 40, 40), red);
-  EXPECT_EQ(ColorAt(pixels, 41, 40), green);
-  EXPECT_EQ(ColorAt(pixels, 40, 41), blue);
-  EXPECT_EQ(ColorAt(pixels, 42, 42), red);
+  EXPECT_EQ(ColourAt(pixels, 40, 40), red);
+  EXPECT_EQ(ColourAt(pixels, 41, 40), green);
+  EXPECT_EQ(ColourAt(pixels, 40, 41), blue);
+  EXPECT_EQ(ColourAt(pixels, 42, 42), red);
 }
 
 TEST(Wmf, Text_stands_below_its_point_and_in_its_colour) {
@@ -298,7 +298,7 @@ TEST(Wmf, Text_stands_below_its_point_and_in_its_colour) {
   EXPECT_EQ(MarksIn(pixels, 0, 68, 100, 100), 0);
   int pure = 0;
   for (int y = 40; y < 66; ++y)
-    for (int x = 10; x < 80; ++x) pure += ColorAt(pixels, x, y) == red;
+    for (int x = 10; x < 80; ++x) pure += ColourAt(pixels, x, y) == red;
   EXPECT_GT(pure, 20);
 }
 
@@ -338,7 +338,7 @@ TEST(Wmf, A_record_of_size_0_ends_the_drawing) {
 TEST(Wmf, A_file_cut_anywhere_behind_its_header_is_drawn_as_far_as_it_goes) {
   WmfWriter writer = Sheet();
   writer.CreateBrush(solid, red).Select(1).Rectangle(0, 0, 50, 50).CreateFont(-20, 0, "Arial").Select(2);
-  const auto bitmap = FourColors();
+  const auto bitmap = FourColours();
   const auto whole = writer.Text(10, 40, "MMM").StretchDib(50, 50, 50, 50, bitmap, 2, 2).File(square);
   int before = 0;
   for (std::size_t size = 22 + 18; size <= whole.size(); ++size) {

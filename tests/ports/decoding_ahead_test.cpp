@@ -5,6 +5,7 @@
 #include "gallery/encoders/cut_encoder.h"
 #include "gallery/encoders/emf_encoder.h"
 #include "gallery/encoders/jpeg_encoder.h"
+#include "pictures/pixels.h"
 #include "ports/reading_ahead.h"
 
 namespace lumidex {

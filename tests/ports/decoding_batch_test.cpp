@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "pictures/pixels.h"
 #include "ports/reading_ahead.h"
 
 namespace lumidex {

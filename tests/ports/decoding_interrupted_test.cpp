@@ -5,6 +5,7 @@
 
 #include "gallery/encoders/jpeg_encoder.h"
 #include "pictures/picture_data.h"
+#include "pictures/pixels.h"
 #include "ports/reading_ahead.h"
 
 namespace lumidex {

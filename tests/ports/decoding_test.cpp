@@ -1,6 +1,7 @@
 // Pictures that are to be shown, by workers that the test drives by hand.
 
 #include "ports/decoding.h"
+#include "pictures/codec.h"
 
 #include <gmock/gmock.h>
 
@@ -67,12 +68,12 @@ using testing::ElementsAre;
 TEST_F(Decoding, A_picture_comes_at_the_size_it_is_to_be_shown_at) {
   const auto showing = Show(Watched(), {20, 10});
   EXPECT_EQ(showing->State(), DecodingState::HeaderKnown);
-  EXPECT_EQ(service.Backlog(), 1U);
+  EXPECT_TRUE(service.HasWork());
   EXPECT_TRUE(told.empty());
   RunAll();
   EXPECT_THAT(told, ElementsAre("a 20x10"));
   EXPECT_EQ(showing->State(), DecodingState::Decoded);
-  EXPECT_EQ(service.Backlog(), 0U);
+  EXPECT_FALSE(service.HasWork());
 }
 
 TEST_F(Decoding, It_is_never_enlarged) {

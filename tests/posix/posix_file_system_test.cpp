@@ -1,4 +1,5 @@
 #include "platform/posix/posix_file_system.h"
+#include "pictures/picture_data.h"
 
 #include <fcntl.h>
 #include <gmock/gmock.h>

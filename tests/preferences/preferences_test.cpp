@@ -2,6 +2,7 @@
 
 #include "forms/WPaper2.h"
 #include "forms/frmPreferences.h"
+#include "pictures/pixels.h"
 #include "preferences/file_type_selection.h"
 #include "preferences/picture_options.h"
 #include "preferences/window_color.h"
@@ -77,7 +78,7 @@ TEST_F(Preferences, A_ramp_has_128_bands_of_4_rows_from_128_to_255) {
     const DrawnBand& band = bands[static_cast<std::size_t>(i)];
     EXPECT_EQ(band.top, 4 * i);
     EXPECT_EQ(band.bottom, 4 * i + 4);
-    EXPECT_EQ(band.color, (128 + i) | (128 + i) << 16);
+    EXPECT_EQ(band.colour, (128 + i) | (128 + i) << 16);
   }
 }
 

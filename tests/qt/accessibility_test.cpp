@@ -8,6 +8,7 @@
 #include "forms/SelectPictureDirectoryForm.h"
 #include "forms/frmPreferences.h"
 #include "forms/frmTip.h"
+#include "pictures/pixels.h"
 #include "qt/main_window.h"
 
 namespace lumidex {

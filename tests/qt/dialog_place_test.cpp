@@ -11,6 +11,7 @@
 #include "forms/frmPreferences.h"
 #include "forms/frmSlideShowFullScreen.h"
 #include "forms/frmSystemTray.h"
+#include "pictures/pixels.h"
 #include "platform/qt/content_area.h"
 #include "qt/main_window.h"
 

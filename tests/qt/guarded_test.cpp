@@ -4,6 +4,7 @@
 #include <stdexcept>
 
 #include "controls/picture_controls.h"
+#include "pictures/picture_data.h"
 #include "qt/qt_world.h"
 #include "support/test_program.h"
 

@@ -200,10 +200,10 @@ struct OwnPalette {
 };
 
 TEST(LinkColors, A_link_can_be_read_on_light_and_on_dark_windows) {
-  const OwnPalette colors;
+  const OwnPalette colours;
   const QColor blue(0, 0, 255);
   for (const QColor& ground : {QColor(239, 240, 241), QColor(42, 46, 50)}) {
-    QPalette palette = colors.before;
+    QPalette palette = colours.before;
     palette.setColor(QPalette::Window, ground);
     palette.setColor(QPalette::Link, blue);
     QApplication::setPalette(palette);

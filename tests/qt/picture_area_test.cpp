@@ -2,6 +2,7 @@
 
 #include <QPainter>
 
+#include "pictures/pixels.h"
 #include "qt/main_window.h"
 
 namespace lumidex {

@@ -5,6 +5,7 @@
 #include <QMimeData>
 #include <QWheelEvent>
 
+#include "pictures/pixels.h"
 #include "qt/main_window.h"
 
 namespace lumidex {

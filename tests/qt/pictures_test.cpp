@@ -2,6 +2,7 @@
 
 #include "controls/gvbox.h"
 #include "controls/picture_controls.h"
+#include "pictures/pixels.h"
 #include "qt/qt_world.h"
 
 namespace lumidex {

@@ -5,6 +5,7 @@
 
 #include "controls/animation.h"
 #include "controls/gvbox.h"
+#include "pictures/pixels.h"
 #include "pictures/support/avi_file.h"
 #include "platform/qt/views/placed_view.h"
 #include "qt/qt_world.h"

@@ -173,9 +173,9 @@ TEST_F(PreferencesViewTest, The_associations_stand_on_a_ground_of_their_own_and_
   // Whatever the desktop's colours are.
   for (const auto& [ground, text] : {std::pair{Qt::white, Qt::black}, std::pair{Qt::black, Qt::white}}) {
     QWidget* view = world.views.ViewOf(app.frmPreferences);
-    QPalette colors(ground);
-    colors.setColor(QPalette::WindowText, text);
-    view->setPalette(colors);
+    QPalette colours(ground);
+    colours.setColor(QPalette::WindowText, text);
+    view->setPalette(colours);
     Tab(4).click();
     Settle();
     auto& box = Shown<QWidget>(app.frmPreferences.chkAssocFileType(1));

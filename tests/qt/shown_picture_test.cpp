@@ -1,6 +1,7 @@
 // What stands on the screen of a picture, pixel by pixel.
 
 #include "platform/qt/mirrors/shown_picture.h"
+#include "pictures/pixels.h"
 
 #include <cmath>
 

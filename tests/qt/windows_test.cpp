@@ -9,6 +9,7 @@
 #include "forms/SelectPictureDirectoryForm.h"
 #include "forms/frmSystemTray.h"
 #include "forms/frmlocatefiles.h"
+#include "pictures/pixels.h"
 #include "platform/qt/conversions.h"
 #include "qt/main_window.h"
 

@@ -9,6 +9,7 @@
 #include "animation/avi_encoder.h"
 #include "artwork/style.h"
 #include "drawing/drawing_program.h"
+#include "pictures/pixels.h"
 
 namespace {
 

@@ -9,6 +9,7 @@
 #include "drawing/drawing_program.h"
 #include "gallery/encoders/bmp_encoder.h"
 #include "gallery/encoders/png_encoder.h"
+#include "pictures/pixels.h"
 
 namespace {
 

@@ -6,6 +6,8 @@
 #include <stdexcept>
 #include <vector>
 
+#include "pictures/pixels.h"
+
 namespace lumidex {
 namespace {
 

@@ -11,9 +11,11 @@
 #include <utility>
 #include <vector>
 
-#include "pictures/pixels.h"
+#include "pictures/size.h"
 
 namespace lumidex {
+
+class Pixels;
 
 // Channels from 0 to 1, straight alpha.
 struct Colour {

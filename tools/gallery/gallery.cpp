@@ -23,6 +23,7 @@
 #include "gallery/encoders/tiff_encoder.h"
 #include "gallery/encoders/wpg_encoder.h"
 #include "gallery/scenes/scenes.h"
+#include "pictures/pixels.h"
 
 namespace lumidex {
 namespace {

@@ -4,6 +4,7 @@
 
 #include "drawing/drawing_program.h"
 #include "gallery/gallery.h"
+#include "pictures/pixels.h"
 
 namespace {
 

@@ -108,8 +108,6 @@ std::string AnyAnswer(Execution& run, ScriptedDialogs::Box box, Random& random) 
       if (random.Chance(25)) return "cancel file";
       return "answer file " + Quoted(AnyPath(PlacesOf(run), random)) + " filter " +
              Number(random.Between(1, 2));
-    case ScriptedDialogs::Box::Color:
-      return random.Chance(25) ? "cancel color" : "answer color " + Number(random.Below(0x1000000));
   }
   return {};
 }

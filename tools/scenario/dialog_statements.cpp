@@ -19,7 +19,7 @@ Answer& Give(Execution& run, Arguments& words, std::deque<Scripted<Answer>>& ans
 void Answer(Execution& run, Arguments& words) {
   ScriptedDialogs& dialogs = run.World().dialogs;
   const std::size_t kind =
-      words.Choice({"Ok", "Cancel", "Abort", "Retry", "Ignore", "Yes", "No", "input", "file", "color"});
+      words.Choice({"Ok", "Cancel", "Abort", "Retry", "Ignore", "Yes", "No", "input", "file"});
   if (kind == 7) {
     const std::string& text = words.Next("the text");
     Give(run, words, dialogs.inputAnswers) = text;
@@ -27,9 +27,6 @@ void Answer(Execution& run, Arguments& words) {
     FileDialogAnswer answer{true, words.Next("the path"), 0};
     if (words.Take("filter")) answer.filterIndex = words.NextInt("the filter's number");
     Give(run, words, dialogs.fileAnswers) = answer;
-  } else if (kind == 9) {
-    const auto color = static_cast<std::uint32_t>(words.NextNumber("the colour"));
-    Give(run, words, dialogs.colorAnswers) = color;
   } else {
     // The buttons stand in the order of their numbers, from 1.
     Give(run, words, dialogs.messageAnswers) = static_cast<MessageAnswer>(kind + 1);
@@ -38,15 +35,10 @@ void Answer(Execution& run, Arguments& words) {
 
 void Cancel(Execution& run, Arguments& words) {
   ScriptedDialogs& dialogs = run.World().dialogs;
-  switch (words.Choice({"input", "file", "color"})) {
-    case 0:
-      Give(run, words, dialogs.inputAnswers);
-      break;
-    case 1:
-      Give(run, words, dialogs.fileAnswers);
-      break;
-    default:
-      Give(run, words, dialogs.colorAnswers);
+  if (words.Choice({"input", "file"}) == 0) {
+    Give(run, words, dialogs.inputAnswers);
+  } else {
+    Give(run, words, dialogs.fileAnswers);
   }
 }
 

@@ -4,6 +4,7 @@
 
 #include "base/run_time_error.h"
 #include "base/text.h"
+#include "pictures/pixels.h"
 #include "scenario/block_expectations.h"
 #include "scenario/captions.h"
 #include "scenario/shown_dialogs.h"

@@ -12,6 +12,7 @@
 #include "gallery/encoders/png_encoder.h"
 #include "gallery/encoders/pnm_encoder.h"
 #include "gallery/encoders/tiff_encoder.h"
+#include "pictures/pixels.h"
 #include "scenario/words.h"
 
 namespace lumidex::scenario {

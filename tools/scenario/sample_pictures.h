@@ -3,7 +3,11 @@
 
 #include <string>
 
-#include "pictures/pixels.h"
+#include "pictures/size.h"
+
+namespace lumidex {
+class Pixels;
+}
 
 namespace lumidex::scenario {
 

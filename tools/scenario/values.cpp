@@ -3,6 +3,7 @@
 #include <map>
 
 #include "base/text.h"
+#include "pictures/pixels.h"
 #include "platform/headless/civil_time.h"
 #include "ports/open_picture.h"
 #include "scenario/popup_menu.h"

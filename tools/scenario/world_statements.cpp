@@ -1,5 +1,6 @@
 // Statements that set up the rest of the world: the clock, the process, and the services of the platform.
 
+#include "pictures/pixels.h"
 #include "scenario/moments.h"
 #include "scenario/sample_pictures.h"
 #include "scenario/statements.h"
@@ -118,7 +119,7 @@ void Popup(Execution& run, Arguments& words) {
 }
 
 void Loader(Execution& run, Arguments& words) {
-  using Way = OpeningPictureLoader::Way;
+  using Way = MemoryPictureLoader::Way;
   static constexpr Way ways[] = {Way::Same, Way::Inverted, Way::Failing};
   run.World().loader.way = ways[words.Choice({"works", "inverts", "fails"})];
 }

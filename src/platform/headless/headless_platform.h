@@ -30,7 +30,7 @@ struct HeadlessPlatform {
   MemoryPopup popup{log, events};
   MemoryShell shell{log};
   MemorySettingsStore settings{log};
-  OpeningPictureLoader loader{files, log};
+  MemoryPictureLoader loader{files, log};
   FixedFolders folders;
   MemoryBrowser browser{log};
   InlineDecoding decoding{files};

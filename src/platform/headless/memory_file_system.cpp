@@ -6,6 +6,7 @@
 
 #include "base/run_time_error.h"
 #include "base/text.h"
+#include "pictures/picture_data.h"
 #include "platform/headless/memory_node.h"
 
 namespace lumidex {

@@ -4,6 +4,7 @@
 
 #include "base/run_time_error.h"
 #include "base/text.h"
+#include "pictures/pixels.h"
 #include "ports/open_picture.h"
 
 namespace lumidex {
@@ -100,10 +101,10 @@ void MemorySettingsStore::SaveSetting(const std::string& section, const std::str
   Put(section, key, value);
 }
 
-Picture OpeningPictureLoader::LoadPicture(const std::string& path) {
+Picture MemoryPictureLoader::LoadPicture(const std::string& path) {
   log_.Add("LoadPicture " + path);
   if (way == Way::Failing) throw RunTimeError(ErrorNumber::InvalidPicture).About(path);
-  const Picture picture = OpenPicture(files_, path);
+  const Picture picture = PictureLoader::LoadPicture(path);
   return way == Way::Inverted ? Inverted(picture) : picture;
 }
 

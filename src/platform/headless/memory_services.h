@@ -6,7 +6,7 @@
 #include <optional>
 
 #include "platform/headless/call_log.h"
-#include "ports/file_system.h"
+#include "ports/open_picture.h"
 #include "ports/services.h"
 
 namespace lumidex {
@@ -80,11 +80,11 @@ class MemorySettingsStore final : public SettingsStore {
   std::map<std::pair<std::string, std::string>, std::string> values_;
 };
 
-// Decodes with the program's own decoders; a test can have it decode differently from the image control, so
-// that it shows which of the two a picture came through.
-class OpeningPictureLoader final : public PictureLoader {
+// A test can have it decode differently from the image control, so that it shows which of the two a picture
+// came through.
+class MemoryPictureLoader final : public PictureLoader {
  public:
-  OpeningPictureLoader(const FileSystem& files, CallLog& log) : files_(files), log_(log) {}
+  MemoryPictureLoader(const FileSystem& files, CallLog& log) : PictureLoader(files), log_(log) {}
   Picture LoadPicture(const std::string& path) override;
 
   enum class Way { Same, Inverted, Failing };
@@ -92,7 +92,6 @@ class OpeningPictureLoader final : public PictureLoader {
   Way way = Way::Same;
 
  private:
-  const FileSystem& files_;
   CallLog& log_;
 };
 

@@ -47,7 +47,7 @@ Answer ScriptedDialogs::Take(Box box, std::deque<Scripted<Answer>>& answers, Ans
 }
 
 bool ScriptedDialogs::HasAnswersLeft() const {
-  return !messageAnswers.empty() || !inputAnswers.empty() || !fileAnswers.empty() || !colorAnswers.empty();
+  return !messageAnswers.empty() || !inputAnswers.empty() || !fileAnswers.empty();
 }
 
 MessageAnswer ScriptedDialogs::MsgBox(const Message& message) {
@@ -68,11 +68,6 @@ FileDialogAnswer ScriptedDialogs::AskFile(const FileDialogRequest& request) {
   FileDialogAnswer answer = Take(Box::File, fileAnswers, {});
   if (answer.filterIndex == 0) answer.filterIndex = request.filterIndex;
   return answer;
-}
-
-std::optional<std::uint32_t> ScriptedDialogs::AskColor(std::uint32_t initial) {
-  log_.Add("AskColor " + Number(static_cast<std::int64_t>(initial)));
-  return Take(Box::Color, colorAnswers, {});
 }
 
 }  // namespace lumidex

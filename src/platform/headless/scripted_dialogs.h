@@ -27,12 +27,10 @@ class ScriptedDialogs final : public Dialogs {
   MessageAnswer MsgBox(const Message& message) override;
   std::optional<std::string> InputBox(const InputRequest& request) override;
   FileDialogAnswer AskFile(const FileDialogRequest& request) override;
-  std::optional<std::uint32_t> AskColor(std::uint32_t initial) override;
 
   std::deque<Scripted<MessageAnswer>> messageAnswers;
   std::deque<Scripted<std::optional<std::string>>> inputAnswers;
   std::deque<Scripted<FileDialogAnswer>> fileAnswers;  // filterIndex 0 leaves the one that was asked with
-  std::deque<Scripted<std::optional<std::uint32_t>>> colorAnswers;
   bool HasAnswersLeft() const;
 
   std::vector<Message> messages;
@@ -41,14 +39,12 @@ class ScriptedDialogs final : public Dialogs {
 
   // True while a dialog stands on the screen and keeps the user from the windows.
   bool IsOpen() const { return open_ > 0; }
-  enum class Box { Message, Input, File, Color };
+  enum class Box { Message, Input, File };
   // Called when a dialog opens, before its answer is looked for.
   std::function<void(Box)> OnOpen;
 
   // Dialogs that nobody answers end the program as hung when so many come in a row: they would come for ever.
   static constexpr int mostUnanswered = 1000;
-  // The user has done something meanwhile.
-  void NoteUser() { unanswered_ = 0; }
 
  private:
   template <class Answer>

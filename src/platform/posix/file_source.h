@@ -4,9 +4,9 @@
 #include <memory>
 #include <string>
 
-#include "pictures/picture_data.h"
-
 namespace lumidex {
+
+class ByteSource;
 
 // Opens a regular file for reading. Raises FileNotFound when there is none, PermissionDenied when it may
 // not be read, and PathFileAccess for directories, pipes, devices and everything else.

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "pictures/pixels.h"
+#include "pictures/size.h"
 
 namespace lumidex {
 

@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <climits>
 
+#include "pictures/picture_data.h"
 #include "platform/posix/file_source.h"
 #include "platform/posix/mounts.h"
 #include "platform/posix/posix_errors.h"

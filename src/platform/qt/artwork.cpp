@@ -11,6 +11,7 @@
 #include <map>
 
 #include "base/run_time_error.h"
+#include "pictures/picture_data.h"
 #include "pictures/scaling.h"
 #include "platform/qt/conversions.h"
 

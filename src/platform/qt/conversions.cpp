@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "base/run_time_error.h"
+#include "pictures/pixels.h"
 
 namespace lumidex {
 
@@ -34,13 +35,9 @@ QString WithDoubledAmpersands(const QString& text) {
   return QString(text).replace(u'&', QStringLiteral("&&"));
 }
 
-QColor ToColor(std::int32_t value) {
+QColor ToColour(std::int32_t value) {
   if (value < 0) return {};
   return {value & 0xFF, (value >> 8) & 0xFF, (value >> 16) & 0xFF};
-}
-
-std::int32_t FromColor(const QColor& color) {
-  return color.red() | color.green() << 8 | color.blue() << 16;
 }
 
 QColor ReadableOn(const QColor& background) {

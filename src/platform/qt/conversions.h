@@ -26,8 +26,7 @@ QString WithDoubledAmpersands(const QString& text);
 
 // Colours have red in the low byte. Values below 0 stand for the desktop's own colour and give an invalid
 // one.
-QColor ToColor(std::int32_t value);
-std::int32_t FromColor(const QColor& color);
+QColor ToColour(std::int32_t value);
 // Black or white, whichever is easier to read on `background`.
 QColor ReadableOn(const QColor& background);
 

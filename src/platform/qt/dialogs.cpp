@@ -1,7 +1,6 @@
 #include "platform/qt/dialogs.h"
 
 #include <QAbstractButton>
-#include <QColorDialog>
 #include <QFile>
 #include <QFileDialog>
 #include <QInputDialog>
@@ -148,14 +147,6 @@ FileDialogAnswer QtDialogs::AskFile(const FileDialogRequest& request) {
   answer.fileName = QFile::encodeName(dialog.selectedFiles().constFirst()).toStdString();
   answer.filterIndex = static_cast<int>(filters.indexOf(dialog.selectedNameFilter())) + 1;
   return answer;
-}
-
-std::optional<std::uint32_t> QtDialogs::AskColor(std::uint32_t initial) {
-  const DialogPause pause(views_);
-  const QColor start = ToColor(static_cast<std::int32_t>(initial & 0xFFFFFF));
-  const QColor chosen = QColorDialog::getColor(start, views_.DialogParent());
-  if (!chosen.isValid()) return {};
-  return static_cast<std::uint32_t>(FromColor(chosen));
 }
 
 }  // namespace lumidex

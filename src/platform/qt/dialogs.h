@@ -16,7 +16,6 @@ class QtDialogs final : public Dialogs {
   MessageAnswer MsgBox(const Message& message) override;
   std::optional<std::string> InputBox(const InputRequest& request) override;
   FileDialogAnswer AskFile(const FileDialogRequest& request) override;
-  std::optional<std::uint32_t> AskColor(std::uint32_t initial) override;
 
  private:
   FormViews& views_;

@@ -274,7 +274,7 @@ void FormView::PaintBackground() {
   for (const DrawnBand& band : form_.Drawing()) {
     const int top = GetUnits().Pixels(double{twipsPerPixel} * band.top);
     const int bottom = GetUnits().Pixels(double{twipsPerPixel} * band.bottom);
-    painter.fillRect(corner.x(), corner.y() + top, width() - corner.x(), bottom - top, ToColor(band.color));
+    painter.fillRect(corner.x(), corner.y() + top, width() - corner.x(), bottom - top, ToColour(band.colour));
   }
 }
 

@@ -90,7 +90,7 @@ class FormView : public QWidget {
   QSizeF FormSize() const;
   QPointF FormPlace() const;
   void PaintBackground();
-  void PushColors();
+  void PushColours();
   void PushBackground();
   void PushSize();
   void ShowInState();
@@ -111,7 +111,6 @@ class FormView : public QWidget {
   PushQueue pushes_;
   std::map<const Control*, Shown> widgets_;
   Connection requests_, comings_, goings_;
-  QPointer<QWidget> wantsFocus_;
   std::int32_t shownBackColor_ = -1;
   // What window and form agree on. Only what the program has changed since goes to the window: to answer its
   // manager with the numbers that just came from it would undo what it is in the midst of doing.

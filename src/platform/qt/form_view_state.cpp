@@ -25,7 +25,7 @@ void FormView::ShowState() {
     shownIcon_ = form_.Icon.Get();
     setWindowIcon(ToIcon(shownIcon_));
   }
-  PushColors();
+  PushColours();
   PushBackground();
   PushSize();
 }
@@ -38,15 +38,15 @@ void FormView::PushBackground() {
   update();
 }
 
-void FormView::PushColors() {
+void FormView::PushColours() {
   if (form_.BackColor == shownBackColor_) return;
   shownBackColor_ = form_.BackColor;
-  QPalette colors = QApplication::palette(this);
-  if (const QColor back = ToColor(shownBackColor_); back.isValid()) {
-    colors.setColor(QPalette::Window, back);
-    colors.setColor(QPalette::WindowText, ReadableOn(back));
+  QPalette colours = QApplication::palette(this);
+  if (const QColor back = ToColour(shownBackColor_); back.isValid()) {
+    colours.setColor(QPalette::Window, back);
+    colours.setColor(QPalette::WindowText, ReadableOn(back));
   }
-  setPalette(colors);
+  setPalette(colours);
 }
 
 QSize FormView::WantedSize() const {

@@ -17,7 +17,7 @@ inline Pixels Drawn(std::vector<std::uint8_t> bytes, Size size = {}) {
 }
 
 // 0xRRGGBB.
-inline std::uint32_t ColorAt(const Pixels& pixels, int x, int y) {
+inline std::uint32_t ColourAt(const Pixels& pixels, int x, int y) {
   return pixels.Row(y)[static_cast<std::size_t>(x)] & 0xFFFFFF;
 }
 
@@ -25,7 +25,7 @@ inline std::uint32_t ColorAt(const Pixels& pixels, int x, int y) {
 inline int MarksIn(const Pixels& pixels, int left, int top, int right, int bottom) {
   int marks = 0;
   for (int y = top; y < bottom; ++y)
-    for (int x = left; x < right; ++x) marks += ColorAt(pixels, x, y) != 0xFFFFFF;
+    for (int x = left; x < right; ++x) marks += ColourAt(pixels, x, y) != 0xFFFFFF;
   return marks;
 }
 

@@ -2,6 +2,7 @@
 // Pictures that tests encode and expect back.
 
 #include "gallery/encoders/indexed.h"
+#include "pictures/pixels.h"
 
 namespace lumidex {
 

@@ -7,8 +7,8 @@ namespace lumidex {
 namespace {
 
 // Colours are stored with red in the lowest byte.
-std::uint32_t Stored(std::uint32_t color) {
-  return (color >> 16 & 0xFF) | (color & 0xFF00) | (color & 0xFF) << 16;
+std::uint32_t Stored(std::uint32_t colour) {
+  return (colour >> 16 & 0xFF) | (colour & 0xFF00) | (colour & 0xFF) << 16;
 }
 
 constexpr int HundredthsOfMillimetre(int pixels) {
@@ -37,16 +37,16 @@ EmfWriter& EmfWriter::Creation(unsigned type, int number, std::initializer_list<
   return Record(type, words, tail);
 }
 
-EmfWriter& EmfWriter::CreatePen(int number, unsigned style, int width, std::uint32_t color) {
-  return Creation(38, number, {number, style, width, 0, Stored(color)});
+EmfWriter& EmfWriter::CreatePen(int number, unsigned style, int width, std::uint32_t colour) {
+  return Creation(38, number, {number, style, width, 0, Stored(colour)});
 }
 
-EmfWriter& EmfWriter::CreateGeometricPen(int number, unsigned style, int width, std::uint32_t color) {
-  return Creation(95, number, {number, 0, 0, 0, 0, 0x10000 | style, width, 0, Stored(color), 0, 0});
+EmfWriter& EmfWriter::CreateGeometricPen(int number, unsigned style, int width, std::uint32_t colour) {
+  return Creation(95, number, {number, 0, 0, 0, 0, 0x10000 | style, width, 0, Stored(colour), 0, 0});
 }
 
-EmfWriter& EmfWriter::CreateBrush(int number, unsigned style, std::uint32_t color, int hatch) {
-  return Creation(39, number, {number, style, Stored(color), hatch});
+EmfWriter& EmfWriter::CreateBrush(int number, unsigned style, std::uint32_t colour, int hatch) {
+  return Creation(39, number, {number, style, Stored(colour), hatch});
 }
 
 EmfWriter& EmfWriter::CreateFont(int number, int height, int escapement, std::string_view family) {

@@ -25,9 +25,9 @@ class EmfWriter {
                     std::span<const std::uint8_t> tail = {});
 
   // Objects have the number they are given, from 1 on; colours are 0xRRGGBB.
-  EmfWriter& CreatePen(int number, unsigned style, int width, std::uint32_t color);
-  EmfWriter& CreateGeometricPen(int number, unsigned style, int width, std::uint32_t color);
-  EmfWriter& CreateBrush(int number, unsigned style, std::uint32_t color, int hatch = 0);
+  EmfWriter& CreatePen(int number, unsigned style, int width, std::uint32_t colour);
+  EmfWriter& CreateGeometricPen(int number, unsigned style, int width, std::uint32_t colour);
+  EmfWriter& CreateBrush(int number, unsigned style, std::uint32_t colour, int hatch = 0);
   EmfWriter& CreateFont(int number, int height, int escapement, std::string_view family);
   EmfWriter& Select(int number) { return Record(37, {number}); }
   EmfWriter& SelectStock(int number) { return Record(37, {0x80000000LL + number}); }

@@ -4,9 +4,9 @@
 #include <cstdint>
 #include <vector>
 
-#include "pictures/pixels.h"
-
 namespace lumidex {
+
+class Pixels;
 
 // The picture must be 256 by 240; the two lowest bits of each component are lost.
 std::vector<std::uint8_t> EncodeHrz(const Pixels& pixels);

@@ -1,6 +1,7 @@
 #include "gallery/encoders/icon_encoder.h"
 
 #include "gallery/encoders/byte_writer.h"
+#include "pictures/pixels.h"
 
 namespace lumidex {
 namespace {

@@ -5,9 +5,9 @@
 #include <span>
 #include <vector>
 
-#include "pictures/pixels.h"
-
 namespace lumidex {
+
+class Pixels;
 
 // Each picture at most 256 on a side.
 std::vector<std::uint8_t> EncodeIcon(std::span<const Pixels> pictures);

@@ -6,6 +6,7 @@
 
 #include "gallery/encoders/byte_writer.h"
 #include "gallery/encoders/packed_rows.h"
+#include "pictures/pixels.h"
 
 namespace lumidex {
 namespace {

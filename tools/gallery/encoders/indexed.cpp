@@ -5,6 +5,8 @@
 #include <limits>
 #include <utility>
 
+#include "pictures/pixels.h"
+
 namespace lumidex {
 namespace {
 

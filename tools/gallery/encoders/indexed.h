@@ -6,9 +6,11 @@
 #include <span>
 #include <vector>
 
-#include "pictures/pixels.h"
+#include "pictures/size.h"
 
 namespace lumidex {
+
+class Pixels;
 
 using Colours = std::vector<std::uint32_t>;  // 0xAARRGGBB
 

@@ -5,6 +5,8 @@
 
 #include <jpeglib.h>
 
+#include "pictures/pixels.h"
+
 namespace lumidex {
 
 std::vector<std::uint8_t> EncodeJpeg(const Pixels& pixels, int quality, JpegKind kind) {

@@ -4,9 +4,9 @@
 #include <cstdint>
 #include <vector>
 
-#include "pictures/pixels.h"
-
 namespace lumidex {
+
+class Pixels;
 
 enum class JpegKind { Baseline, Progressive };
 

@@ -4,6 +4,8 @@
 
 #include <stdexcept>
 
+#include "pictures/pixels.h"
+
 namespace lumidex {
 namespace {
 

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "gallery/encoders/byte_writer.h"
+#include "pictures/pixels.h"
 
 namespace lumidex {
 namespace {

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <cstdio>
 
+#include "pictures/pixels.h"
+
 namespace lumidex {
 namespace {
 

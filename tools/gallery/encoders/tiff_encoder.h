@@ -4,9 +4,9 @@
 #include <cstdint>
 #include <vector>
 
-#include "pictures/pixels.h"
-
 namespace lumidex {
+
+class Pixels;
 
 std::vector<std::uint8_t> EncodeTiff(const Pixels& pixels);
 

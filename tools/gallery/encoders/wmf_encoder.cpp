@@ -6,11 +6,11 @@ namespace lumidex {
 namespace {
 
 // Colours are stored with red in the lowest byte.
-int LowWord(std::uint32_t color) {
-  return static_cast<int>((color >> 16 & 0xFF) | (color & 0xFF00));
+int LowWord(std::uint32_t colour) {
+  return static_cast<int>((colour >> 16 & 0xFF) | (colour & 0xFF00));
 }
-int HighWord(std::uint32_t color) {
-  return static_cast<int>(color & 0xFF);
+int HighWord(std::uint32_t colour) {
+  return static_cast<int>(colour & 0xFF);
 }
 
 }  // namespace
@@ -35,14 +35,14 @@ WmfWriter& WmfWriter::Window(int left, int top, int width, int height) {
   return Record(0x020C, {height, width});
 }
 
-WmfWriter& WmfWriter::CreatePen(unsigned style, int width, std::uint32_t color) {
+WmfWriter& WmfWriter::CreatePen(unsigned style, int width, std::uint32_t colour) {
   ++objects_;
-  return Record(0x02FA, {static_cast<int>(style), width, 0, LowWord(color), HighWord(color)});
+  return Record(0x02FA, {static_cast<int>(style), width, 0, LowWord(colour), HighWord(colour)});
 }
 
-WmfWriter& WmfWriter::CreateBrush(unsigned style, std::uint32_t color, int hatch) {
+WmfWriter& WmfWriter::CreateBrush(unsigned style, std::uint32_t colour, int hatch) {
   ++objects_;
-  return Record(0x02FC, {static_cast<int>(style), LowWord(color), HighWord(color), hatch});
+  return Record(0x02FC, {static_cast<int>(style), LowWord(colour), HighWord(colour), hatch});
 }
 
 WmfWriter& WmfWriter::CreateFont(int height, int escapement, std::string_view family) {

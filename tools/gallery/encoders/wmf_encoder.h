@@ -23,8 +23,8 @@ class WmfWriter {
 
   WmfWriter& Window(int left, int top, int width, int height);
   // Objects take the lowest free number; colours are 0xRRGGBB.
-  WmfWriter& CreatePen(unsigned style, int width, std::uint32_t color);
-  WmfWriter& CreateBrush(unsigned style, std::uint32_t color, int hatch = 0);
+  WmfWriter& CreatePen(unsigned style, int width, std::uint32_t colour);
+  WmfWriter& CreateBrush(unsigned style, std::uint32_t colour, int hatch = 0);
   WmfWriter& CreateFont(int height, int escapement, std::string_view family);
   WmfWriter& Select(int object) { return Record(0x012D, {object}); }
   WmfWriter& Delete(int object) { return Record(0x01F0, {object}); }

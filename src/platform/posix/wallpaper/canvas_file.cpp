@@ -5,6 +5,7 @@
 #include <bit>
 
 #include "base/run_time_error.h"
+#include "pictures/pixels.h"
 #include "platform/posix/posix_file_system.h"
 #include "ports/open_picture.h"
 

@@ -4,6 +4,7 @@
 #include <bit>
 
 #include "base/run_time_error.h"
+#include "pictures/pixels.h"
 #include "platform/posix/wallpaper/canvas.h"
 #include "platform/posix/x11/x_screen.h"
 

@@ -31,7 +31,7 @@ bool IsPlain(const std::string& text) {
 }
 
 struct Background {
-  std::string output, picture, mode, color;
+  std::string output, picture, mode, colour;
 };
 
 // One program may draw for several outputs: each begins a group of its own.
@@ -44,7 +44,7 @@ std::vector<Background> Backgrounds(const RunningProcess& process) {
     if (name == "-o") current.output = value;
     if (name == "-i") current.picture = value;
     if (name == "-m") current.mode = value;
-    if (name == "-c") current.color = value;
+    if (name == "-c") current.colour = value;
   }
   return all;
 }
@@ -71,8 +71,8 @@ std::optional<std::string> SwayBackend::Remember() {
     for (const Background& each : Backgrounds(process)) {
       if (!each.picture.empty()) {
         remembered += each.output + '\n' + each.picture + '\n' + each.mode + '\n';
-      } else if (!each.color.empty()) {
-        remembered += each.output + '\n' + each.color + "\nsolid_color\n";
+      } else if (!each.colour.empty()) {
+        remembered += each.output + '\n' + each.colour + "\nsolid_color\n";
       }
     }
   }
@@ -89,8 +89,8 @@ bool SwayBackend::Restore(const std::optional<std::string>& remembered) {
   for (std::size_t i = 0; i + 2 < lines.size(); i += 3) {
     const std::string output = lines[i].empty() ? "*" : lines[i];
     const std::string mode = lines[i + 2].empty() ? "fill" : lines[i + 2];
-    const bool isColor = mode == "solid_color";
-    restored = (isColor || IsPlain(lines[i + 1])) && Tell(output, lines[i + 1], mode) && restored;
+    const bool isColour = mode == "solid_color";
+    restored = (isColour || IsPlain(lines[i + 1])) && Tell(output, lines[i + 1], mode) && restored;
   }
   return restored;
 }

@@ -9,6 +9,7 @@
 #include <cstdio>
 
 #include "base/run_time_error.h"
+#include "pictures/picture_data.h"
 #include "platform/posix/posix_file_system.h"
 #include "platform/posix/write_file.h"
 

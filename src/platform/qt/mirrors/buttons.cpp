@@ -21,13 +21,13 @@ void ShowCaption(QAbstractButton& button, const std::string& caption) {
 }
 
 void ShowGround(QWidget& widget, std::int32_t value) {
-  const QColor back = ToColor(value);
+  const QColor back = ToColour(value);
   if (!back.isValid() || widget.autoFillBackground()) return;
-  QPalette colors = widget.palette();
+  QPalette colours = widget.palette();
   // The ground is filled in the role of buttons, the caption is drawn as that of a window.
-  colors.setColor(widget.backgroundRole(), back);
-  colors.setColor(QPalette::WindowText, ReadableOn(back));
-  widget.setPalette(colors);
+  colours.setColor(widget.backgroundRole(), back);
+  colours.setColor(QPalette::WindowText, ReadableOn(back));
+  widget.setPalette(colours);
   widget.setAutoFillBackground(true);
 }
 

@@ -14,13 +14,13 @@ namespace {
 
 // The colour, as much lighter or darker as it takes to be read on `background`: some desktops leave links
 // dark on their dark windows.
-QColor ReadableAs(const QColor& color, const QColor& background) {
+QColor ReadableAs(const QColor& colour, const QColor& background) {
   constexpr int leastContrast = 90, steps = 8;
   const QColor end = ReadableOn(background);
   for (int step = 0; step < steps; ++step) {
     const auto between = [step](int from, int to) { return from + (to - from) * step / steps; };
-    const QColor mixed(between(color.red(), end.red()), between(color.green(), end.green()),
-                       between(color.blue(), end.blue()));
+    const QColor mixed(between(colour.red(), end.red()), between(colour.green(), end.green()),
+                       between(colour.blue(), end.blue()));
     if (std::abs(qGray(mixed.rgb()) - qGray(background.rgb())) >= leastContrast) return mixed;
   }
   return end;
@@ -37,12 +37,12 @@ class LinkLabel final : public QLabel {
     QFont underlined = font();
     underlined.setUnderline(true);
     setFont(underlined);
-    ShowColor(false);
+    ShowColour(false);
   }
 
  protected:
-  void enterEvent(QEnterEvent*) override { ShowColor(true); }
-  void leaveEvent(QEvent*) override { ShowColor(false); }
+  void enterEvent(QEnterEvent*) override { ShowColour(true); }
+  void leaveEvent(QEvent*) override { ShowColour(false); }
   void keyPressEvent(QKeyEvent* event) override {
     const bool follows = event->key() == Qt::Key_Space || event->key() == Qt::Key_Return;
     if (!follows) return QLabel::keyPressEvent(event);
@@ -50,11 +50,11 @@ class LinkLabel final : public QLabel {
   }
 
  private:
-  void ShowColor(bool hovered) {
-    QPalette colors = palette();
-    const QColor color = hovered ? ToColor(control_.HoverColor) : colors.color(QPalette::Link);
-    colors.setColor(QPalette::WindowText, ReadableAs(color, colors.color(QPalette::Window)));
-    setPalette(colors);
+  void ShowColour(bool hovered) {
+    QPalette colours = palette();
+    const QColor colour = hovered ? ToColour(control_.HoverColor) : colours.color(QPalette::Link);
+    colours.setColor(QPalette::WindowText, ReadableAs(colour, colours.color(QPalette::Window)));
+    setPalette(colours);
   }
 
   FormView& view_;

@@ -17,13 +17,13 @@ namespace {
 
 constexpr int longList = 1000;
 
-void ShowListColor(QWidget& list, std::int32_t value) {
-  const QColor back = ToColor(value);
+void ShowListColour(QWidget& list, std::int32_t value) {
+  const QColor back = ToColour(value);
   if (!back.isValid() || back == list.palette().color(QPalette::Active, QPalette::Base)) return;
-  QPalette colors = list.palette();
-  colors.setColor(QPalette::Base, back);
-  colors.setColor(QPalette::Text, ReadableOn(back));
-  list.setPalette(colors);
+  QPalette colours = list.palette();
+  colours.setColor(QPalette::Base, back);
+  colours.setColor(QPalette::Text, ReadableOn(back));
+  list.setPalette(colours);
 }
 
 // The last part of a path; a root stays whole.
@@ -62,7 +62,7 @@ RowList* MakeListBox(FormView& view, ListBox& control, QWidget* parent) {
   };
   const auto pending = std::make_shared<Pending>();
   Mirror* mirror = view.Follow(control, list, [&control, list, pending] {
-    ShowListColor(*list, control.BackColor);
+    ShowListColour(*list, control.BackColor);
     const Pending now = *pending;
     *pending = {false, true, false};
     // A long list that is being filled need not show each row at once: telling of rows costs a look at all of

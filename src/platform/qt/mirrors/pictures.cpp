@@ -35,11 +35,11 @@ class PictureBoxView final : public QWidget {
   QWidget* Inside() const { return inside_; }
   void Show(const Picture& picture, std::int32_t backColor) {
     inside_->Show(picture, false);
-    const QColor back = ToColor(backColor);
+    const QColor back = ToColour(backColor);
     if (!back.isValid()) return;
-    QPalette colors = inside_->palette();
-    colors.setColor(QPalette::Window, back);
-    inside_->setPalette(colors);
+    QPalette colours = inside_->palette();
+    colours.setColor(QPalette::Window, back);
+    inside_->setPalette(colours);
   }
 
  protected:

@@ -3,6 +3,7 @@
 #include <QPaintDevice>
 #include <thread>
 
+#include "pictures/pixels.h"
 #include "platform/qt/conversions.h"
 
 namespace lumidex {

@@ -14,18 +14,18 @@
 namespace lumidex {
 namespace {
 
-void ShowColors(QLabel& label, std::int32_t fore, std::int32_t back) {
-  const QColor text = ToColor(fore);
-  const QColor ground = ToColor(back);
+void ShowColours(QLabel& label, std::int32_t fore, std::int32_t back) {
+  const QColor text = ToColour(fore);
+  const QColor ground = ToColour(back);
   if (!text.isValid() && !ground.isValid()) return;
-  QPalette colors = label.palette();
+  QPalette colours = label.palette();
   if (ground.isValid()) {
-    colors.setColor(QPalette::Window, ground);
-    colors.setColor(QPalette::WindowText, ReadableOn(ground));
+    colours.setColor(QPalette::Window, ground);
+    colours.setColor(QPalette::WindowText, ReadableOn(ground));
     label.setAutoFillBackground(true);
   }
-  if (text.isValid()) colors.setColor(QPalette::WindowText, text);
-  label.setPalette(colors);
+  if (text.isValid()) colours.setColor(QPalette::WindowText, text);
+  label.setPalette(colours);
 }
 
 }  // namespace
@@ -41,7 +41,7 @@ QLabel* MakeLabel(FormView& view, Label& control, QWidget* parent, QWidget* budd
       label->setText(text);
       label->setAccessibleName(WithoutAccessKey(control.Caption.Get()));
     }
-    ShowColors(*label, control.ForeColor, control.BackColor);
+    ShowColours(*label, control.ForeColor, control.BackColor);
   });
   if (buddy) {
     QString name = WithoutAccessKey(control.Caption.Get());

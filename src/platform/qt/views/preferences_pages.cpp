@@ -77,7 +77,7 @@ QLayout* Buttons(FormView& view, int perRow, std::initializer_list<CommandButton
 // A field of colour that is pressed like a button.
 class Swatch final : public QAbstractButton {
  public:
-  Swatch(const QColor& color, QWidget* parent) : QAbstractButton(parent), color_(color) {
+  Swatch(const QColor& colour, QWidget* parent) : QAbstractButton(parent), colour_(colour) {
     setFocusPolicy(Qt::TabFocus);
     setCheckable(true);
     SetAccessibleRole(*this, QAccessible::RadioButton);
@@ -95,7 +95,7 @@ class Swatch final : public QAbstractButton {
     QColor edge = palette().color(QPalette::WindowText);
     edge.setAlpha(128);
     painter.setPen(edge);
-    painter.setBrush(color_.isValid() ? color_ : palette().color(QPalette::Window));
+    painter.setBrush(colour_.isValid() ? colour_ : palette().color(QPalette::Window));
     painter.drawRect(rect().adjusted(0, 0, -1, -1));
     if (isChecked()) MarkChosen(painter);
     if (!hasFocus()) return;
@@ -118,16 +118,16 @@ class Swatch final : public QAbstractButton {
     painter.restore();
   }
 
-  QColor color_;
+  QColor colour_;
 };
 
-QLayout* Swatches(FormView& view, ControlArray<Label>& colors, QWidget* page) {
+QLayout* Swatches(FormView& view, ControlArray<Label>& colours, QWidget* page) {
   static const char* const names[] = {"Plain background", "Grey ramp", "Green ramp", "Yellow ramp",
                                       "Blue ramp",        "Cyan ramp", "Red ramp",   "Magenta ramp"};
   auto* row = new QHBoxLayout;
   for (int index = 0; index < 8; ++index) {
-    Label& control = colors(index);
-    auto* swatch = new Swatch(ToColor(control.BackColor), page);
+    Label& control = colours(index);
+    auto* swatch = new Swatch(ToColour(control.BackColor), page);
     swatch->setAccessibleName(QString::fromLatin1(names[index]));
     Mirror* mirror = view.Follow(
         control, swatch, [&control, swatch] { swatch->setChecked(control.Border != BorderStyle::None); });

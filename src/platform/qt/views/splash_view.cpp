@@ -24,9 +24,9 @@ constexpr QSize vendorSize(113, 20);
 constexpr int spectrumHeight = 4;
 
 void Whiten(QWidget* label, int points) {
-  QPalette colors = label->palette();
-  colors.setColor(QPalette::WindowText, Qt::white);
-  label->setPalette(colors);
+  QPalette colours = label->palette();
+  colours.setColor(QPalette::WindowText, Qt::white);
+  label->setPalette(colours);
   QFont font = label->font();
   font.setPointSize(std::max(points, font.pointSize()));
   label->setFont(font);

@@ -42,7 +42,7 @@ StatisticsView::StatisticsView(FormViews& views, frmstatsWindow& itsForm) : Type
   rows->addWidget(Progress());
   rows->addWidget(Types());
   rows->addWidget(Sizes());
-  rows->addWidget(Colors());
+  rows->addWidget(Colours());
   rows->addStretch();
   auto* buttons = new QHBoxLayout;
   buttons->addStretch();
@@ -114,7 +114,7 @@ QWidget* StatisticsView::Sizes() {
   return group;
 }
 
-QWidget* StatisticsView::Colors() {
+QWidget* StatisticsView::Colours() {
   QWidget* group = MakeFrame(*this, form.fmColors, this);
   auto* grid = new QGridLayout(group);
   grid->setVerticalSpacing(2);

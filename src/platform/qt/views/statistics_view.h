@@ -17,7 +17,7 @@ class StatisticsView final : public TypedView<frmstatsWindow> {
   QWidget* Progress();
   QWidget* Types();
   QWidget* Sizes();
-  QWidget* Colors();
+  QWidget* Colours();
   // A counter below its label.
   void AddPair(QGridLayout& grid, int row, int column, Label& label, TextBox& box, QWidget* parent);
 };

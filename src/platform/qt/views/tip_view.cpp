@@ -20,9 +20,9 @@ constexpr int margin = 24;
 constexpr QRgb ink = qRgb(0x1C, 0x24, 0x40);
 
 void WriteInInk(QWidget* label, int morePoints, bool bold) {
-  QPalette colors = label->palette();
-  colors.setColor(QPalette::WindowText, QColor::fromRgb(ink));
-  label->setPalette(colors);
+  QPalette colours = label->palette();
+  colours.setColor(QPalette::WindowText, QColor::fromRgb(ink));
+  label->setPalette(colours);
   QFont font = label->font();
   font.setPointSizeF(font.pointSizeF() + morePoints);
   font.setBold(bold);
