@@ -175,6 +175,8 @@ Pixels Picture::PixelsToShow(Size wanted, const std::stop_token& stop) const {
   if (pixels.IsEmpty() || stop.stop_requested()) return {};
   if (state_->facts.once) state_->Keep(pixels);
   if (!(pixels.GetSize() == size)) pixels = TellingOutOfMemory([&] { return Scale(pixels, size); });
+  // What it was made from is of more use then: another size is wanted by now.
+  if (stop.stop_requested()) return {};
   state_->KeepShown(pixels);
   return pixels;
 }

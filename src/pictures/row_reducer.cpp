@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace lumidex {
 namespace {
@@ -71,12 +72,14 @@ void JoinSum(std::uint16_t* sum, Factor factor, std::uint16_t* line, std::size_t
 
 }  // namespace
 
-RowReducer::RowReducer(Size from, Pixels& into, bool bottomUp)
+RowReducer::RowReducer(Size from, Pixels& into, bool bottomUp, int first)
     : into_(&into),
       bottomUp_(bottomUp),
       across_(from.width, into.Width(), into.Format()),
       rowParts_(into.Height()),
       mostParts_(from.height),
+      done_(first),
+      elsewhere_(first * mostParts_ % rowParts_),
       line_(static_cast<std::size_t>(from.width) * 4) {
   constexpr std::int64_t mostInSum = 65535 / 255;
   mostInSum_ = static_cast<int>(std::min(mostInSum, mostParts_ / rowParts_));
@@ -101,7 +104,8 @@ std::uint16_t RowReducer::Share(std::int64_t parts) const {
 
 template <class Channel>
 void RowReducer::AddChannels(const Channel* channels) {
-  const std::int64_t here = std::min(mostParts_ - parts_, rowParts_);
+  const std::int64_t own = rowParts_ - std::exchange(elsewhere_, 0);
+  const std::int64_t here = std::min(mostParts_ - parts_, own);
   if (parts_ == 0) {
     Begin(channels, Share(here), line_.data(), line_.size());
   } else if (here == rowParts_ && !sum_.empty() && sizeof(Channel) == 1) {
@@ -115,7 +119,7 @@ void RowReducer::AddChannels(const Channel* channels) {
   JoinTheSum();
   across_.Write(line_, into_->Row(bottomUp_ ? into_->Height() - 1 - done_ : done_));
   ++done_;
-  parts_ = rowParts_ - here;
+  parts_ = own - here;
   if (parts_ > 0) Begin(channels, Share(parts_), line_.data(), line_.size());
 }
 

@@ -2,8 +2,11 @@
 
 #include <algorithm>
 #include <array>
+#include <atomic>
+#include <new>
 #include <vector>
 
+#include "pictures/in_parts.h"
 #include "pictures/row_reducer.h"
 
 namespace lumidex {
@@ -11,8 +14,21 @@ namespace lumidex {
 namespace {
 
 void Reduce(const Pixels& pixels, Pixels& into) {
-  RowReducer reducer(pixels.GetSize(), into);
-  for (int y = 0; y < pixels.Height(); ++y) reducer.Add(pixels.Row(y));
+  // To begin another thread takes as long as some ten thousand pixels.
+  constexpr std::size_t leastPixels = std::size_t{1} << 19;
+  const auto rows = static_cast<std::size_t>(into.Height());
+  const std::size_t pixelsInRow = pixels.ByteCount() / 4 / rows;
+  std::atomic<bool> lacksMemory = false;
+  InParts(rows, leastPixels / std::max<std::size_t>(pixelsInRow, 1), [&](std::size_t begin, std::size_t end) {
+    try {
+      RowReducer reducer(pixels.GetSize(), into, false, static_cast<int>(begin));
+      auto y = static_cast<int>(reducer.RowsBefore(reducer.Done()));
+      while (reducer.Done() < static_cast<int>(end)) reducer.Add(pixels.Row(y++));
+    } catch (const std::bad_alloc&) {
+      lacksMemory = true;
+    }
+  });
+  if (lacksMemory) throw std::bad_alloc();
 }
 
 // More rows than there are: each lies between two of the picture's.

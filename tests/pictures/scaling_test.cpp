@@ -172,6 +172,32 @@ TEST(RowReducer, Rows_from_the_bottom_give_the_mirrored_picture) {
   for (int y = 0; y < 7; ++y) EXPECT_EQ(RowOf(up, y), RowOf(down, 6 - y)) << y;
 }
 
+TEST(RowReducer, Parts_of_the_picture_made_apart_are_those_of_the_whole) {
+  for (const Size from : {Size{5, 7}, {5, 100}, {5, 1000}, {5, 12}}) {
+    const Pixels noise = Noise(from);
+    for (const int height : {1, 3, 6, 7}) {
+      const Size size{4, height};
+      Pixels whole = Pixels::Make(size, PixelFormat::Rgb, 0), parts = Copy(whole);
+      RowReducer reducer(from, whole);
+      for (int y = 0; y < from.height; ++y) reducer.Add(noise.Row(y));
+      for (int row = height - 1; row >= 0; --row) {
+        RowReducer part(from, parts, false, row);
+        for (auto y = static_cast<int>(part.RowsBefore(row)); part.Done() == row; ++y) part.Add(noise.Row(y));
+      }
+      EXPECT_EQ(WordsOf(parts), WordsOf(whole)) << from.height << " to " << height;
+    }
+  }
+}
+
+// Large enough to be worth more than one processor.
+TEST(Scaling, A_large_picture_is_as_exact) {
+  const Pixels noise = Noise({1500, 1001});
+  const Size size{3, 700};
+  const Pixels scaled = Scale(noise, size);
+  for (int y = 0; y < size.height; ++y)
+    ASSERT_NEAR(scaled.Row(y)[1] & 255, Exact(noise, size, 1, y, 0), 0.52) << y;
+}
+
 TEST(RowReducer, Rows_with_and_without_transparency_join) {
   // A clear, a half clear and two opaque rows.
   Pixels into = Pixels::Make({1, 1}, PixelFormat::Argb, 0);

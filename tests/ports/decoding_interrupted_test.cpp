@@ -158,6 +158,22 @@ TEST_F(DecodingAheadInTheMidst, Work_ends_when_the_picture_is_not_to_be_shown_an
   EXPECT_EQ(found.HeldBytes(), 0U);
 }
 
+TEST_F(DecodingAheadInTheMidst, Work_for_a_file_that_was_taken_goes_on_for_another_size) {
+  Picture found;
+  std::unique_ptr<DecodingService::Showing> showing;
+  disk.whileDecoding = [&] {
+    std::thread([&] {
+      found = FindNow("/a.bmp");
+      auto smaller = reading.Show(found, {50, 50}, DecodingPriority::Screen, [](const Pixels&) {});
+      showing = Show(found);
+      smaller.reset();
+    }).join();
+  };
+  steps.Want(DecodingPriority::Screen, {{"/a.bmp"}, DecodingExtent::AtLeast, Whole});
+  reading.RunNext();
+  EXPECT_FALSE(found.ReadyToShow({100, 100}).IsEmpty());
+}
+
 TEST_F(DecodingAheadInTheMidst, Work_for_a_file_that_was_taken_ends_when_it_is_not_to_be_shown_any_longer) {
   Picture found;
   disk.whileDecoding = [&] {

@@ -1,5 +1,7 @@
 #include "platform/qt/mirrors/image_view.h"
 
+#include <QWindow>
+
 #include "platform/qt/accessibility.h"
 #include "platform/qt/artwork.h"
 #include "platform/qt/conversions.h"
@@ -99,13 +101,28 @@ void ImageView::Ask() {
   // The same picture at another size is there already, if not quite as sharp as it will be.
   if (shown_.Painted() == picture_ || !isVisible()) TakePlace();
   // What nobody sees is not decoded.
-  if (!isVisible()) return;
+  if (!isVisible() || AwaitsExposure()) return;
   ratio_ = devicePixelRatioF();
   const QSize box = wantedPixels_ ? wantedPixels_->size()
                                   : (QSizeF(BoxIn(place.size(), picture_).size()) * ratio_).toSize();
   shown_.Want(picture_, box, PriorityOf(place.size()));
   if (!shown_.IsWaiting()) return;
   if (!untilBusy_.isActive() && !busy_) untilBusy_.start();
+}
+
+bool ImageView::AwaitsExposure() {
+  QWindow* on = window()->windowHandle();
+  if (!asksOnceExposed_ || (on && on->isExposed())) return false;
+  if (on) on->installEventFilter(this);
+  return true;
+}
+
+bool ImageView::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::Expose) {
+    watched->removeEventFilter(this);
+    AskSoon();
+  }
+  return PaintedWidget::eventFilter(watched, event);
 }
 
 void ImageView::TakeWhatCame() {

@@ -27,6 +27,8 @@ class ImageView final : public PaintedWidget {
   void PlaceOnDevice(const QRect& pixels);
   // A drawn picture of the program's own: it fills the widget and keeps its transparent places.
   void ShowArtwork(const std::string& name);
+  // Asks for no picture before the window is on the screen: until then its manager may give it another size.
+  void AskOnceExposed() { asksOnceExposed_ = true; }
   // What shows through a picture's transparent places; white by default.
   void SetGround(const QBrush& ground) { ground_ = ground; }
   // True while the picture that it was given last is on its way.
@@ -40,11 +42,13 @@ class ImageView final : public PaintedWidget {
  protected:
   void showEvent(QShowEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
   void Paint() override;
 
  private:
   void AskSoon() { ask_->MarkChanged(); }
   void Ask();
+  bool AwaitsExposure();
   void TakeWhatCame();
   QRect WantedPlace() const;
   void TakePlace();
@@ -54,6 +58,7 @@ class ImageView final : public PaintedWidget {
 
   Picture picture_;
   bool stretch_ = false;
+  bool asksOnceExposed_ = false;
   std::optional<QRect> place_;
   // Pixels of the screen: the box that is wanted, and that of what is painted; none where the widget is it.
   std::optional<QRect> wantedPixels_, pixels_;

@@ -17,7 +17,8 @@ void ShownPicture::Want(const Picture& picture, QSize devicePixels, DecodingPrio
   size_ = devicePixels;
   isWaiting_ = true;
   const std::uint64_t number = ++number_;
-  showing_.reset();
+  // Ends behind the new wish: until then its work may serve that one too, when only the size is another.
+  const auto before = std::move(showing_);
   if (picture.IsEmpty() || devicePixels.isEmpty()) return Take(number, {});
   // The answer comes from any thread, and maybe when this is gone.
   const auto ready = [number, self = std::weak_ptr(self_), here = std::this_thread::get_id(),

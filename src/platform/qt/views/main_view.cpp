@@ -74,7 +74,9 @@ void MainView::HoldPainting() {
   setUpdatesEnabled(false);
   QTimer::singleShot(longestHoldMilliseconds, this, [this] { setUpdatesEnabled(true); });
   auto* image = dynamic_cast<ImageView*>(WidgetOf(form.Image1));
-  if (image) image->onShown = [this, image] { setUpdatesEnabled(updatesEnabled() || image->HasPicture()); };
+  if (!image) return;
+  image->AskOnceExposed();
+  image->onShown = [this, image] { setUpdatesEnabled(updatesEnabled() || image->HasPicture()); };
 }
 
 }  // namespace lumidex
