@@ -1,11 +1,35 @@
 """Looks at windows: takes their pictures, and gathers all that is wrong with them."""
 
+import contextlib
 import os
+import signal
+import threading
 import time
 
 import checks
 from desktop import PATIENCE, Failure, wait_until
 from program import MAIN
+
+
+@contextlib.contextmanager
+def slowed(process):
+    """The process works a tenth of the time only."""
+    over = threading.Event()
+
+    def hold():
+        while not over.is_set():
+            os.kill(process, signal.SIGSTOP)
+            over.wait(0.045)
+            os.kill(process, signal.SIGCONT)
+            over.wait(0.005)
+
+    holding = threading.Thread(target=hold)
+    holding.start()
+    try:
+        yield
+    finally:
+        over.set()
+        holding.join()
 
 
 class Inspection:
@@ -54,6 +78,21 @@ class Inspection:
         if describe:
             self.descriptions[label] = checks.description(tree)
         return tree
+
+    def glimpse(self, act, title, label):
+        """A picture of a window that stands for a moment only: meanwhile the program is slowed."""
+        with slowed(self.program.process.pid):
+            act()
+            window = self.program.window(title)
+            file = os.path.join(self.shots, f"{self.name}-{label}.png")
+            wait_until(lambda: self._has_content(window, file), 20, f"the content of the window '{title}'")
+            outer, area = window.outer(), self.desktop.work_area()
+            self.check(checks.holds(area, outer), f"{label}: the window at {outer} leaves the work area {area}")
+        self.program.wait_until_gone(title)
+
+    def _has_content(self, window, file):
+        window.screenshot(file)
+        return int(self.desktop.run("identify", "-format", "%k", file) or 0) > 8
 
     def picture_name(self):
         for node, _ in checks.nodes(self.program.tree(MAIN)):

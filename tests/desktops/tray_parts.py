@@ -5,6 +5,7 @@ import re
 import signal
 import subprocess
 import sys
+import time
 
 from bus import NotificationArea
 from desktop import HERE, Failure, check, wait_until
@@ -43,11 +44,12 @@ class Menu:
 
     def open(self):
         for _ in range(4):
+            # What a person needs from one press to the next; the manager's animations stand over the icon until then.
+            time.sleep(0.5)
             self.press()
             try:
                 return wait_until(self._open, 8)
             except Failure:
-                # While the window manager moves windows, one of them may have stood over the icon for a moment.
                 continue
         raise Failure("no menu comes at the icon")
 
@@ -68,11 +70,19 @@ def is_managed(desktop, window):
     return hex(int(window.number)) in desktop.run("xprop", "-root", "-notype", "_NET_CLIENT_LIST")
 
 
+def restored_to(size, program):
+    """The main window is back on the screen in that size, width and height."""
+    main = program.main()
+    wait_until(lambda: not main.is_maximised(), 20, "the window to be restored")
+    wait_until(lambda: main.geometry()[2:] == size, 20, f"the window to be {size} large again")
+
+
 def through_the_icon(desktop, program, left, right, twice):
     """All that the icon is good for, whatever it stands in."""
     main = program.main()
     settings = os.path.join(program.folder, "Lumidex.Cfg")
     check(not os.path.exists(settings), "settings are there before they are saved")
+    size = main.geometry()[2:]
     left.choose("s")
     wait_until(lambda: os.path.exists(settings), 20, "the left menu's Save List to save")
     right.choose("x")
@@ -87,8 +97,20 @@ def through_the_icon(desktop, program, left, right, twice):
     right.choose("n")
     wait_until(lambda: not main.is_on_screen() and not is_managed(desktop, main), 20, "the minimised window to hide")
     twice()
-    shown = program.main()
-    wait_until(shown.is_maximised, 20, "the double click to maximise")
+    wait_until(program.main().is_maximised, 20, "the double click to maximise")
+    right.choose("r")
+    restored_to(size, program)
+    # Maximised, minimised, and called back in both ways.
+    right.choose("x")
+    wait_until(program.main().is_maximised, 20, "the right menu's Maximize to maximise")
+    right.choose("n")
+    wait_until(lambda: not program.has_window("^Korvane Lumidex$"), 20, "the maximised window to hide")
+    right.choose("r")
+    restored_to(size, program)
+    right.choose("n")
+    wait_until(lambda: not program.has_window("^Korvane Lumidex$"), 20, "the restored window to hide")
+    twice()
+    wait_until(program.main().is_maximised, 20, "the second double click to maximise")
     # A modal window keeps the user from all others, not from the icon.
     right.choose("a")
     about = program.window("^About")

@@ -1,12 +1,28 @@
 """The main path through the program, by keys and mouse, with a look at every window on the way."""
 
+import os
+
 import checks
 from desktop import came, wait_until
 from inspection import Inspection
 from program import DIRECTORY, MAIN, PREFERENCES, TIP
 from tour import tour
 
+BATCH = "Convert File Type"
 PAGES = ["types", "background", "jpeg", "toolbar", "associations", "icons"]
+
+
+def many_files(folder, picture, directories=60, names=600):
+    """A tree that a search is busy with for a while, with a picture in each directory."""
+    os.makedirs(folder)
+    other = os.path.join(folder, "0.text")
+    open(other, "w").close()
+    for directory in range(directories):
+        below = os.path.join(folder, str(directory))
+        os.mkdir(below)
+        os.link(picture, os.path.join(below, os.path.basename(picture)))
+        for name in range(names):
+            os.link(other, os.path.join(below, f"{name}.text"))
 
 
 class Walk(Inspection):
@@ -44,6 +60,22 @@ class Walk(Inspection):
         self.steps(lambda: self.program.click(*checks.centre(rows[1])), "a click in the list")
         self.check(main.is_on_screen(), "the main window has gone")
 
+    def glimpse_at_what_goes_by_itself(self):
+        """The windows that tell how far a search and a batch have come."""
+        folder = self.program.folder
+        many_files(os.path.join(folder, "many"), os.path.join(folder, "parrot.png"))
+        self.program.keys_in(MAIN, "ctrl+d")
+        self.look_at(DIRECTORY, "directory-again", describe=False)
+        self.program.keys_in(DIRECTORY, "alt+s")
+        self.glimpse(lambda: self.program.keys("alt+o"), "^Lumidex$", "search")
+        wait_until(self.has_finds, what="the finds of the search")
+        self.program.keys_in(MAIN, "alt+a")
+        self.program.press("menu item", "Batch Convert")
+        # The first time, the keyboard chose a type by being on it.
+        self.program.press("radio button", "BMP")
+        self.program.give_keyboard(BATCH)
+        self.glimpse(lambda: self.program.keys("alt+c"), "^Form1$", "batch-progress")
+
     def through_preferences(self, main, pages):
         self.program.give_keyboard(MAIN)
         tree = self.program.tree(MAIN)
@@ -75,8 +107,10 @@ class Walk(Inspection):
                     self.fault(f"{what}: from {begin} by {gone} to {state()}")
                     return
 
-        # A manager counts from the frame or from the content, as the window asks for: from here on as it does.
-        left, top = main.outer()[:2]
+        # A manager counts from the frame or from the content, as the window asks for: from here on as it does. To the
+        # content, where that stands now: a frame would be put beyond the screen's edge, from which some managers fetch
+        # it back with the next change.
+        left, top = main.geometry()[:2]
         main.place(left, top, -1, -1)
         cycle("maximise and restore", main.maximise, main.restore)
         cycle("minimise and call back", main.minimise, main.activate)
@@ -107,6 +141,7 @@ class Walk(Inspection):
         self.through_preferences(main, PAGES if whole else PAGES[:1])
         if whole:
             tour(self)
+            self.glimpse_at_what_goes_by_itself()
         self.in_the_managers_hands(main, cycles)
         main.close()
         self.has_left()

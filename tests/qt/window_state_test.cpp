@@ -1,5 +1,7 @@
 // The main window in the hands of a window manager: minimised, maximised, moved.
 
+#include <QResizeEvent>
+
 #include "qt/main_window.h"
 
 namespace lumidex {
@@ -58,6 +60,53 @@ TEST_F(MinimisedWindowTest, Called_back_from_the_notification_area_it_is_not_min
   Settle();
   EXPECT_TRUE(View().isVisible());
   EXPECT_FALSE(View().isMinimized());
+}
+
+TEST_F(MinimisedWindowTest, Called_back_maximised_it_is_restored_to_the_size_it_had) {
+  const QSize size = View().size();
+  Minimise();
+  window.State = WindowState::Maximized;
+  window.Show();
+  Settle();
+  EXPECT_TRUE(View().isMaximized());
+  EXPECT_NE(View().size(), size);
+  window.State = WindowState::Normal;
+  Settle();
+  EXPECT_EQ(View().size(), size);
+}
+
+TEST_F(MinimisedWindowTest, Hidden_while_it_was_maximised_it_comes_back_in_the_size_it_had_before) {
+  const QSize size = View().size();
+  View().showMaximized();
+  Settle();
+  EXPECT_NE(View().size(), size);
+  Minimise();
+  window.State = WindowState::Normal;
+  window.Show();
+  Settle();
+  EXPECT_FALSE(View().isMaximized());
+  EXPECT_EQ(View().size(), size);
+}
+
+TEST_F(MinimisedWindowTest, Its_form_knows_the_size_of_the_screen_when_it_comes_back_maximised) {
+  Minimise();
+  float asShown = 0;
+  window.OnResize = [&] { asShown = window.Height; };
+  window.State = WindowState::Maximized;
+  window.Show();
+  window.OnResize = nullptr;
+  Settle();
+  // But for the frame, which the window manager adds.
+  EXPECT_NEAR(asShown, window.Height, world.views.GetUnits().Twips(frameAllowance.height()));
+}
+
+TEST_F(MinimisedWindowTest,
+       In_the_notification_area_it_stays_minimised_whatever_the_window_manager_makes_of_it) {
+  Minimise();
+  View().setWindowState(Qt::WindowNoState);
+  QResizeEvent event(View().size(), QSize(1, 1));
+  QCoreApplication::sendEvent(&View(), &event);
+  EXPECT_EQ(window.State.Get(), WindowState::Minimized);
 }
 
 TEST_F(MinimisedWindowTest, It_stays_in_the_task_bar_while_there_is_no_icon_in_a_notification_area) {

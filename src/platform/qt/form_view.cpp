@@ -28,6 +28,8 @@ FormView::FormView(FormViews& views, Form& form, Qt::WindowFlags flags)
       pushes_(form.GetPlatform().events),
       background_(form.GetPlatform(), [this] { update(); }) {
   setObjectName(ToQt(form.Name()));
+  manager_.setSingleShot(true);
+  connect(&manager_, &QTimer::timeout, this, [this] { NoteSettled(); });
   SetAccessibleRole(*this, flags.testFlag(Qt::Dialog) ? QAccessible::Dialog : QAccessible::Window);
   if (form.Border == BorderStyle::None) setWindowFlag(Qt::FramelessWindowHint);
   new PointerWatch(*this, form, this, this);
@@ -144,15 +146,17 @@ void FormView::CarryOut(FormRequest request) {
 void FormView::FollowVisibility() {
   if (form_.Visible() == isVisible()) return;
   if (!form_.Visible()) {
-    if (!StaysInTaskBar()) hide();
-    return;
+    if (StaysInTaskBar()) return;
+    wasMinimized_ = form_.State == WindowState::Minimized;
+    return hide();
   }
   // A minimized window that comes back in another state is mapped and changed by the library in an order in
-  // which window managers lose that state: a new one comes up as it is to be.
-  if (isMinimized() && windowHandle()) {
-    destroy();
-    setWindowState(windowState() & ~Qt::WindowMinimized);
-  }
+  // which window managers lose that state, and what they tell late of the old state would count as news: a
+  // new window comes up as it is to be.
+  if (std::exchange(wasMinimized_, false) && windowHandle()) destroy();
+  // What a window has when it is maximised before it stands is what its manager restores it to.
+  setWindowState(windowState() & ~(Qt::WindowMinimized | Qt::WindowMaximized | Qt::WindowFullScreen));
+  TakeNormalPlace();
   ignoresActivation_ = true;
   setWindowModality(form_.IsModal() ? Qt::ApplicationModal : Qt::NonModal);
   pushes_.Flush();
@@ -162,11 +166,10 @@ void FormView::FollowVisibility() {
     winId();
     windowHandle()->setFlag(Qt::WindowStaysOnTopHint);
   }
-  if (form_.State == WindowState::Maximized) {
-    // Near to what the window manager will make of it: the form looks at its size before that has come.
-    resize(form_.CoversScreen() ? screen()->size() : screen()->availableSize());
-  }
+  if (!normalSize_.isValid()) normalSize_ = size();
+  if (form_.State == WindowState::Maximized) AwaitMaximising();
   ShowInState();
+  if (awaitedSize_.isValid()) TellSize(awaitedSize_);
 }
 
 void FormView::Place() {
@@ -177,7 +180,7 @@ void FormView::Place() {
   const QSize room = on->availableSize() - frameAllowance;
   FitContent(room);
   // Told to the form by the resize event that comes with the showing.
-  if (form_.State == WindowState::Normal) resize(size().boundedTo(room));
+  if (!form_.CoversScreen()) resize(size().boundedTo(room));
   if (!before || windowType() != Qt::Dialog) return;
   QWindow* parent = before->window()->windowHandle();
   setScreen(on);

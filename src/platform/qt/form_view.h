@@ -3,8 +3,10 @@
 // and tells the form what the user does. What stands in the window is the business of the derived views.
 
 #include <QPointer>
+#include <QTimer>
 #include <QWidget>
 #include <map>
+#include <optional>
 
 #include "controls/form.h"
 #include "platform/qt/mirror.h"
@@ -100,7 +102,14 @@ class FormView : public QWidget {
   // `room` is what the screen has for the content, in logical pixels; more is scrolled.
   void FitContent(const QSize& room);
   void CarryOut(FormRequest request);
-  void TellSize(const QSize& size);
+  void TellSize(QSize size);
+  // Lets the form know the size that the window will have: it looks at it before the window manager has
+  // answered.
+  void AwaitMaximising();
+  // Size and state belong together now: what came last has stayed for a while.
+  void NoteSettled();
+  // The window has the size and the place again that it had before it was maximised and hidden.
+  void TakeNormalPlace();
   // A minimised window that its form has hidden stays in the task bar when the user could not call it back
   // from anywhere else.
   bool StaysInTaskBar() const;
@@ -118,12 +127,17 @@ class FormView : public QWidget {
   bool shownCovering_ = false;  // the whole screen
   QSizeF shownSize_;            // the form's, in twips
   QPointF shownPlace_;
+  QTimer manager_;                      // runs while the window manager may have something to add
+  QSize awaitedSize_;                   // unset when it is not about to maximise
+  QSize normalSize_;                    // neither maximised nor minimised; unset before the first show
+  std::optional<QPoint> normalCorner_;  // of the content; unset when the window never stood so
   Picture shownIcon_;
   ShownPicture background_;
   std::vector<DrawnBand> shownDrawing_;
   bool ignoresActivation_ = true;
   bool pushing_ = false;
   bool wasPlaced_ = false;
+  bool wasMinimized_ = false;  // when it was hidden
   bool placesItself_ = false;  // the form or the view says where the window stands
 };
 

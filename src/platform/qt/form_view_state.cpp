@@ -4,14 +4,23 @@
 #include <QApplication>
 #include <QMoveEvent>
 #include <QResizeEvent>
-#include <QTimer>
+#include <chrono>
 #include <cmath>
+#include <utility>
 
 #include "platform/qt/conversions.h"
 #include "platform/qt/form_view.h"
 #include "platform/qt/form_views.h"
 
 namespace lumidex {
+
+namespace {
+
+// How long a window manager may take between the two messages of one change, that of the state and that of
+// the size.
+constexpr std::chrono::milliseconds managerPatience{300};
+
+}  // namespace
 
 void FormView::ShowState() {
   if (windowTitle() != ToQt(form_.Caption.Get())) setWindowTitle(ToQt(form_.Caption.Get()));
@@ -103,7 +112,7 @@ bool FormView::StaysInTaskBar() const {
          !form_.GetPlatform().tray.IsAvailable();
 }
 
-void FormView::TellSize(const QSize& size) {
+void FormView::TellSize(QSize size) {
   const double factor = GetUnits().factor;
   const auto outer = [factor](int pixels, float frame) {
     return static_cast<float>(pixels / factor * twipsPerPixel) + frame;
@@ -111,6 +120,7 @@ void FormView::TellSize(const QSize& size) {
   const WindowState state = isMinimized()                     ? WindowState::Minimized
                             : isMaximized() || isFullScreen() ? WindowState::Maximized
                                                               : WindowState::Normal;
+  if (state == WindowState::Maximized && awaitedSize_.isValid()) size = awaitedSize_;
   float width = outer(size.width(), form_.FrameWidth());
   float height = outer(size.height(), form_.FrameHeight());
   // The size that the form itself has set comes back rounded to whole pixels: that is no new size.
@@ -130,13 +140,38 @@ void FormView::TellSize(const QSize& size) {
   });
 }
 
+void FormView::AwaitMaximising() {
+  if (form_.CoversScreen()) return resize(screen()->size());
+  awaitedSize_ = screen()->availableSize();
+  manager_.start(managerPatience);
+}
+
+void FormView::NoteSettled() {
+  if (!isVisible()) return;
+  if (std::exchange(awaitedSize_, QSize()).isValid()) TellSize(size());
+  if (isMinimized() || isMaximized() || isFullScreen()) return;
+  normalSize_ = size();
+  normalCorner_ = geometry().topLeft();
+}
+
+void FormView::TakeNormalPlace() {
+  if (!normalSize_.isValid() || form_.CoversScreen()) return;
+  resize(normalSize_);
+  if (normalCorner_) setGeometry({*normalCorner_, normalSize_});
+}
+
 void FormView::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
-  if (form_.IsLoaded()) TellSize(event->size());
+  if (event->spontaneous()) awaitedSize_ = {};
+  manager_.start(managerPatience);
+  // Once it is hidden the window manager takes back what it had made of the window, which is nothing to the
+  // form.
+  if (form_.IsLoaded() && (form_.Visible() || isVisible())) TellSize(event->size());
 }
 
 void FormView::moveEvent(QMoveEvent* event) {
   QWidget::moveEvent(event);
+  manager_.start(managerPatience);
   if (pushing_ || isMinimized() || isMaximized() || isFullScreen() || !isVisible()) return;
   form_.Left.SetQuietly(GetUnits().Twips(x()));
   form_.Top.SetQuietly(GetUnits().Twips(y()));
