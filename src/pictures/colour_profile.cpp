@@ -1,7 +1,5 @@
 #include "pictures/colour_profile.h"
 
-#include <lcms2.h>
-
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -11,6 +9,7 @@
 
 #include "pictures/colour_curves.h"
 #include "pictures/ink_grid.h"
+#include "pictures/late_lcms.h"
 
 namespace lumidex {
 namespace {
@@ -192,6 +191,7 @@ std::unique_ptr<ColourProfile> ForGreys(cmsHPROFILE profile, bool deep) {
 }  // namespace
 
 std::unique_ptr<ColourProfile> ColourProfile::FromIcc(Bytes icc, ProfileInput input, std::int64_t pixels) {
+  if (!lcmsLibrary.IsThere()) return nullptr;
   const Profile profile(cmsOpenProfileFromMem(icc.data(), static_cast<cmsUInt32Number>(icc.size())));
   if (!profile) return nullptr;
   const bool inks = input == ProfileInput::Cmyk || input == ProfileInput::CmykInverted;

@@ -1,10 +1,10 @@
 #include "pictures/srgb_profile.h"
 
-#include <lcms2.h>
-
 #include <algorithm>
 #include <array>
 #include <memory>
+
+#include "pictures/late_lcms.h"
 
 namespace lumidex {
 namespace {
@@ -17,11 +17,13 @@ using Profile = std::unique_ptr<void, CloseProfile>;
 }  // namespace
 
 bool IsRgbProfile(Bytes icc) {
+  if (!lcmsLibrary.IsThere()) return false;
   const Profile profile(cmsOpenProfileFromMem(icc.data(), static_cast<cmsUInt32Number>(icc.size())));
   return profile && cmsGetColorSpace(profile.get()) == cmsSigRgbData;
 }
 
 std::vector<std::uint8_t> MakeSrgbProfile() {
+  if (!lcmsLibrary.IsThere()) return {};
   const Profile profile(cmsCreate_sRGBProfile());
   cmsUInt32Number count = 0;
   if (!profile || !cmsSaveProfileToMem(profile.get(), nullptr, &count)) return {};

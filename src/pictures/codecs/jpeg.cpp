@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <cstring>
 #include <optional>
 
 #include "pictures/codecs/jpeg_colours.h"
@@ -24,9 +25,13 @@ constexpr int ProfileMarker = JPEG_APP0 + 2;
 
 // Some writers leave bytes before the picture; they are looked for in the head only.
 std::optional<std::size_t> FindStart(Bytes head) {
-  constexpr std::uint8_t start[] = {0xFF, 0xD8, 0xFF};
-  const auto found = std::search(head.begin(), head.end(), std::begin(start), std::end(start));
-  if (found != head.end()) return static_cast<std::size_t>(found - head.begin());
+  for (std::size_t place = 0; place + 2 < head.size(); ++place) {
+    // Files of every other kind are asked, too: most of their bytes are passed over at once.
+    const void* const mark = std::memchr(head.data() + place, 0xFF, head.size() - 2 - place);
+    if (mark == nullptr) break;
+    place = static_cast<std::size_t>(static_cast<const std::uint8_t*>(mark) - head.data());
+    if (head[place + 1] == 0xD8 && head[place + 2] == 0xFF) return place;
+  }
   return std::nullopt;
 }
 

@@ -56,7 +56,8 @@ TiffBands::TiffBands(const TiffFile& file, const TiffLayout& layout, Size size, 
                layout.bits == 8 && file.FieldOrDefault(TIFFTAG_PREDICTOR) == PREDICTOR_HORIZONTAL;
     if (differs_) TIFFSetField(tiff, TIFFTAG_PREDICTOR, PREDICTOR_NONE);
   }
-  planes_.assign(planes, std::vector<std::uint8_t>(static_cast<std::size_t>(planeBytes)));
+  planes_.resize(planes);
+  planeBytes_ = static_cast<std::size_t>(planeBytes);
   isReadable_ = true;
 }
 
@@ -68,6 +69,7 @@ std::size_t TiffBands::PackedBytes(std::int64_t width) const {
 }
 
 void TiffBands::ReadNext(const Sink& sink) {
+  for (std::vector<std::uint8_t>& plane : planes_) plane.resize(planeBytes_);
   const int rows = std::min(bandRows_, size_.height - top_);
   if (tiled_) {
     ReadTiles(rows, sink);
@@ -100,7 +102,7 @@ void TiffBands::ReadStrip(int rows, const Sink& sink) {
 void TiffBands::ReadLines(int rows, const Sink& sink) {
   for (int row = 0; row < rows && top_ + row >= lostBefore_; ++row) {
     const int y = top_ + row;
-    if (TIFFReadScanline(file_.Handle(), planes_[0].data(), static_cast<std::uint32_t>(y)) != 1) {
+    if (TIFFReadScanline(file_.Handle(), planes_[0].data(), static_cast<std::uint32_t>(y), 0) != 1) {
       lostBefore_ = (y / stripRows_ + 1) * stripRows_;
       return;
     }

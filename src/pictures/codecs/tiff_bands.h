@@ -48,7 +48,8 @@ class TiffBands {
   int top_ = 0;
   int lostBefore_ = 0;        // the row at which a strip begins again after one that was damaged
   std::size_t rowBytes_ = 0;  // of a strip's or tile's row
-  std::vector<std::vector<std::uint8_t>> planes_;  // of the band
+  std::size_t planeBytes_ = 0;
+  std::vector<std::vector<std::uint8_t>> planes_;  // of the band; empty until one is read
   std::vector<std::uint8_t> wide_[2];  // a row of each chroma plane, brought to the picture's width
 };
 

@@ -1,10 +1,9 @@
 #pragma once
 // A TIFF file open in libtiff, read through a byte source, and what its first page says about its samples.
 
-#include <tiffio.h>
-
 #include <string>
 
+#include "pictures/late_tiff.h"
 #include "pictures/orientation.h"
 #include "pictures/picture_data.h"
 

@@ -1,12 +1,11 @@
 #include "pictures/codecs/tiff_rows.h"
 
-#include <lcms2.h>
-
 #include <algorithm>
 #include <cstring>
 
 #include "pictures/byte_pixels.h"
 #include "pictures/codecs/tiff_numbers.h"
+#include "pictures/late_lcms.h"
 
 namespace lumidex {
 namespace {
@@ -73,6 +72,7 @@ struct TiffRowReader::Conversion {
   }
 
   void PrepareLab() {
+    if (!lcmsLibrary.IsThere()) return;
     const cmsHPROFILE from = cmsCreateLab4Profile(nullptr);
     const cmsHPROFILE to = cmsCreate_sRGBProfile();
     if (from != nullptr && to != nullptr) {

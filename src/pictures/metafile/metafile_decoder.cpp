@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "base/out_of_memory.h"
+#include "pictures/late_cairo.h"
 #include "pictures/refusal.h"
 
 namespace lumidex::metafile {
@@ -42,6 +43,8 @@ Size NaturalSize(Point inches, const PictureLimits& limits) {
 
 MetafileDecoder::MetafileDecoder(const PictureData& data, const OpenOptions& options, std::string_view format)
     : FileDecoder(data, options, format) {
+  // Where it is missing this is the moment to say so: decoding always gives pixels.
+  cairoLibrary.Need();
   facts_.bitsPerPixel = 24;
   facts_.scalable = true;
 }

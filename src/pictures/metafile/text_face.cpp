@@ -51,7 +51,7 @@ bool TextFace::Has(const std::string& text) const {
   const cairo_status_t status =
       cairo_scaled_font_text_to_glyphs(measuring_.get(), 0, 0, text.c_str(), static_cast<int>(text.size()),
                                        &glyphs, &count, nullptr, nullptr, nullptr);
-  const std::unique_ptr<cairo_glyph_t, decltype(&cairo_glyph_free)> owned(glyphs, &cairo_glyph_free);
+  const CairoGlyphs owned(glyphs);
   // Number 0 is the box for what is missing.
   return status == CAIRO_STATUS_SUCCESS &&
          std::none_of(glyphs, glyphs + count, [](const cairo_glyph_t& glyph) { return glyph.index == 0; });
@@ -64,8 +64,7 @@ Path TextFace::Outline(const std::string& text) const {
   cairo_set_scaled_font(context.get(), measuring_.get());
   cairo_move_to(context.get(), 0, 0);
   cairo_text_path(context.get(), text.c_str());
-  const std::unique_ptr<cairo_path_t, decltype(&cairo_path_destroy)> traced(cairo_copy_path(context.get()),
-                                                                            &cairo_path_destroy);
+  const CairoPath traced(cairo_copy_path(context.get()));
   Path outline;
   for (int i = 0; i < traced->num_data; i += traced->data[i].header.length) {
     const cairo_path_data_t* const item = &traced->data[i];

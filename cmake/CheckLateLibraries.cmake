@@ -1,0 +1,10 @@
+# Fails where one of PROGRAMS is linked with a library that is to be loaded when a picture needs it.
+foreach(program ${PROGRAMS})
+  execute_process(COMMAND ${OBJDUMP} -p ${program} OUTPUT_VARIABLE facts COMMAND_ERROR_IS_FATAL ANY)
+  if(NOT facts MATCHES "NEEDED +libpng")
+    message(FATAL_ERROR "${program} does not tell its libraries")
+  endif()
+  if(facts MATCHES "NEEDED +(lib(cairo|lcms2|tiff)[^\n]*)")
+    message(FATAL_ERROR "${program} is linked with ${CMAKE_MATCH_1}")
+  endif()
+endforeach()
