@@ -2,6 +2,7 @@
 
 import contextlib
 import os
+import shutil
 import signal
 import threading
 import time
@@ -86,6 +87,12 @@ class Inspection:
             window = self.program.window(title)
             file = os.path.join(self.shots, f"{self.name}-{label}.png")
             wait_until(lambda: self._has_content(window, file), 20, f"the content of the window '{title}'")
+            # What it tells of the work comes a moment later.
+            for _ in range(3):
+                time.sleep(0.1)
+                later = os.path.join(self.desktop.home, "later.png")
+                if self._has_content(window, later):
+                    shutil.move(later, file)
             outer, area = window.outer(), self.desktop.work_area()
             self.check(checks.holds(area, outer), f"{label}: the window at {outer} leaves the work area {area}")
         self.program.wait_until_gone(title)

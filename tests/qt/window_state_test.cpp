@@ -33,6 +33,28 @@ TEST_F(MainWindowTest, A_window_stands_where_its_form_is_put) {
   EXPECT_EQ(View().x(), world.views.GetUnits().Pixels(1500));
 }
 
+TEST_F(MainWindowTest, A_window_that_goes_at_once_leaves_the_screen_when_it_has_come_there) {
+  window.Hide();
+  Settle();
+  window.Show();
+  window.Hide();
+  EXPECT_TRUE(View().isVisible());
+  Settle();
+  EXPECT_FALSE(View().isVisible());
+  EXPECT_FALSE(window.Visible());
+}
+
+TEST_F(MainWindowTest, A_window_that_goes_at_once_and_comes_again_stays) {
+  window.Hide();
+  Settle();
+  window.Show();
+  window.Hide();
+  window.Show();
+  Settle();
+  EXPECT_TRUE(View().isVisible());
+  EXPECT_TRUE(window.Visible());
+}
+
 struct MinimisedWindowTest : MainWindowTest {
   MinimisedWindowTest() {
     window.OnResize = [this] {

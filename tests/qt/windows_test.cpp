@@ -49,6 +49,7 @@ TEST_F(FormViewTest, A_form_has_no_window_before_it_is_shown) {
   ASSERT_NE(world.views.ViewOf(form), nullptr);
   EXPECT_TRUE(View().isVisible());
   EXPECT_EQ(View().windowTitle(), "A dialog");
+  Settle();
   form.Hide();
   EXPECT_FALSE(View().isVisible());
 }
@@ -56,6 +57,7 @@ TEST_F(FormViewTest, A_form_has_no_window_before_it_is_shown) {
 TEST_F(FormViewTest, A_modal_show_returns_when_the_form_is_hidden) {
   world.events.Post([&] {
     EXPECT_EQ(View().windowModality(), Qt::ApplicationModal);
+    Settle();
     form.Hide();
   });
   form.Show(Modality::Modal);
@@ -83,6 +85,7 @@ TEST_F(FormViewTest, Closing_the_frame_asks_the_form) {
   bool keep = true;
   form.OnQueryUnload = [&](bool& cancel) { cancel = keep; };
   form.Show();
+  Settle();
   View().close();
   EXPECT_TRUE(View().isVisible());
   keep = false;

@@ -144,11 +144,12 @@ void FormView::CarryOut(FormRequest request) {
 }
 
 void FormView::FollowVisibility() {
+  if (form_.Visible()) leaves_ = false;
   if (form_.Visible() == isVisible()) return;
   if (!form_.Visible()) {
     if (StaysInTaskBar()) return;
     wasMinimized_ = form_.State == WindowState::Minimized;
-    return hide();
+    return Leave();
   }
   // A minimized window that comes back in another state is mapped and changed by the library in an order in
   // which window managers lose that state, and what they tell late of the old state would count as news: a
@@ -168,7 +169,9 @@ void FormView::FollowVisibility() {
   }
   if (!normalSize_.isValid()) normalSize_ = size();
   if (form_.State == WindowState::Maximized) AwaitMaximising();
+  hasCome_ = false;
   ShowInState();
+  windowHandle()->installEventFilter(this);
   if (awaitedSize_.isValid()) TellSize(awaitedSize_);
 }
 
@@ -282,6 +285,11 @@ void FormView::PaintBackground() {
 }
 
 bool FormView::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::Expose && watched == windowHandle()) {
+    hasCome_ = true;
+    if (leaves_) QTimer::singleShot(0, this, [this] { EndLeaving(); });
+    return false;
+  }
   if (event->type() != QEvent::FocusIn && event->type() != QEvent::KeyPress) return false;
   auto* widget = qobject_cast<QWidget*>(watched);
   Control* control = widget ? ControlOf(widget) : nullptr;

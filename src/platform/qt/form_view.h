@@ -61,6 +61,8 @@ class FormView : public QWidget {
   void ShowState();
   // Shows or hides the window after the form was shown or hidden.
   void FollowVisibility();
+  // Deletes it later, once it has left the screen.
+  void GiveBack();
 
  protected:
   // Pixels of the window's content to the form's outer size in twips.
@@ -114,6 +116,10 @@ class FormView : public QWidget {
   // from anywhere else.
   bool StaysInTaskBar() const;
   bool PressDefault(bool cancel);
+  // Takes the window off the screen. When its manager has not come round to showing it, it would lose track
+  // of it and leave an empty frame: then that is waited for.
+  void Leave();
+  void EndLeaving();
 
   FormViews& views_;
   Form& form_;
@@ -136,6 +142,9 @@ class FormView : public QWidget {
   std::vector<DrawnBand> shownDrawing_;
   bool ignoresActivation_ = true;
   bool pushing_ = false;
+  bool hasCome_ = false;  // to the screen, since it was shown
+  bool leaves_ = false;
+  bool isGivenBack_ = false;
   bool wasPlaced_ = false;
   bool wasMinimized_ = false;  // when it was hidden
   bool placesItself_ = false;  // the form or the view says where the window stands

@@ -107,12 +107,30 @@ void FormView::PushSize() {
   pushing_ = false;
 }
 
+void FormView::Leave() {
+  if (hasCome_) return hide();
+  leaves_ = true;
+  QTimer::singleShot(managerPatience, this, [this] { EndLeaving(); });
+}
+
+void FormView::EndLeaving() {
+  if (!std::exchange(leaves_, false)) return;
+  hide();
+  if (isGivenBack_) deleteLater();
+}
+
+void FormView::GiveBack() {
+  isGivenBack_ = true;
+  if (!leaves_) deleteLater();
+}
+
 bool FormView::StaysInTaskBar() const {
   return IsEntrance() && form_.IsLoaded() && form_.State == WindowState::Minimized &&
          !form_.GetPlatform().tray.IsAvailable();
 }
 
 void FormView::TellSize(QSize size) {
+  if (leaves_) return;
   const double factor = GetUnits().factor;
   const auto outer = [factor](int pixels, float frame) {
     return static_cast<float>(pixels / factor * twipsPerPixel) + frame;

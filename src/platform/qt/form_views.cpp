@@ -23,7 +23,7 @@ void FormViews::Attach(Form& form, int millisecondsLate) {
   entry.millisecondsLate = millisecondsLate;
   entry.late.setSingleShot(true);
   QObject::connect(&entry.late, &QTimer::timeout, [this, &entry] {
-    if (entry.form->Visible()) ShowFirst(entry);
+    if (entry.form->Visible()) Show(entry);
   });
   entry.visibility = form.VisibilityChanged.Connect([this, &entry] { FollowVisibility(entry); });
   FollowVisibility(entry);
@@ -39,7 +39,7 @@ void FormViews::Close() {
 void FormViews::GiveBack(std::unique_ptr<FormView> view) {
   std::erase_if(leaving_, [](const QPointer<FormView>& earlier) { return earlier.isNull(); });
   leaving_.emplace_back(view.get());
-  view.release()->deleteLater();
+  view.release()->GiveBack();
 }
 
 const Units& FormViews::GetUnits() {
@@ -51,19 +51,20 @@ const Units& FormViews::GetUnits() {
 }
 
 void FormViews::FollowVisibility(Entry& entry) {
-  if (entry.view) {
+  const bool comes = entry.form->Visible() && !(entry.view && entry.view->isVisible());
+  if (comes && entry.millisecondsLate > 0) {
+    if (!entry.late.isActive()) entry.late.start(entry.millisecondsLate);
+  } else if (entry.view) {
     entry.view->FollowVisibility();
     // An unloaded form starts again from its design, and so does its window. Later, since this may be the
     // answer to a gesture in that very window.
     if (!entry.form->IsLoaded()) GiveBack(std::move(entry.view));
-  } else if (entry.form->Visible() && entry.millisecondsLate > 0) {
-    if (!entry.late.isActive()) entry.late.start(entry.millisecondsLate);
-  } else if (entry.form->Visible()) {
-    ShowFirst(entry);
+  } else if (comes) {
+    Show(entry);
   }
 }
 
-void FormViews::ShowFirst(Entry& entry) {
+void FormViews::Show(Entry& entry) {
   if (!entry.view) entry.view = factory_(*this, *entry.form);
   if (entry.view) entry.view->FollowVisibility();
 }

@@ -19,7 +19,7 @@ class FormViews final {
   explicit FormViews(Factory factory);
   ~FormViews();
 
-  // Watches a form, which must live longer than these views or until Close. Its first window comes so many
+  // Watches a form, which must live longer than these views or until Close. Its window comes so many
   // milliseconds after the form is shown, if it is still shown then.
   void Attach(Form& form, int millisecondsLate = 0);
   // Deletes all views and lets go of the forms.
@@ -60,7 +60,7 @@ class FormViews final {
   void FollowVisibility(Entry& entry);
   // Deletes the window once the gesture that it may be answering is over.
   void GiveBack(std::unique_ptr<FormView> view);
-  void ShowFirst(Entry& entry);
+  void Show(Entry& entry);
 
   Factory factory_;
   std::vector<std::unique_ptr<Entry>> entries_;

@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "forms/frmSplash.h"
+#include "forms/frmlocatefiles.h"
 #include "platform/posix/posix_process.h"
 #include "platform/qt/artwork.h"
 #include "platform/qt/browser.h"
@@ -91,11 +92,12 @@ FormViews& QtDesktop::Views() {
 }
 
 void QtDesktop::Attach(const std::vector<Form*>& forms) {
-  // The splash is shown before the main window, but the user waits for the picture in that one.
-  constexpr int splashMillisecondsLate = 100;
+  // The splash is shown before the main window, but the user waits for the picture in that one. A search that
+  // is over at once is no news.
+  constexpr int millisecondsLate = 100;
   for (Form* form : forms) {
-    const bool isSplash = dynamic_cast<frmSplashWindow*>(form) != nullptr;
-    parts_->views.Attach(*form, isSplash ? splashMillisecondsLate : 0);
+    const bool isLate = dynamic_cast<frmSplashWindow*>(form) || dynamic_cast<frmlocatefilesWindow*>(form);
+    parts_->views.Attach(*form, isLate ? millisecondsLate : 0);
   }
 }
 
