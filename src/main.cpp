@@ -39,7 +39,7 @@ int main(int argc, char** argv) {
   GiveLargeBlocksBack();
   SettleSessionBus();
   UseLanguageForDates();
-  const EarlyFonts fonts;
+  EarlyFonts fonts;
   PosixFileSystem files(std::chrono::milliseconds(5));
   PosixProcess process(argc, argv, LUMIDEX_INSTALLED_CONTENT);
   DecodingThreads decoding(files);
@@ -52,6 +52,7 @@ int main(int argc, char** argv) {
   PictureLoader loader(files);
   PosixSpecialFolders folders;
   QtDesktop desktop(argc, argv, {files, process, registry, shell, settings, loader, folders, decoding, bus});
+  fonts.LearnNames();
 
   // A wallpaper that was asked for last still comes, but no desktop keeps the program from ending.
   desktop.BeforeEnd([&services] { services.Finish(std::chrono::seconds(2)); });
@@ -62,7 +63,6 @@ int main(int argc, char** argv) {
   // The conversion of whole lists is a command of the shipped program.
   app.WPaper2.mnuFileBatchConvertImages.Visible = true;
   app.WPaper2.KeepDesign();
-  if (early.IsOnItsWay()) desktop.AwaitPicture();
   desktop.OnEnd([&app] { EndFromOutside(app); }, [&app] { SaveBeforeLeaving(app); });
   RunEvent(app, [&app] { app.WPaper2.Load(); });
   desktop.Run();

@@ -34,7 +34,7 @@ TEST_F(EarlyPictureTest, The_path_stands_between_the_first_and_the_last_characte
   WritePicture({30, 20});
   const EarlyPicture early(decoding, "\"" + path + "\"");
   decoding.WaitUntilDone();
-  EXPECT_TRUE(early.IsOnItsWay());
+  EXPECT_EQ(decoding.StateOf(path), DecodingState::Decoded);
   EXPECT_EQ(Find().GetSize(), (Size{30, 20}));
 }
 
@@ -52,7 +52,7 @@ TEST_F(EarlyPictureTest, Who_opens_it_takes_it) {
   decoding.WaitUntilDone();
   EXPECT_FALSE(Find().IsEmpty());
   EXPECT_TRUE(Find().IsEmpty());
-  EXPECT_FALSE(early.IsOnItsWay());
+  EXPECT_EQ(decoding.StateOf(path), std::nullopt);
 }
 
 TEST_F(EarlyPictureTest, A_file_that_changed_since_is_told_apart) {
@@ -70,9 +70,12 @@ TEST_F(EarlyPictureTest, What_is_no_picture_file_gives_none) {
        {folder / "text.bmp", folder / "pipe.bmp", folder / "none.bmp", folder.Path()}) {
     const EarlyPicture early(decoding, "\"" + name + "\"");
     decoding.WaitUntilDone();
-    EXPECT_FALSE(early.IsOnItsWay()) << name;
+    EXPECT_EQ(decoding.StateOf(name).value_or(DecodingState::Failed), DecodingState::Failed) << name;
   }
-  for (const char* line : {"", "x", "\"\""}) EXPECT_FALSE(EarlyPicture(decoding, line).IsOnItsWay()) << line;
+  for (const char* line : {"", "x", "\"\""}) {
+    const EarlyPicture early(decoding, line);
+    EXPECT_FALSE(decoding.HasWork()) << line;
+  }
 }
 
 }  // namespace

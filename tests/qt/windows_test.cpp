@@ -4,6 +4,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QTimer>
 #include <QToolButton>
 
 #include "forms/SelectPictureDirectoryForm.h"
@@ -186,19 +187,46 @@ TEST_F(MainWindowTest, Dragging_the_frame_resizes_the_form) {
   EXPECT_NEAR(window.Height, 11100, 15);
 }
 
-TEST(FirstPaint, waits_for_the_picture_of_the_start) {
+// With a picture that only has to be brought to its size.
+struct FirstPaint : testing::Test {
+  FirstPaint() {
+    world.views.Attach(app.WPaper2);
+    app.WPaper2.Image1.Picture = Picture::FromPixels(Pixels::Make({1500, 1200}, PixelFormat::Rgb, 0), 24);
+    app.WPaper2.Image1.Visible = true;
+    app.WPaper2.Show();
+    hold = world.views.ViewOf(app.WPaper2)->findChild<QTimer*>("hold");
+    hold->setInterval(1'000'000);
+    world.views.ViewOf(app.WPaper2)->Pushes().Flush();
+    wasAskedUnseen = decoding.HasWork();
+    Settle();
+  }
+  ~FirstPaint() override { world.views.Close(); }
+  bool IsUnpainted() const { return !world.views.ViewOf(app.WPaper2)->updatesEnabled(); }
+
   QtWorld world;
-  world.views.AwaitPicture();
-  App app(world.platform);
-  world.views.Attach(app.WPaper2);
-  app.WPaper2.Show();
+  DecodingService decoding{world.headless.files};
+  Platform platform = world.PlatformWith(decoding);
+  App app{platform};
+  QTimer* hold = nullptr;
+  bool wasAskedUnseen = false;
+};
+
+TEST_F(FirstPaint, asks_for_the_picture_once_the_window_is_on_the_screen) {
+  EXPECT_FALSE(wasAskedUnseen);
+  EXPECT_TRUE(decoding.HasWork());
+}
+
+TEST_F(FirstPaint, waits_for_a_picture_that_is_nearly_there) {
+  EXPECT_TRUE(IsUnpainted());
+  EXPECT_TRUE(decoding.RunNext());
   Settle();
-  const FormView& view = *world.views.ViewOf(app.WPaper2);
-  EXPECT_FALSE(view.updatesEnabled());
-  app.WPaper2.Image1.Picture = Picture::FromPixels(Pixels::Make({8, 8}, PixelFormat::Rgb, 0), 24);
-  Settle();
-  EXPECT_TRUE(view.updatesEnabled());
-  world.views.Close();
+  EXPECT_FALSE(IsUnpainted());
+}
+
+TEST_F(FirstPaint, does_not_wait_long) {
+  EXPECT_TRUE(IsUnpainted());
+  QMetaObject::invokeMethod(hold, "timeout");
+  EXPECT_FALSE(IsUnpainted());
 }
 
 TEST_F(MainWindowTest, A_change_of_the_form_does_not_undo_what_the_window_manager_did) {

@@ -17,17 +17,11 @@ Size FitScreen(Size full) {
 
 }  // namespace
 
-EarlyPicture::EarlyPicture(DecodingService& decoding, const std::string& commandLine)
-    : decoding_(decoding), client_(decoding) {
+EarlyPicture::EarlyPicture(DecodingService& decoding, const std::string& commandLine) : client_(decoding) {
   if (commandLine.size() < 3) return;
-  path_ = commandLine.substr(1, commandLine.size() - 2);
   // The size at which it will be shown is not known yet, so it is not brought to one.
-  client_.Want(DecodingPriority::Screen, {{path_}, DecodingExtent::AtLeast, FitScreen});
-}
-
-bool EarlyPicture::IsOnItsWay() const {
-  const auto state = decoding_.StateOf(path_);
-  return state && *state != DecodingState::Failed;
+  client_.Want(DecodingPriority::Screen,
+               {{commandLine.substr(1, commandLine.size() - 2)}, DecodingExtent::AtLeast, FitScreen});
 }
 
 }  // namespace lumidex

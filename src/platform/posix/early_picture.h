@@ -13,12 +13,7 @@ class EarlyPicture {
   // nobody's business yet. Pixels are made for a screen of usual size. Whoever opens the file first takes it.
   EarlyPicture(DecodingService& decoding, const std::string& commandLine);
 
-  // False when there is none, or none that can be read.
-  bool IsOnItsWay() const;
-
  private:
-  DecodingService& decoding_;
-  std::string path_;
   DecodingService::Client client_;
 };
 

@@ -2,6 +2,8 @@
 
 #include <fontconfig/fontconfig.h>
 
+#include <QFontDatabase>
+
 #include "base/start_thread.h"
 
 namespace lumidex {
@@ -9,5 +11,10 @@ namespace lumidex {
 // Fontconfig keeps the first configuration that was read for the whole process and is safe to ask from any
 // thread.
 EarlyFonts::EarlyFonts() : reading_(StartThread([] { FcInit(); })) {}
+
+// So is the library's own list of fonts, which it makes when it is first asked.
+void EarlyFonts::LearnNames() {
+  learning_ = StartThread([] { QFontDatabase::families(); });
+}
 
 }  // namespace lumidex

@@ -40,10 +40,6 @@ class FormViews final {
   void MakeTopmost(WindowHandle form);
   bool IsTopmost(const Form& form) const;
 
-  // The start brings a picture: the main window is not painted without it, which would only delay it.
-  void AwaitPicture() { awaitsPicture_ = true; }
-  bool AwaitsPicture() const { return awaitsPicture_; }
-
   // For the views alone.
   void NoteActive(FormView& view) { active_ = &view; }
 
@@ -67,7 +63,6 @@ class FormViews final {
   std::vector<QPointer<FormView>> leaving_;
   QPointer<FormView> active_;
   std::unique_ptr<Units> units_;
-  bool awaitsPicture_ = false;
 };
 
 }  // namespace lumidex

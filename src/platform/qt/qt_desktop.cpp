@@ -25,6 +25,10 @@
 namespace lumidex {
 namespace {
 
+// The splash is shown before the main window, but the user waits for the picture in that one. A search that
+// is over at once is no news.
+constexpr int millisecondsLate = 100;
+
 // Set before the application exists. A global menu bar would need the session bus before the first window.
 void SetAttributes() {
   QCoreApplication::setAttribute(Qt::AA_DontUseNativeMenuBar);
@@ -56,10 +60,10 @@ struct QtDesktop::Parts {
     system.decoding.OnUnexpected = [this](const std::exception_ptr& error) {
       events.Post([error] { std::rethrow_exception(error); });
     };
-    // What can wait until the first window stands.
+    // What can wait until the first window is painted.
     later.setSingleShot(true);
     QObject::connect(&later, &QTimer::timeout, [] { QApplication::setWindowIcon(ApplicationIcon()); });
-    later.start(0);
+    later.start(millisecondsLate);
   }
 
   Attributes attributes;
@@ -92,9 +96,6 @@ FormViews& QtDesktop::Views() {
 }
 
 void QtDesktop::Attach(const std::vector<Form*>& forms) {
-  // The splash is shown before the main window, but the user waits for the picture in that one. A search that
-  // is over at once is no news.
-  constexpr int millisecondsLate = 100;
   for (Form* form : forms) {
     const bool isLate = dynamic_cast<frmSplashWindow*>(form) || dynamic_cast<frmlocatefilesWindow*>(form);
     parts_->views.Attach(*form, isLate ? millisecondsLate : 0);
@@ -108,10 +109,6 @@ void QtDesktop::BeforeEnd(std::function<void()> work) {
     parts_->clipboard.HandOver();
     work();
   };
-}
-
-void QtDesktop::AwaitPicture() {
-  parts_->views.AwaitPicture();
 }
 
 void QtDesktop::OnEnd(std::function<void()> end, std::function<void()> save) {

@@ -41,8 +41,6 @@ class QtDesktop final {
   void Attach(const std::vector<Form*>& forms);
   // Runs when the program ends the process.
   void BeforeEnd(std::function<void()> work);
-  // To be called when a picture is shown as soon as the program stands.
-  void AwaitPicture();
   // What the program does when it is to end from outside, and when it is only to save
   // (platform/qt/end_requests.h).
   void OnEnd(std::function<void()> end, std::function<void()> save);

@@ -114,7 +114,8 @@ bool ImageView::AwaitsExposure() {
   QWindow* on = window()->windowHandle();
   if (!asksOnceExposed_ || (on && on->isExposed())) return false;
   if (on) on->installEventFilter(this);
-  return true;
+  if (!windowBefore_.isValid()) windowBefore_ = window()->size();
+  return window()->size() == windowBefore_;
 }
 
 bool ImageView::eventFilter(QObject* watched, QEvent* event) {

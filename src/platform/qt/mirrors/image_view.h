@@ -27,13 +27,16 @@ class ImageView final : public PaintedWidget {
   void PlaceOnDevice(const QRect& pixels);
   // A drawn picture of the program's own: it fills the widget and keeps its transparent places.
   void ShowArtwork(const std::string& name);
-  // Asks for no picture before the window is on the screen: until then its manager may give it another size.
+  // Asks for no picture before the window is on the screen or has the size that its manager gives it: a
+  // picture made for another one would be made twice.
   void AskOnceExposed() { asksOnceExposed_ = true; }
   // What shows through a picture's transparent places; white by default.
   void SetGround(const QBrush& ground) { ground_ = ground; }
   // True while the picture that it was given last is on its way.
   bool IsWaiting() const { return ask_->IsWaiting() || shown_.IsWaiting(); }
   bool HasPicture() const { return !shown_.Painted().IsEmpty(); }
+  // True while the picture that it was given last only has to be brought to its size.
+  bool IsNearlyThere() const { return isVisible() && IsWaiting() && picture_.HeldBytes() > 0; }
   QSize sizeHint() const override;
 
   // Something else is painted from now on.
@@ -59,6 +62,7 @@ class ImageView final : public PaintedWidget {
   Picture picture_;
   bool stretch_ = false;
   bool asksOnceExposed_ = false;
+  QSize windowBefore_;  // its size when it was shown
   std::optional<QRect> place_;
   // Pixels of the screen: the box that is wanted, and that of what is painted; none where the widget is it.
   std::optional<QRect> wantedPixels_, pixels_;

@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QMimeData>
 #include <QTimer>
+#include <QWindow>
 #include <algorithm>
 
 #include "platform/posix/file_address.h"
@@ -17,7 +18,7 @@
 namespace lumidex {
 namespace {
 
-constexpr int longestHoldMilliseconds = 200;
+constexpr int longestHoldMilliseconds = 50;
 
 // Byte for byte: not every file name is text.
 std::vector<std::string> DroppedPaths(const QMimeData& data) {
@@ -36,7 +37,41 @@ MainView::MainView(FormViews& views, WPaper2Window& itsForm)
   OfferOnRightClick(*this, static_cast<RowList&>(*WidgetOf(form.LstRight)),
                     {&form.cmdLeftOne, &form.cmdLeftAll, &form.cmdUp, &form.cmdDown});
   setAcceptDrops(true);
-  if (views.AwaitsPicture()) HoldPainting();
+  Image().AskOnceExposed();
+  Image().onShown = [this] { EndHold(); };
+  hold_.setObjectName(QStringLiteral("hold"));
+  hold_.setSingleShot(true);
+  hold_.setInterval(longestHoldMilliseconds);
+  connect(&hold_, &QTimer::timeout, this, [this] { EndHold(); });
+}
+
+ImageView& MainView::Image() const {
+  return static_cast<ImageView&>(*WidgetOf(form.Image1));
+}
+
+void MainView::showEvent(QShowEvent* event) {
+  PlacedView::showEvent(event);
+  windowHandle()->installEventFilter(this);
+}
+
+// Painting all of a large window takes longer than the last step of a picture that was decoded meanwhile.
+bool MainView::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == windowHandle() && event->type() == QEvent::Expose) {
+    watched->removeEventFilter(this);
+    if (Image().IsNearlyThere()) {
+      setUpdatesEnabled(false);
+      hold_.start();
+    }
+  }
+  return PlacedView::eventFilter(watched, event);
+}
+
+void MainView::EndHold() {
+  hold_.stop();
+  if (updatesEnabled()) return;
+  setUpdatesEnabled(true);
+  // What was to be painted before is not asked for anew.
+  QCoreApplication::postEvent(this, new QEvent(QEvent::UpdateRequest));
 }
 
 void MainView::NameControls() {
@@ -68,15 +103,6 @@ void MainView::dropEvent(QDropEvent* event) {
 
 float MainView::UsefulWidth(float width, float height) const {
   return std::min(width, form.WidestFor(height));
-}
-
-void MainView::HoldPainting() {
-  setUpdatesEnabled(false);
-  QTimer::singleShot(longestHoldMilliseconds, this, [this] { setUpdatesEnabled(true); });
-  auto* image = dynamic_cast<ImageView*>(WidgetOf(form.Image1));
-  if (!image) return;
-  image->AskOnceExposed();
-  image->onShown = [this, image] { setUpdatesEnabled(updatesEnabled() || image->HasPicture()); };
 }
 
 }  // namespace lumidex

@@ -1,11 +1,15 @@
 #pragma once
 // The main window.
 
+#include <QTimer>
+
 #include "forms/WPaper2.h"
 #include "platform/qt/typed_view.h"
 #include "platform/qt/views/placed_view.h"
 
 namespace lumidex {
+
+class ImageView;
 
 class MainView final : public TypedView<WPaper2Window, PlacedView> {
  public:
@@ -16,12 +20,17 @@ class MainView final : public TypedView<WPaper2Window, PlacedView> {
   float UsefulWidth(float width, float height) const override;
   void dragEnterEvent(QDragEnterEvent* event) override;
   void dropEvent(QDropEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   // What assistive programs call the controls that have no caption.
   void NameControls();
-  // Leaves the window unpainted until its picture is there, and not for long if none comes.
-  void HoldPainting();
+  ImageView& Image() const;
+  void EndHold();
+
+  // While the window is left unpainted, for its picture.
+  QTimer hold_{this};
 };
 
 }  // namespace lumidex
