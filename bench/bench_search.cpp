@@ -54,7 +54,7 @@ void BareWalk(int parent, const char* name, const PatternList& patterns, long& f
 struct Search {
   Search() { WireWindows(app); }
   HeadlessPlatform headless{'/'};
-  PosixFileSystem files;
+  PosixFileSystem files{std::chrono::milliseconds(5)};  // as the program has it
   Platform ports{files,           headless.events,  headless.dialogs,   headless.windows,
                  headless.events, headless.process, headless.clipboard, headless.desktop,
                  headless.tray,   headless.popup,   headless.shell,     headless.settings,

@@ -247,10 +247,13 @@ const std::vector<std::string>& FileList::Names() const {
     // error.
     listing_ = std::make_shared<DirectoryReader::Listing>();
   }
+  std::vector<const std::string*> matching;
   for (const std::string& name : listing_->files) {
-    if (patterns_.Matches(name)) names_.push_back(name);
+    if (patterns_.Matches(name)) matching.push_back(&name);
   }
-  std::ranges::sort(names_, [](const auto& a, const auto& b) { return CompareText(a, b) < 0; });
+  std::ranges::sort(matching, [](const auto* a, const auto* b) { return CompareText(*a, *b) < 0; });
+  names_.reserve(matching.size());
+  for (const std::string* name : matching) names_.push_back(*name);
   return names_;
 }
 

@@ -7,6 +7,48 @@
 #include "base/widths.h"
 
 namespace lumidex {
+namespace {
+
+// Sorts what comes in stretches that are in order each, as files do that are found folder by folder: the
+// stretches are put in order, and only those that reach into each other are looked at entry by entry. Keeps
+// the order of equals.
+template <class Item, class Before>
+void SortRuns(std::vector<Item>& items, const Before& before) {
+  struct Run {
+    std::size_t begin, end;
+  };
+  std::vector<Run> runs;
+  for (std::size_t i = 0; i < items.size(); ++i) {
+    if (i == 0 || before(items[i], items[i - 1])) runs.push_back({i, i});
+    runs.back().end = i + 1;
+  }
+  if (runs.size() > items.size() / 4) {
+    std::ranges::stable_sort(items, before);
+    return;
+  }
+  std::ranges::stable_sort(runs, [&](Run a, Run b) { return before(items[a.begin], items[b.begin]); });
+  std::vector<Item> ordered;
+  ordered.reserve(items.size());
+  for (Run& run : runs) {
+    const std::size_t begin = ordered.size();
+    for (std::size_t i = run.begin; i < run.end; ++i) ordered.push_back(std::move(items[i]));
+    run = {begin, ordered.size()};
+  }
+  items = std::move(ordered);
+  const auto at = [&](std::size_t place) { return items.begin() + static_cast<std::ptrdiff_t>(place); };
+  for (; runs.size() > 1; runs.resize((runs.size() + 1) / 2)) {
+    for (std::size_t i = 0; i + 1 < runs.size(); i += 2) {
+      const std::size_t middle = runs[i].end, end = runs[i + 1].end;
+      if (before(items[middle], items[middle - 1])) {
+        std::inplace_merge(at(runs[i].begin), at(middle), at(end), before);
+      }
+      runs[i / 2] = {runs[i].begin, end};
+    }
+    if (runs.size() % 2 == 1) runs[runs.size() / 2] = runs.back();
+  }
+}
+
+}  // namespace
 ListBox::ListBox(Form& owner, std::string name, ListStyle style)
     : Control(owner, std::move(name)), style_(style) {}
 
@@ -154,7 +196,8 @@ void ListBox::UserTick(int index, bool ticked) {
 void ListBox::Settle() const {
   if (unsettled_.empty()) return;
   const auto before = [](const Item& a, const Item& b) { return CompareText(a.text, b.text) < 0; };
-  std::ranges::stable_sort(unsettled_, before);
+  SortRuns(unsettled_, before);
+  if (items_.empty()) return items_.swap(unsettled_);
   const auto first = static_cast<std::ptrdiff_t>(items_.size());
   if (selected_ >= 0) {
     const Item& selected = items_[static_cast<std::size_t>(selected_)];

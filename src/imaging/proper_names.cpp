@@ -15,7 +15,11 @@ std::string ProperCaseName(const App& app, const std::string& name) {
     const std::string_view character = rest.substr(0, CharacterBytes(rest));
     rest.remove_prefix(character.size());
     const bool isRaised = isFirst || isBehindPoint || before == ' ' || before == separator;
-    proper += isRaised ? UCase(character) : std::string(character);
+    if (isRaised) {
+      proper += UCase(character);
+    } else {
+      proper += character;
+    }
     // A point at the very start raises nothing, nor does one that was itself to be raised.
     isBehindPoint = character == "." && !isFirst && !isBehindPoint;
     before = character.size() == 1 ? character[0] : '\0';

@@ -147,6 +147,27 @@ TEST_F(ListBoxTest, A_sorted_list_agrees_with_plain_sorting_however_it_was_fille
   EXPECT_EQ(Texts(form.sorted), expected);
 }
 
+// As a search fills it: folder by folder, the last one first, with files that lie between those of folders.
+TEST_F(ListBoxTest, A_sorted_list_agrees_with_plain_sorting_when_it_comes_in_stretches) {
+  for (const int files : {1, 2, 7, 30}) {
+    form.sorted.Clear();
+    std::vector<std::string> expected;
+    for (int folder = 40; folder >= 0; --folder) {
+      // Every third one holds what belongs between the files of the one before.
+      const std::string path = "/Pictures/" + Number(folder - folder % 3) + (folder % 3 == 2 ? "/5/" : "/");
+      for (int file = 0; file < files; ++file) expected.push_back(path + Number(10 + file) + ".jpg");
+      for (int file = 0; file < files; ++file)
+        form.sorted.AddItem(expected[expected.size() - 1 - static_cast<std::size_t>(file)]);
+      for (int file = 0; file < files; ++file) {
+        expected.push_back(path + "a" + Number(10 + file) + ".JPG");
+        form.sorted.AddItem(expected.back());
+      }
+    }
+    std::ranges::sort(expected, [](const auto& a, const auto& b) { return CompareText(a, b) < 0; });
+    EXPECT_EQ(Texts(form.sorted), expected) << files;
+  }
+}
+
 TEST_F(ListBoxTest, The_selection_of_a_sorted_list_stays_on_its_entry) {
   for (const char* text : {"b", "d"}) form.sorted.AddItem(text);
   form.sorted.SetListIndex(1);

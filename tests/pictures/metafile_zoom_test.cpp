@@ -13,6 +13,22 @@ constexpr unsigned solid = 0, hatched = 2;
 constexpr int nullPen = 8;
 constexpr unsigned flood = 53;
 
+// More than may be spent on the drawing at its own size.
+TEST(MetafileZoom, What_is_whole_at_its_own_size_is_whole_at_400_and_500_percent) {
+  EmfWriter writer(500, 500);
+  writer.SelectStock(nullPen).CreateBrush(1, solid, blue).CreateBrush(2, solid, red);
+  writer.Select(1);
+  for (int i = 0; i < 300; ++i) writer.Rectangle(0, 0, 499, 499);
+  writer.Select(2).Rectangle(0, 0, 40, 40).Rectangle(450, 450, 499, 499);
+  const auto file = writer.File();
+  for (const int times : {1, 4, 5}) {
+    const Pixels drawn = Drawn(file, {500 * times, 500 * times});
+    EXPECT_EQ(ColourAt(drawn, 20 * times, 20 * times), red) << times;
+    EXPECT_EQ(ColourAt(drawn, 475 * times, 475 * times), red) << times;
+    EXPECT_EQ(ColourAt(drawn, 250 * times, 400 * times), blue) << times;
+  }
+}
+
 TEST(MetafileZoom, What_is_whole_at_its_own_size_is_whole_at_three_times_it) {
   EmfWriter writer(1000, 1000);
   writer.SelectStock(nullPen).CreateBrush(1, solid, blue).CreateBrush(2, solid, red);

@@ -10,7 +10,7 @@ namespace lumidex {
 class EarlyPicture {
  public:
   // Begins with the file named by a command line of one path in double quotes; one that does not open is
-  // nobody's business yet. Pixels are made for a screen of usual size. Whoever opens the file first takes it.
+  // nobody's business yet. Pixels are made for the largest screen. Whoever opens the file first takes it.
   EarlyPicture(DecodingService& decoding, const std::string& commandLine);
 
  private:

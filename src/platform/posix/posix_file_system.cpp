@@ -32,7 +32,7 @@ EntryKind KindBehindLink(int directory, const char* name) {
 }
 
 // The directory read says what most entries are; only links, and file systems that do not tell, cost a look.
-EntryKind KindOfEntry(int directory, const dirent& entry) {
+EntryKind KindOfEntry(int directory, const dirent64& entry) {
   switch (entry.d_type) {
     case DT_REG:
       return EntryKind::File;
@@ -50,13 +50,31 @@ EntryKind KindOfEntry(int directory, const dirent& entry) {
   }
 }
 
-struct CloseDirectory {
-  void operator()(DIR* directory) const { closedir(directory); }
+struct OpenDirectory {
+  explicit OpenDirectory(const std::string& path)
+      : descriptor(open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK)) {
+    if (descriptor < 0) RaiseSystemError(errno, path);
+  }
+  ~OpenDirectory() { close(descriptor); }
+  OpenDirectory(const OpenDirectory&) = delete;
+  OpenDirectory& operator=(const OpenDirectory&) = delete;
+
+  const int descriptor;
 };
 
 // No file has such a name; the system would cut it off there and find another file.
 bool HoldsZeroByte(const std::string& path) {
   return path.find('\0') != std::string::npos;
+}
+
+// Whether it is absolute and names each directory on its way once, without "." and "..".
+bool IsNormal(std::string_view path) {
+  if (!path.starts_with('/') || path.ends_with('/')) return false;
+  for (auto slash = path.find('/'); slash != std::string_view::npos; slash = path.find('/', slash + 1)) {
+    const char next = path[slash + 1];
+    if (next == '/' || next == '.') return false;
+  }
+  return true;
 }
 
 bool IsHidden(std::string_view path) {
@@ -122,13 +140,12 @@ class Changing {
 // What is there now.
 std::optional<FileFacts> LookAt(const std::string& path) {
   struct stat status {};
-  if (HoldsZeroByte(path) || stat(path.c_str(), &status) != 0) return {};
+  if (HoldsZeroByte(path) || lstat(path.c_str(), &status) != 0) return {};
+  const bool isLink = S_ISLNK(status.st_mode);
+  if (isLink && stat(path.c_str(), &status) != 0) return {};
   FileFacts facts;
   facts.kind = KindOf(status.st_mode);
-  if (facts.kind == EntryKind::Directory) {
-    struct stat itself {};
-    if (lstat(path.c_str(), &itself) == 0 && S_ISLNK(itself.st_mode)) facts.kind = EntryKind::DirectoryLink;
-  }
+  if (isLink && facts.kind == EntryKind::Directory) facts.kind = EntryKind::DirectoryLink;
   facts.size = static_cast<std::uint64_t>(status.st_size);
   facts.modified = status.st_mtim.tv_sec;
   facts.hidden = IsHidden(path);
@@ -166,6 +183,7 @@ void PosixFileSystem::ChDir(const std::string& path) {
 }
 
 std::string PosixFileSystem::Normalised(const std::string& path) const {
+  if (IsNormal(path)) return path;
   const std::string whole = path.starts_with('/') ? path : CurrentDirectory() + "/" + path;
   std::string result;
   for (std::size_t start = 0; start <= whole.size();) {
@@ -183,26 +201,29 @@ std::string PosixFileSystem::Normalised(const std::string& path) const {
 }
 
 std::vector<DirectoryEntry> PosixFileSystem::ReadDirectory(const std::string& path) const {
-  const std::unique_ptr<DIR, CloseDirectory> directory(opendir(path.c_str()));
-  if (!directory) RaiseSystemError(errno, path);
-  const int descriptor = dirfd(directory.get());
+  const OpenDirectory directory(path);
   // What can be read but not entered shows names only; a search could not open one of them.
-  if (faccessat(descriptor, ".", X_OK, AT_EACCESS) != 0) RaiseSystemError(errno, path);
+  if (faccessat(directory.descriptor, ".", X_OK, AT_EACCESS) != 0) RaiseSystemError(errno, path);
+  // Asked for by the block, as the C library does, but with no room to be made for each directory.
+  alignas(dirent64) std::byte block[32768];
   std::vector<DirectoryEntry> entries;
   while (true) {
-    errno = 0;
-    const dirent* entry = readdir(directory.get());
-    if (!entry) {
-      if (errno != 0) RaiseSystemError(errno, path);
-      return entries;
+    const ssize_t bytes = getdents64(directory.descriptor, block, sizeof block);
+    if (bytes < 0) RaiseSystemError(errno, path);
+    if (bytes == 0) return entries;
+    for (ssize_t at = 0; at < bytes;) {
+      const auto& entry = *reinterpret_cast<const dirent64*>(block + at);
+      at += entry.d_reclen;
+      const std::string_view name = entry.d_name;
+      if (name == "." || name == "..") continue;
+      entries.push_back({std::string(name), KindOfEntry(directory.descriptor, entry), name.starts_with('.')});
     }
-    const std::string_view name = entry->d_name;
-    if (name == "." || name == "..") continue;
-    entries.push_back({std::string(name), KindOfEntry(descriptor, *entry), name.starts_with('.')});
   }
 }
 
 std::uint64_t PosixFileSystem::DirectoryStamp(const std::string& path) const {
+  const auto facts = Look(path);
+  if (facts && facts->kind == EntryKind::Directory) return facts->stamp;
   struct stat status {};
   if (stat(path.c_str(), &status) != 0 || !S_ISDIR(status.st_mode)) return 0;
   return StampOf(status);
