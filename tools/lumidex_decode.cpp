@@ -142,8 +142,12 @@ void DecodeFile(const Arguments& arguments, std::size_t place) {
     hash = Hash(pixels);
     if (!arguments.out.empty()) WritePam(pixels, arguments.out + "/" + std::to_string(place + 1) + ".pam");
   }
-  std::cout << path << '\t' << size.width << '\t' << size.height << '\t' << facts.bitsPerPixel << '\t'
-            << facts.format << '\t' << hash << '\n';
+  std::string line = path;
+  for (const int number : {size.width, size.height, facts.bitsPerPixel})
+    line += '\t' + std::to_string(number);
+  line += '\t';
+  line += facts.format;
+  std::cout << line << '\t' << hash << '\n';
 }
 
 int Run(const std::vector<std::string>& words) {

@@ -4,7 +4,10 @@ namespace lumidex {
 
 void ByteStream::Refill(std::size_t least) {
   if (next_ >= end_) return;
-  if (block_.size() < std::max(least, blockBytes_)) block_.resize(std::max(least, blockBytes_));
+  const std::uint64_t left = held_ - at_ + (end_ - next_);
+  const std::size_t wanted =
+      std::max(least, static_cast<std::size_t>(std::min<std::uint64_t>(blockBytes_, left)));
+  if (block_.size() < wanted) block_.resize(wanted);
   std::copy(block_.begin() + static_cast<std::ptrdiff_t>(at_),
             block_.begin() + static_cast<std::ptrdiff_t>(held_), block_.begin());
   held_ -= at_;
