@@ -47,6 +47,10 @@ class Signal {
     if (slots_.empty()) return;
     std::erase_if(slots_, [](const auto& slot) { return !slot->live; });
     // The copy keeps the closures alive; nothing of the signal itself is touched after the first call.
+    if (slots_.size() == 1) {
+      const auto only = slots_.front();
+      return only->function(args...);
+    }
     const auto slots = slots_;
     for (const auto& slot : slots) {
       if (slot->live) slot->function(args...);

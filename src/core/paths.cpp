@@ -25,9 +25,12 @@ std::string GetAppPath(App& app) {
 }
 
 bool FileExists(const App& app, const std::string& path) {
-  if (path.empty()) return false;
+  return !path.empty() && FileExists(app, path, app.platform.files.Look(path));
+}
+
+bool FileExists(const App& app, const std::string& path, const std::optional<FileFacts>& facts) {
   const FileSystem& files = app.platform.files;
-  if (const auto facts = files.Look(path); facts && facts->kind == EntryKind::File) return !facts->hidden;
+  if (facts && facts->kind == EntryKind::File) return !facts->hidden;
   const auto nameStart = path.rfind(files.Separator()) + 1;  // npos + 1 is 0
   const std::string name = path.substr(nameStart);
   if (!name.empty() && name.find_first_of("*?") == std::string::npos) return false;

@@ -74,6 +74,8 @@ struct frmstatsWindow : Form {
   // Counts the openings that have come to their end. What a scan of an earlier one still has to say goes
   // nowhere.
   int closings = 0;
+  // Counts how often counters were written, by whatever scan.
+  int showings = 0;
 };
 
 }  // namespace lumidex

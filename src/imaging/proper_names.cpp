@@ -10,19 +10,23 @@ std::string ProperCaseName(const App& app, const std::string& name) {
   std::string proper;
   proper.reserve(folded.size());
   char before = 0;
-  bool isFirst = true, isBehindPoint = false;
-  for (std::string_view rest = folded; !rest.empty(); isFirst = false) {
-    const std::string_view character = rest.substr(0, CharacterBytes(rest));
-    rest.remove_prefix(character.size());
+  bool isBehindPoint = false;
+  for (std::size_t place = 0; place < folded.size();) {
+    const char lead = folded[place];
+    const bool isFirst = place == 0;
     const bool isRaised = isFirst || isBehindPoint || before == ' ' || before == separator;
+    const bool isPlain = static_cast<unsigned char>(lead) < 0x80;
+    const std::string_view rest = std::string_view(folded).substr(place);
+    const std::string_view character = rest.substr(0, isPlain ? 1 : CharacterBytes(rest));
     if (isRaised) {
       proper += UCase(character);
     } else {
       proper += character;
     }
     // A point at the very start raises nothing, nor does one that was itself to be raised.
-    isBehindPoint = character == "." && !isFirst && !isBehindPoint;
-    before = character.size() == 1 ? character[0] : '\0';
+    isBehindPoint = lead == '.' && !isFirst && !isBehindPoint;
+    before = character.size() == 1 ? lead : '\0';
+    place += character.size();
   }
   return proper;
 }

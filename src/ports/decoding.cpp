@@ -15,6 +15,15 @@ DecodingService::DecodingService(const FileSystem& files, std::size_t budget)
 
 DecodingService::~DecodingService() = default;
 
+// Held for less time than it takes to fall asleep and to be woken.
+std::unique_lock<std::mutex> DecodingService::Lock() const {
+  constexpr int tries = 50;
+  std::unique_lock lock(mutex_, std::try_to_lock);
+  for (int i = 0; i < tries && !lock; ++i) static_cast<void>(lock.try_lock());
+  if (!lock) lock.lock();
+  return lock;
+}
+
 std::unique_ptr<DecodingService::Showing> DecodingService::Show(const Picture& picture, Size size,
                                                                 DecodingPriority priority, Ready ready) {
   auto order = std::make_shared<Order>(picture, size, priority, std::move(ready));
@@ -26,20 +35,22 @@ std::unique_ptr<DecodingService::Showing> DecodingService::Show(const Picture& p
     return showing;
   }
   {
-    const std::scoped_lock lock(mutex_);
+    const auto lock = Lock();
     orders_.push_back(order);
+    hasWaitingOrder_ = true;
   }
   Woken(true);
   return showing;
 }
 
 std::shared_ptr<DecodingService::Order> DecodingService::TakeOrder() {
-  const std::scoped_lock lock(mutex_);
+  const auto lock = Lock();
   std::shared_ptr<Order> first;
   for (const auto& order : orders_) {
     if (!order->isRunning && (!first || order->priority < first->priority)) first = order;
   }
   if (first) first->isRunning = true;
+  hasWaitingOrder_ = std::ranges::any_of(orders_, [](const auto& order) { return !order->isRunning; });
   return first;
 }
 
@@ -54,7 +65,7 @@ void DecodingService::Run(Order& order) {
     if (OnUnexpected) OnUnexpected(std::current_exception());
   }
   {
-    const std::scoped_lock lock(mutex_);
+    const auto lock = Lock();
     std::erase_if(orders_, [&](const auto& other) { return other.get() == &order; });
     if (order.stop.stop_requested()) return;
     order.state = pixels.IsEmpty() ? DecodingState::Failed : DecodingState::Decoded;
@@ -64,7 +75,7 @@ void DecodingService::Run(Order& order) {
 
 void DecodingService::Withdraw(const std::shared_ptr<Order>& order) {
   {
-    const std::scoped_lock lock(mutex_);
+    const auto lock = Lock();
     order->stop.request_stop();
     if (!order->isRunning) std::erase(orders_, order);
     // What was read ahead for showing it is of no use either.
@@ -90,13 +101,18 @@ bool DecodingService::RunNextShowing() {
 
 bool DecodingService::RunNext(bool isIdle) {
   if (RunNextShowing()) return true;
-  const std::shared_ptr<Reading> reading = TakeReading(isIdle);
-  if (reading) Run(reading);
-  return reading != nullptr;
+  const Taken taken = TakeReadings(isIdle);
+  if (taken.readings.empty()) return false;
+  if (taken.readings.front()->extent == DecodingExtent::Header) {
+    ReadHeaders(taken.readings);
+  } else {
+    Run(taken.readings.front());
+  }
+  return true;
 }
 
 void DecodingService::StopAll() {
-  const std::scoped_lock lock(mutex_);
+  const auto lock = Lock();
   ends_ = true;
   std::erase_if(orders_, [](const auto& order) { return !order->isRunning; });
   for (const auto& order : orders_) order->stop.request_stop();

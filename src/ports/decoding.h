@@ -16,6 +16,7 @@
 // decoding_threads.h), by a test. Headless, what is shown is decoded at once and nothing is read ahead. Every
 // function may be called from any thread.
 
+#include <atomic>
 #include <deque>
 #include <exception>
 #include <functional>
@@ -99,6 +100,7 @@ class DecodingService {
   struct Reading;
   struct Record;
 
+  std::unique_lock<std::mutex> Lock() const;
   std::shared_ptr<Order> TakeOrder();
   void Run(Order& order);
   void Withdraw(const std::shared_ptr<Order>& order);
@@ -107,13 +109,18 @@ class DecodingService {
   void Want(Record& record, DecodingPriority priority, Wish wish, const OpenedPicture& current);
   void Keep(Record& record, const OpenedPicture& current);
   void GoOnBehind(Record& record, const std::string& path);
-  std::shared_ptr<Reading> TakeReading(bool isIdle);
+  struct Taken;
+  Taken TakeReadings(bool isIdle);
   std::shared_ptr<Reading> NextOf(Record& record, bool isIdle);
+  std::shared_ptr<Reading> Begin(Record& record);
   bool MayBegin(const Record& record, bool isIdle) const;
   void Run(const std::shared_ptr<Reading>& reading);
-  void OpenAhead(Reading& reading);
+  void ReadHeaders(const std::vector<std::shared_ptr<Reading>>& readings);
+  OpenedPicture OpenAhead(const Reading& reading) const;
   // True when the picture is decoded now.
   bool DecodeAhead(Reading& reading);
+  void TellOpened(Reading& reading, OpenedPicture opened);
+  // Under the mutex.
   void Finish(const std::shared_ptr<Reading>& reading, DecodingState state);
   void StopUnwanted();
   std::size_t HeldBytes() const;
@@ -124,9 +131,13 @@ class DecodingService {
 
   mutable std::mutex mutex_;
   bool ends_ = false;
-  std::vector<std::shared_ptr<Order>> orders_;     // waiting and running, the oldest first
+  std::vector<std::shared_ptr<Order>> orders_;  // waiting and running, the oldest first
+  std::atomic<bool> hasWaitingOrder_{false};
   std::vector<std::shared_ptr<Record>> records_;   // of the clients
   std::vector<std::shared_ptr<Reading>> running_;  // of any client, also of one that has gone
+  // Opened files that were asked for and had only their headers read. To close thousands of them takes as
+  // long as to open them, so that is done by those who read the next ones, but for the last, which is in use.
+  std::vector<std::shared_ptr<Reading>> spent_;
 };
 
 class DecodingService::Showing {

@@ -1,6 +1,7 @@
 // The part of the decoding service that reads files ahead.
 
 #include <algorithm>
+#include <chrono>
 #include <exception>
 #include <limits>
 #include <utility>
@@ -60,24 +61,42 @@ bool DecodingService::Record::Knows(const std::string& path) const {
          });
 }
 
-void DecodingService::Record::DropBefore(std::size_t place) {
+DecodingService::Reading* DecodingService::Record::ReadingOf(const std::string& path, std::uint64_t stamp,
+                                                             const DecoderOptions& decoder) const {
+  const auto found = std::ranges::find_if(readings, [&](const auto& reading) {
+    return reading->opened.IsFor(path, stamp, decoder) && !reading->opened.picture.IsEmpty() &&
+           !reading->stop.stop_requested();
+  });
+  return found == readings.end() ? nullptr : found->get();
+}
+
+std::deque<std::shared_ptr<DecodingService::Reading>>::iterator DecodingService::Record::Find(
+    const std::shared_ptr<Reading>& reading) {
+  if (!IsForHeaders()) return std::ranges::find(readings, reading);
+  const auto found = std::ranges::lower_bound(readings, reading->place, {}, &PlaceIn);
+  return found != readings.end() && *found == reading ? found : readings.end();
+}
+
+void DecodingService::Record::DropBefore(std::size_t place, std::vector<std::shared_ptr<Reading>>& spent) {
   behind = place;
   next = std::max(next, place);
-  std::erase_if(readings, [&](const auto& reading) {
-    if (reading->place >= place) return false;
-    if (!reading->isTaken) reading->stop.request_stop();
-    return true;
-  });
+  while (!readings.empty() && readings.front()->place < place) {
+    const Reading& reading = *readings.front();
+    if (!reading.isTaken) readings.front()->stop.request_stop();
+    if (reading.isRunning) --running;
+    if (reading.IsSpent()) spent.push_back(std::move(readings.front()));
+    readings.pop_front();
+  }
 }
 
 DecodingService::Client::Client(DecodingService& service)
     : service_(service), record_(std::make_shared<Record>()) {
-  const std::scoped_lock lock(service_.mutex_);
+  const auto lock = service_.Lock();
   service_.records_.push_back(record_);
 }
 
 DecodingService::Client::~Client() {
-  const std::scoped_lock lock(service_.mutex_);
+  const auto lock = service_.Lock();
   std::erase(service_.records_, record_);
   service_.StopUnwanted();
 }
@@ -88,8 +107,10 @@ void DecodingService::Client::Want(DecodingPriority priority, Wish wish, const O
 
 void DecodingService::Want(Record& record, DecodingPriority priority, Wish wish,
                            const OpenedPicture& current) {
+  std::vector<std::shared_ptr<Reading>> spent;
   {
-    const std::scoped_lock lock(mutex_);
+    const auto lock = Lock();
+    spent.swap(spent_);
     record.priority = priority;
     record.wish = std::move(wish);
     record.next = record.behind = 0;
@@ -103,8 +124,10 @@ void DecodingService::Want(Record& record, DecodingPriority priority, Wish wish,
       return isCurrent || reading->place == record.wish.paths.size() || opened.path == record.current.path ||
              !(opened.decoder == record.wish.decoder) || reading->extent != record.wish.extent;
     });
-    std::ranges::sort(record.readings, {}, [](const auto& reading) { return reading->place; });
+    std::ranges::sort(record.readings, {}, &Record::PlaceIn);
     while (!record.readings.empty() && HeldBytes() > budget_) record.readings.pop_back();
+    record.running = static_cast<std::size_t>(
+        std::ranges::count_if(record.readings, [](const auto& reading) { return reading->isRunning; }));
     StopUnwanted();
   }
   Woken(false);
@@ -126,27 +149,28 @@ void DecodingService::Keep(Record& record, const OpenedPicture& current) {
 
 Picture DecodingService::Find(const std::string& path, std::uint64_t stamp, const DecoderOptions& decoder) {
   Picture found;
-  bool isHungry = false;
+  bool isHungry = false, doesGiveWay = false;
+  std::vector<std::shared_ptr<Reading>> tooManySpent;
   {
-    const std::scoped_lock lock(mutex_);
+    const auto lock = Lock();
     for (const auto& record : records_) {
       if (record->current.IsFor(path, stamp, decoder)) found = record->current.picture;
-      for (const auto& reading : record->readings) {
-        if (reading->stop.stop_requested() || !reading->opened.IsFor(path, stamp, decoder)) continue;
-        if (reading->opened.picture.IsEmpty()) continue;
-        found = reading->opened.picture;
-        reading->isTaken = !record->IsNeighbours();
-      }
+      Reading* reading = record->ReadingOf(path, stamp, decoder);
+      if (!reading) continue;
+      found = reading->opened.picture;
+      reading->isTaken = !record->IsNeighbours();
     }
     for (const auto& record : records_) {
       if (!record->IsNeighbours()) {
         GoOnBehind(*record, path);
       } else if (found.IsEmpty()) {
-        record->gaveWay = true;
+        record->gaveWay = doesGiveWay = true;
       }
+      isHungry = isHungry || record->IsHungry();
     }
-    StopUnwanted();
-    isHungry = std::ranges::any_of(records_, [](const auto& record) { return record->IsHungry(); });
+    if (doesGiveWay) StopUnwanted();
+    constexpr std::size_t mostSpent = 2 * Record::mostHeadersAhead;
+    if (spent_.size() > mostSpent) tooManySpent.swap(spent_);
   }
   if (isHungry) Woken(false);
   return found;
@@ -157,11 +181,11 @@ void DecodingService::GoOnBehind(Record& record, const std::string& path) {
   constexpr std::size_t mostLeftOut = 64;
   const std::size_t place = record.PlaceOf(path, record.behind, mostLeftOut);
   if (place == record.wish.paths.size()) return;
-  record.DropBefore(place + 1);
+  record.DropBefore(place + 1, spent_);
 }
 
 std::optional<DecodingState> DecodingService::StateOf(const std::string& path) const {
-  const std::scoped_lock lock(mutex_);
+  const auto lock = Lock();
   for (const auto& record : records_) {
     for (const auto& reading : record->readings) {
       if (reading->opened.path == path) return reading->state;
@@ -196,14 +220,14 @@ bool DecodingService::HasRoomFor(const Reading& reading) const {
 }
 
 bool DecodingService::HasWork() const {
-  const std::scoped_lock lock(mutex_);
+  const auto lock = Lock();
   return orders_.size() > 0 || std::ranges::any_of(records_, [](const auto& record) {
            return !record->gaveWay && record->next < record->wish.paths.size();
          });
 }
 
 bool DecodingService::HasWorkForIdleness() const {
-  const std::scoped_lock lock(mutex_);
+  const auto lock = Lock();
   return std::ranges::any_of(records_, [&](const auto& record) {
     return record->IsNeighbours() && record->next < record->wish.paths.size() && MayBegin(*record, true);
   });
@@ -211,39 +235,56 @@ bool DecodingService::HasWorkForIdleness() const {
 
 bool DecodingService::MayBegin(const Record& record, bool isIdle) const {
   if (ends_ || record.gaveWay) return false;
-  if (!record.IsNeighbours()) return record.readings.size() < Record::mostAhead;
+  if (!record.IsNeighbours()) return record.HasPlace();
   // One at a time, so that a processor is left to the program.
   return isIdle && orders_.empty() &&
          std::ranges::none_of(record.readings, [](const auto& reading) { return reading->isRunning; });
 }
 
-std::shared_ptr<DecodingService::Reading> DecodingService::TakeReading(bool isIdle) {
-  const std::scoped_lock lock(mutex_);
+DecodingService::Taken DecodingService::TakeReadings(bool isIdle) {
+  Taken taken;
+  const auto lock = Lock();
+  if (spent_.size() > 1) {
+    taken.spent.swap(spent_);
+    spent_.push_back(std::move(taken.spent.back()));
+    taken.spent.pop_back();
+  }
   std::vector<Record*> records;
   for (const auto& record : records_) records.push_back(record.get());
   std::ranges::stable_sort(records, {}, [](const Record* record) { return record->priority; });
   for (Record* record : records) {
-    std::shared_ptr<Reading> reading = NextOf(*record, isIdle);
-    if (!reading) continue;
-    reading->isRunning = true;
-    running_.push_back(reading);
-    return reading;
+    const std::size_t most = record->IsForHeaders() ? Taken::mostHeaders : 1;
+    for (auto next = NextOf(*record, isIdle); next;) {
+      taken.readings.push_back(std::move(next));
+      const bool hasPlace = record->readings.size() < Record::mostHeadersAhead;
+      if (taken.readings.size() < most && hasPlace) next = Begin(*record);
+    }
+    if (taken.readings.empty()) continue;
+    for (const auto& reading : taken.readings) reading->isRunning = true;
+    record->running += taken.readings.size();
+    running_.insert(running_.end(), taken.readings.begin(), taken.readings.end());
+    break;
   }
-  return nullptr;
+  return taken;
 }
 
 std::shared_ptr<DecodingService::Reading> DecodingService::NextOf(Record& record, bool isIdle) {
   for (const auto& reading : record.readings) {
+    if (record.IsForHeaders()) break;
     if (!reading->waitsForRoom || reading->isRunning) continue;
     // Those behind it wait for room too.
     if (!HasRoomFor(*reading) || ends_) return nullptr;
     reading->waitsForRoom = false;
     return reading;
   }
-  if (!MayBegin(record, isIdle)) return nullptr;
+  return MayBegin(record, isIdle) ? Begin(record) : nullptr;
+}
+
+std::shared_ptr<DecodingService::Reading> DecodingService::Begin(Record& record) {
   while (record.next < record.wish.paths.size()) {
     const std::string& path = record.wish.paths[record.next++];
-    if (record.Knows(path)) continue;
+    // A file that is listed twice is opened twice, which is more than a header's worth to find out.
+    if (!record.IsForHeaders() && record.Knows(path)) continue;
     auto reading = std::make_shared<Reading>();
     reading->extent = record.wish.extent;
     reading->shown = record.wish.shown;
@@ -259,37 +300,71 @@ std::shared_ptr<DecodingService::Reading> DecodingService::NextOf(Record& record
 void DecodingService::Run(const std::shared_ptr<Reading>& reading) {
   DecodingState state = DecodingState::Failed;
   try {
-    if (reading->state == DecodingState::Asked) OpenAhead(*reading);
+    if (reading->state == DecodingState::Asked) TellOpened(*reading, OpenAhead(*reading));
     state = DecodeAhead(*reading) ? DecodingState::Decoded : DecodingState::HeaderKnown;
   } catch (const std::exception&) {
     // Whoever opens or shows the picture meets the same again, be it a bad file or a lack of memory.
   }
+  const auto lock = Lock();
   Finish(reading, state);
 }
 
-void DecodingService::OpenAhead(Reading& reading) {
+void DecodingService::ReadHeaders(const std::vector<std::shared_ptr<Reading>>& readings) {
+  // Told together, since whoever asks for them meets us at the mutex; but where files come slowly, as they
+  // come.
+  constexpr std::chrono::milliseconds slow{1};
+  auto told = std::chrono::steady_clock::now();
+  std::vector<OpenedPicture> opened;
+  for (auto reading = readings.begin(); reading != readings.end();) {
+    if (hasWaitingOrder_) RunNextShowing();
+    opened.emplace_back();
+    try {
+      // By now somebody may have gone past it.
+      if (!(*reading)->stop.stop_requested()) opened.back() = OpenAhead(**reading);
+    } catch (const std::exception&) {
+      // As above.
+    }
+    ++reading;
+    const auto now = std::chrono::steady_clock::now();
+    if (reading != readings.end() && now - told < slow) continue;
+    told = now;
+    const auto lock = Lock();
+    auto finished = reading - static_cast<std::ptrdiff_t>(opened.size());
+    for (OpenedPicture& picture : opened) {
+      const bool isThere = !picture.picture.IsEmpty();
+      if (isThere) (*finished)->opened = std::move(picture);
+      Finish(*finished++, isThere ? DecodingState::HeaderKnown : DecodingState::Failed);
+    }
+    opened.clear();
+  }
+}
+
+void DecodingService::TellOpened(Reading& reading, OpenedPicture opened) {
+  const auto lock = Lock();
+  reading.opened = std::move(opened);
+  reading.state = DecodingState::HeaderKnown;
+}
+
+OpenedPicture DecodingService::OpenAhead(const Reading& reading) const {
   OpenedPicture opened = reading.opened;
   opened.stamp = PictureStamp(files_, opened.path);
   if (opened.stamp == 0) throw RunTimeError(ErrorNumber::FileNotFound).About(opened.path);
   OpenOptions options;
   options.decoder = opened.decoder;
   opened.picture = OpenPicture(files_, opened.path, options);
-  const std::scoped_lock lock(mutex_);
-  reading.opened = opened;
-  reading.state = DecodingState::HeaderKnown;
+  return opened;
 }
 
 bool DecodingService::DecodeAhead(Reading& reading) {
   const Picture& picture = reading.opened.picture;
   const DecodingExtent extent = reading.extent;
-  if (extent == DecodingExtent::Header) return false;
   // A drawing is made at the very size it is shown at, and quickly; having it open is enough.
   if (extent != DecodingExtent::Full && picture.IsScalable()) return false;
   Size size;
   if (extent != DecodingExtent::Full)
     size = reading.shown ? reading.shown(picture.GetSize()) : picture.GetSize();
   {
-    const std::scoped_lock lock(mutex_);
+    const auto lock = Lock();
     reading.estimate = 0;
     const std::size_t others = HeldBytes() - reading.HeldBytes();
     reading.estimate = BytesFor(picture, size, extent);
@@ -303,13 +378,13 @@ bool DecodingService::DecodeAhead(Reading& reading) {
 }
 
 void DecodingService::Finish(const std::shared_ptr<Reading>& reading, DecodingState state) {
-  const std::scoped_lock lock(mutex_);
   reading->isRunning = false;
   reading->state = state;
   std::erase(running_, reading);
   for (const auto& record : records_) {
-    const auto found = std::ranges::find(record->readings, reading);
+    const auto found = record->Find(reading);
     if (found == record->readings.end()) continue;
+    --record->running;
     // What is held may have grown since it was begun. Who goes through files can wait for room, neighbours
     // are not worth it.
     const bool isUseless = record->IsNeighbours() &&

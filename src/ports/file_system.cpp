@@ -1,5 +1,6 @@
 #include "ports/file_system.h"
 
+#include <algorithm>
 #include <span>
 
 #include "base/text.h"
@@ -37,20 +38,20 @@ std::string FileSystem::AsidePath(const std::string& path) const {
 }
 
 void FileSystem::OpenNumber(int number, const std::string& path, bool emptied) {
-  const std::string whole = Normalised(path);
-  for (const auto& [other, file] : open_) {
-    if (other == number || file.path == whole) {
+  std::string whole = Normalised(path);
+  for (const OpenFile& file : open_) {
+    if (file.number == number || file.path == whole) {
       throw RunTimeError(ErrorNumber::FileAlreadyOpen).About(path);
     }
   }
   auto sink = OpenAtEnd(path, emptied);
-  open_[number] = {whole, std::move(sink)};
+  open_.push_back({number, std::move(whole), std::move(sink)});
 }
 
 void FileSystem::Print(int number, std::string_view text) {
-  const auto file = open_.find(number);
+  const auto file = std::ranges::find(open_, number, &OpenFile::number);
   if (file == open_.end()) throw RunTimeError(ErrorNumber::BadFileNumber);
-  file->second.sink->WriteText(text);
+  file->sink->WriteText(text);
 }
 
 }  // namespace lumidex

@@ -4,7 +4,6 @@
 
 #include <cstdint>
 #include <functional>
-#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -105,7 +104,9 @@ class FileSystem {
   // DiskFull.
   void Print(int number, std::string_view text);
   // Closing a number that is not open does nothing.
-  void Close(int number) { open_.erase(number); }
+  void Close(int number) {
+    std::erase_if(open_, [number](const OpenFile& file) { return file.number == number; });
+  }
 
  private:
   // Writes behind what the file holds. Raises as the two above say.
@@ -114,10 +115,11 @@ class FileSystem {
   std::string WithMark(const std::string& path, const std::string& mark) const;
 
   struct OpenFile {
+    int number = 0;
     std::string path;
     std::unique_ptr<ByteSink> sink;
   };
-  std::map<int, OpenFile> open_;
+  std::vector<OpenFile> open_;
 };
 
 }  // namespace lumidex

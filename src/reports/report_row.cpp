@@ -30,9 +30,9 @@ std::string TextReportLine(const ReportRow& row) {
   std::string line = Number(row.ItemNo);
   for (const std::string* field :
        {&row.Drive, &row.Directory, &row.FileName, &row.ColorText, &row.DimensionText, &row.SizeText}) {
-    line += ",\"" + *field + "\"";
+    ((line += ",\"") += *field) += '"';
   }
-  return line + "\r\n";
+  return line += "\r\n";
 }
 
 std::string HtmlReportHeader() {
@@ -60,34 +60,25 @@ std::string HtmlReportHeader() {
 }
 
 std::string HtmlReportBlock(const ReportRow& row, const std::string& shown, const std::string& target) {
-  return Lines(
-      {"<B>", "<TR bgcolor=gold>",
-       "<TD align=center>" + Number(row.ItemNo) + "</TD><TD colspan=2><a href=\"" + target + "\">" + shown +
-           "</A></TD>",
-       "</TR>", "<TR bgcolor=orange align=center>",
-       "<TD>" + row.ColorText + "</TD><TD>" + row.DimensionText + "</TD><TD>" + row.SizeText + "</TD>",
-       "</TR>", "</B>"});
+  std::string text;
+  constexpr std::size_t roomForTags = 256;
+  text.reserve(roomForTags + shown.size() + target.size());
+  ((text += "<B>\r\n<TR bgcolor=gold>\r\n<TD align=center>") += Number(row.ItemNo)) +=
+      "</TD><TD colspan=2><a href=\"";
+  ((text += target) += "\">") += shown;
+  ((text += "</A></TD>\r\n</TR>\r\n<TR bgcolor=orange align=center>\r\n<TD>") += row.ColorText) +=
+      "</TD><TD>";
+  ((text += row.DimensionText) += "</TD><TD>") += row.SizeText;
+  return text += "</TD>\r\n</TR>\r\n</B>\r\n";
 }
 
 std::string LinkTarget(const std::string& path) {
-  std::string target;
-  for (const char character : path) {
-    switch (character) {
-      case '%':
-        target += "%25";
-        break;
-      case '#':
-        target += "%23";
-        break;
-      case '?':
-        target += "%3F";
-        break;
-      case '\\':
-        target += "%5C";
-        break;
-      default:
-        target += character;
-    }
+  std::string target = path;
+  for (std::size_t place = 0; (place = target.find_first_of("%#?\\", place)) != std::string::npos; ++place) {
+    constexpr std::string_view digits = "0123456789ABCDEF";
+    const auto code = static_cast<unsigned char>(target[place]);
+    const char encoded[] = {'%', digits[code / 16], digits[code % 16]};
+    target.replace(place, 1, encoded, sizeof encoded);
   }
   return target;
 }
@@ -97,8 +88,12 @@ std::string HtmlReportFooter() {
 }
 
 std::string GridRow(const ReportRow& row) {
-  return "\t" + row.Drive + "\t" + row.Directory + "\t" + row.FileName + "\t" + row.ColorText + "\t" +
-         row.DimensionText + "\t" + row.SizeText;
+  std::string cells;
+  for (const std::string* field :
+       {&row.Drive, &row.Directory, &row.FileName, &row.ColorText, &row.DimensionText, &row.SizeText}) {
+    (cells += '\t') += *field;
+  }
+  return cells;
 }
 
 }  // namespace lumidex

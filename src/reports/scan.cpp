@@ -32,7 +32,7 @@ constexpr float countedDepth = 99;
 // of the file before.
 class Scan {
  public:
-  explicit Scan(App& app) : app_(app), opening_(app.frmstats.closings), widths_(app) {}
+  explicit Scan(App& app) : app_(app), opening_(app.frmstats.closings), shown_(app), widths_(app) {}
 
   void Run() {
     app_.frmstats.Pointer = MousePointer::Hourglass;
@@ -88,7 +88,7 @@ class Scan {
     if (options.chkCountFileColorDepth.Value == 1) CountDepth();
     if (options.chkCountFileSize.Value == 1) CountSize();
     if (options.chkCountFileTypes.Value == 1) counts_.CountType(path_);
-    if (!WindowIsGone()) ShowCounts(app_, counts_, index_ + 1);
+    if (!WindowIsGone()) shown_.Show(counts_, index_ + 1);
     WriteRow();
     Files().Close(textReport);
     Files().Close(htmlReport);
@@ -103,8 +103,8 @@ class Scan {
 
   void CountSize() {
     IgnoreError([&] {
-      if (path_.empty() || !FileExists(app_, path_)) return;
-      if (const auto facts = Files().Look(path_)) size_ = ToInt32(static_cast<std::int64_t>(facts->size));
+      const auto facts = path_.empty() ? std::nullopt : Files().Look(path_);
+      if (facts && FileExists(app_, path_, facts)) size_ = ToInt32(static_cast<std::int64_t>(facts->size));
     });
     counts_.CountSize(size_);
   }
@@ -140,7 +140,7 @@ class Scan {
     if (WindowIsGone()) return;
     frmstatsWindow& window = app_.frmstats;
     if (index_ > 0) {
-      ShowCounts(app_, counts_, index_);
+      shown_.Show(counts_, index_);
       app_.platform.events.Yield();
       if (WindowIsGone()) return;
     }
@@ -157,6 +157,7 @@ class Scan {
   std::int32_t size_ = 0;
   std::int16_t depth_ = 0;
   ScanCounts counts_;
+  ShownCounts shown_;
   ReportRow row_;
   ReportWidths widths_;
 };

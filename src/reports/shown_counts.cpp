@@ -1,5 +1,9 @@
 #include "reports/shown_counts.h"
 
+#include <array>
+#include <charconv>
+#include <string_view>
+
 #include "base/run_time_error.h"
 #include "base/text.h"
 #include "base/widths.h"
@@ -10,36 +14,68 @@
 namespace lumidex {
 namespace {
 
+void Write(TextBox& box, std::string_view text) {
+  if (box.Text.Get() != text) box.Text = std::string(text);
+}
+
+void WriteBare(TextBox& box, std::int32_t value) {
+  std::array<char, 16> text{};
+  const auto end = std::to_chars(text.data(), text.data() + text.size(), value);
+  Write(box, {text.data(), end.ptr});
+}
+
 // With the blank that stands before numbers without a sign.
-std::string Spaced(std::int64_t value) {
-  return (value < 0 ? "" : " ") + Number(value);
+void WriteSpaced(TextBox& box, std::int32_t value) {
+  std::array<char, 16> text{' '};
+  const auto end = std::to_chars(text.data() + (value < 0 ? 0 : 1), text.data() + text.size(), value);
+  Write(box, {text.data(), end.ptr});
 }
 
 }  // namespace
 
-void ShowCounts(App& app, const ScanCounts& counts, std::int32_t current) {
-  frmstatsWindow& window = app.frmstats;
+template <class Counter, class Write>
+void ShownCounts::WriteNew(Counter& shown, Counter counted, Write write) {
+  if (!writesAll_ && shown == counted) return;
+  shown = counted;
+  write(counted);
+}
+
+void ShownCounts::Show(const ScanCounts& counts, std::int32_t current) {
+  frmstatsWindow& window = app_.frmstats;
+  writesAll_ = turn_ == 0 || turn_ != window.showings;
   for (int type = 1; type <= FileTypeCount; ++type) {
-    window.txtFileType(type).Text = Number(counts.types[static_cast<std::size_t>(type)]);
+    const auto place = static_cast<std::size_t>(type);
+    WriteNew(shown_.types[place], counts.types[place],
+             [&](std::int32_t count) { WriteBare(window.txtFileType(type), count); });
   }
-  window.txtCurrentFile.Text = Spaced(current);
-  window.txtTotalFiles.Text = Spaced(app.WPaper2.LstRight.ListCount());
+  WriteSpaced(window.txtCurrentFile, current);
+  WriteSpaced(window.txtTotalFiles, app_.WPaper2.LstRight.ListCount());
+  const auto writeTo = [](TextBox& box) { return [&box](std::int32_t count) { WriteSpaced(box, count); }; };
   TextBox* const depths[] = {&window.txtColors2, &window.txtColors16, &window.txtColors256,
                              &window.txtColors64K, &window.txtColors167M};
-  for (std::size_t i = 0; i < counts.depths.size(); ++i) depths[i]->Text = Spaced(counts.depths[i]);
-  window.txtColorsUnknown.Text = Spaced(counts.otherDepths);
+  for (std::size_t i = 0; i < counts.depths.size(); ++i)
+    WriteNew(shown_.depths[i], counts.depths[i], writeTo(*depths[i]));
+  WriteNew(shown_.otherDepths, counts.otherDepths, writeTo(window.txtColorsUnknown));
   TextBox* const sizes[] = {&window.txtfilesize100, &window.txtfilesize200, &window.txtfilesize300,
                             &window.txtfilesize400, &window.txtfilesize500};
-  for (std::size_t i = 0; i < counts.sizes.size(); ++i) sizes[i]->Text = Spaced(counts.sizes[i]);
-  window.txtFileSizeUnavailable.Text = Spaced(counts.emptyFiles);
-  window.txtTotalSize.Text = SizeTextOf(counts.totalBytes);
-  IgnoreError([&] { window.txtColorsTotal.Text = Spaced(counts.DepthTotal()); });
+  for (std::size_t i = 0; i < counts.sizes.size(); ++i)
+    WriteNew(shown_.sizes[i], counts.sizes[i], writeTo(*sizes[i]));
+  WriteNew(shown_.emptyFiles, counts.emptyFiles, writeTo(window.txtFileSizeUnavailable));
+  WriteNew(shown_.totalBytes, counts.totalBytes,
+           [&](std::int32_t bytes) { Write(window.txtTotalSize, SizeTextOf(bytes)); });
+  ShowSums();
+  turn_ = ++window.showings;
+}
+
+void ShownCounts::ShowSums() {
+  frmstatsWindow& window = app_.frmstats;
+  IgnoreError([&] { WriteSpaced(window.txtColorsTotal, shown_.DepthTotal()); });
   IgnoreError([&] {
     double total = Val(window.txtFileSizeUnavailable.Text.Get());
-    for (const std::int16_t size : counts.sizes) total += size;
-    window.txtfilesizetotal.Text = Spaced(ToInt16(total));
+    for (const std::int16_t size : shown_.sizes) total += size;
+    WriteSpaced(window.txtfilesizetotal, ToInt16(total));
   });
-  IgnoreError([&] { window.txtFileTypeTotal.Text = Spaced(counts.TypeTotal()); });
+  IgnoreError([&] { WriteSpaced(window.txtFileTypeTotal, shown_.TypeTotal()); });
 }
 
 }  // namespace lumidex

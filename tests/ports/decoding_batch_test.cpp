@@ -1,8 +1,11 @@
 // Files of a batch or a scan that are read ahead.
 
+#include <algorithm>
+#include <functional>
 #include <utility>
 
 #include "pictures/pixels.h"
+#include "platform/headless/memory_file_system.h"
 #include "ports/reading_ahead.h"
 
 namespace lumidex {
@@ -13,6 +16,18 @@ class GoingThroughFiles : public DecodingAhead {
  protected:
   void Go(DecodingExtent extent, std::vector<std::string> paths) {
     client.Want(DecodingPriority::Batch, {std::move(paths), extent});
+  }
+  std::vector<std::string> Many(int count) {
+    std::vector<std::string> paths;
+    for (int i = 0; i < count; ++i) {
+      paths.push_back("/many" + std::to_string(i) + ".bmp");
+      AddPicture(paths.back(), {1, 1});
+    }
+    return paths;
+  }
+  bool IsOpened(const std::string& path) {
+    const auto state = ahead.StateOf(path);
+    return state == DecodingState::HeaderKnown || state == DecodingState::Decoded;
   }
 };
 
@@ -73,17 +88,112 @@ TEST_F(GoingThroughFiles, One_that_was_opened_by_somebody_else_first_is_not_read
 }
 
 TEST_F(GoingThroughFiles, No_more_files_than_some_dozens_are_open_at_a_time) {
-  std::vector<std::string> paths;
-  for (int i = 0; i < 100; ++i) {
-    paths.push_back("/many" + std::to_string(i) + ".bmp");
-    AddPicture(paths.back(), {1, 1});
-  }
-  Go(DecodingExtent::Header, paths);
-  EXPECT_EQ(RunAll(), 32);
-  for (int i = 0; i < 100; ++i) {
-    EXPECT_FALSE(Find(paths[static_cast<std::size_t>(i)]).IsEmpty());
+  for (const auto& [extent, most] :
+       {std::pair(DecodingExtent::Full, 32), std::pair(DecodingExtent::Header, 128)}) {
+    const std::vector<std::string> paths = Many(300);
+    Go(extent, paths);
     RunAll();
+    EXPECT_EQ(std::ranges::count_if(paths, [&](const auto& path) { return IsOpened(path); }), most);
+    for (const std::string& path : paths) {
+      EXPECT_FALSE(Find(path).IsEmpty()) << path;
+      RunAll();
+    }
   }
+}
+
+TEST_F(GoingThroughFiles, Headers_are_read_some_at_a_time) {
+  const std::vector<std::string> paths = Many(20);
+  Go(DecodingExtent::Header, paths);
+  EXPECT_TRUE(ahead.RunNext(false));
+  EXPECT_TRUE(IsOpened(paths[0]));
+  EXPECT_TRUE(IsOpened(paths[7]));
+  EXPECT_EQ(ahead.StateOf(paths[8]), DecodingState::Asked);
+  EXPECT_EQ(RunAll(), 2);
+  EXPECT_TRUE(IsOpened(paths[19]));
+}
+
+TEST_F(GoingThroughFiles, A_file_that_is_listed_twice_is_there_twice) {
+  Go(DecodingExtent::Header, {"/a.bmp", "/a.bmp", "/b.bmp", "/a.bmp"});
+  RunAll();
+  for (const char* path : {"/a.bmp", "/a.bmp", "/b.bmp", "/a.bmp"})
+    EXPECT_FALSE(Find(path).IsEmpty()) << path;
+}
+
+// A disk on which something happens whenever a file of it is opened.
+struct WatchedDisk : MemoryFileSystem {
+  using MemoryFileSystem::MemoryFileSystem;
+  std::shared_ptr<const ByteSource> Open(const std::string& path) const override {
+    if (OnOpen) OnOpen(path);
+    return MemoryFileSystem::Open(path);
+  }
+  std::function<void(const std::string&)> OnOpen;
+};
+
+class ReadingHeaders : public testing::Test {
+ protected:
+  void SetUp() override {
+    const auto bytes = EncodeBmp(Pixels::Make({1, 1}, PixelFormat::Rgb, 0));
+    for (int i = 0; i < 64; ++i) {
+      paths.push_back("/" + std::to_string(i) + ".bmp");
+      disk.AddFile(paths.back(), {bytes.begin(), bytes.end()});
+    }
+    client.Want(DecodingPriority::Batch, {paths, DecodingExtent::Header});
+  }
+  Picture Find(const std::string& path) { return ahead.Find(path, disk.Look(path)->stamp, {}); }
+  bool IsOpened(int place) {
+    return ahead.StateOf(paths[static_cast<std::size_t>(place)]) == DecodingState::HeaderKnown;
+  }
+
+  CallLog log;
+  WatchedDisk disk{'/', log, [] { return std::int64_t{0}; }};
+  DecodingService ahead{disk};
+  DecodingService::Client client{ahead};
+  std::vector<std::string> paths;
+};
+
+TEST_F(ReadingHeaders, A_second_thread_helps_only_where_they_run_short) {
+  // What happens inside of an opening happens while its reader is at work.
+  std::vector<bool> helped;
+  disk.OnOpen = [&](const std::string& path) {
+    if (path != paths[0] && path != paths[16]) return;
+    helped.push_back(ahead.RunNext());
+  };
+  // The first has nothing yet; the second reads the next ones for it.
+  EXPECT_TRUE(ahead.RunNext());
+  EXPECT_TRUE(IsOpened(15));
+  // Now there are enough to go on with.
+  EXPECT_TRUE(ahead.RunNext());
+  EXPECT_EQ(helped, (std::vector{true, false}));
+}
+
+TEST_F(ReadingHeaders, A_file_that_was_passed_meanwhile_is_left_alone) {
+  std::vector<std::string> opened;
+  bool isFound = true;
+  disk.OnOpen = [&](const std::string& path) {
+    opened.push_back(path);
+    if (path == paths[1]) isFound = !Find(paths[5]).IsEmpty();
+  };
+  ahead.RunNext();
+  EXPECT_FALSE(isFound);
+  EXPECT_EQ(opened, (std::vector{paths[0], paths[1], paths[6], paths[7]}));
+  EXPECT_FALSE(Find(paths[6]).IsEmpty());
+}
+
+TEST_F(ReadingHeaders, What_is_to_be_shown_comes_between_them) {
+  const Picture picture = Picture::FromPixels(Pixels::Make({4, 4}, PixelFormat::Argb, 0x80FF0000), 32);
+  std::unique_ptr<DecodingService::Showing> showing;
+  std::vector<std::string> order;
+  disk.OnOpen = [&](const std::string& path) {
+    order.push_back(path);
+    if (path != paths[2]) return;
+    showing = ahead.Show(picture, {2, 2}, DecodingPriority::Screen,
+                         [&](const Pixels&) { order.push_back("shown"); });
+  };
+  ahead.RunNext();
+  ASSERT_GE(order.size(), 5U);
+  EXPECT_EQ(order[2], paths[2]);
+  EXPECT_EQ(order[3], "shown");
+  EXPECT_EQ(order[4], paths[3]);
 }
 
 TEST_F(GoingThroughFiles, Those_who_read_are_woken_for_many_files_at_a_time) {

@@ -154,6 +154,35 @@ TEST_F(DecodingThreadsTest, What_was_found_outlives_an_end_in_the_midst_of_work)
   }
 }
 
+TEST_F(DecodingThreadsTest, Going_through_very_many_files_keeps_some_open_and_in_the_end_none) {
+  const auto openFiles = [&] {
+    const auto isOurs = [&](const auto& entry) {
+      std::error_code gone;
+      return std::filesystem::read_symlink(entry.path(), gone).string().starts_with(folder.Path());
+    };
+    return std::ranges::count_if(std::filesystem::directory_iterator("/proc/self/fd"), isOurs);
+  };
+  std::vector<std::string> paths;
+  for (int i = 0; i < 1000; ++i) {
+    paths.push_back(folder / ("link" + std::to_string(i) + ".bmp"));
+    std::filesystem::create_hard_link(Path(0), paths.back());
+  }
+  {
+    DecodingService::Client reader(decoding);
+    reader.Want(DecodingPriority::Batch, {paths, DecodingExtent::Header});
+    for (std::size_t i = 0; i < paths.size(); ++i) {
+      static_cast<void>(decoding.Find(paths[i], disk.Look(paths[i])->stamp, {}));
+      if (i % 50 == 0) {
+        EXPECT_LE(openFiles(), 400);
+      }
+    }
+    decoding.WaitUntilDone();
+    reader.Want(DecodingPriority::Batch, {});
+  }
+  decoding.WaitUntilDone();
+  EXPECT_EQ(openFiles(), 0);
+}
+
 TEST_F(DecodingThreadsTest, Without_threads_what_is_to_be_shown_comes_at_once) {
   const NoThreads none;
   Pixels shown;

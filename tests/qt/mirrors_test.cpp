@@ -5,6 +5,7 @@
 #include <QLineEdit>
 #include <QListView>
 #include <QPlainTextEdit>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSlider>
@@ -36,6 +37,7 @@ struct TestForm : Form {
   TextBox text{*this, "text", "abc"};
   TextBox notes{*this, "notes"};
   Slider slider{*this, "slider", 0, 10, 5};
+  ProgressBar progress{*this, "progress"};
   UpDown upDown{*this, "upDown", 0, 10, 5};
   TabStrip tabs{*this, "tabs", {"One", "Two"}};
 };
@@ -81,6 +83,42 @@ TEST_F(MirrorTest, A_routine_that_yields_often_has_its_window_brought_up_to_date
   EXPECT_LE(pushes, passed.elapsed() / 16 + 1);
   Settle();
   EXPECT_EQ(Shown<QLabel>(form.label).text().toInt(), last);
+}
+
+TEST_F(MirrorTest, A_window_that_takes_its_time_leaves_most_of_it_to_the_routine) {
+  int pushes = 0;
+  new Mirror(world.views.ViewOf(form)->Pushes(), form.label, &Shown<QLabel>(form.label), [&] {
+    ++pushes;
+    QElapsedTimer slow;
+    for (slow.start(); slow.elapsed() < 4;) {
+    }
+  });
+  Settle();
+  pushes = 0;
+  QElapsedTimer passed;
+  passed.start();
+  for (int last = 0; pushes < 4; ++last) {
+    form.label.Caption = std::to_string(last);
+    world.events.Post([] {});
+    world.events.Yield();
+  }
+  EXPECT_LE(pushes, passed.elapsed() / 40 + 2);
+}
+
+TEST_F(MirrorTest, A_progress_bar_is_painted_with_everything_else) {
+  struct Paints : QObject {
+    bool eventFilter(QObject*, QEvent* event) override {
+      if (event->type() == QEvent::Paint) ++count;
+      return false;
+    }
+    int count = 0;
+  } paints;
+  Shown<QProgressBar>(form.progress).installEventFilter(&paints);
+  form.progress.Value = 50;
+  world.views.ViewOf(form)->Pushes().Flush();
+  EXPECT_EQ(Shown<QProgressBar>(form.progress).value(), 50);
+  EXPECT_EQ(paints.count, 0);
+  while (paints.count == 0) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
 }
 
 TEST_F(MirrorTest, What_a_routine_has_left_is_shown_when_the_loop_goes_on) {

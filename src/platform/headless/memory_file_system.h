@@ -12,7 +12,7 @@
 
 namespace lumidex {
 
-class MemoryFileSystem final : public FileSystem {
+class MemoryFileSystem : public FileSystem {
  public:
   // `separator` is '\' (begins with the drive C:) or '/'. `now` gives the time of written files in seconds
   // since 1970.

@@ -2,6 +2,7 @@
 // The decoding service of a desktop: works on threads of its own, which are begun when there is something to
 // do for them. Where none can be had, what is to be shown is decoded at once and nothing is read ahead.
 
+#include <atomic>
 #include <chrono>
 #include <condition_variable>
 #include <thread>
@@ -35,9 +36,13 @@ class DecodingThreads final : public DecodingService {
   const Options options_;
   std::mutex mutex_;
   std::condition_variable_any changed_;
-  Clock::time_point asked_{};  // when something was asked for last
-  std::uint64_t wakes_ = 0;
-  unsigned resting_ = 0;  // threads that have found nothing to do since the last wake
+  std::atomic<Clock::time_point> asked_{};  // when something was asked for last
+  // A thread rests, and then looks for wakes that it has not seen; who wakes counts, and then looks for
+  // resting threads. So whoever is asked often need not be held up while all are busy.
+  std::atomic<std::uint64_t> wakes_{0};
+  std::atomic<unsigned> resting_{0};  // threads that have found nothing to do since the last wake
+  std::atomic<bool> areAllStarted_{false};
+  std::uint64_t rounds_ = 0;  // of calling all that rest
   std::vector<std::jthread> threads_;
 };
 

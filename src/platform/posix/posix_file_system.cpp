@@ -125,16 +125,16 @@ std::uint64_t StampOf(const struct stat& status) {
   return hash == 0 ? 1 : hash;
 }
 
-// Counts a change when it is over, however it ends.
+// Tells of a change when it is over, however it ends.
 class Changing {
  public:
-  explicit Changing(std::atomic<std::uint64_t>& changes) : changes_(changes) {}
-  ~Changing() { ++changes_; }
+  explicit Changing(RecentLooks& looks) : looks_(looks) {}
+  ~Changing() { looks_.ForgetAll(); }
   Changing(const Changing&) = delete;
   Changing& operator=(const Changing&) = delete;
 
  private:
-  std::atomic<std::uint64_t>& changes_;
+  RecentLooks& looks_;
 };
 
 // What is there now.
@@ -177,7 +177,7 @@ std::string PosixFileSystem::CurrentDirectory() const {
 }
 
 void PosixFileSystem::ChDir(const std::string& path) {
-  const Changing changing(changes_);
+  const Changing changing(looks_);
   if (HoldsZeroByte(path)) throw RunTimeError(ErrorNumber::PathNotFound).About(path);
   if (chdir(path.c_str()) != 0) RaiseSystemError(errno, path);
 }
@@ -230,21 +230,10 @@ std::uint64_t PosixFileSystem::DirectoryStamp(const std::string& path) const {
 }
 
 std::optional<FileFacts> PosixFileSystem::Look(const std::string& path) const {
-  using Clock = std::chrono::steady_clock;
-  struct Seen {
-    const PosixFileSystem* by = nullptr;
-    std::uint64_t changes = 0;
-    Clock::time_point until;
-    std::string path;
-    FileFacts facts;
-  };
-  thread_local Seen last;
-  if (unnoticed_.count() == 0) return LookAt(path);
-  const std::uint64_t changes = changes_;
-  if (last.by == this && last.changes == changes && last.path == path && Clock::now() < last.until)
-    return last.facts;
+  if (const auto known = looks_.Of(path)) return known;
+  const std::uint64_t begun = looks_.Changes();
   const auto facts = LookAt(path);
-  if (facts) last = {this, changes, Clock::now() + unnoticed_, path, *facts};
+  if (facts) looks_.Keep(path, *facts, begun);
   return facts;
 }
 
@@ -254,26 +243,26 @@ std::shared_ptr<const ByteSource> PosixFileSystem::Open(const std::string& path)
 }
 
 void PosixFileSystem::Write(const std::string& path, const Produce& produce) {
-  const Changing changing(changes_);
+  const Changing changing(looks_);
   if (HoldsZeroByte(path)) throw RunTimeError(ErrorNumber::PathNotFound).About(path);
   WriteFile(path, produce);
 }
 
 void PosixFileSystem::WriteOver(const std::string& path, std::string_view content) {
-  const Changing changing(changes_);
+  const Changing changing(looks_);
   if (HoldsZeroByte(path)) throw RunTimeError(ErrorNumber::PathNotFound).About(path);
   OverwriteFile(path, content, [this](const std::string& target) { return AsidePath(target); });
 }
 
 void PosixFileSystem::Remove(const std::string& path) {
-  const Changing changing(changes_);
+  const Changing changing(looks_);
   if (unlink(path.c_str()) == 0) return;
   if (errno == ENOENT) throw RunTimeError(ErrorNumber::FileNotFound).About(path);
   RaiseSystemError(errno, path);
 }
 
 void PosixFileSystem::MakeDirectory(const std::string& path) {
-  const Changing changing(changes_);
+  const Changing changing(looks_);
   if (mkdir(path.c_str(), 0777) == 0) return;
   // A directory that is there already counts as one that can't be made.
   if (errno == EEXIST) throw RunTimeError(ErrorNumber::PathFileAccess).About(path);
@@ -281,7 +270,7 @@ void PosixFileSystem::MakeDirectory(const std::string& path) {
 }
 
 std::unique_ptr<ByteSink> PosixFileSystem::OpenAtEnd(const std::string& path, bool emptied) {
-  const Changing changing(changes_);
+  looks_.Exclude(path);
   if (HoldsZeroByte(path)) throw RunTimeError(ErrorNumber::PathNotFound).About(path);
   return OpenFileAtEnd(path, emptied);
 }

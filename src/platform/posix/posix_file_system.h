@@ -1,9 +1,9 @@
 #pragma once
 // The files of a POSIX system. Names are bytes; names beginning with a point are the hidden ones.
 
-#include <atomic>
 #include <chrono>
 
+#include "platform/posix/recent_looks.h"
 #include "ports/file_system.h"
 
 namespace lumidex {
@@ -13,7 +13,7 @@ class PosixFileSystem final : public FileSystem {
   // What a look at a file has told stays true for a time in which nobody could tell whether the file changed
   // before or after: one step of the program looks several times, and each look is a way to the server of a
   // network folder. What this object itself changes is seen at once.
-  explicit PosixFileSystem(std::chrono::nanoseconds unnoticed = {}) : unnoticed_(unnoticed) {}
+  explicit PosixFileSystem(std::chrono::nanoseconds unnoticed = {}) : looks_(unnoticed) {}
 
   char Separator() const override { return '/'; }
   // "/" and what is mounted below /media, /mnt and /run/media.
@@ -35,8 +35,7 @@ class PosixFileSystem final : public FileSystem {
  private:
   std::unique_ptr<ByteSink> OpenAtEnd(const std::string& path, bool emptied) override;
 
-  const std::chrono::nanoseconds unnoticed_;
-  std::atomic<std::uint64_t> changes_{0};  // of its own
+  mutable RecentLooks looks_;
 };
 
 }  // namespace lumidex

@@ -2,27 +2,34 @@
 
 #include <QCoreApplication>
 #include <QEvent>
+#include <algorithm>
 #include <utility>
 
 #include "platform/qt/guarded.h"
 
 namespace lumidex {
-namespace {
-
-constexpr int frameMilliseconds = 16;
-
-}  // namespace
 
 int YieldInRoutine::depth_ = 0;
+YieldInRoutine::Clock::duration YieldInRoutine::served_{};
 std::vector<QPointer<PushQueue>> YieldInRoutine::postponed_;
 
-YieldInRoutine::YieldInRoutine() {
+YieldInRoutine::YieldInRoutine() : since_(Clock::now()) {
   ++depth_;
   std::erase_if(postponed_, [](const QPointer<PushQueue>& queue) {
     if (queue && !queue->IsFrameOver()) return false;
     if (queue) queue->Post();
     return true;
   });
+}
+
+YieldInRoutine::~YieldInRoutine() {
+  if (--depth_ == 0) served_ += Clock::now() - since_;
+}
+
+YieldInRoutine::Clock::duration YieldInRoutine::Frame() {
+  using namespace std::chrono_literals;
+  constexpr int share = 12;
+  return std::clamp<Clock::duration>(share * served_, 16ms, 50ms);
 }
 
 void YieldInRoutine::PushPostponed() {
@@ -42,12 +49,13 @@ void PushQueue::Post() {
 }
 
 bool PushQueue::IsFrameOver() const {
-  return !sinceFlush_.isValid() || sinceFlush_.elapsed() >= frameMilliseconds;
+  return YieldInRoutine::Clock::now() - flushed_ >= YieldInRoutine::Frame();
 }
 
 void PushQueue::Flush() {
   posted_ = false;
-  sinceFlush_.start();
+  flushed_ = YieldInRoutine::Clock::now();
+  YieldInRoutine::BeginFrame();
   // A push can lead to another one, as a resize that the program answers with a layout.
   while (!waiting_.empty()) {
     const auto batch = std::exchange(waiting_, {});

@@ -2,9 +2,9 @@
 // The tie between a control and its widget: after the control has changed, its state is pushed into the
 // widget, once for each turn of the event loop however often it changed.
 
-#include <QElapsedTimer>
 #include <QObject>
 #include <QPointer>
+#include <chrono>
 #include <functional>
 #include <vector>
 
@@ -18,11 +18,12 @@ class PushQueue;
 
 // Stands while events are served in the midst of a routine. A routine that goes through thousands of files
 // yields far more often than a screen can show anything: windows are then brought up to date with each frame
-// instead of with each yield.
+// instead of with each yield, and where painting takes its time the frames are longer, so that the routine
+// has most of it. What the user does is shown at once all the same.
 class YieldInRoutine {
  public:
   YieldInRoutine();
-  ~YieldInRoutine() { --depth_; }
+  ~YieldInRoutine();
   YieldInRoutine(const YieldInRoutine&) = delete;
   YieldInRoutine& operator=(const YieldInRoutine&) = delete;
 
@@ -32,7 +33,15 @@ class YieldInRoutine {
   static void PushPostponed();
 
  private:
+  friend class PushQueue;
+  using Clock = std::chrono::steady_clock;
+  // How long a frame is, by what the last ones took.
+  static Clock::duration Frame();
+  static void BeginFrame() { served_ = {}; }
+
   static int depth_;
+  static Clock::duration served_;  // the time that yields took since the last frame began
+  Clock::time_point since_;
   static std::vector<QPointer<PushQueue>> postponed_;
 };
 
@@ -53,7 +62,7 @@ class PushQueue final : public QObject {
   void Push(Mirror& mirror);
 
   EventQueue& events_;
-  QElapsedTimer sinceFlush_;
+  YieldInRoutine::Clock::time_point flushed_{};
   std::vector<QPointer<Mirror>> waiting_;
   bool posted_ = false;
 };

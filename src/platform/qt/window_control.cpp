@@ -1,12 +1,9 @@
 #include "platform/qt/window_control.h"
 
 #include <QApplication>
-#include <QFontMetrics>
 #include <QScreen>
 #include <algorithm>
 #include <cmath>
-
-#include "platform/qt/conversions.h"
 
 namespace lumidex {
 namespace {
@@ -45,8 +42,9 @@ WindowHandle QtWindowControl::GetFocus() {
 
 float QtWindowControl::TextWidth(WindowHandle window, std::string_view text) {
   const FormView* view = views_.ViewOf(window);
-  const QFontMetrics metrics(view ? view->font() : QApplication::font());
-  return views_.GetUnits().Twips(metrics.horizontalAdvance(ToQt(text)));
+  const QFont font = view ? view->font() : QApplication::font();
+  if (!widths_ || !widths_->AreOf(font)) widths_.emplace(font);
+  return views_.GetUnits().Twips(widths_->Of(text));
 }
 
 float QtWindowControl::PixelsInside(WindowHandle window, float start, float length, float border) {

@@ -1,7 +1,10 @@
 #pragma once
 // Single windows under the names of the calls that the program makes.
 
+#include <optional>
+
 #include "platform/qt/form_views.h"
+#include "platform/qt/text_widths.h"
 #include "ports/window_control.h"
 
 namespace lumidex {
@@ -26,6 +29,7 @@ class QtWindowControl final : public WindowControl {
 
  private:
   FormViews& views_;
+  std::optional<TextWidths> widths_;  // of the font measured last
 };
 
 }  // namespace lumidex

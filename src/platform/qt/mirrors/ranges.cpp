@@ -59,8 +59,11 @@ QWidget* MakeScrollBar(FormView& view, ScrollBar& control, QWidget* parent) {
 QWidget* MakeProgressBar(FormView& view, ProgressBar& control, QWidget* parent) {
   auto* bar = new QProgressBar(parent);
   view.Follow(control, bar, [&control, bar] {
+    // It would paint the window at once by itself, before the mirrors behind it have had their turn.
+    bar->setUpdatesEnabled(false);
     bar->setRange(control.Min, control.Max);
     bar->setValue(control.Value);
+    bar->setUpdatesEnabled(true);
   });
   return bar;
 }

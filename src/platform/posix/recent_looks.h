@@ -1,0 +1,54 @@
+#pragma once
+// What looks at files have told lately, for all threads: who reads files ahead has looked at them already
+// when the program comes to them. Nobody waits here; where another thread is busy nothing is known.
+
+#include <array>
+#include <atomic>
+#include <chrono>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "ports/file_system.h"
+
+namespace lumidex {
+
+class RecentLooks {
+ public:
+  // What was told stays true for that time; for none of it nothing is kept.
+  explicit RecentLooks(std::chrono::nanoseconds unnoticed) : unnoticed_(unnoticed) {}
+
+  std::optional<FileFacts> Of(const std::string& path);
+  // `begun` is what Changes told before the look.
+  void Keep(const std::string& path, const FileFacts& facts, std::uint64_t begun);
+  std::uint64_t Changes() const { return changes_; }
+  // The program has changed something: whatever was told before counts no more.
+  void ForgetAll() { ++changes_; }
+  // This file is written to again and again: it is looked at itself each time. For one thread alone.
+  void Exclude(const std::string& path);
+
+ private:
+  using Clock = std::chrono::steady_clock;
+  struct Seen {
+    std::string path;
+    FileFacts facts;
+    Clock::time_point until{};
+    std::uint64_t changes = 0;
+  };
+  // As many as a few milliseconds bring; each path has two places where it may be.
+  static constexpr std::size_t pairs = 512;
+
+  // Where it is, or else the place to put it.
+  Seen& PlaceOf(const std::string& path);
+  bool IsExcluded(const std::string& path) const;
+
+  const std::chrono::nanoseconds unnoticed_;
+  std::mutex mutex_;
+  std::vector<Seen> seen_;  // none until the first is kept
+  std::atomic<std::uint64_t> changes_{0};
+  std::array<std::string, 4> excluded_;  // written by one thread
+  std::size_t nextExcluded_ = 0;
+};
+
+}  // namespace lumidex
