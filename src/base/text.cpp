@@ -102,6 +102,10 @@ template <class Float>
 std::string FormatFloat(Float value) {
   // Seven digits for a single, fifteen for a double, as the program has always shown them.
   constexpr int digits = sizeof(Float) == 4 ? 7 : 15;
+  // Most numbers are whole, and are written much faster as such.
+  constexpr Float mostWhole = 999'999;
+  if (value >= 1 && value <= mostWhole && value == std::floor(value))
+    return std::to_string(static_cast<std::int64_t>(value));
   std::array<char, 64> buffer{};
   const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), static_cast<double>(value),
                                  std::chars_format::general, digits);

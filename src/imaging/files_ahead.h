@@ -26,6 +26,7 @@ class FilesAhead {
 // The entries of a list of paths.
 inline std::vector<std::string> EntriesOf(const ListBox& list) {
   std::vector<std::string> entries;
+  entries.reserve(static_cast<std::size_t>(list.ListCount()));
   for (int row = 0; row < list.ListCount(); ++row) entries.push_back(list.List(row));
   return entries;
 }

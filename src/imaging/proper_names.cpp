@@ -6,27 +6,24 @@ namespace lumidex {
 
 std::string ProperCaseName(const App& app, const std::string& name) {
   const char separator = app.platform.files.Separator();
-  const std::string folded = LCase(name);
-  std::string proper;
-  proper.reserve(folded.size());
+  std::string proper = LCase(name);
   char before = 0;
   bool isBehindPoint = false;
-  for (std::size_t place = 0; place < folded.size();) {
-    const char lead = folded[place];
-    const bool isFirst = place == 0;
-    const bool isRaised = isFirst || isBehindPoint || before == ' ' || before == separator;
+  for (std::size_t place = 0; place < proper.size();) {
+    const char lead = proper[place];
     const bool isPlain = static_cast<unsigned char>(lead) < 0x80;
-    const std::string_view rest = std::string_view(folded).substr(place);
-    const std::string_view character = rest.substr(0, isPlain ? 1 : CharacterBytes(rest));
-    if (isRaised) {
-      proper += UCase(character);
-    } else {
-      proper += character;
+    std::size_t bytes = isPlain ? 1 : CharacterBytes(std::string_view(proper).substr(place));
+    const bool isSingle = bytes == 1;
+    const bool isFirst = place == 0;
+    if (isFirst || isBehindPoint || before == ' ' || before == separator) {
+      const std::string raised = UCase(std::string_view(proper).substr(place, bytes));
+      proper.replace(place, bytes, raised);
+      bytes = raised.size();
     }
     // A point at the very start raises nothing, nor does one that was itself to be raised.
     isBehindPoint = lead == '.' && !isFirst && !isBehindPoint;
-    before = character.size() == 1 ? lead : '\0';
-    place += character.size();
+    before = isSingle ? lead : '\0';
+    place += bytes;
   }
   return proper;
 }

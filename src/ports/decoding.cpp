@@ -17,7 +17,7 @@ DecodingService::~DecodingService() = default;
 
 // Held for less time than it takes to fall asleep and to be woken.
 std::unique_lock<std::mutex> DecodingService::Lock() const {
-  constexpr int tries = 50;
+  constexpr int tries = 400;
   std::unique_lock lock(mutex_, std::try_to_lock);
   for (int i = 0; i < tries && !lock; ++i) static_cast<void>(lock.try_lock());
   if (!lock) lock.lock();

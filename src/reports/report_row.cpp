@@ -11,6 +11,12 @@ std::string Lines(std::initializer_list<std::string> lines) {
   return text;
 }
 
+// About as long as a line of it.
+std::size_t LengthOf(const ReportRow& row) {
+  constexpr std::size_t roomForSigns = 64;
+  return roomForSigns + row.Directory.size() + row.FileName.size();
+}
+
 }  // namespace
 
 std::string ColorTextOf(std::int16_t depth) {
@@ -27,7 +33,9 @@ std::string SizeTextOf(std::int32_t bytes) {
 }
 
 std::string TextReportLine(const ReportRow& row) {
-  std::string line = Number(row.ItemNo);
+  std::string line;
+  line.reserve(LengthOf(row));
+  line += Number(row.ItemNo);
   for (const std::string* field :
        {&row.Drive, &row.Directory, &row.FileName, &row.ColorText, &row.DimensionText, &row.SizeText}) {
     ((line += ",\"") += *field) += '"';
@@ -89,6 +97,7 @@ std::string HtmlReportFooter() {
 
 std::string GridRow(const ReportRow& row) {
   std::string cells;
+  cells.reserve(LengthOf(row));
   for (const std::string* field :
        {&row.Drive, &row.Directory, &row.FileName, &row.ColorText, &row.DimensionText, &row.SizeText}) {
     (cells += '\t') += *field;

@@ -54,6 +54,12 @@ TEST(Text, Numbers_are_written_without_blanks_or_leading_zero) {
   EXPECT_EQ(Number(-0.5), "-.5");
   EXPECT_EQ(Number(100.0F), "100");
   EXPECT_EQ(Number(33.3333333F), "33.33333");
+  EXPECT_EQ(Number(1.0), "1");
+  EXPECT_EQ(Number(-2.0F), "-2");
+  EXPECT_EQ(Number(0.0F), "0");
+  EXPECT_EQ(Number(999999.0F), "999999");
+  EXPECT_EQ(Number(1234567.0F), "1234567");
+  EXPECT_EQ(Number(1e7F), "1E+07");
   EXPECT_EQ(NumberInGroups(1234567), "1,234,567");
   EXPECT_EQ(NumberInGroups(-1234), "-1,234");
   EXPECT_EQ(NumberInGroups(999), "999");

@@ -58,7 +58,7 @@ void QtEventQueue::ServePending() {
   // To ask the window system costs more than most routines do between two yields. Nobody can tell whether an
   // event came within this time or behind it.
   constexpr qint64 unnoticedNanoseconds = 4'000'000;
-  const bool isPosted = isPosted_.exchange(false);
+  const bool isPosted = isPosted_ && isPosted_.exchange(false);
   if (!isPosted && sinceServed_.isValid() && sinceServed_.nsecsElapsed() < unnoticedNanoseconds) return;
   const YieldInRoutine yield;
   QCoreApplication::processEvents();

@@ -21,7 +21,10 @@ bool IsPlain(char character) {
 }  // namespace
 
 TextWidths::TextWidths(const QFont& font)
-    : metrics_(font), exact_(font), areDigitsAlike_(std::ranges::all_of(digits, [this](char digit) {
+    : font_(font),
+      metrics_(font),
+      exact_(font),
+      areDigitsAlike_(std::ranges::all_of(digits, [this](char digit) {
         return Exactly({&digit, 1}) == Exactly("0");
       })) {}
 

@@ -2,6 +2,7 @@
 // How wide texts are in one font, for those who measure thousands of them: names of files, which mostly
 // differ in their digits alone.
 
+#include <QFont>
 #include <QFontMetrics>
 #include <array>
 #include <functional>
@@ -16,7 +17,7 @@ class TextWidths {
  public:
   explicit TextWidths(const QFont& font);
 
-  bool AreOf(const QFont& font) const { return metrics_ == QFontMetrics(font); }
+  bool AreOf(const QFont& font) const { return font_.isCopyOf(font); }
   // In logical pixels: what the library measures, which takes shaping the text.
   int Of(std::string_view text);
 
@@ -27,6 +28,7 @@ class TextWidths {
   std::string_view WithNoughts(std::string_view text);
   qreal Exactly(std::string_view text) const;
 
+  const QFont font_;
   const QFontMetrics metrics_;
   const QFontMetricsF exact_;
   const bool areDigitsAlike_;  // by themselves

@@ -42,8 +42,10 @@ WindowHandle QtWindowControl::GetFocus() {
 
 float QtWindowControl::TextWidth(WindowHandle window, std::string_view text) {
   const FormView* view = views_.ViewOf(window);
-  const QFont font = view ? view->font() : QApplication::font();
-  if (!widths_ || !widths_->AreOf(font)) widths_.emplace(font);
+  if (!view || !widths_ || !widths_->AreOf(view->font())) {
+    const QFont font = view ? view->font() : QApplication::font();
+    if (!widths_ || !widths_->AreOf(font)) widths_.emplace(font);
+  }
   return views_.GetUnits().Twips(widths_->Of(text));
 }
 
