@@ -72,8 +72,9 @@ def contact_sheet(shots, manager, columns):
         for number, title in columns:
             there = (str(number), label) in pictures
             tiles += ["-label", f"{label}: {title}",
-                      os.path.join(shots, f"{number}-{label}.png") if there else "xc:white[300x1]"]
-    subprocess.run(["montage", "-pointsize", "10", *tiles, "-tile", f"{len(columns)}x", "-geometry", "300x225>+5+5",
+                      # Made small as it is read: all of them at their size are too much for the tool.
+                      os.path.join(shots, f"{number}-{label}.png[300x225]") if there else "xc:white[300x1]"]
+    subprocess.run(["montage", "-depth", "8", "-pointsize", "10", *tiles, "-tile", f"{len(columns)}x", "-geometry", "300x225>+5+5",
                     os.path.join(shots, f"sheet-{manager}.png")], check=False)
 
 
