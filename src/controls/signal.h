@@ -9,27 +9,36 @@
 
 namespace lumidex {
 
+struct SlotState {
+  bool live = true;
+  bool resting = false;
+};
+
 // Cuts the connection when it dies.
 class Connection {
  public:
   Connection() = default;
-  explicit Connection(std::weak_ptr<bool> live) : live_(std::move(live)) {}
+  explicit Connection(std::weak_ptr<SlotState> state) : state_(std::move(state)) {}
   Connection(Connection&&) noexcept = default;
   Connection& operator=(Connection&& other) noexcept {
     Cut();
-    live_ = std::move(other.live_);
+    state_ = std::move(other.state_);
     return *this;
   }
   ~Connection() { Cut(); }
 
   void Cut() {
     // Only the flag is cleared: a closure that is running must not be destroyed.
-    if (const auto live = live_.lock()) *live = false;
-    live_.reset();
+    if (const auto state = state_.lock()) state->live = false;
+    state_.reset();
+  }
+  // Whoever knows already what it would hear need not be called.
+  void Rest(bool rests) {
+    if (const auto state = state_.lock()) state->resting = rests;
   }
 
  private:
-  std::weak_ptr<bool> live_;
+  std::weak_ptr<SlotState> state_;
 };
 
 template <class... Args>
@@ -38,9 +47,9 @@ class Signal {
   using Function = std::function<void(Args...)>;
 
   [[nodiscard]] Connection Connect(Function function) {
-    auto slot = std::make_shared<Slot>(Slot{true, std::move(function)});
+    auto slot = std::make_shared<Slot>(Slot{{}, std::move(function)});
     slots_.push_back(slot);
-    return Connection(std::shared_ptr<bool>(slot, &slot->live));
+    return Connection(slot);
   }
 
   void Emit(Args... args) {
@@ -48,18 +57,18 @@ class Signal {
     std::erase_if(slots_, [](const auto& slot) { return !slot->live; });
     // The copy keeps the closures alive; nothing of the signal itself is touched after the first call.
     if (slots_.size() == 1) {
+      if (slots_.front()->resting) return;
       const auto only = slots_.front();
       return only->function(args...);
     }
     const auto slots = slots_;
     for (const auto& slot : slots) {
-      if (slot->live) slot->function(args...);
+      if (slot->live && !slot->resting) slot->function(args...);
     }
   }
 
  private:
-  struct Slot {
-    bool live;
+  struct Slot : SlotState {
     Function function;
   };
 

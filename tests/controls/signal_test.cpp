@@ -72,6 +72,26 @@ TEST_F(SignalTest, A_slot_may_destroy_the_signal) {
   EXPECT_EQ(signal, nullptr);
 }
 
+TEST_F(SignalTest, A_slot_that_rests_is_passed_over_until_it_rests_no_more) {
+  auto a = signal->Connect(Tell("a"));
+  a.Rest(true);
+  signal->Emit(1);
+  const auto b = signal->Connect(Tell("b"));
+  signal->Emit(2);
+  a.Rest(false);
+  signal->Emit(3);
+  EXPECT_THAT(told, ElementsAre("b2", "a3", "b3"));
+}
+
+TEST_F(SignalTest, A_connection_that_was_cut_may_be_told_to_rest) {
+  auto a = signal->Connect(Tell("a"));
+  a.Cut();
+  a.Rest(true);
+  a.Rest(false);
+  signal->Emit(1);
+  EXPECT_TRUE(told.empty());
+}
+
 TEST_F(SignalTest, A_connection_cuts_when_it_dies) {
   { const auto brief = signal->Connect(Tell("brief")); }
   signal->Emit(1);

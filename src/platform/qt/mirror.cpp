@@ -61,7 +61,7 @@ void PushQueue::Flush() {
     const auto batch = std::exchange(waiting_, {});
     for (const auto& mirror : batch) {
       if (!mirror) continue;
-      mirror->waiting_ = false;
+      mirror->SetWaiting(false);
       Push(*mirror);
     }
   }
@@ -94,8 +94,13 @@ Mirror::Mirror(PushQueue& queue, QObject* widget, std::function<void()> push)
 
 void Mirror::MarkChanged() {
   if (waiting_ || !queue_) return;
-  waiting_ = true;
+  SetWaiting(true);
   queue_->Add(*this);
+}
+
+void Mirror::SetWaiting(bool waits) {
+  waiting_ = waits;
+  changes_.Rest(waits);
 }
 
 }  // namespace lumidex

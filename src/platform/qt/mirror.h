@@ -81,6 +81,8 @@ class Mirror final : public QObject {
 
  private:
   friend class PushQueue;
+  void SetWaiting(bool waits);
+
   QPointer<PushQueue> queue_;
   std::function<void()> push_;
   Connection changes_, end_;
