@@ -70,34 +70,6 @@ unsigned char FoldAscii(char c) {
   return static_cast<unsigned char>(LowerAscii(c));
 }
 
-bool IsAscii(std::string_view text) {
-  return std::ranges::all_of(text, [](char c) { return static_cast<unsigned char>(c) < 0x80; });
-}
-
-// Classic wildcard match on folded texts; goes back to the last star only, so it is linear for each star.
-bool MatchesFolded(std::string_view pattern, std::string_view name) {
-  std::size_t p = 0, n = 0, star = std::string_view::npos, mark = 0;
-  while (n < name.size()) {
-    if (p < pattern.size() && pattern[p] == '*') {
-      star = p++;
-      mark = n;
-    } else if (p < pattern.size() && pattern[p] == '?') {
-      ++p;
-      n += First(name.substr(n)).bytes;
-    } else if (p < pattern.size() && pattern[p] == name[n]) {
-      ++p;
-      ++n;
-    } else if (star != std::string_view::npos) {
-      p = star + 1;
-      n = ++mark;
-    } else {
-      return false;
-    }
-  }
-  while (p < pattern.size() && pattern[p] == '*') ++p;
-  return p == pattern.size();
-}
-
 template <class Float>
 std::string FormatFloat(Float value) {
   // Seven digits for a single, fifteen for a double, as the program has always shown them.
@@ -236,38 +208,6 @@ int CompareText(std::string_view a, std::string_view b) {
     return a.size() < b.size() ? -1 : 1;
   }
   return a.compare(b);
-}
-
-PatternList::PatternList(std::string_view patterns) {
-  while (!patterns.empty()) {
-    const auto end = std::min(patterns.find(';'), patterns.size());
-    std::string folded = LCase(Trim(patterns.substr(0, end)));
-    patterns.remove_prefix(std::min(end + 1, patterns.size()));
-    if (folded.empty()) continue;
-    const bool plain =
-        folded.size() > 1 && folded[0] == '*' && folded.find_first_of("*?", 1) == std::string::npos;
-    patterns_.push_back({std::move(folded), plain});
-  }
-}
-
-bool PatternList::Matches(std::string_view name) const {
-  const auto ascii = IsAscii(name);
-  std::string folded;
-  if (!ascii) folded = LCase(name);
-  for (const Pattern& pattern : patterns_) {
-    if (pattern.plainSuffix && ascii) {
-      const std::string_view suffix = std::string_view(pattern.folded).substr(1);
-      if (name.size() < suffix.size()) continue;
-      if (std::ranges::equal(name.substr(name.size() - suffix.size()), suffix,
-                             [](char a, char b) { return FoldAscii(a) == static_cast<unsigned char>(b); })) {
-        return true;
-      }
-      continue;
-    }
-    if (folded.empty()) folded = LCase(name);
-    if (MatchesFolded(pattern.folded, folded)) return true;
-  }
-  return false;
 }
 
 }  // namespace lumidex

@@ -54,20 +54,4 @@ std::string DigitsInGroups(std::int64_t value);
 // the order is total. Returns below 0, 0 or above 0.
 int CompareText(std::string_view a, std::string_view b);
 
-// True when `name` matches one of the semicolon-separated patterns (* and ?), without regard to case.
-// An empty list of patterns matches nothing.
-class PatternList {
- public:
-  PatternList() = default;
-  explicit PatternList(std::string_view patterns);
-  bool Matches(std::string_view name) const;
-
- private:
-  struct Pattern {
-    std::string folded;
-    bool plainSuffix;  // "*.ext": a comparison of the last bytes decides
-  };
-  std::vector<Pattern> patterns_;
-};
-
 }  // namespace lumidex

@@ -2,7 +2,7 @@
 // The drive, directory and file lists: models of the file system that also work with no window around them. A
 // directory list and the file list beside it share one reader, so each directory is read once.
 
-#include "base/text.h"
+#include "base/pattern_list.h"
 #include "controls/control.h"
 #include "controls/directory_reader.h"
 

@@ -1,5 +1,6 @@
 #include "core/paths.h"
 
+#include "base/pattern_list.h"
 #include "base/run_time_error.h"
 #include "base/text.h"
 

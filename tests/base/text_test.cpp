@@ -81,17 +81,5 @@ TEST(Text, Order_ignores_case_and_is_total) {
   EXPECT_LT(CompareText("abc", "abcd"), 0);
 }
 
-TEST(Text, Patterns_match_without_regard_to_case) {
-  const PatternList list("*.JPG;*.jpe; ?x*.b?p");
-  EXPECT_TRUE(list.Matches("a.jpg"));
-  EXPECT_TRUE(list.Matches("A.JPE"));
-  EXPECT_TRUE(list.Matches("axle.bmp"));
-  EXPECT_FALSE(list.Matches("a.jpeg"));
-  EXPECT_FALSE(list.Matches("jpg"));
-  EXPECT_TRUE(list.Matches("\xFF.jpg"));
-  EXPECT_FALSE(PatternList("").Matches("a.jpg"));
-  EXPECT_TRUE(PatternList("*").Matches("anything"));
-}
-
 }  // namespace
 }  // namespace lumidex
