@@ -47,7 +47,7 @@ struct DecodingService::Reading {
 // What one client wishes and what has been read for it.
 struct DecodingService::Record {
   // More opened files than this are not kept for later.
-  static constexpr std::size_t mostAhead = 32, mostHeadersAhead = 128;
+  static constexpr std::size_t mostAhead = 32, mostHeadersAhead = 256;
 
   DecodingPriority priority = DecodingPriority::Neighbours;
   Wish wish;
@@ -57,13 +57,16 @@ struct DecodingService::Record {
   std::size_t next = 0;     // the path to begin next
   std::size_t behind = 0;   // the paths before it have been opened by now
   bool gaveWay = false;     // until the next wish
+  bool headersComeSlowly = false;
 
   // True when there is room for another file. Headers come from one thread as fast as they are asked for, and
-  // threads that share such short work wait for each other; a second one helps out when they run short.
+  // threads that share such short work wait for each other and for a processor; others help out when they
+  // have to be waited for.
   bool HasPlace() const {
     if (!IsForHeaders()) return readings.size() < mostAhead;
     constexpr std::size_t few = 4;
-    return readings.size() < mostHeadersAhead && (running == 0 || readings.size() - running < few);
+    const bool needsHelp = headersComeSlowly && readings.size() - running < few;
+    return readings.size() < mostHeadersAhead && (running == 0 || needsHelp);
   }
   // True when somebody should be woken to read on: for a file that goes at once into each free place a thread
   // would be woken as often as files are opened.
