@@ -2,6 +2,7 @@
 // Observers of a control. Slots may connect, disconnect themselves or others, emit again or destroy the
 // signal while it is being emitted. Event thread only.
 
+#include <algorithm>
 #include <functional>
 #include <memory>
 #include <utility>
@@ -56,8 +57,8 @@ class Signal {
     if (slots_.empty()) return;
     std::erase_if(slots_, [](const auto& slot) { return !slot->live; });
     // The copy keeps the closures alive; nothing of the signal itself is touched after the first call.
+    if (std::ranges::all_of(slots_, &Slot::resting)) return;
     if (slots_.size() == 1) {
-      if (slots_.front()->resting) return;
       const auto only = slots_.front();
       return only->function(args...);
     }

@@ -28,7 +28,7 @@ YieldInRoutine::~YieldInRoutine() {
 
 YieldInRoutine::Clock::duration YieldInRoutine::Frame() {
   using namespace std::chrono_literals;
-  constexpr int share = 12;
+  constexpr int share = 24;
   return std::clamp<Clock::duration>(share * served_, 16ms, 50ms);
 }
 
