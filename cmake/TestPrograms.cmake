@@ -1,9 +1,11 @@
 # lumidex_test(<name> LIBRARIES <lib>... SOURCES <file>...): one test program, run as one ctest case in the top folder,
 # where tests find the files of the project. No path is compiled in, so that compiler caches serve every checkout.
 # With PRECOMPILED it shares the precompiled headers of the tests of the logic.
+# Its sources are compiled in batches: a name that one of them takes is taken for its neighbours too.
 function(lumidex_test name)
   cmake_parse_arguments(ARG "PRECOMPILED" "TIMEOUT" "SOURCES;LIBRARIES;LABELS" ${ARGN})
   add_executable(${name} ${ARG_SOURCES})
+  compile_in_batches(${name} 4)
   target_link_libraries(${name} PRIVATE ${ARG_LIBRARIES} GTest::gmock GTest::gtest_main)
   target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
   if(ARG_PRECOMPILED)

@@ -4,11 +4,12 @@
 
 #include "number_raised.h"
 #include "pictures/support/avi_file.h"
+#include "pictures/support/colours.h"
 
-namespace lumidex {
+namespace lumidex::animation_file {
 namespace {
 
-constexpr std::uint32_t red = 0xFFFF0000, green = 0xFF00FF00, blue = 0xFF0000FF;
+using argb::red, argb::green, argb::blue;
 
 // Two pixels of 24 bits, padded to 4 bytes.
 FileBytes PlainRow(std::uint32_t left, std::uint32_t right) {
@@ -135,4 +136,4 @@ TEST(AnimationFileTest, The_ground_becomes_transparent) {
 }
 
 }  // namespace
-}  // namespace lumidex
+}  // namespace lumidex::animation_file

@@ -5,14 +5,15 @@
 #include "base/run_time_error.h"
 #include "gallery/encoders/art_encoder.h"
 #include "pictures/support/byte_writer.h"
+#include "pictures/support/colours.h"
 #include "pictures/support/patterns.h"
 
-namespace lumidex {
+namespace lumidex::art {
 namespace {
 
 using testing::ElementsAre;
 
-constexpr std::uint32_t black = 0xFF000000, white = 0xFFFFFFFF;
+using argb::black, argb::white;
 
 // A header whose corners are (left, top) and (right, bottom).
 ByteWriter Start(unsigned left, unsigned right, unsigned top, unsigned bottom) {
@@ -115,4 +116,4 @@ TEST(Art, Other_files_of_the_name_are_refused) {
 }
 
 }  // namespace
-}  // namespace lumidex
+}  // namespace lumidex::art

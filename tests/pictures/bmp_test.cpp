@@ -4,14 +4,15 @@
 
 #include "base/run_time_error.h"
 #include "pictures/support/byte_writer.h"
+#include "pictures/support/colours.h"
 #include "pictures/support/library_writers.h"
 
-namespace lumidex {
+namespace lumidex::bmp {
 namespace {
 
 using testing::ElementsAre;
 
-constexpr std::uint32_t red = 0xFFFF0000, green = 0xFF00FF00, blue = 0xFF0000FF, black = 0xFF000000;
+using argb::red, argb::green, argb::blue, argb::black;
 
 struct Header {
   std::uint32_t width = 0, height = 0;
@@ -328,4 +329,4 @@ INSTANTIATE_TEST_SUITE_P(
     [](const auto& each) { return each.param.name; });
 
 }  // namespace
-}  // namespace lumidex
+}  // namespace lumidex::bmp

@@ -5,14 +5,15 @@
 #include "base/run_time_error.h"
 #include "gallery/encoders/cut_encoder.h"
 #include "pictures/support/byte_writer.h"
+#include "pictures/support/colours.h"
 #include "pictures/support/patterns.h"
 
-namespace lumidex {
+namespace lumidex::cut {
 namespace {
 
 using testing::ElementsAre;
 
-constexpr std::uint32_t black = 0xFF000000, white = 0xFFFFFFFF;
+using argb::black, argb::white;
 
 ByteWriter Start(unsigned width, unsigned height) {
   ByteWriter file;
@@ -111,4 +112,4 @@ TEST(Cut, Sides_above_the_limit_are_refused) {
 }
 
 }  // namespace
-}  // namespace lumidex
+}  // namespace lumidex::cut

@@ -9,10 +9,10 @@
 #include "gallery/encoders/png_encoder.h"
 #include "pictures/support/drawn.h"
 
-namespace lumidex {
+namespace lumidex::emf_plus_brushes {
 namespace {
 
-constexpr std::uint32_t red = 0xFF0000, green = 0x00FF00, blue = 0x0000FF, white = 0xFFFFFF, black = 0;
+using rgb::red, rgb::green, rgb::blue, rgb::white, rgb::black;
 constexpr std::uint32_t version = 0xDBC01002;
 constexpr std::uint32_t hatched = 1, pictures = 2, fromCentre = 3, alongLine = 4;
 
@@ -322,4 +322,4 @@ TEST(EmfPlusTexts, Letters_given_by_their_numbers_look_like_letters) {
 }
 
 }  // namespace
-}  // namespace lumidex
+}  // namespace lumidex::emf_plus_brushes

@@ -5,10 +5,11 @@
 #include "gallery/encoders/plus_writer.h"
 #include "pictures/support/drawn.h"
 
-namespace lumidex {
+namespace lumidex::emf_plus_pens {
 namespace {
 
-constexpr std::uint32_t red = 0xFF0000, white = 0xFFFFFF, version = 0xDBC01002;
+using rgb::red, rgb::white;
+constexpr std::uint32_t version = 0xDBC01002;
 constexpr std::uint32_t startGiven = 1 << 1, endGiven = 1 << 2, miterGiven = 1 << 4, dashCapGiven = 1 << 6,
                         offsetGiven = 1 << 7, dashesGiven = 1 << 8, customStart = 1 << 11,
                         customEnd = 1 << 12;
@@ -160,4 +161,4 @@ TEST(EmfPlusPens, Sharp_corners_end_at_their_limit) {
 }
 
 }  // namespace
-}  // namespace lumidex
+}  // namespace lumidex::emf_plus_pens

@@ -6,10 +6,10 @@
 #include "gallery/encoders/png_encoder.h"
 #include "pictures/support/drawn.h"
 
-namespace lumidex {
+namespace lumidex::emf_plus {
 namespace {
 
-constexpr std::uint32_t red = 0xFF0000, green = 0x00FF00, blue = 0x0000FF, white = 0xFFFFFF;
+using rgb::red, rgb::green, rgb::blue, rgb::white;
 // A picture file of two by one pixels, red and blue.
 std::vector<std::uint8_t> ImageOfFile() {
   Pixels pixels = Pixels::Make({2, 1}, PixelFormat::Rgb, opaque | red);
@@ -121,4 +121,4 @@ TEST(EmfPlus, A_record_longer_than_its_comment_is_harmless) {
 }
 
 }  // namespace
-}  // namespace lumidex
+}  // namespace lumidex::emf_plus

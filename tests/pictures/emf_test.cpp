@@ -6,10 +6,10 @@
 #include "gallery/encoders/emf_encoder.h"
 #include "pictures/support/drawn.h"
 
-namespace lumidex {
+namespace lumidex::emf {
 namespace {
 
-constexpr std::uint32_t red = 0xFF0000, green = 0x00FF00, blue = 0x0000FF, white = 0xFFFFFF, black = 0;
+using rgb::red, rgb::green, rgb::blue, rgb::white, rgb::black;
 constexpr unsigned solid = 0, flatCap = 0x200, squareCap = 0x100;
 constexpr int nullPen = 8, nullBrush = 5, blackBrush = 4;
 
@@ -334,4 +334,4 @@ TEST(Emf, Work_beyond_the_budget_is_left_out) {
 }
 
 }  // namespace
-}  // namespace lumidex
+}  // namespace lumidex::emf

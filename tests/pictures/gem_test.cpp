@@ -5,14 +5,15 @@
 #include "base/run_time_error.h"
 #include "gallery/encoders/gem_encoder.h"
 #include "pictures/support/byte_writer.h"
+#include "pictures/support/colours.h"
 #include "pictures/support/patterns.h"
 
-namespace lumidex {
+namespace lumidex::gem {
 namespace {
 
 using testing::ElementsAre;
 
-constexpr std::uint32_t black = 0xFF000000, white = 0xFFFFFFFF, red = 0xFFFF0000, green = 0xFF00FF00;
+using argb::black, argb::white, argb::red, argb::green;
 
 struct Header {
   unsigned words = 8, planes = 1, patternBytes = 2, width = 8, height = 1;
@@ -243,4 +244,4 @@ TEST(Gem, Headers_that_can_not_be_are_refused) {
 }
 
 }  // namespace
-}  // namespace lumidex
+}  // namespace lumidex::gem

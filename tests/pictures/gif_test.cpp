@@ -8,15 +8,16 @@
 #include "base/run_time_error.h"
 #include "gallery/encoders/gif_encoder.h"
 #include "pictures/support/byte_writer.h"
+#include "pictures/support/colours.h"
 #include "pictures/support/patterns.h"
 
-namespace lumidex {
+namespace lumidex::gif {
 namespace {
 
 using testing::Each;
 using testing::ElementsAre;
 
-constexpr std::uint32_t black = 0xFF000000, red = 0xFFFF0000, green = 0xFF00FF00, blue = 0xFF0000FF;
+using argb::black, argb::red, argb::green, argb::blue;
 
 // A screen with a table of four colours.
 ByteWriter Screen(unsigned width, unsigned height) {
@@ -231,4 +232,4 @@ TEST(Gif, Screens_beyond_the_limits_are_refused) {
 }
 
 }  // namespace
-}  // namespace lumidex
+}  // namespace lumidex::gif

@@ -6,7 +6,7 @@
 #include "pictures/support/byte_writer.h"
 #include "pictures/support/library_writers.h"
 
-namespace lumidex {
+namespace lumidex::icon {
 namespace {
 
 using testing::ElementsAre;
@@ -186,4 +186,4 @@ TEST(Icon, Cursors_are_told_by_their_number) {
 }
 
 }  // namespace
-}  // namespace lumidex
+}  // namespace lumidex::icon

@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include "pictures/support/colours.h"
 #include "pictures/support/iff_file.h"
 
 namespace lumidex::iff {
@@ -9,7 +10,7 @@ namespace {
 
 using testing::ElementsAre;
 
-constexpr std::uint32_t black = 0xFF000000;
+using argb::black;
 
 TEST(IffColours, Eight_planes_hold_and_modify_six_bits) {
   const auto file = Group(

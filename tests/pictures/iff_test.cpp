@@ -4,6 +4,7 @@
 
 #include "base/run_time_error.h"
 #include "gallery/encoders/iff_encoder.h"
+#include "pictures/support/colours.h"
 #include "pictures/support/iff_file.h"
 #include "pictures/support/patterns.h"
 
@@ -12,7 +13,7 @@ namespace {
 
 using testing::ElementsAre;
 
-constexpr std::uint32_t black = 0xFF000000;
+using argb::black;
 
 TEST(Iff, Interleaved_planes_come_back) {
   for (const auto form : {IffForm::Plain, IffForm::Packed}) {

@@ -5,12 +5,13 @@
 #include "base/run_time_error.h"
 #include "gallery/encoders/mac_encoder.h"
 #include "pictures/support/byte_writer.h"
+#include "pictures/support/colours.h"
 #include "pictures/support/patterns.h"
 
-namespace lumidex {
+namespace lumidex::mac {
 namespace {
 
-constexpr std::uint32_t black = 0xFF000000, white = 0xFFFFFFFF;
+using argb::black, argb::white;
 constexpr Size macSize{576, 720};
 
 ByteWriter Start(std::uint32_t version) {
@@ -76,4 +77,4 @@ TEST(Mac, Other_wrapped_files_are_refused) {
 }
 
 }  // namespace
-}  // namespace lumidex
+}  // namespace lumidex::mac

@@ -6,10 +6,10 @@
 #include "gallery/encoders/wmf_encoder.h"
 #include "pictures/support/drawn.h"
 
-namespace lumidex {
+namespace lumidex::metafile_palettes {
 namespace {
 
-constexpr std::uint32_t red = 0xFF0000, green = 0x00FF00, blue = 0x0000FF, white = 0xFFFFFF, black = 0;
+using rgb::red, rgb::green, rgb::blue, rgb::white, rgb::black;
 constexpr int solid = 0, noOutline = 5;
 constexpr int entry = 0x0100;  // the upper half of a colour that is a place in the palette
 
@@ -84,4 +84,4 @@ TEST(EmfPalettes, Palettes_are_made_changed_and_selected) {
 }
 
 }  // namespace
-}  // namespace lumidex
+}  // namespace lumidex::metafile_palettes

@@ -9,10 +9,10 @@
 #include "gallery/encoders/wmf_encoder.h"
 #include "pictures/support/drawn.h"
 
-namespace lumidex {
+namespace lumidex::metafile_records {
 namespace {
 
-constexpr std::uint32_t red = 0xFF0000, green = 0x00FF00, blue = 0x0000FF, white = 0xFFFFFF, black = 0;
+using rgb::red, rgb::green, rgb::blue, rgb::white, rgb::black;
 constexpr int solid = 0, noOutline = 5;
 constexpr std::int64_t one = std::bit_cast<std::uint32_t>(1.0F);
 
@@ -394,4 +394,4 @@ TEST(EmfRecords, A_font_that_is_not_there_gives_way_to_one_of_its_kind) {
 }
 
 }  // namespace
-}  // namespace lumidex
+}  // namespace lumidex::metafile_records

@@ -5,10 +5,10 @@
 #include "gallery/encoders/emf_encoder.h"
 #include "pictures/support/drawn.h"
 
-namespace lumidex {
+namespace lumidex::metafile_zoom {
 namespace {
 
-constexpr std::uint32_t red = 0xFF0000, blue = 0x0000FF;
+using rgb::red, rgb::blue;
 constexpr unsigned solid = 0, hatched = 2;
 constexpr int nullPen = 8;
 constexpr unsigned flood = 53;
@@ -68,4 +68,4 @@ TEST(MetafileZoom, Colour_flows_from_one_band_into_the_next) {
 }
 
 }  // namespace
-}  // namespace lumidex
+}  // namespace lumidex::metafile_zoom

@@ -5,14 +5,15 @@
 #include "base/run_time_error.h"
 #include "gallery/encoders/msp_encoder.h"
 #include "pictures/support/byte_writer.h"
+#include "pictures/support/colours.h"
 #include "pictures/support/patterns.h"
 
-namespace lumidex {
+namespace lumidex::msp {
 namespace {
 
 using testing::ElementsAre;
 
-constexpr std::uint32_t black = 0xFF000000, white = 0xFFFFFFFF;
+using argb::black, argb::white;
 
 ByteWriter Start(std::string_view magic, unsigned width, unsigned height) {
   ByteWriter file;
@@ -95,4 +96,4 @@ TEST(Msp, Other_files_of_the_name_are_refused) {
 }
 
 }  // namespace
-}  // namespace lumidex
+}  // namespace lumidex::msp

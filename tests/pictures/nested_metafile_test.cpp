@@ -6,10 +6,10 @@
 #include "gallery/encoders/wmf_encoder.h"
 #include "pictures/support/drawn.h"
 
-namespace lumidex {
+namespace lumidex::nested_metafile {
 namespace {
 
-constexpr std::uint32_t red = 0xFF0000, green = 0x00FF00, blue = 0x0000FF, white = 0xFFFFFF;
+using rgb::red, rgb::green, rgb::blue, rgb::white;
 
 using Bytes = std::vector<std::uint8_t>;
 
@@ -147,4 +147,4 @@ TEST(NestedMetafiles, Nesting_ends_at_a_depth) {
 }
 
 }  // namespace
-}  // namespace lumidex
+}  // namespace lumidex::nested_metafile

@@ -10,8 +10,8 @@ namespace {
 using testing::ElementsAre;
 
 // 1 2 3
-// 4 5 6
-Pixels Six(PixelFormat format = PixelFormat::Argb) {
+// 4 5 6, opaque
+Pixels OpaqueSix(PixelFormat format = PixelFormat::Argb) {
   Pixels pixels = Pixels::Make({3, 2}, format, 0);
   std::uint32_t next = 0xFF000001;
   for (int y = 0; y < 2; ++y) {
@@ -28,7 +28,7 @@ std::vector<std::uint32_t> LowBytes(const Pixels& pixels) {
 
 std::vector<std::uint32_t> PaintedOnZeros(const PixelBox& onto, const PixelBox& from) {
   Pixels surface = Pixels::Make({3, 2}, PixelFormat::Argb, 0xFF000000);
-  Paint(surface, onto, Six(), from);
+  Paint(surface, onto, OpaqueSix(), from);
   return LowBytes(surface);
 }
 
@@ -71,7 +71,7 @@ TEST(Painting, An_empty_box_paints_nothing) {
 }
 
 TEST(Painting, A_surface_that_is_shared_is_replaced) {
-  Pixels surface = Six();
+  Pixels surface = OpaqueSix();
   const Pixels kept = surface;
   Paint(surface, {{0, 1}, {0, 1}}, kept, {{2, 1}, {1, 1}});
   EXPECT_THAT(LowBytes(surface), ElementsAre(6, 2, 3, 4, 5, 6));
@@ -79,7 +79,7 @@ TEST(Painting, A_surface_that_is_shared_is_replaced) {
 }
 
 TEST(Painting, Transparency_is_copied) {
-  Pixels surface = Six(PixelFormat::Rgb);
+  Pixels surface = OpaqueSix(PixelFormat::Rgb);
   Paint(surface, {{0, 1}, {0, 1}}, Pixels::Make({1, 1}, PixelFormat::Argb, 0x80000009), {{0, 1}, {0, 1}});
   EXPECT_EQ(surface.Format(), PixelFormat::Argb);
   EXPECT_EQ(surface.Row(0)[0], 0x80000009U);

@@ -6,14 +6,15 @@
 #include "gallery/encoders/pcx_encoder.h"
 #include "pictures/palettes.h"
 #include "pictures/support/byte_writer.h"
+#include "pictures/support/colours.h"
 #include "pictures/support/patterns.h"
 
-namespace lumidex {
+namespace lumidex::pcx {
 namespace {
 
 using testing::ElementsAre;
 
-constexpr std::uint32_t white = 0xFFFFFFFF;
+using argb::white;
 
 struct Header {
   unsigned version = 5, encoding = 1, bits = 8;
@@ -200,4 +201,4 @@ TEST(Pcx, A_bad_header_is_refused) {
 }
 
 }  // namespace
-}  // namespace lumidex
+}  // namespace lumidex::pcx

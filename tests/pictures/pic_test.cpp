@@ -5,14 +5,15 @@
 #include "base/run_time_error.h"
 #include "gallery/encoders/pic_encoder.h"
 #include "pictures/support/byte_writer.h"
+#include "pictures/support/colours.h"
 #include "pictures/support/patterns.h"
 
-namespace lumidex {
+namespace lumidex::pic {
 namespace {
 
 using testing::ElementsAre;
 
-constexpr std::uint32_t black = 0xFF000000, white = 0xFFFFFFFF;
+using argb::black, argb::white;
 
 struct Header {
   unsigned width = 4, height = 1, layout = 8, flag = 0xFF, paletteKind = 0, videoMode = 'A';
@@ -179,4 +180,4 @@ TEST(Pic, Arrangements_that_are_not_read_are_refused) {
 }
 
 }  // namespace
-}  // namespace lumidex
+}  // namespace lumidex::pic

@@ -4,8 +4,9 @@
 
 #include "base/run_time_error.h"
 #include "pictures/support/byte_writer.h"
+#include "pictures/support/colours.h"
 
-namespace lumidex {
+namespace lumidex::pnm {
 namespace {
 
 using testing::ElementsAre;
@@ -14,7 +15,7 @@ std::vector<std::uint8_t> File(std::string_view text, const std::vector<std::uin
   return ByteWriter().Text(text).Add(pixels).Bytes();
 }
 
-constexpr std::uint32_t black = 0xFF000000, white = 0xFFFFFFFF;
+using argb::black, argb::white;
 
 TEST(Pnm, Bits_are_black_where_they_are_one) {
   EXPECT_THAT(WordsOf(DecodeBytes(File("P4\n3 2\n", {0xA0, 0x40}))),
@@ -123,4 +124,4 @@ INSTANTIATE_TEST_SUITE_P(Headers, PnmRefusal,
                                          "P7\nWIDTH 1\nHEIGHT 1\nDEPTH 9\nMAXVAL 1\nENDHDR\n"));
 
 }  // namespace
-}  // namespace lumidex
+}  // namespace lumidex::pnm

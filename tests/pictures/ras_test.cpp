@@ -5,14 +5,15 @@
 #include "base/run_time_error.h"
 #include "gallery/encoders/ras_encoder.h"
 #include "pictures/support/byte_writer.h"
+#include "pictures/support/colours.h"
 #include "pictures/support/patterns.h"
 
-namespace lumidex {
+namespace lumidex::ras {
 namespace {
 
 using testing::ElementsAre;
 
-constexpr std::uint32_t red = 0xFFFF0000, green = 0xFF00FF00, black = 0xFF000000, white = 0xFFFFFFFF;
+using argb::red, argb::green, argb::black, argb::white;
 
 struct Header {
   std::uint32_t width = 1, height = 1, depth = 24, type = 1, mapType = 0, mapBytes = 0;
@@ -142,4 +143,4 @@ TEST(Ras, A_bad_header_is_refused) {
 }
 
 }  // namespace
-}  // namespace lumidex
+}  // namespace lumidex::ras

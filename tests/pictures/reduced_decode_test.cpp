@@ -23,7 +23,7 @@ namespace {
 using testing::Each;
 using testing::ElementsAre;
 
-constexpr Size whole{61, 47};
+constexpr Size wholeSize{61, 47};
 
 // The furthest that any channel is off; a large number when the sizes or formats are not the same.
 int FurthestOff(const Pixels& a, const Pixels& b) {
@@ -55,12 +55,12 @@ void ExpectAverages(const std::vector<std::uint8_t>& file, const char* what) {
 }
 
 TEST(ReducedDecode, Files_of_rows_are_averaged_as_they_are_read) {
-  const Pixels plain = ColourPattern(whole);
+  const Pixels plain = ColourPattern(wholeSize);
   ExpectAverages(EncodePng(plain), "PNG");
-  ExpectAverages(EncodePng(ColourPattern(whole, PixelFormat::Argb)), "PNG with alpha");
-  ExpectAverages(EncodePng(Stripes(whole, DistinctColours(16))), "PNG with a palette");
+  ExpectAverages(EncodePng(ColourPattern(wholeSize, PixelFormat::Argb)), "PNG with alpha");
+  ExpectAverages(EncodePng(Stripes(wholeSize, DistinctColours(16))), "PNG with a palette");
   ExpectAverages(EncodeBmp(plain), "BMP");
-  ExpectAverages(EncodeBmp(Stripes(whole, DistinctColours(200))), "BMP with a palette");
+  ExpectAverages(EncodeBmp(Stripes(wholeSize, DistinctColours(200))), "BMP with a palette");
   ExpectAverages(EncodeTiff(plain), "TIFF");
 }
 

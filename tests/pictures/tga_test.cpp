@@ -5,14 +5,15 @@
 #include "base/run_time_error.h"
 #include "gallery/encoders/tga_encoder.h"
 #include "pictures/support/byte_writer.h"
+#include "pictures/support/colours.h"
 #include "pictures/support/patterns.h"
 
-namespace lumidex {
+namespace lumidex::tga {
 namespace {
 
 using testing::ElementsAre;
 
-constexpr std::uint32_t red = 0xFFFF0000, green = 0xFF00FF00, blue = 0xFF0000FF, black = 0xFF000000;
+using argb::red, argb::green, argb::blue, argb::black;
 
 struct Header {
   unsigned type = 2, mapFlag = 0, mapFirst = 0, mapCount = 0, mapBits = 0;
@@ -241,4 +242,4 @@ TEST(Tga, What_no_reader_knows_is_refused) {
 }
 
 }  // namespace
-}  // namespace lumidex
+}  // namespace lumidex::tga

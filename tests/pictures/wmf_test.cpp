@@ -6,10 +6,10 @@
 #include "gallery/encoders/wmf_encoder.h"
 #include "pictures/support/drawn.h"
 
-namespace lumidex {
+namespace lumidex::wmf {
 namespace {
 
-constexpr std::uint32_t red = 0xFF0000, green = 0x00FF00, blue = 0x0000FF, white = 0xFFFFFF, black = 0;
+using rgb::red, rgb::green, rgb::blue, rgb::white, rgb::black;
 constexpr int solid = 0, noPen = 5, hatched = 2, hollow = 1;
 constexpr WmfWriter::Placing square{0, 0, 100, 100, 96};
 
@@ -362,4 +362,4 @@ TEST(Wmf, Files_of_other_kinds_are_not_taken_for_metafiles) {
 }
 
 }  // namespace
-}  // namespace lumidex
+}  // namespace lumidex::wmf

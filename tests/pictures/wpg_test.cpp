@@ -6,14 +6,15 @@
 #include "gallery/encoders/wpg_encoder.h"
 #include "pictures/palettes.h"
 #include "pictures/support/byte_writer.h"
+#include "pictures/support/colours.h"
 #include "pictures/support/patterns.h"
 
-namespace lumidex {
+namespace lumidex::wpg {
 namespace {
 
 using testing::ElementsAre;
 
-constexpr std::uint32_t red = 0xFFFF0000, green = 0xFF00FF00, black = 0xFF000000, white = 0xFFFFFFFF;
+using argb::red, argb::green, argb::black, argb::white;
 
 ByteWriter Start(unsigned version, unsigned key = 0, unsigned kind = 0x16) {
   ByteWriter file;
@@ -206,4 +207,4 @@ TEST(Wpg, What_holds_no_readable_bitmap_is_refused) {
 }
 
 }  // namespace
-}  // namespace lumidex
+}  // namespace lumidex::wpg

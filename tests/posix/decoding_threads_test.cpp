@@ -17,12 +17,12 @@
 namespace lumidex {
 namespace {
 
-constexpr Size size{800, 600};
+constexpr Size shownSize{800, 600};
 constexpr int files = 6;
 
 Pixels Numbered(int number) {
-  Pixels pixels = Pixels::Make(size, PixelFormat::Rgb, 0);
-  for (int y = 0; y < size.height; ++y) {
+  Pixels pixels = Pixels::Make(shownSize, PixelFormat::Rgb, 0);
+  for (int y = 0; y < shownSize.height; ++y) {
     for (std::uint32_t& word : pixels.Row(y))
       word = 0xFF000000U | static_cast<std::uint32_t>(number * 1000 + y);
   }
@@ -49,7 +49,7 @@ class DecodingThreadsTest : public testing::Test {
     client.Want(priority, std::move(wish));
   }
   static void ExpectWhole(const Pixels& pixels, int number) {
-    ASSERT_EQ(pixels.GetSize(), size);
+    ASSERT_EQ(pixels.GetSize(), shownSize);
     for (const int y : {0, 299, 599}) {
       EXPECT_EQ(pixels.Row(y)[7], 0xFF000000U | static_cast<std::uint32_t>(number * 1000 + y));
     }
@@ -81,10 +81,10 @@ TEST_F(DecodingThreadsTest, Files_that_somebody_goes_through_are_decoded) {
 
 TEST_F(DecodingThreadsTest, A_picture_that_is_to_be_shown_comes_from_another_thread) {
   std::promise<std::pair<Pixels, std::thread::id>> told;
-  const auto showing =
-      decoding.Show(OpenPicture(disk, Path(2)), size, DecodingPriority::Screen, [&](const Pixels& pixels) {
-        told.set_value({pixels, std::this_thread::get_id()});
-      });
+  const auto showing = decoding.Show(OpenPicture(disk, Path(2)), shownSize, DecodingPriority::Screen,
+                                     [&](const Pixels& pixels) {
+                                       told.set_value({pixels, std::this_thread::get_id()});
+                                     });
   const auto [pixels, thread] = told.get_future().get();
   ExpectWhole(pixels, 2);
   EXPECT_NE(thread, std::this_thread::get_id());
@@ -118,10 +118,11 @@ TEST_F(DecodingThreadsTest, Whatever_is_shown_in_the_midst_of_steps_is_whole) {
     const int here = step * 7 % files;
     Picture picture = Find(here);
     if (picture.IsEmpty()) picture = OpenPicture(disk, Path(here));
-    showing = decoding.Show(picture, size, DecodingPriority::Screen, [&shown, here](const Pixels& pixels) {
-      ExpectWhole(pixels, here);
-      ++shown;
-    });
+    showing =
+        decoding.Show(picture, shownSize, DecodingPriority::Screen, [&shown, here](const Pixels& pixels) {
+          ExpectWhole(pixels, here);
+          ++shown;
+        });
     Want({(here + 1) % files, (here + files - 1) % files});
     if (step % 5 == 0) decoding.WaitUntilDone();
   }
@@ -186,7 +187,7 @@ TEST_F(DecodingThreadsTest, Going_through_very_many_files_keeps_some_open_and_in
 TEST_F(DecodingThreadsTest, Without_threads_what_is_to_be_shown_comes_at_once) {
   const NoThreads none;
   Pixels shown;
-  const auto showing = decoding.Show(OpenPicture(disk, Path(2)), size, DecodingPriority::Screen,
+  const auto showing = decoding.Show(OpenPicture(disk, Path(2)), shownSize, DecodingPriority::Screen,
                                      [&](const Pixels& pixels) { shown = pixels; });
   ExpectWhole(shown, 2);
 }

@@ -7,13 +7,14 @@
 #include "controls/gvbox.h"
 #include "pictures/pixels.h"
 #include "pictures/support/avi_file.h"
+#include "pictures/support/colours.h"
 #include "platform/qt/views/placed_view.h"
 #include "qt/qt_world.h"
 
 namespace lumidex {
 namespace {
 
-constexpr std::uint32_t red = 0xFFFF0000, green = 0xFF00FF00, blue = 0xFF0000FF;
+using argb::red, argb::green, argb::blue;
 
 // One row of 24 bits on the ground of the first pixel.
 FileBytes Row(std::uint32_t left, std::uint32_t right) {

@@ -413,8 +413,8 @@ TEST_F(MainWindowTest, Hiding_a_bar_leaves_the_controls_where_they_are) {
 }
 
 TEST_F(MainWindowTest, The_picture_is_painted_at_the_size_of_its_box) {
-  Pixels red = Pixels::Make({40, 30}, PixelFormat::Rgb, 0xFFFF0000);
-  window.Image1.Picture = Picture::FromPixels(red, 24);
+  const Pixels redPixels = Pixels::Make({40, 30}, PixelFormat::Rgb, 0xFFFF0000);
+  window.Image1.Picture = Picture::FromPixels(redPixels, 24);
   window.Image1.Move(10, 20, 100, 50);
   Settle();
   const QImage shot = View().grab().toImage();

@@ -4,16 +4,13 @@
 #include <cstdint>
 #include <vector>
 
-#include "pictures/codec.h"
+#include "pictures/support/byte_writer.h"
+#include "pictures/support/colours.h"
 
 namespace lumidex {
 
-inline std::unique_ptr<Decoder> OpenBytes(std::vector<std::uint8_t> bytes, const char* extension = "") {
-  return OpenDecoder(PictureData(std::make_shared<MemorySource>(std::move(bytes)), extension));
-}
-
-inline Pixels Drawn(std::vector<std::uint8_t> bytes, Size size = {}) {
-  return OpenBytes(std::move(bytes))->Decode({size});
+inline Pixels Drawn(const std::vector<std::uint8_t>& bytes, Size size = {}) {
+  return OpenBytes(bytes)->Decode({size});
 }
 
 // 0xRRGGBB.
