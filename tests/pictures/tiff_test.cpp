@@ -9,6 +9,7 @@
 #include "base/run_time_error.h"
 #include "pictures/support/byte_writer.h"
 #include "pictures/support/profiles.h"
+#include "pictures/support/tiff_bytes.h"
 
 namespace lumidex {
 namespace {
@@ -26,60 +27,36 @@ constexpr unsigned Orientations = 274, PlanarConfiguration = 284, ExtraSamples =
 constexpr unsigned Predictor = 317, InkSet = 332, ChromaSubsampling = 530, Profile = 34675;
 constexpr unsigned Grey = 1, Colour = 2, Positions = 3, Inks = 5, LumaAndChroma = 6, Unsaid = 999;
 
-struct Tag {
-  unsigned number;
-  std::vector<std::uint32_t> values;  // shorts
-};
-
 struct Layout {
   std::uint32_t width = 1, height = 1;
   unsigned bits = 8, samples = 1, photometric = Grey;
-  std::vector<Tag> more = {};
+  std::vector<TiffTag> more = {};
   unsigned compression = 1;
 };
 
 using Strips = std::vector<std::vector<std::uint8_t>>;
 
-// In strips as they are given, which have `stripRows` rows (0: all), little-endian.
+// In strips as they are given, which have `stripRows` rows (0: all).
 std::vector<std::uint8_t> FileOf(const Layout& layout, const Strips& strips, unsigned stripRows = 0) {
   std::vector<std::uint8_t> pixels;
-  std::vector<std::uint32_t> offsets, counts;
+  std::vector<std::uint64_t> offsets, counts;
   for (const auto& strip : strips) {
-    offsets.push_back(static_cast<std::uint32_t>(8 + pixels.size()));
-    counts.push_back(static_cast<std::uint32_t>(strip.size()));
+    offsets.push_back(TiffPixelsAt({}) + pixels.size());
+    counts.push_back(strip.size());
     pixels.insert(pixels.end(), strip.begin(), strip.end());
   }
-  std::vector<Tag> tags = {{256, {layout.width}},
-                           {257, {layout.height}},
-                           {258, std::vector<std::uint32_t>(layout.samples, layout.bits)},
-                           {259, {layout.compression}},
-                           {273, offsets},
-                           {277, {layout.samples}},
-                           {278, {stripRows == 0 ? layout.height : stripRows}},
-                           {279, counts}};
+  std::vector<TiffTag> tags = {{256, {layout.width}},
+                               {257, {layout.height}},
+                               {258, std::vector<std::uint64_t>(layout.samples, layout.bits)},
+                               {259, {layout.compression}},
+                               {273, offsets},
+                               {277, {layout.samples}},
+                               {278, {stripRows == 0 ? layout.height : stripRows}},
+                               {279, counts}};
   if (layout.photometric != Unsaid) tags.push_back({262, {layout.photometric}});
   tags.insert(tags.end(), layout.more.begin(), layout.more.end());
-  std::ranges::sort(tags, {}, &Tag::number);
-  const auto directory = static_cast<std::uint32_t>(8 + (pixels.size() + 1) / 2 * 2);
-  ByteWriter file, far;
-  file.Text("II").U16Le(42).U32Le(directory).Add(pixels).Fill(pixels.size() % 2);
-  file.U16Le(static_cast<unsigned>(tags.size()));
-  const auto farStart = static_cast<std::uint32_t>(directory + 2 + 12 * tags.size() + 4);
-  for (const Tag& tag : tags) {
-    const bool bytes = tag.number == Profile;
-    file.U16Le(tag.number).U16Le(bytes ? 7 : 3).U32Le(static_cast<std::uint32_t>(tag.values.size()));
-    if (bytes) {
-      file.U32Le(farStart + static_cast<std::uint32_t>(far.Size()));
-      for (const std::uint32_t value : tag.values) far.U8(value);
-      far.Fill(far.Size() % 2);
-    } else if (tag.values.size() > 2) {
-      file.U32Le(farStart + static_cast<std::uint32_t>(far.Size()));
-      for (const std::uint32_t value : tag.values) far.U16Le(value);
-    } else {
-      file.U16Le(tag.values[0]).U16Le(tag.values.size() > 1 ? tag.values[1] : 0);
-    }
-  }
-  return file.U32Le(0).Add(far.Bytes()).Bytes();
+  std::ranges::sort(tags, {}, &TiffTag::number);
+  return TiffBytes(tags, pixels);
 }
 
 // Uncompressed, in one strip or in one for each plane.
@@ -225,7 +202,7 @@ TEST(Tiff, A_profile_is_applied_to_all_sixteen_bits) {
   const auto icc = ColourProfileOf("linear", Lights::Srgb, Curve::Linear);
   Layout layout{.bits = 16, .samples = 3, .photometric = Colour};
   const auto withProfile = [&](const std::vector<std::uint8_t>& pixels) {
-    layout.more = {{Profile, {icc.begin(), icc.end()}}};
+    layout.more = {{Profile, {icc.begin(), icc.end()}, TiffTag::Undefined}};
     return WordsOf(DecodeBytes(File(layout, pixels)));
   };
   // A thousandth and two thousandths of the light, which 8 bits do not hold.

@@ -2,9 +2,11 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 
 #include "pictures/alpha.h"
 #include "pictures/codecs/tiff_bands.h"
+#include "pictures/codecs/tiff_facts.h"
 #include "pictures/codecs/tiff_file.h"
 #include "pictures/codecs/tiff_range.h"
 #include "pictures/codecs/tiff_rows.h"
@@ -24,6 +26,10 @@ std::int64_t MostAllocation(std::uint64_t fileBytes) {
          static_cast<std::int64_t>(std::min<std::uint64_t>(fileBytes, 1U << 30)) * 2;
 }
 
+bool IsConfigured(const TiffLayout& layout) {
+  return TIFFIsCODECConfigured(static_cast<std::uint16_t>(layout.compression)) != 0;
+}
+
 // libtiff knows these best itself: it gives finished colours for them.
 bool NeedsLibraryColours(const TiffLayout& layout) {
   const bool chromaTogether = layout.photometric == PHOTOMETRIC_YCBCR && !layout.separate &&
@@ -36,21 +42,20 @@ bool NeedsLibraryColours(const TiffLayout& layout) {
 class TiffDecoder final : public FileDecoder {
  public:
   TiffDecoder(const PictureData& data, const OpenOptions& options) : FileDecoder(data, options, "TIFF") {
-    const TiffFile file(Data().Source(), MostAllocation(Data().Size()));
-    if (file.Handle() == nullptr) Refuse("TIFF: " + file.Message());
-    layout_ = ReadTiffLayout(file);
+    std::optional<TiffFile> file;
+    std::optional<TiffFacts> facts = ReadTiffFacts(Data());
+    if (!facts || !IsConfigured(facts->layout)) facts = AskLibrary(file);
+    layout_ = facts->layout;
     if (options.asStored) layout_.orientation = Orientation::Upright;
     stored_ = Checked(layout_.width, layout_.height);
     if (layout_.samples < 1 || layout_.samples > MostSamples)
       Refuse("TIFF: this number of samples is not known");
-    if (TIFFIsCODECConfigured(static_cast<std::uint16_t>(layout_.compression)) == 0) {
-      Refuse("TIFF: the compression is not known");
-    }
+    if (!IsConfigured(layout_)) Refuse("TIFF: the compression is not known");
     if (!NeedsLibraryColours(layout_) && !TiffRowReader::CanRead(layout_))
       Refuse("TIFF: this kind of samples is not known");
-    if (!NeedsLibraryColours(layout_) && !BandsOf(file, layout_).IsReadable())
+    if (file && !NeedsLibraryColours(layout_) && !BandsOf(*file, layout_).IsReadable())
       Refuse("TIFF: the strips or tiles are too large");
-    CheckWork(file);
+    CheckWork(facts->hasProfile);
     SetShape(TurnedSize(stored_, layout_.orientation), layout_.bits * layout_.samples, layout_.samples);
     facts_.reducible = !NeedsLibraryColours(layout_);
   }
@@ -67,21 +72,25 @@ class TiffDecoder final : public FileDecoder {
   }
 
  private:
+  // What is not plain to us is for libtiff to read or to refuse.
+  TiffFacts AskLibrary(std::optional<TiffFile>& file) const {
+    file.emplace(Data().Source(), MostAllocation(Data().Size()));
+    if (file->Handle() == nullptr) Refuse("TIFF: " + file->Message());
+    return LibraryTiffFacts(*file);
+  }
+
   TiffBands BandsOf(const TiffFile& file, const TiffLayout& layout) const {
     return {file, layout, stored_, MostAllocation(Data().Size())};
   }
 
   // Numbers with a point are read twice, first for their range; Lab colours take as long, and so does a
   // profile, three times as long one for inks. Turning needs the pixels twice.
-  void CheckWork(const TiffFile& file) const {
+  void CheckWork(bool hasProfile) const {
     const bool slow = layout_.sampleFormat == SAMPLEFORMAT_IEEEFP ||
                       layout_.photometric == PHOTOMETRIC_CIELAB || layout_.photometric == PHOTOMETRIC_ICCLAB;
     const std::int64_t unpacked = (std::int64_t{stored_.width} * layout_.bits * layout_.samples + 7) / 8;
     const std::int64_t shown = std::int64_t{4} * stored_.width;
-    std::uint32_t profileBytes = 0;
-    void* profile = nullptr;
-    const bool converts =
-        !Options().asStored && TIFFGetField(file.Handle(), TIFFTAG_ICCPROFILE, &profileBytes, &profile) == 1;
+    const bool converts = hasProfile && !Options().asStored;
     const std::int64_t row =
         std::max(unpacked * (slow ? 2 : 1), shown * (layout_.orientation == Orientation::Upright ? 1 : 2)) +
         (converts ? shown * (layout_.colourSamples == 4 ? 3 : 1) : 0);

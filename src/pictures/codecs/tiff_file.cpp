@@ -96,6 +96,17 @@ std::uint16_t TiffFile::FieldOrDefault(std::uint32_t tag) const {
   return value;
 }
 
+bool TiffFile::HasProfile() const {
+  std::uint32_t bytes = 0;
+  void* profile = nullptr;
+  return TIFFGetField(tiff_, TIFFTAG_ICCPROFILE, &bytes, &profile) == 1;
+}
+
+TiffAlpha TiffAlphaOf(std::uint32_t kind) {
+  if (kind == EXTRASAMPLE_ASSOCALPHA) return TiffAlpha::Premultiplied;
+  return kind == EXTRASAMPLE_UNASSALPHA ? TiffAlpha::Straight : TiffAlpha::None;
+}
+
 TiffLayout ReadTiffLayout(const TiffFile& file) {
   TiffLayout layout;
   layout.width = file.Field<std::uint32_t>(TIFFTAG_IMAGEWIDTH, 0);
@@ -127,8 +138,7 @@ TiffLayout ReadTiffLayout(const TiffFile& file) {
     // libtiff makes up as many as it takes, of no kind, where the file says neither these nor its colours.
     const bool fromFile = count == layout.samples - layout.colourSamples;
     if (fromFile && kinds != nullptr) {
-      if (kinds[0] == EXTRASAMPLE_ASSOCALPHA) layout.alpha = TiffAlpha::Premultiplied;
-      if (kinds[0] == EXTRASAMPLE_UNASSALPHA) layout.alpha = TiffAlpha::Straight;
+      layout.alpha = TiffAlphaOf(kinds[0]);
     } else if (layout.samples == 4 && layout.colourSamples == 3) {
       layout.alpha = TiffAlpha::Straight;  // writers forget to say what the fourth sample is
     }

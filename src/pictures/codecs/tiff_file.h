@@ -1,6 +1,7 @@
 #pragma once
 // A TIFF file open in libtiff, read through a byte source, and what its first page says about its samples.
 
+#include <cstdint>
 #include <string>
 
 #include "pictures/late_tiff.h"
@@ -25,6 +26,7 @@ class TiffFile {
     Value value = otherwise;
     return TIFFGetField(tiff_, tag, &value) == 1 ? value : otherwise;
   }
+  bool HasProfile() const;
   // With libtiff's own default where the file has none.
   std::uint16_t FieldOrDefault(std::uint32_t tag) const;
 
@@ -41,6 +43,9 @@ class TiffFile {
 
 enum class TiffAlpha { None, Straight, Premultiplied };
 
+// What the first of the samples beyond those of the colour is, by its number in the file.
+TiffAlpha TiffAlphaOf(std::uint32_t kind);
+
 struct TiffLayout {
   std::int64_t width = 0;
   std::int64_t height = 0;
@@ -54,6 +59,7 @@ struct TiffLayout {
   TiffAlpha alpha = TiffAlpha::None;
   Orientation orientation = Orientation::Upright;
   int chromaAcross = 1, chromaDown = 1;  // pixels for one pair of chroma samples
+  bool operator==(const TiffLayout&) const = default;
 };
 
 TiffLayout ReadTiffLayout(const TiffFile& file);
