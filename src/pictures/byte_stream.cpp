@@ -1,5 +1,7 @@
 #include "pictures/byte_stream.h"
 
+#include <utility>
+
 namespace lumidex {
 
 void ByteStream::Refill(std::size_t least) {
@@ -7,14 +9,19 @@ void ByteStream::Refill(std::size_t least) {
   const std::uint64_t left = held_ - at_ + (end_ - next_);
   const std::size_t wanted =
       std::max(least, static_cast<std::size_t>(std::min<std::uint64_t>(blockBytes_, left)));
-  if (block_.size() < wanted) block_.resize(wanted);
-  std::copy(block_.begin() + static_cast<std::ptrdiff_t>(at_),
-            block_.begin() + static_cast<std::ptrdiff_t>(held_), block_.begin());
+  if (size_ < wanted) {
+    // Not filled with zeros first: a header needs a fraction of a block.
+    auto larger = std::make_unique_for_overwrite<std::uint8_t[]>(wanted);
+    std::copy_n(block_.get() + at_, held_ - at_, larger.get());
+    block_ = std::move(larger);
+    size_ = wanted;
+  } else {
+    std::copy(block_.get() + at_, block_.get() + held_, block_.get());
+  }
   held_ -= at_;
   at_ = 0;
-  const std::size_t room =
-      static_cast<std::size_t>(std::min<std::uint64_t>(block_.size() - held_, end_ - next_));
-  const std::size_t count = source_->ReadAt(next_, std::span(block_).subspan(held_, room));
+  const std::size_t room = static_cast<std::size_t>(std::min<std::uint64_t>(size_ - held_, end_ - next_));
+  const std::size_t count = source_->ReadAt(next_, std::span(block_.get() + held_, room));
   held_ += count;
   next_ += count;
   if (count < room) end_ = next_;  // a read error ends the stream as the end of the file does

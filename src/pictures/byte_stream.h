@@ -6,8 +6,8 @@
 #include <cstddef>
 #include <cstdint>
 #include <limits>
+#include <memory>
 #include <span>
-#include <vector>
 
 #include "pictures/picture_data.h"
 
@@ -31,7 +31,7 @@ class ByteStream {
   // is when they are few. Valid until the next call.
   Bytes Ahead(std::size_t least) {
     if (held_ - at_ < least) Refill(least);
-    return Bytes(block_).subspan(at_, held_ - at_);
+    return Bytes(block_.get() + at_, held_ - at_);
   }
   // Moves on by `count` of the bytes ahead.
   void Advance(std::size_t count) { at_ += std::min(count, held_ - at_); }
@@ -64,7 +64,8 @@ class ByteStream {
   std::size_t blockBytes_;
   std::uint64_t next_;  // the place in the file behind the block
   std::uint64_t end_;
-  std::vector<std::uint8_t> block_;
+  std::unique_ptr<std::uint8_t[]> block_;
+  std::size_t size_ = 0;           // of the block
   std::size_t at_ = 0, held_ = 0;  // the bytes still ahead in the block
 };
 

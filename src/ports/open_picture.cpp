@@ -20,7 +20,9 @@ std::size_t ExtensionStart(const std::string& path, char separator) {
 // pictures have any.
 std::vector<std::string> PalettePaths(const FileSystem& files, const std::string& path) {
   const auto start = ExtensionStart(path, files.Separator());
-  if (LCase(path.substr(start)) != ".cut") return {};
+  constexpr std::string_view ending = ".cut";
+  // Nearly no file is one, and every file is asked.
+  if (path.size() - start != ending.size() || LCase(path.substr(start)) != ending) return {};
   const std::string base = path.substr(0, start);
   return {base + ".pal", base + ".PAL", base + ".Pal"};
 }

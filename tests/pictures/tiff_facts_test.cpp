@@ -164,6 +164,7 @@ TEST(TiffFacts, Unusual_values_are_left_to_the_library) {
                         {TIFFTAG_SAMPLESPERPIXEL, {40}},
                         {TIFFTAG_ROWSPERSTRIP, {0}},
                         {TIFFTAG_ROWSPERSTRIP, {3}},  // two strips, where one is told of
+                        {TIFFTAG_ROWSPERSTRIP, {0xFFFFFFFE}, TiffTag::Long},
                         {TIFFTAG_STRIPOFFSETS, {8}, TiffTag::Byte},
                         {TIFFTAG_MINSAMPLEVALUE, {0}},
                         {TIFFTAG_PLANARCONFIG, {3}},
@@ -203,6 +204,14 @@ TEST(TiffFacts, Values_beyond_the_end_are_left_to_the_library) {
     bytes.pop_back();
     ASSERT_FALSE(FactsOf(bytes)) << bytes.size();
   }
+}
+
+TEST(TiffFacts, Tags_of_more_values_than_any_file_has_are_left_to_the_library) {
+  constexpr TiffForm form{.wide = true};
+  FileBytes bytes = FileOf({.more = {{60000, {3}}}}, form);
+  ASSERT_TRUE(FactsOf(bytes));
+  bytes[bytes.size() - 8 - 10] = 1;  // of the count of the last tag the second byte from its end
+  EXPECT_FALSE(FactsOf(bytes));
 }
 
 TEST(TiffFacts, What_does_not_begin_as_a_TIFF_file_is_left_to_the_library) {

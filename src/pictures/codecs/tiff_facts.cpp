@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <vector>
 
 #include "pictures/file_window.h"
 
@@ -33,7 +34,7 @@ class Directory {
 
   bool IsPlain() const { return plain_; }
   void Expect(bool condition) { plain_ = plain_ && condition; }
-  bool Has(unsigned tag) const { return Place(tag) < count_; }
+  bool Has(unsigned tag) const { return Find(tag) != nullptr; }
 
   // The only number of a tag.
   std::uint32_t Short(unsigned tag, std::uint32_t otherwise) { return Only(tag, {TIFF_SHORT}, otherwise); }
@@ -42,39 +43,34 @@ class Directory {
   }
   // Of a tag with one number for all samples, or the same one for each.
   std::uint32_t ShortOfSamples(unsigned tag, std::uint32_t samples, std::uint32_t otherwise);
-  // Of a tag that has up to `most` numbers of 16 bits; how many there are is told first.
-  std::uint32_t CountOf(unsigned tag, std::uint32_t most);
-  std::uint32_t ShortAt(unsigned tag, std::uint32_t index);
+  // All of a tag that has at least one and up to `most`; none where it is missing.
+  std::vector<std::uint32_t> Shorts(unsigned tag, std::uint32_t most);
   // Expects the tag to have values of one of the types, all of them within the file.
   void ExpectValues(unsigned tag, std::initializer_list<unsigned> types, std::uint64_t count);
   void ExpectValues(unsigned tag, std::initializer_list<unsigned> types);
 
  private:
   struct Entry {
-    unsigned type = 0;
+    unsigned tag = 0, type = 0;
     std::uint64_t count = 0;
-    std::uint64_t offset = 0;  // in the file
+    bool isHere = false;       // few values stand in place of their offset
+    std::uint64_t offset = 0;  // of the others in the file
+    std::array<std::uint8_t, 8> values{};
   };
 
   std::uint64_t Number(Bytes bytes) const;
-  unsigned Tag(std::size_t place) const { return static_cast<unsigned>(Number(Field(place, 0, 2))); }
-  Bytes Field(std::size_t place, std::size_t at, std::size_t bytes) const {
-    return Bytes(entries_).subspan(place * entryBytes_ + at, bytes);
-  }
-  // Where the tag stands in the directory; beyond its end where it does not.
-  std::size_t Place(unsigned tag) const;
-  Entry Find(unsigned tag) const;
+  void ReadEntries(Bytes bytes, std::size_t numberBytes);
+  // Null where there is no such tag.
+  const Entry* Find(unsigned tag) const;
   std::uint32_t Only(unsigned tag, std::initializer_list<unsigned> types, std::uint32_t otherwise);
-  std::uint32_t ShortOf(const Entry& entry, std::uint32_t index);
-  void CheckEntries();
+  std::uint32_t NumberOf(const Entry& entry, std::uint32_t index);
+  bool AreInFile(const Entry& entry) const;
 
   FileWindow window_;
   std::uint64_t fileBytes_;
   bool bigEndian_ = false, plain_ = true;
-  std::size_t numberBytes_ = 4;  // of a count and of an offset
-  std::size_t entryBytes_ = 12, count_ = 0;
-  std::uint64_t start_ = 0;  // of the first entry
-  std::array<std::uint8_t, MostEntries * 20> entries_{};
+  std::size_t count_ = 0;
+  std::array<Entry, MostEntries> entries_;
 };
 
 Directory::Directory(const PictureData& data) : window_(data), fileBytes_(data.Size()) {
@@ -85,38 +81,41 @@ Directory::Directory(const PictureData& data) : window_(data), fileBytes_(data.S
   const std::uint64_t version = Number(head.subspan(2, 2));
   const bool wide = version == 43;
   Expect((bigEndian_ || head[0] == 'I') && head[1] == head[0] && (wide || version == 42));
-  if (wide) {
-    numberBytes_ = 8;
-    entryBytes_ = 20;
-    Expect(Number(head.subspan(4, 2)) == 8 && Number(head.subspan(6, 2)) == 0);
-  }
-  const std::uint64_t offset = Number(head.subspan(numberBytes_, numberBytes_));
-  const std::size_t countBytes = wide ? 8 : 2;
+  if (wide) Expect(Number(head.subspan(4, 2)) == 8 && Number(head.subspan(6, 2)) == 0);
+  const std::size_t numberBytes = wide ? 8 : 4,
+                    countBytes = wide ? 8 : 2;  // offsets; how many tags there are
+  const std::uint64_t offset = Number(head.subspan(numberBytes, numberBytes));
   const Bytes count = window_.At(offset, countBytes);
   const std::uint64_t entries = Number(count);
   Expect(count.size() == countBytes && entries > 0 && entries <= MostEntries);
   if (!plain_) return;
-  count_ = static_cast<std::size_t>(entries);
-  start_ = offset + countBytes;
-  const Bytes bytes = window_.At(start_, count_ * entryBytes_);
-  Expect(bytes.size() == count_ * entryBytes_);
-  if (!plain_) return;
-  std::ranges::copy(bytes, entries_.begin());
-  CheckEntries();
+  const std::size_t directoryBytes = static_cast<std::size_t>(entries) * (4 + 2 * numberBytes);
+  const Bytes bytes = window_.At(offset + countBytes, directoryBytes);
+  Expect(bytes.size() == directoryBytes);
+  if (plain_) ReadEntries(bytes, numberBytes);
 }
 
 // What tags mean depends on those before them, so they must stand in their order. Some change what others say
 // in ways that are left to libtiff.
-void Directory::CheckEntries() {
+void Directory::ReadEntries(Bytes bytes, std::size_t numberBytes) {
   constexpr std::array<unsigned, 8> changing = {
       TIFFTAG_MINSAMPLEVALUE, TIFFTAG_MAXSAMPLEVALUE, TIFFTAG_SMINSAMPLEVALUE, TIFFTAG_SMAXSAMPLEVALUE,
       TIFFTAG_MATTEING,       TIFFTAG_DATATYPE,       TIFFTAG_IMAGEDEPTH,      TIFFTAG_TILEDEPTH};
-  unsigned last = 0;
-  for (std::size_t place = 0; place < count_; ++place) {
-    const unsigned tag = Tag(place);
-    Expect((place == 0 || tag > last) && WidthOf(static_cast<unsigned>(Number(Field(place, 2, 2)))) > 0 &&
-           std::ranges::find(changing, tag) == changing.end());
-    last = tag;
+  constexpr std::uint64_t mostValues = 0xFFFFFFFF;
+  for (unsigned last = 0; !bytes.empty() && plain_; ++count_) {
+    Entry& entry = entries_[count_];
+    entry.tag = static_cast<unsigned>(Number(bytes.first(2)));
+    entry.type = static_cast<unsigned>(Number(bytes.subspan(2, 2)));
+    entry.count = Number(bytes.subspan(4, numberBytes));
+    Expect((count_ == 0 || entry.tag > last) && WidthOf(entry.type) > 0 && entry.count <= mostValues &&
+           std::ranges::find(changing, entry.tag) == changing.end());
+    if (!plain_) return;
+    last = entry.tag;
+    const Bytes values = bytes.subspan(4 + numberBytes, numberBytes);
+    entry.isHere = entry.count * WidthOf(entry.type) <= numberBytes;
+    entry.offset = Number(values);
+    std::ranges::copy(values, entry.values.begin());
+    bytes = bytes.subspan(4 + 2 * numberBytes);
   }
 }
 
@@ -127,71 +126,63 @@ std::uint64_t Directory::Number(Bytes bytes) const {
   return number;
 }
 
-std::size_t Directory::Place(unsigned tag) const {
-  std::size_t low = 0, high = count_;
-  while (low < high) {
-    const std::size_t middle = (low + high) / 2;
-    Tag(middle) < tag ? low = middle + 1 : high = middle;
-  }
-  return low < count_ && Tag(low) == tag ? low : count_;
+const Directory::Entry* Directory::Find(unsigned tag) const {
+  const auto end = entries_.begin() + static_cast<std::ptrdiff_t>(count_);
+  const auto found = std::lower_bound(entries_.begin(), end, tag,
+                                      [](const Entry& entry, unsigned wanted) { return entry.tag < wanted; });
+  return found != end && found->tag == tag ? &*found : nullptr;
 }
 
-Directory::Entry Directory::Find(unsigned tag) const {
-  const std::size_t place = Place(tag);
-  if (place == count_) return {};
-  Entry entry{.type = static_cast<unsigned>(Number(Field(place, 2, 2))),
-              .count = Number(Field(place, 4, numberBytes_))};
-  // Few values stand in place of their offset.
-  entry.offset = entry.count <= numberBytes_ / WidthOf(entry.type)
-                     ? start_ + place * entryBytes_ + 4 + numberBytes_
-                     : Number(Field(place, 4 + numberBytes_, numberBytes_));
-  return entry;
-}
-
-std::uint32_t Directory::ShortOf(const Entry& entry, std::uint32_t index) {
-  const Bytes bytes = window_.At(entry.offset + std::uint64_t{2} * index, 2);
-  Expect(bytes.size() == 2);
+std::uint32_t Directory::NumberOf(const Entry& entry, std::uint32_t index) {
+  const std::size_t width = WidthOf(entry.type);
+  const Bytes bytes = entry.isHere ? Bytes(entry.values).subspan(index * width, width)
+                                   : window_.At(entry.offset + std::uint64_t{index} * width, width);
+  Expect(bytes.size() == width);
   return static_cast<std::uint32_t>(Number(bytes));
 }
 
 std::uint32_t Directory::Only(unsigned tag, std::initializer_list<unsigned> types, std::uint32_t otherwise) {
-  const Entry entry = Find(tag);
-  if (entry.type == 0) return otherwise;
-  Expect(entry.count == 1 && std::ranges::find(types, entry.type) != types.end());
-  return static_cast<std::uint32_t>(
-      Number(window_.At(entry.offset, std::min<std::size_t>(4, WidthOf(entry.type)))));
+  const Entry* const entry = Find(tag);
+  if (entry == nullptr) return otherwise;
+  Expect(entry->count == 1 && std::ranges::find(types, entry->type) != types.end());
+  return plain_ ? NumberOf(*entry, 0) : otherwise;
 }
 
 std::uint32_t Directory::ShortOfSamples(unsigned tag, std::uint32_t samples, std::uint32_t otherwise) {
-  const Entry entry = Find(tag);
-  if (entry.type == 0) return otherwise;
-  Expect(entry.type == TIFF_SHORT && samples <= MostSamples && (entry.count == 1 || entry.count == samples));
+  const Entry* const entry = Find(tag);
+  if (entry == nullptr) return otherwise;
+  Expect(entry->type == TIFF_SHORT && samples <= MostSamples &&
+         (entry->count == 1 || entry->count == samples));
   if (!plain_) return otherwise;
-  const std::uint32_t first = ShortOf(entry, 0);
-  for (std::uint32_t i = 1; i < entry.count; ++i) Expect(ShortOf(entry, i) == first);
+  const std::uint32_t first = NumberOf(*entry, 0);
+  for (std::uint32_t i = 1; i < entry->count; ++i) Expect(NumberOf(*entry, i) == first);
   return first;
 }
 
-std::uint32_t Directory::CountOf(unsigned tag, std::uint32_t most) {
-  const Entry entry = Find(tag);
-  if (entry.type == 0) return 0;
-  Expect(entry.type == TIFF_SHORT && entry.count > 0 && entry.count <= most);
-  return plain_ ? static_cast<std::uint32_t>(entry.count) : 0;
-}
-
-std::uint32_t Directory::ShortAt(unsigned tag, std::uint32_t index) {
-  return ShortOf(Find(tag), index);
-}
-
-void Directory::ExpectValues(unsigned tag, std::initializer_list<unsigned> types) {
-  ExpectValues(tag, types, Find(tag).count);
+std::vector<std::uint32_t> Directory::Shorts(unsigned tag, std::uint32_t most) {
+  std::vector<std::uint32_t> numbers;
+  const Entry* const entry = Find(tag);
+  if (entry == nullptr) return numbers;
+  Expect(entry->type == TIFF_SHORT && entry->count > 0 && entry->count <= most);
+  for (std::uint32_t i = 0; plain_ && i < entry->count; ++i) numbers.push_back(NumberOf(*entry, i));
+  return numbers;
 }
 
 void Directory::ExpectValues(unsigned tag, std::initializer_list<unsigned> types, std::uint64_t count) {
-  const Entry entry = Find(tag);
-  Expect(entry.count == count && count > 0 && count <= fileBytes_ &&
-         std::ranges::find(types, entry.type) != types.end() && entry.offset <= fileBytes_ &&
-         count * WidthOf(entry.type) <= fileBytes_ - entry.offset);
+  const Entry* const entry = Find(tag);
+  Expect(entry != nullptr && entry->count == count && std::ranges::find(types, entry->type) != types.end());
+  if (plain_) Expect(AreInFile(*entry));
+}
+
+void Directory::ExpectValues(unsigned tag, std::initializer_list<unsigned> types) {
+  const Entry* const entry = Find(tag);
+  ExpectValues(tag, types, entry == nullptr ? 0 : entry->count);
+}
+
+bool Directory::AreInFile(const Entry& entry) const {
+  return entry.count > 0 &&
+         (entry.isHere ||
+          (entry.offset <= fileBytes_ && entry.count * WidthOf(entry.type) <= fileBytes_ - entry.offset));
 }
 
 // The samples that make the colour, 0 for what is left to libtiff.
@@ -231,7 +222,11 @@ void ExpectPieces(Directory& directory, const TiffLayout& layout, std::uint32_t 
                      !directory.Has(TIFFTAG_ROWSPERSTRIP) && !directory.Has(TIFFTAG_STRIPOFFSETS) &&
                      !directory.Has(TIFFTAG_STRIPBYTECOUNTS));
   } else {
-    pieceHeight = std::min(directory.ShortOrLong(TIFFTAG_ROWSPERSTRIP, height), height);
+    // The number that stands for all rows; others as large are wrong.
+    constexpr std::uint32_t all = 0xFFFFFFFF;
+    const std::uint32_t rows = directory.ShortOrLong(TIFFTAG_ROWSPERSTRIP, all);
+    directory.Expect(rows == all || rows <= all / 2);
+    pieceHeight = std::min(rows, height);
     directory.Expect(!directory.Has(TIFFTAG_TILELENGTH) && !directory.Has(TIFFTAG_TILEOFFSETS) &&
                      !directory.Has(TIFFTAG_TILEBYTECOUNTS));
   }
@@ -268,7 +263,6 @@ std::optional<TiffFacts> ReadTiffFacts(const PictureData& data) {
       directory.ShortOfSamples(TIFFTAG_SAMPLEFORMAT, samples, SAMPLEFORMAT_UINT);
   const std::uint32_t planes = directory.Short(TIFFTAG_PLANARCONFIG, PLANARCONFIG_CONTIG);
   const std::uint32_t orientation = directory.Short(TIFFTAG_ORIENTATION, ORIENTATION_TOPLEFT);
-  const std::uint32_t otherSamples = directory.CountOf(TIFFTAG_EXTRASAMPLES, samples);
   directory.Expect(width > 0 && width <= MostSide && height > 0 && height <= MostSide && samples > 0 &&
                    samples <= MostSamples && bits > 0 && bits <= 64 && IsPlainCompression(compression) &&
                    sampleFormat >= SAMPLEFORMAT_UINT && sampleFormat <= SAMPLEFORMAT_VOID &&
@@ -289,10 +283,10 @@ std::optional<TiffFacts> ReadTiffFacts(const PictureData& data) {
   layout.orientation = OrientationOf(static_cast<int>(orientation));
   const std::uint32_t colourSamples = ColourSamplesOf(layout.photometric);
   layout.colourSamples = static_cast<int>(colourSamples);
-  directory.Expect(colourSamples > 0 && samples == colourSamples + otherSamples);
-  for (std::uint32_t i = 0; i < otherSamples; ++i)
-    directory.Expect(directory.ShortAt(TIFFTAG_EXTRASAMPLES, i) <= EXTRASAMPLE_UNASSALPHA);
-  if (otherSamples > 0) layout.alpha = TiffAlphaOf(directory.ShortAt(TIFFTAG_EXTRASAMPLES, 0));
+  const std::vector<std::uint32_t> others = directory.Shorts(TIFFTAG_EXTRASAMPLES, samples);
+  directory.Expect(colourSamples > 0 && samples == colourSamples + others.size());
+  for (const std::uint32_t kind : others) directory.Expect(kind <= EXTRASAMPLE_UNASSALPHA);
+  if (!others.empty()) layout.alpha = TiffAlphaOf(others.front());
   if (layout.photometric == PHOTOMETRIC_PALETTE) {
     // A map that comes without the bits is not taken.
     directory.Expect(bits <= 16 && directory.Has(TIFFTAG_BITSPERSAMPLE));
