@@ -3,7 +3,7 @@
 
 #include "forms/WPaper2.h"
 #include "platform/posix/decoding_threads.h"
-#include "platform/posix/freed_memory.h"
+#include "platform/posix/memory.h"
 #include "platform/posix/posix_desktop.h"
 #include "platform/posix/posix_file_system.h"
 #include "platform/posix/posix_process.h"

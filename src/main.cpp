@@ -8,7 +8,7 @@
 #include "platform/posix/bus_address.h"
 #include "platform/posix/decoding_threads.h"
 #include "platform/posix/early_picture.h"
-#include "platform/posix/freed_memory.h"
+#include "platform/posix/memory.h"
 #include "platform/posix/posix_desktop.h"
 #include "platform/posix/posix_file_system.h"
 #include "platform/posix/posix_process.h"
@@ -52,6 +52,7 @@ int main(int argc, char** argv) {
   PictureLoader loader(files);
   PosixSpecialFolders folders;
   QtDesktop desktop(argc, argv, {files, process, registry, shell, settings, loader, folders, decoding, bus});
+  const auto connecting = ConnectLibrary();
   fonts.LearnNames();
 
   // A wallpaper that was asked for last still comes, but no desktop keeps the program from ending.

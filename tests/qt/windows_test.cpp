@@ -1,3 +1,4 @@
+#include <QBackingStore>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QListView>
@@ -221,6 +222,12 @@ TEST_F(FirstPaint, waits_for_a_picture_that_is_nearly_there) {
   EXPECT_TRUE(decoding.RunNext());
   Settle();
   EXPECT_FALSE(IsUnpainted());
+}
+
+TEST_F(FirstPaint, has_the_memory_that_it_paints_into_before_the_picture_is_there) {
+  const QWidget& view = *world.views.ViewOf(app.WPaper2);
+  EXPECT_TRUE(IsUnpainted());
+  EXPECT_EQ(view.backingStore()->size(), view.size());
 }
 
 TEST_F(FirstPaint, does_not_wait_long) {

@@ -8,6 +8,7 @@
 #include <QDBusVariant>
 #include <QVariantMap>
 
+#include "base/start_thread.h"
 #include "platform/posix/bus_address.h"
 #include "platform/qt/conversions.h"
 
@@ -77,6 +78,10 @@ std::optional<BusValue> FromBus(QVariant value) {
 }
 
 }  // namespace
+
+std::optional<std::jthread> ConnectLibrary() {
+  return StartThread([] { QDBusConnection::sessionBus(); });
+}
 
 QtSessionBus::QtSessionBus(Environment environment, int patience)
     : environment_(std::move(environment)),

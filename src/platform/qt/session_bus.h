@@ -4,6 +4,8 @@
 #include <QString>
 #include <memory>
 #include <mutex>
+#include <optional>
+#include <thread>
 
 #include "platform/posix/environment.h"
 #include "platform/posix/session_bus.h"
@@ -11,6 +13,10 @@
 class QDBusConnection;
 
 namespace lumidex {
+
+// Makes the library's own connection, over which it meets assistive programs, on a thread while the windows
+// are made; else the first of them waits for it. To be called once the application object stands.
+std::optional<std::jthread> ConnectLibrary();
 
 class QtSessionBus final : public SessionBus {
  public:

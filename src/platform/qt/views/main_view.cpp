@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QMimeData>
 #include <QTimer>
+#include <QToolButton>
 #include <QWindow>
 #include <algorithm>
 
@@ -13,6 +14,7 @@
 #include "platform/qt/form_views.h"
 #include "platform/qt/mirrors/image_view.h"
 #include "platform/qt/mirrors/row_list.h"
+#include "platform/qt/painted_memory.h"
 #include "platform/qt/views/picture_gestures.h"
 
 namespace lumidex {
@@ -61,9 +63,20 @@ bool MainView::eventFilter(QObject* watched, QEvent* event) {
     if (Image().IsNearlyThere()) {
       setUpdatesEnabled(false);
       hold_.start();
+      PreparePainting();
     }
   }
   return PlacedView::eventFilter(watched, event);
+}
+
+// What painting would have to do besides, of which none depends on the picture.
+void MainView::PreparePainting() {
+  ProvidePaintedMemory(*this);
+  for (const QToolButton* button : findChildren<QToolButton*>()) {
+    if (button->isVisible())
+      button->icon().pixmap(button->iconSize(), devicePixelRatioF(),
+                            button->isEnabled() ? QIcon::Normal : QIcon::Disabled);
+  }
 }
 
 void MainView::EndHold() {

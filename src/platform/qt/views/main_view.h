@@ -27,6 +27,7 @@ class MainView final : public TypedView<WPaper2Window, PlacedView> {
   // What assistive programs call the controls that have no caption.
   void NameControls();
   ImageView& Image() const;
+  void PreparePainting();
   void EndHold();
 
   // While the window is left unpainted, for its picture.

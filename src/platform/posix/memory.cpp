@@ -1,0 +1,29 @@
+#include "platform/posix/memory.h"
+
+#include <sys/mman.h>
+#include <unistd.h>
+
+#include <cstdint>
+#include <cstdlib>
+
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
+
+namespace lumidex {
+
+void GiveLargeBlocksBack() {
+#ifdef __GLIBC__
+  mallopt(M_MMAP_THRESHOLD, 1 << 20);
+#endif
+}
+
+void ProvidePages(std::span<std::byte> bytes) {
+#ifdef MADV_POPULATE_WRITE
+  // The call wants whole pages, and memory is mapped in whole pages.
+  const std::size_t before = reinterpret_cast<std::uintptr_t>(bytes.data()) % sysconf(_SC_PAGESIZE);
+  madvise(bytes.data() - before, before + bytes.size(), MADV_POPULATE_WRITE);
+#endif
+}
+
+}  // namespace lumidex
