@@ -9,6 +9,7 @@
 #include <QToolButton>
 
 #include "forms/SelectPictureDirectoryForm.h"
+#include "forms/frmSplash.h"
 #include "forms/frmSystemTray.h"
 #include "forms/frmlocatefiles.h"
 #include "pictures/pixels.h"
@@ -186,6 +187,25 @@ TEST_F(MainWindowTest, Dragging_the_frame_resizes_the_form) {
   EXPECT_NEAR(window.Width, (width / world.views.GetUnits().factor + 8) * 15, 0.01);
   // To the pixel that the design comes to in this font.
   EXPECT_NEAR(window.Height, 11100, 15);
+}
+
+TEST(PutAway, The_splash_gives_its_window_back_and_comes_anew) {
+  QtWorld world;
+  App app{world.platform};
+  world.views.Attach(app.frmSplash);
+  app.frmSplash.Show();
+  Settle();
+  const QPointer<QWidget> first = world.views.ViewOf(app.frmSplash);
+  ASSERT_TRUE(first && first->isVisible());
+  app.frmSplash.Hide();
+  Settle();
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  EXPECT_TRUE(first.isNull());
+  app.frmSplash.Show();
+  Settle();
+  ASSERT_TRUE(world.views.ViewOf(app.frmSplash));
+  EXPECT_TRUE(world.views.ViewOf(app.frmSplash)->isVisible());
+  world.views.Close();
 }
 
 // With a picture that only has to be brought to its size.

@@ -18,6 +18,12 @@ void GiveLargeBlocksBack() {
 #endif
 }
 
+void GiveFreeMemoryBack() {
+#ifdef __GLIBC__
+  malloc_trim(0);
+#endif
+}
+
 void ProvidePages(std::span<std::byte> bytes) {
 #ifdef MADV_POPULATE_WRITE
   // The call wants whole pages, and memory is mapped in whole pages.

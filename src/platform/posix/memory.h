@@ -11,6 +11,9 @@ namespace lumidex {
 // decodes, and a show of many pictures grows by dozens of them.
 void GiveLargeBlocksBack();
 
+// Gives the system what is free now but kept for later, in the heaps of all threads.
+void GiveFreeMemoryBack();
+
 // Has the system provide the pages that these bytes lie in, which else it does one by one as they are written
 // to for the first time. What they hold stays as it is. Where the system has no such call nothing happens.
 void ProvidePages(std::span<std::byte> bytes);

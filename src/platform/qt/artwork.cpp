@@ -7,8 +7,10 @@
 #include <QResource>
 #include <QStyle>
 #include <QStyleOption>
+#include <algorithm>
 #include <array>
 #include <map>
+#include <span>
 
 #include "base/run_time_error.h"
 #include "pictures/picture_data.h"
@@ -20,6 +22,30 @@ namespace {
 
 QString ResourcePath(const std::string& name) {
   return ToQt(":/artwork/" + name);
+}
+
+// Bytes that are part of the program.
+class PartOfProgram final : public ByteSource {
+ public:
+  PartOfProgram(const uchar* bytes, qint64 count) : bytes_(bytes, static_cast<std::size_t>(count)) {}
+  std::uint64_t Size() const override { return bytes_.size(); }
+  std::size_t ReadAt(std::uint64_t offset, std::span<std::uint8_t> into) const override {
+    if (offset >= bytes_.size()) return 0;
+    const auto rest = bytes_.subspan(static_cast<std::size_t>(offset));
+    const auto read = rest.first(std::min(rest.size(), into.size()));
+    std::ranges::copy(read, into.begin());
+    return read.size();
+  }
+
+ private:
+  const std::span<const uchar> bytes_;
+};
+
+std::shared_ptr<const ByteSource> BytesOf(const QResource& resource) {
+  if (resource.compressionAlgorithm() == QResource::NoCompression)
+    return std::make_shared<PartOfProgram>(resource.data(), resource.size());
+  const QByteArray bytes = resource.uncompressedData();
+  return std::make_shared<MemorySource>(std::vector<std::uint8_t>(bytes.cbegin(), bytes.cend()));
 }
 
 // Chooses between the two drawn sizes, so that what is never shown is never decoded. Qt's own engine would
@@ -72,10 +98,8 @@ class ArtworkEngine final : public QIconEngine {
 Picture ArtworkPicture(const std::string& name) {
   const QResource resource(ResourcePath(name));
   if (!resource.isValid()) return {};
-  const QByteArray bytes = resource.uncompressedData();
-  const auto source = std::make_shared<MemorySource>(std::vector<std::uint8_t>(bytes.cbegin(), bytes.cend()));
   try {
-    return Picture::Open(PictureData(source, name.substr(name.rfind('.'))));
+    return Picture::Open(PictureData(BytesOf(resource), name.substr(name.rfind('.'))));
   } catch (const RunTimeError&) {
     return {};
   }

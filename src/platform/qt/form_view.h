@@ -63,6 +63,8 @@ class FormView : public QWidget {
   void FollowVisibility();
   // Deletes it later, once it has left the screen.
   void GiveBack();
+  // Whether the window is better made anew than kept while it is hidden.
+  virtual bool IsSeldomSeen() const { return false; }
 
  protected:
   // Pixels of the window's content to the form's outer size in twips.

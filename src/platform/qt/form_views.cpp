@@ -58,7 +58,8 @@ void FormViews::FollowVisibility(Entry& entry) {
     entry.view->FollowVisibility();
     // An unloaded form starts again from its design, and so does its window. Later, since this may be the
     // answer to a gesture in that very window.
-    if (!entry.form->IsLoaded()) GiveBack(std::move(entry.view));
+    const bool isPutAway = !entry.form->Visible() && entry.view->IsSeldomSeen();
+    if (!entry.form->IsLoaded() || isPutAway) GiveBack(std::move(entry.view));
   } else if (comes) {
     Show(entry);
   }

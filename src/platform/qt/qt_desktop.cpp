@@ -6,6 +6,7 @@
 
 #include "forms/frmSplash.h"
 #include "forms/frmlocatefiles.h"
+#include "platform/posix/memory.h"
 #include "platform/posix/posix_process.h"
 #include "platform/qt/artwork.h"
 #include "platform/qt/browser.h"
@@ -62,7 +63,11 @@ struct QtDesktop::Parts {
     };
     // What can wait until the first window is painted.
     later.setSingleShot(true);
-    QObject::connect(&later, &QTimer::timeout, [] { QApplication::setWindowIcon(ApplicationIcon()); });
+    QObject::connect(&later, &QTimer::timeout, [] {
+      QApplication::setWindowIcon(ApplicationIcon());
+      // What reading fonts and making windows took besides.
+      GiveFreeMemoryBack();
+    });
     later.start(millisecondsLate);
   }
 

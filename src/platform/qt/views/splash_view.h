@@ -12,6 +12,7 @@ namespace lumidex {
 class SplashView final : public TypedView<frmSplashWindow> {
  public:
   SplashView(FormViews& views, frmSplashWindow& form);
+  bool IsSeldomSeen() const override { return true; }
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
