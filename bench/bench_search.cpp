@@ -65,7 +65,7 @@ void BareWalk(int parent, const char* name, long& found) {
 struct Search {
   Search() { WireWindows(app); }
   HeadlessPlatform headless{'/'};
-  PosixFileSystem files{std::chrono::milliseconds(5)};  // as the program has it
+  PosixFileSystem files{std::chrono::milliseconds(10)};  // as the program has it
   Platform ports{files,           headless.events,  headless.dialogs,   headless.windows,
                  headless.events, headless.process, headless.clipboard, headless.desktop,
                  headless.tray,   headless.popup,   headless.shell,     headless.settings,

@@ -28,7 +28,7 @@ struct Program {
     app.WPaper2.OnLoad = nullptr;
     app.WPaper2.Show();
   }
-  PosixFileSystem files{std::chrono::milliseconds(5)};
+  PosixFileSystem files{std::chrono::milliseconds(10)};
   PosixProcess process;
   DecodingThreads decoding;
   QtSessionBus bus;

@@ -40,7 +40,7 @@ int main(int argc, char** argv) {
   SettleSessionBus();
   UseLanguageForDates();
   EarlyFonts fonts;
-  PosixFileSystem files(std::chrono::milliseconds(5));
+  PosixFileSystem files(std::chrono::milliseconds(10));
   PosixProcess process(argc, argv, LUMIDEX_INSTALLED_CONTENT);
   DecodingThreads decoding(files);
   const EarlyPicture early(decoding, process.CommandLine());

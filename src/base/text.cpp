@@ -40,12 +40,11 @@ std::size_t OffsetOf(std::string_view text, std::int32_t count) {
 // `mapAscii` does for a plain character what `map` does for any.
 template <class MapAscii, class Map>
 std::string MapCharacters(std::string_view text, MapAscii mapAscii, Map map) {
-  std::string mapped;
-  mapped.reserve(text.size());
-  while (!text.empty() && static_cast<unsigned char>(text.front()) < 0x80) {
-    mapped += mapAscii(text.front());
-    text.remove_prefix(1);
-  }
+  const auto isOther = [](char c) { return static_cast<unsigned char>(c) >= 0x80; };
+  const auto plain = static_cast<std::size_t>(std::ranges::find_if(text, isOther) - text.begin());
+  std::string mapped(text.substr(0, plain));
+  std::ranges::transform(mapped, mapped.begin(), mapAscii);
+  text.remove_prefix(plain);
   while (!text.empty()) {
     const Character character = First(text);
     if (character.code < 0) {

@@ -20,11 +20,12 @@ template <class Int>
 Int Round(double value) {
   // Not a number, and anything beyond 64 bits, would be undefined in the cast below.
   if (!(std::fabs(value) < 9.0e18)) throw RunTimeError(ErrorNumber::Overflow);
-  double whole = std::floor(value);
-  const double rest = value - whole;
-  const bool odd = std::fmod(whole, 2.0) != 0.0;
-  if (rest > 0.5 || (rest == 0.5 && odd)) whole += 1.0;
-  return Narrow<Int>(static_cast<std::int64_t>(whole));
+  const double below = std::floor(value);
+  const double rest = value - below;
+  auto whole = static_cast<std::int64_t>(below);
+  const bool odd = whole % 2 != 0;
+  if (rest > 0.5 || (rest == 0.5 && odd)) ++whole;
+  return Narrow<Int>(whole);
 }
 
 }  // namespace

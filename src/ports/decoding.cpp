@@ -9,6 +9,18 @@
 #include "ports/decoding_work.h"
 
 namespace lumidex {
+namespace {
+
+// Leaves the processor's other thread and the memory alone for some dozens of cycles.
+void PauseInLoop() {
+#if defined(__x86_64__) || defined(__i386__)
+  __builtin_ia32_pause();
+#elif defined(__aarch64__)
+  asm volatile("isb");
+#endif
+}
+
+}  // namespace
 
 DecodingService::DecodingService(const FileSystem& files, std::size_t budget)
     : files_(files), budget_(budget) {}
@@ -17,9 +29,13 @@ DecodingService::~DecodingService() = default;
 
 // Held for less time than it takes to fall asleep and to be woken.
 std::unique_lock<std::mutex> DecodingService::Lock() const {
-  constexpr int tries = 400;
+  // About a hundred microseconds, which falling asleep and being woken takes at worst.
+  constexpr int tries = 2000;
   std::unique_lock lock(mutex_, std::try_to_lock);
-  for (int i = 0; i < tries && !lock; ++i) static_cast<void>(lock.try_lock());
+  for (int i = 0; i < tries && !lock; ++i) {
+    PauseInLoop();
+    static_cast<void>(lock.try_lock());
+  }
   if (!lock) lock.lock();
   return lock;
 }

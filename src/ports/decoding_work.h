@@ -71,7 +71,7 @@ struct DecodingService::Record {
   // True when somebody should be woken to read on: for a file that goes at once into each free place a thread
   // would be woken as often as files are opened.
   bool IsHungry() const {
-    const bool isLow = readings.size() <= (IsForHeaders() ? mostHeadersAhead / 4 : mostAhead / 2);
+    const bool isLow = readings.size() <= (IsForHeaders() ? mostHeadersAhead : mostAhead) / 2;
     if (next < wish.paths.size() && (IsNeighbours() || (isLow && HasPlace()))) return true;
     if (IsForHeaders()) return false;  // which need no room
     return std::ranges::any_of(readings, [](const auto& reading) { return reading->waitsForRoom; });

@@ -2,20 +2,24 @@
 
 #include <algorithm>
 #include <functional>
+#include <span>
 
 namespace lumidex {
 
-RecentLooks::Seen& RecentLooks::PlaceOf(const std::string& path) {
-  Seen* const pair = &seen_[2 * (std::hash<std::string>()(path) % pairs)];
-  if (pair[0].path == path) return pair[0];
-  return pair[1].path == path || pair[1].until < pair[0].until ? pair[1] : pair[0];
+RecentLooks::Seen& RecentLooks::PlaceOf(std::size_t hash, const std::string& path) {
+  const std::span set(&seen_[hash % sets * places], places);
+  const auto found =
+      std::ranges::find_if(set, [&](const Seen& seen) { return seen.hash == hash && seen.path == path; });
+  return found != set.end() ? *found : *std::ranges::min_element(set, {}, &Seen::until);
 }
 
 std::optional<FileFacts> RecentLooks::Of(const std::string& path) {
   const std::unique_lock lock(mutex_, std::try_to_lock);
   if (!lock || seen_.empty()) return {};
-  const Seen& seen = PlaceOf(path);
-  if (seen.path != path || seen.changes != changes_ || Clock::now() >= seen.until) return {};
+  const std::size_t hash = std::hash<std::string>()(path);
+  const Seen& seen = PlaceOf(hash, path);
+  if (seen.hash != hash || seen.path != path || seen.changes != changes_ || Clock::now() >= seen.until)
+    return {};
   return seen.facts;
 }
 
@@ -23,8 +27,10 @@ void RecentLooks::Keep(const std::string& path, const FileFacts& facts, std::uin
   if (unnoticed_.count() == 0) return;
   const std::unique_lock lock(mutex_, std::try_to_lock);
   if (!lock || IsExcluded(path)) return;
-  if (seen_.empty()) seen_.resize(2 * pairs);
-  Seen& seen = PlaceOf(path);
+  if (seen_.empty()) seen_.resize(sets * places);
+  const std::size_t hash = std::hash<std::string>()(path);
+  Seen& seen = PlaceOf(hash, path);
+  seen.hash = hash;
   seen.path = path;
   seen.facts = facts;
   seen.until = Clock::now() + unnoticed_;

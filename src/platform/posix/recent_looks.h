@@ -31,16 +31,18 @@ class RecentLooks {
  private:
   using Clock = std::chrono::steady_clock;
   struct Seen {
+    std::size_t hash = 0;  // of the path
     std::string path;
     FileFacts facts;
     Clock::time_point until{};
     std::uint64_t changes = 0;
   };
-  // As many as a few milliseconds bring; each path has two places where it may be.
-  static constexpr std::size_t pairs = 512;
+  // Several times as many as a few milliseconds bring. Each path has some places where it may be, so that one
+  // that is still to be asked for is hardly ever pushed out.
+  static constexpr std::size_t sets = 256, places = 4;
 
   // Where it is, or else the place to put it.
-  Seen& PlaceOf(const std::string& path);
+  Seen& PlaceOf(std::size_t hash, const std::string& path);
   bool IsExcluded(const std::string& path) const;
 
   const std::chrono::nanoseconds unnoticed_;

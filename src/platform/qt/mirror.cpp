@@ -28,8 +28,8 @@ YieldInRoutine::~YieldInRoutine() {
 
 YieldInRoutine::Clock::duration YieldInRoutine::Frame() {
   using namespace std::chrono_literals;
-  constexpr int share = 24;
-  return std::clamp<Clock::duration>(share * served_, 16ms, 50ms);
+  constexpr int share = 40;
+  return std::clamp<Clock::duration>(share * served_, 16ms, 100ms);
 }
 
 void YieldInRoutine::PushPostponed() {

@@ -25,18 +25,21 @@ constexpr int firstOfRow[] = {1, 11, 21, FileTypeCount + 1};
 StatisticsView::StatisticsView(FormViews& views, frmstatsWindow& itsForm) : TypedView(views, itsForm) {
   auto* cell = new QGridLayout(this);
   cell->setContentsMargins(0, 0, 0, 0);
+  cell->setSpacing(0);
   QWidget* backdrop = MakeImage(*this, form.Image1, this);
   backdrop->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
-  cell->addWidget(backdrop, 0, 0);
-  auto* edge = new QWidget(this);
-  auto* around = new QVBoxLayout(edge);
-  around->setContentsMargins(backdropWidth, backdropWidth, backdropWidth, backdropWidth);
-  auto* sheet = new QFrame(edge);
+  cell->addWidget(backdrop, 0, 0, 3, 3);
+  for (const int edge : {0, 2}) {
+    cell->setRowMinimumHeight(edge, backdropWidth);
+    cell->setColumnMinimumWidth(edge, backdropWidth);
+  }
+  // Beside the backdrop, so that what lies behind the sheet is not painted with each counter.
+  auto* sheet = new QFrame(this);
   sheet->setFrameShape(QFrame::StyledPanel);
   sheet->setAutoFillBackground(true);
-  around->addWidget(sheet);
-  cell->addWidget(edge, 0, 0);
-  edge->raise();
+  cell->addWidget(sheet, 1, 1);
+  cell->setRowStretch(1, 1);
+  cell->setColumnStretch(1, 1);
 
   auto* rows = new QVBoxLayout(sheet);
   rows->addWidget(Progress());
