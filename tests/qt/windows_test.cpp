@@ -1,4 +1,3 @@
-#include <QBackingStore>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QListView>
@@ -9,7 +8,6 @@
 #include <QToolButton>
 
 #include "forms/SelectPictureDirectoryForm.h"
-#include "forms/frmSplash.h"
 #include "forms/frmSystemTray.h"
 #include "forms/frmlocatefiles.h"
 #include "pictures/pixels.h"
@@ -187,73 +185,6 @@ TEST_F(MainWindowTest, Dragging_the_frame_resizes_the_form) {
   EXPECT_NEAR(window.Width, (width / world.views.GetUnits().factor + 8) * 15, 0.01);
   // To the pixel that the design comes to in this font.
   EXPECT_NEAR(window.Height, 11100, 15);
-}
-
-TEST(PutAway, The_splash_gives_its_window_back_and_comes_anew) {
-  QtWorld world;
-  App app{world.platform};
-  world.views.Attach(app.frmSplash);
-  app.frmSplash.Show();
-  Settle();
-  const QPointer<QWidget> first = world.views.ViewOf(app.frmSplash);
-  ASSERT_TRUE(first && first->isVisible());
-  app.frmSplash.Hide();
-  Settle();
-  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-  EXPECT_TRUE(first.isNull());
-  app.frmSplash.Show();
-  Settle();
-  ASSERT_TRUE(world.views.ViewOf(app.frmSplash));
-  EXPECT_TRUE(world.views.ViewOf(app.frmSplash)->isVisible());
-  world.views.Close();
-}
-
-// With a picture that only has to be brought to its size.
-struct FirstPaint : testing::Test {
-  FirstPaint() {
-    world.views.Attach(app.WPaper2);
-    app.WPaper2.Image1.Picture = Picture::FromPixels(Pixels::Make({1500, 1200}, PixelFormat::Rgb, 0), 24);
-    app.WPaper2.Image1.Visible = true;
-    app.WPaper2.Show();
-    hold = world.views.ViewOf(app.WPaper2)->findChild<QTimer*>("hold");
-    hold->setInterval(1'000'000);
-    world.views.ViewOf(app.WPaper2)->Pushes().Flush();
-    wasAskedUnseen = decoding.HasWork();
-    Settle();
-  }
-  ~FirstPaint() override { world.views.Close(); }
-  bool IsUnpainted() const { return !world.views.ViewOf(app.WPaper2)->updatesEnabled(); }
-
-  QtWorld world;
-  DecodingService decoding{world.headless.files};
-  Platform platform = world.PlatformWith(decoding);
-  App app{platform};
-  QTimer* hold = nullptr;
-  bool wasAskedUnseen = false;
-};
-
-TEST_F(FirstPaint, asks_for_the_picture_once_the_window_is_on_the_screen) {
-  EXPECT_FALSE(wasAskedUnseen);
-  EXPECT_TRUE(decoding.HasWork());
-}
-
-TEST_F(FirstPaint, waits_for_a_picture_that_is_nearly_there) {
-  EXPECT_TRUE(IsUnpainted());
-  EXPECT_TRUE(decoding.RunNext());
-  Settle();
-  EXPECT_FALSE(IsUnpainted());
-}
-
-TEST_F(FirstPaint, has_the_memory_that_it_paints_into_before_the_picture_is_there) {
-  const QWidget& view = *world.views.ViewOf(app.WPaper2);
-  EXPECT_TRUE(IsUnpainted());
-  EXPECT_EQ(view.backingStore()->size(), view.size());
-}
-
-TEST_F(FirstPaint, does_not_wait_long) {
-  EXPECT_TRUE(IsUnpainted());
-  QMetaObject::invokeMethod(hold, "timeout");
-  EXPECT_FALSE(IsUnpainted());
 }
 
 TEST_F(MainWindowTest, A_change_of_the_form_does_not_undo_what_the_window_manager_did) {
