@@ -1,9 +1,9 @@
 #include "pictures/in_parts.h"
 
 #include <algorithm>
-#include <system_error>
-#include <thread>
 #include <vector>
+
+#include "base/start_thread.h"
 
 namespace lumidex {
 
@@ -15,17 +15,17 @@ void InParts(std::size_t count, std::size_t least,
       std::min<std::size_t>(std::thread::hardware_concurrency(), count / std::max<std::size_t>(least, 1)), 1,
       most);
   const auto edge = [&](std::size_t part) { return count * part / parts; };
-  std::vector<std::thread> threads;
+  std::vector<std::jthread> threads;
   threads.reserve(parts - 1);
   for (std::size_t part = 1; part < parts; ++part) {
-    try {
-      threads.emplace_back(work, edge(part), edge(part + 1));
-    } catch (const std::system_error&) {
+    auto thread = StartThread([&work, begin = edge(part), end = edge(part + 1)] { work(begin, end); });
+    if (thread) {
+      threads.push_back(std::move(*thread));
+    } else {
       work(edge(part), edge(part + 1));
     }
   }
   work(0, edge(1));
-  for (std::thread& thread : threads) thread.join();
 }
 
 }  // namespace lumidex
