@@ -203,7 +203,7 @@ TEST(QtEventQueue, Without_threads_work_aside_is_done_at_once) {
 }
 
 // Tells when it has been painted.
-class PaintedWidget final : public QWidget {
+class NoticingWidget final : public QWidget {
  public:
   std::promise<void> painted;
 
@@ -218,7 +218,7 @@ class PaintedWidget final : public QWidget {
 
 TEST(QtEventQueue, Work_aside_that_waits_for_a_paint_gets_it_and_nothing_else_is_served) {
   QtEventQueue events;
-  PaintedWidget widget;
+  NoticingWidget widget;
   std::string served;
   events.Post([&] { served += "posted"; });
   events.StartTimer(1, [&] { served += "ticked"; });

@@ -3,11 +3,13 @@
 #include <QBackingStore>
 #include <QPointer>
 #include <QTimer>
+#include <QWindow>
 
 #include "forms/WPaper2.h"
 #include "forms/app.h"
 #include "forms/frmSplash.h"
 #include "pictures/pixels.h"
+#include "platform/qt/mirrors/image_view.h"
 #include "ports/decoding.h"
 #include "qt/qt_world.h"
 
@@ -44,7 +46,6 @@ struct FirstPaint : testing::Test {
     hold->setInterval(1'000'000);
     world.views.ViewOf(app.WPaper2)->Pushes().Flush();
     wasAskedUnseen = decoding.HasWork();
-    Settle();
   }
   ~FirstPaint() override { world.views.Close(); }
   bool IsUnpainted() const { return !world.views.ViewOf(app.WPaper2)->updatesEnabled(); }
@@ -58,11 +59,13 @@ struct FirstPaint : testing::Test {
 };
 
 TEST_F(FirstPaint, asks_for_the_picture_once_the_window_is_on_the_screen) {
+  Settle();
   EXPECT_FALSE(wasAskedUnseen);
   EXPECT_TRUE(decoding.HasWork());
 }
 
 TEST_F(FirstPaint, waits_for_a_picture_that_is_nearly_there) {
+  Settle();
   EXPECT_TRUE(IsUnpainted());
   EXPECT_TRUE(decoding.RunNext());
   Settle();
@@ -70,12 +73,29 @@ TEST_F(FirstPaint, waits_for_a_picture_that_is_nearly_there) {
 }
 
 TEST_F(FirstPaint, has_the_memory_that_it_paints_into_before_the_picture_is_there) {
+  Settle();
   const QWidget& view = *world.views.ViewOf(app.WPaper2);
   EXPECT_TRUE(IsUnpainted());
   EXPECT_EQ(view.backingStore()->size(), view.size());
 }
 
+// The window manager may tell its size before the window is on the screen, and the picture is made meanwhile.
+TEST_F(FirstPaint, does_not_wait_for_a_picture_that_is_there_already) {
+  FormView& view = *world.views.ViewOf(app.WPaper2);
+  view.resize(view.size() + QSize(40, 30));
+  app.WPaper2.Image1.Width = app.WPaper2.Image1.Width + 300;
+  view.Pushes().Flush();
+  ASSERT_TRUE(decoding.RunNext());
+  QCoreApplication::sendPostedEvents();
+  ASSERT_FALSE(view.windowHandle()->isExposed());
+  ASSERT_TRUE(static_cast<ImageView*>(view.WidgetOf(app.WPaper2.Image1))->HasPicture());
+  Settle();
+  EXPECT_TRUE(view.windowHandle()->isExposed());
+  EXPECT_FALSE(IsUnpainted());
+}
+
 TEST_F(FirstPaint, does_not_wait_long) {
+  Settle();
   EXPECT_TRUE(IsUnpainted());
   QMetaObject::invokeMethod(hold, "timeout");
   EXPECT_FALSE(IsUnpainted());

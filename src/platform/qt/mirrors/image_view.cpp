@@ -106,8 +106,11 @@ void ImageView::Ask() {
   const QSize box = wantedPixels_ ? wantedPixels_->size()
                                   : (QSizeF(BoxIn(place.size(), picture_).size()) * ratio_).toSize();
   shown_.Want(picture_, box, PriorityOf(place.size()));
-  if (!shown_.IsWaiting()) return;
-  if (!untilBusy_.isActive() && !busy_) untilBusy_.start();
+  if (!shown_.IsWaiting()) {
+    if (onShown) onShown();
+  } else if (!untilBusy_.isActive() && !busy_) {
+    untilBusy_.start();
+  }
 }
 
 bool ImageView::AwaitsExposure() {

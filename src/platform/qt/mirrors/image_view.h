@@ -39,7 +39,7 @@ class ImageView final : public PaintedWidget {
   bool IsNearlyThere() const { return isVisible() && IsWaiting() && picture_.HeldBytes() > 0; }
   QSize sizeHint() const override;
 
-  // Something else is painted from now on.
+  // What was wanted last is painted from now on, or was painted already when it was asked for.
   std::function<void()> onShown;
 
  protected:
