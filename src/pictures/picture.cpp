@@ -18,11 +18,13 @@ struct Picture::State {
   std::shared_ptr<std::atomic<bool>> stopMark = std::make_shared<std::atomic<bool>>(false);
   PictureFacts facts;
   std::mutex mutex;
+  std::atomic<int> waiting{0};        // for the mutex while it is held for a decode
   Pixels pixels;                      // the last answer
   bool fullWanted = false;            // somebody has asked for all pixels, and may do so again
   Pixels shown;                       // scaled for showing
   std::atomic<std::size_t> bytes{0};  // of both; read without the mutex, which a decode holds long
 
+  std::unique_lock<std::mutex> Lock();
   bool IsDrawnAt(Size wanted) const { return facts.scalable && wanted.width > 0 && wanted.height > 0; }
   bool Covers(Size wanted) const;
   Size SizeToShow(Size wanted) const;
@@ -31,6 +33,16 @@ struct Picture::State {
   void KeepShown(Pixels answer);
   void Count() { bytes = pixels.ByteCount() + (shown.Data() == pixels.Data() ? 0 : shown.ByteCount()); }
 };
+
+std::unique_lock<std::mutex> Picture::State::Lock() {
+  std::unique_lock lock(mutex, std::try_to_lock);
+  if (!lock) {
+    ++waiting;
+    lock.lock();
+    --waiting;
+  }
+  return lock;
+}
 
 bool Picture::State::Covers(Size wanted) const {
   const Size have = pixels.GetSize();
@@ -121,6 +133,10 @@ std::size_t Picture::HeldBytes() const {
   return state_ ? state_->bytes.load() : 0;
 }
 
+bool Picture::IsAwaited() const {
+  return state_ && state_->waiting > 0;
+}
+
 Pixels Picture::FullPixels() const {
   return PixelsFor({});
 }
@@ -133,7 +149,7 @@ Pixels Picture::Release(Picture picture) {
 
 Pixels Picture::PixelsFor(Size wanted, const std::stop_token& stop) const {
   if (!state_) return {};
-  const std::scoped_lock lock(state_->mutex);
+  const auto lock = state_->Lock();
   if (wanted.width <= 0 || wanted.height <= 0) state_->fullWanted = true;
   if (!state_->Covers(wanted) && state_->decoder) {
     Pixels answer = state_->Decode({wanted, Fit::AtLeast, stop});
@@ -150,7 +166,7 @@ JpegMetadata Picture::Metadata() const {
 
 std::vector<std::uint8_t> Picture::Drawing() const {
   if (!state_) return {};
-  const std::scoped_lock lock(state_->mutex);
+  const auto lock = state_->Lock();
   if (!state_->decoder) return {};
   // A decode that was stopped has left the file ended.
   *state_->stopMark = false;
@@ -159,7 +175,7 @@ std::vector<std::uint8_t> Picture::Drawing() const {
 
 Pixels Picture::PixelsToShow(Size wanted, const std::stop_token& stop) const {
   if (!state_ || wanted.width <= 0 || wanted.height <= 0) return {};
-  const std::scoped_lock lock(state_->mutex);
+  const auto lock = state_->Lock();
   const Size size = state_->SizeToShow(wanted);
   const Size have = state_->shown.GetSize();
   if (have == size) return state_->shown;

@@ -63,6 +63,9 @@ class Picture {
   // Bytes of the pixels that are kept. Never waits for a decode that is running elsewhere.
   std::size_t HeldBytes() const;
 
+  // True while somebody waits for pixels that another thread is making.
+  bool IsAwaited() const;
+
   // The same picture object (not the same content).
   bool operator==(const Picture& other) const { return state_ == other.state_; }
 

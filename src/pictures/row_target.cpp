@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "pictures/pace.h"
+
 namespace lumidex {
 
 bool IsReducedFor(Size size, Size wanted) {
@@ -29,6 +31,11 @@ std::span<std::uint32_t> RowTarget::Row(int ahead) {
 void RowTarget::Add(int count) {
   for (int i = 0; reducer_ && i < count; ++i) reducer_->Add(rows_.Row(i));
   added_ += count;
+  constexpr int pixelsAtATime = 1 << 14;
+  sincePause_ += count * std::min(size_.width, pixelsAtATime);
+  if (sincePause_ < pixelsAtATime) return;
+  sincePause_ = 0;
+  Pace::Pause();
 }
 
 void RowTarget::AddBlank(int count, std::uint32_t word) {

@@ -1,6 +1,7 @@
 #pragma once
 // Where decoders put the rows that they make one after the other: into all pixels of the picture or, when it
-// is shown smaller, into their area average, so that the whole of a large picture is never held.
+// is shown smaller, into their area average, so that the whole of a large picture is never held. Between rows
+// the work pauses (pictures/pace.h).
 
 #include <optional>
 
@@ -40,6 +41,7 @@ class RowTarget {
   Size size_;
   RowOrder order_;
   int added_ = 0;
+  int sincePause_ = 0;                 // pixels
   Pixels pixels_;                      // the picture, all of it or reduced
   Pixels rows_;                        // of a reduced picture: those worked on
   std::optional<RowReducer> reducer_;  // of a reduced picture

@@ -12,6 +12,8 @@
 // once, and decoded when its cell is shown: in the order of the cells, on all processors. Each picture that
 // is still to come keeps its file open.
 //
+// What is read ahead lets everybody else have the processor first, until somebody waits for it.
+//
 // This class decodes only when RunNext is called: by the threads of a desktop (platform/posix/
 // decoding_threads.h), by a test. Headless, what is shown is decoded at once and nothing is read ahead. Every
 // function may be called from any thread.

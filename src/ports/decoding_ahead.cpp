@@ -4,10 +4,12 @@
 #include <chrono>
 #include <exception>
 #include <limits>
+#include <thread>
 #include <utility>
 
 #include "base/run_time_error.h"
 #include "pictures/codec.h"
+#include "pictures/pace.h"
 #include "pictures/pixels.h"
 #include "ports/decoding_work.h"
 
@@ -375,6 +377,9 @@ bool DecodingService::DecodeAhead(Reading& reading) {
     if (reading.waitsForRoom) return false;
   }
   const std::stop_token stop = reading.stop.get_token();
+  const Pace pace([&picture] {
+    if (!picture.IsAwaited()) std::this_thread::yield();
+  });
   const Pixels pixels =
       extent == DecodingExtent::Shown ? picture.PixelsToShow(size, stop) : picture.PixelsFor(size, stop);
   return !pixels.IsEmpty();

@@ -33,6 +33,26 @@ TEST(StartThread, begins_on_another_processor_than_its_starter) {
   EXPECT_GT(elsewhere, rounds / 2);
 }
 
+TEST(StartThread, lets_others_go_first) {
+  if (sched_getscheduler(0) != SCHED_OTHER) GTEST_SKIP() << "a priority of its own";
+  int policy = SCHED_OTHER;
+  StartThread([&policy] { policy = sched_getscheduler(0); });
+  EXPECT_EQ(policy, SCHED_BATCH);
+  EXPECT_EQ(sched_getscheduler(0), SCHED_OTHER);
+}
+
+TEST(StartThread, ends_the_thread_by_its_stop_token) {
+  std::atomic<bool> hasEnded = false;
+  {
+    const auto thread = StartThread([&hasEnded](const std::stop_token& end) {
+      while (!end.stop_requested()) std::this_thread::yield();
+      hasEnded = true;
+    });
+    ASSERT_TRUE(thread);
+  }
+  EXPECT_TRUE(hasEnded);
+}
+
 TEST(StartThread, leaves_the_thread_every_processor_afterwards) {
   cpu_set_t allowed, seen;
   ASSERT_EQ(sched_getaffinity(0, sizeof allowed, &allowed), 0);

@@ -1,7 +1,5 @@
 #include "platform/posix/decoding_threads.h"
 
-#include <sched.h>
-
 #include <algorithm>
 
 #include "base/start_thread.h"
@@ -12,15 +10,6 @@ namespace {
 unsigned ThreadCount(unsigned asked) {
   constexpr unsigned most = 4;
   return asked > 0 ? asked : std::clamp(std::thread::hardware_concurrency(), 1U, most);
-}
-
-// One that is woken does not push aside whoever has woken it, which has something to do until it asks for
-// what is read or decoded here. A priority that the program was given as a whole stays.
-void LeaveWakersAlone() {
-#ifdef SCHED_BATCH
-  const sched_param usual{};
-  if (sched_getscheduler(0) == SCHED_OTHER) sched_setscheduler(0, SCHED_BATCH, &usual);
-#endif
 }
 
 }  // namespace
@@ -60,7 +49,6 @@ void DecodingThreads::StartOne() {
 }
 
 void DecodingThreads::Work(const std::stop_token& end) {
-  LeaveWakersAlone();
   std::unique_lock lock(mutex_);
   while (!end.stop_requested()) {
     const std::uint64_t seen = wakes_;
