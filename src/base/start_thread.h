@@ -22,10 +22,14 @@ struct ThreadStart {
   static void Elsewhere(std::thread::native_handle_type thread);
 };
 
+// Where a thread begins: as the system finds, or on another processor than its starter's, which has much to do
+// itself. More of those at a time than there are other processors would wait for each other.
+enum class Beginning { Anywhere, Elsewhere };
+
 // Runs `work`, which may take a stop token, on a thread of its own; none when the system has no thread to
 // give, and then `work` is not run.
 template <class Work>
-std::optional<std::jthread> StartThread(Work&& work) {
+std::optional<std::jthread> StartThread(Work&& work, Beginning beginning = Beginning::Anywhere) {
   try {
     std::jthread thread([work = std::forward<Work>(work)](const std::stop_token& end) mutable {
       ThreadStart::BeUnhurried();
@@ -35,7 +39,7 @@ std::optional<std::jthread> StartThread(Work&& work) {
         work();
       }
     });
-    ThreadStart::Elsewhere(thread.native_handle());
+    if (beginning == Beginning::Elsewhere) ThreadStart::Elsewhere(thread.native_handle());
     return thread;
   } catch (const std::system_error&) {
     return std::nullopt;

@@ -23,7 +23,7 @@ TEST(StartThread, begins_on_another_processor_than_its_starter) {
   for (int i = 0; i < rounds; ++i) {
     std::atomic<int> where{-1};
     const int here = sched_getcpu();
-    const auto thread = StartThread([&where] { where = sched_getcpu(); });
+    const auto thread = StartThread([&where] { where = sched_getcpu(); }, Beginning::Elsewhere);
     ASSERT_TRUE(thread);
     while (where < 0) {
     }

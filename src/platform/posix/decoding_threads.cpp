@@ -43,7 +43,8 @@ void DecodingThreads::Woken(bool isToShow) {
 
 void DecodingThreads::StartOne() {
   if (threads_.size() >= options_.threads) return;
-  auto thread = StartThread([this](const std::stop_token& end) { Work(end); });
+  auto thread = StartThread([this](const std::stop_token& end) { Work(end); },
+                            threads_.empty() ? Beginning::Elsewhere : Beginning::Anywhere);
   if (thread) threads_.push_back(std::move(*thread));
   areAllStarted_ = threads_.size() >= options_.threads;
 }

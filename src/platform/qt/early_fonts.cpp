@@ -10,7 +10,7 @@ namespace lumidex {
 
 // Fontconfig keeps the first configuration that was read for the whole process and is safe to ask from any
 // thread.
-EarlyFonts::EarlyFonts() : reading_(StartThread([] { FcInit(); })) {}
+EarlyFonts::EarlyFonts() : reading_(StartThread([] { FcInit(); }, Beginning::Elsewhere)) {}
 
 // So is the library's own list of fonts, which it makes when it is first asked.
 void EarlyFonts::LearnNames() {
