@@ -22,8 +22,8 @@ struct ThreadStart {
   static void Elsewhere(std::thread::native_handle_type thread);
 };
 
-// Where a thread begins: as the system finds, or on another processor than its starter's, which has much to do
-// itself. More of those at a time than there are other processors would wait for each other.
+// Where a thread begins: as the system finds, or on another processor than its starter's, which has much to
+// do itself. More of those at a time than there are other processors would wait for each other.
 enum class Beginning { Anywhere, Elsewhere };
 
 // Runs `work`, which may take a stop token, on a thread of its own; none when the system has no thread to
