@@ -58,10 +58,12 @@ TEST(StartThread, leaves_the_thread_every_processor_afterwards) {
   ASSERT_EQ(sched_getaffinity(0, sizeof allowed, &allowed), 0);
   std::atomic<bool> mayLook = false;
   {
-    const auto thread = StartThread([&] {
+    const auto look = [&] {
       mayLook.wait(false);
       sched_getaffinity(0, sizeof seen, &seen);
-    });
+    };
+    const auto thread = StartThread(look, Beginning::Elsewhere);
+    ASSERT_TRUE(thread);
     mayLook = true;
     mayLook.notify_all();
   }
