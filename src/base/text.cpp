@@ -40,8 +40,7 @@ std::size_t OffsetOf(std::string_view text, std::int32_t count) {
 // `mapAscii` does for a plain character what `map` does for any.
 template <class MapAscii, class Map>
 std::string MapCharacters(std::string_view text, MapAscii mapAscii, Map map) {
-  const auto isOther = [](char c) { return static_cast<unsigned char>(c) >= 0x80; };
-  const auto plain = static_cast<std::size_t>(std::ranges::find_if(text, isOther) - text.begin());
+  const auto plain = static_cast<std::size_t>(std::ranges::find_if_not(text, IsAscii) - text.begin());
   std::string mapped(text.substr(0, plain));
   std::ranges::transform(mapped, mapped.begin(), mapAscii);
   text.remove_prefix(plain);
@@ -61,9 +60,6 @@ std::string MapCharacters(std::string_view text, MapAscii mapAscii, Map map) {
 
 char LowerAscii(char c) {
   return static_cast<char>(c >= 'A' && c <= 'Z' ? c + ('a' - 'A') : c);
-}
-char UpperAscii(char c) {
-  return static_cast<char>(c >= 'a' && c <= 'z' ? c - ('a' - 'A') : c);
 }
 unsigned char FoldAscii(char c) {
   return static_cast<unsigned char>(LowerAscii(c));
@@ -106,6 +102,10 @@ std::string Left(std::string_view text, std::int32_t count) {
 
 std::string Right(std::string_view text, std::int32_t count) {
   if (count < 0) throw RunTimeError(ErrorNumber::InvalidCall);
+  const auto bytes = static_cast<std::size_t>(count);
+  // Plain characters are never part of another one, so nothing before them has to be counted.
+  if (bytes <= text.size() && std::ranges::all_of(text.substr(text.size() - bytes), IsAscii))
+    return std::string(text.substr(text.size() - bytes));
   return std::string(text.substr(OffsetOf(text, std::max(0, Len(text) - count))));
 }
 
@@ -142,8 +142,13 @@ std::string LCase(std::string_view text) {
 std::optional<double> NumberAtStart(std::string_view text) {
   while (!text.empty() && (text.front() == ' ' || text.front() == '\t')) text.remove_prefix(1);
   if (text.starts_with('+')) text.remove_prefix(1);
+  const char* const end = text.data() + text.size();
+  // Most numbers are whole and nothing follows them, and are read much faster as such.
+  std::int32_t whole = 0;
+  if (const auto read = std::from_chars(text.data(), end, whole); read.ec == std::errc() && read.ptr == end)
+    return whole;
   double value = 0;
-  const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
+  const auto result = std::from_chars(text.data(), end, value);
   if (result.ec != std::errc() || !std::isfinite(value)) return {};
   return value;
 }

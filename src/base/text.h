@@ -26,6 +26,13 @@ std::int32_t InStr(std::string_view text, std::string_view wanted);
 // Without leading and trailing blanks (only blanks, not tabs).
 std::string Trim(std::string_view text);
 
+inline bool IsAscii(char byte) {
+  return static_cast<unsigned char>(byte) < 0x80;
+}
+// The capital of an ASCII letter; any other byte stays as it is.
+inline char UpperAscii(char byte) {
+  return static_cast<char>(byte >= 'a' && byte <= 'z' ? byte - ('a' - 'A') : byte);
+}
 // Unicode's simple case mappings, character by character.
 std::string UCase(std::string_view text);
 std::string LCase(std::string_view text);

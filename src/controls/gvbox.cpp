@@ -88,7 +88,7 @@ lumidex::Picture Gvbox::Open(const std::string& path) {
   return picture;
 }
 
-void Gvbox::ReadFilesAhead(DecodingPriority priority, std::vector<std::string> paths, DecodingExtent extent,
+void Gvbox::ReadFilesAhead(DecodingPriority priority, PathList paths, DecodingExtent extent,
                            DecodingService::ShownSize shown) {
   if (!ahead_) ahead_ = std::make_unique<DecodingService::Client>(Owner().GetPlatform().decoding);
   ahead_->Want(priority, {std::move(paths), extent, std::move(shown), ChosenDecoding()}, opened_);
@@ -107,7 +107,7 @@ DecoderOptions Gvbox::ChosenDecoding() const {
   return options;
 }
 
-lumidex::Picture Gvbox::Usable() const {
+const lumidex::Picture& Gvbox::Usable() const {
   if (failed_) throw RunTimeError(ErrorNumber::InvalidPicture).About(fileName_);
   return working_;
 }

@@ -35,7 +35,7 @@ class Gvbox final : public PointedControl {
   // `shown` is for the extent Shown. Whoever opens them here one after the other finds them opened or decoded
   // (ports/decoding.h). As neighbours they are read while the program idles, and the file opened last is kept
   // for going back to it. Replaces what was wished before; no paths end it.
-  void ReadFilesAhead(DecodingPriority priority, std::vector<std::string> paths, DecodingExtent extent,
+  void ReadFilesAhead(DecodingPriority priority, PathList paths, DecodingExtent extent,
                       DecodingService::ShownSize shown = {});
 
   // The working image as a picture object; with a ThumbnailSize a reduced copy that fits a square of so many
@@ -129,7 +129,7 @@ class Gvbox final : public PointedControl {
   static void RefuseZoom(Element& owner, const float& value);
   static void ZoomChanged(Element& owner);
   void TakePicture(const lumidex::Picture& picture);
-  lumidex::Picture Usable() const;
+  const lumidex::Picture& Usable() const;
   lumidex::Picture Open(const std::string& path);
   DecoderOptions ChosenDecoding() const;
   JpegWriterOptions ChosenWriting() const;

@@ -47,11 +47,11 @@ void SplitPath(const App& app, const std::string& path, std::string& drive, std:
   if (path.empty()) return;
   const char separator = app.platform.files.Separator();
   const bool hasDrive = separator == '\\';
-  const std::string rest = hasDrive ? Mid(path, 3) : path;
-  const auto cut = rest.rfind(separator);
   drive = hasDrive ? Left(path, 2) : std::string();
-  directory = cut == std::string::npos ? std::string() : rest.substr(0, cut + 1);
-  if (cut != std::string::npos) file = rest.substr(cut + 1);
+  const std::string_view rest = std::string_view(path).substr(drive.size());
+  const auto nameStart = rest.rfind(separator) + 1;  // npos + 1 is 0
+  directory = rest.substr(0, nameStart);
+  if (nameStart > 0) file = rest.substr(nameStart);
 }
 
 std::string ShortenPath(const App& app, const std::string& path, std::int32_t maxLength) {

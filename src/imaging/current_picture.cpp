@@ -84,13 +84,13 @@ void ReadNeighboursAhead(App& app) {
   const WPaper2Window& window = app.WPaper2;
   const ListBox& list = window.LstRight;
   const int count = list.ListCount(), current = list.ListIndex();
-  std::vector<std::string> neighbours;
+  PathList neighbours;
   for (const int step : {1, count - 1}) {
     if (current < 0 || count < 2) break;
     const std::string path = list.List((current + step) % count);
-    if (path == list.Text() || (!neighbours.empty() && neighbours.front() == path)) continue;
+    if (path == list.Text() || (neighbours.Count() > 0 && neighbours[0] == path)) continue;
     // Those come through the platform's own loader.
-    if (InStr(UCase(path), ".GIF") == 0) neighbours.push_back(path);
+    if (InStr(UCase(path), ".GIF") == 0) neighbours.Add(path);
   }
   const Size area{static_cast<int>(window.Picture1.ScaleWidth()),
                   static_cast<int>(window.Picture1.ScaleHeight())};

@@ -1,8 +1,7 @@
 #pragma once
 // Has the files that an image control is going to open read beforehand, for whoever goes through a list.
 
-#include <string>
-#include <vector>
+#include <utility>
 
 #include "controls/gvbox.h"
 
@@ -12,7 +11,7 @@ class FilesAhead {
  public:
   // In the order in which they will be opened; a file that is not asked for after all does no harm. Ends with
   // this object, and when the control is given other wishes.
-  FilesAhead(Gvbox& control, std::vector<std::string> paths, DecodingExtent extent) : control_(control) {
+  FilesAhead(Gvbox& control, PathList paths, DecodingExtent extent) : control_(control) {
     control_.ReadFilesAhead(DecodingPriority::Batch, std::move(paths), extent);
   }
   ~FilesAhead() { control_.ReadFilesAhead(DecodingPriority::Batch, {}, DecodingExtent::Header); }
@@ -24,10 +23,9 @@ class FilesAhead {
 };
 
 // The entries of a list of paths.
-inline std::vector<std::string> EntriesOf(const ListBox& list) {
-  std::vector<std::string> entries;
-  entries.reserve(static_cast<std::size_t>(list.ListCount()));
-  for (int row = 0; row < list.ListCount(); ++row) entries.push_back(list.List(row));
+inline PathList EntriesOf(const ListBox& list) {
+  PathList entries;
+  for (int row = 0; row < list.ListCount(); ++row) entries.Add(list.List(row));
   return entries;
 }
 

@@ -11,11 +11,13 @@ std::string ProperCaseName(const App& app, const std::string& name) {
   bool isBehindPoint = false;
   for (std::size_t place = 0; place < proper.size();) {
     const char lead = proper[place];
-    const bool isPlain = static_cast<unsigned char>(lead) < 0x80;
-    std::size_t bytes = isPlain ? 1 : CharacterBytes(std::string_view(proper).substr(place));
+    std::size_t bytes = IsAscii(lead) ? 1 : CharacterBytes(std::string_view(proper).substr(place));
     const bool isSingle = bytes == 1;
     const bool isFirst = place == 0;
-    if (isFirst || isBehindPoint || before == ' ' || before == separator) {
+    const bool isRaised = isFirst || isBehindPoint || before == ' ' || before == separator;
+    if (isRaised && IsAscii(lead)) {
+      proper[place] = UpperAscii(lead);
+    } else if (isRaised) {
       const std::string raised = UCase(std::string_view(proper).substr(place, bytes));
       proper.replace(place, bytes, raised);
       bytes = raised.size();

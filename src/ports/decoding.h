@@ -27,6 +27,7 @@
 
 #include "ports/file_system.h"
 #include "ports/open_picture.h"
+#include "ports/path_list.h"
 
 namespace lumidex {
 
@@ -46,7 +47,7 @@ class DecodingService {
   // thread.
   using ShownSize = std::function<Size(Size full)>;
   struct Wish {
-    std::vector<std::string> paths;  // in the order in which they will be asked for
+    PathList paths;  // in the order in which they will be asked for
     DecodingExtent extent = DecodingExtent::Header;
     ShownSize shown = {};  // for the extents with a size
     DecoderOptions decoder = {};

@@ -47,14 +47,14 @@ constexpr std::size_t anywhere = std::numeric_limits<std::size_t>::max();
 
 std::size_t DecodingService::Record::PlaceOf(const std::string& path, std::size_t first,
                                              std::size_t most) const {
-  const std::size_t end = most < wish.paths.size() - first ? first + most : wish.paths.size();
+  const std::size_t end = most < wish.paths.Count() - first ? first + most : wish.paths.Count();
   for (std::size_t place = first; place < end; ++place) {
     if (wish.paths[place] == path) return place;
   }
-  return wish.paths.size();
+  return wish.paths.Count();
 }
 
-bool DecodingService::Record::Knows(const std::string& path) const {
+bool DecodingService::Record::Knows(std::string_view path) const {
   const auto isIt = [&](const OpenedPicture& opened) {
     return opened.path == path && opened.decoder == wish.decoder;
   };
@@ -123,7 +123,7 @@ void DecodingService::Want(Record& record, DecodingPriority priority, Wish wish,
       reading->place = record.PlaceOf(opened.path, 0, anywhere);
       const bool isCurrent = !opened.picture.IsEmpty() && opened.picture == record.current.picture;
       if (isCurrent && reading->isRunning) return false;
-      return isCurrent || reading->place == record.wish.paths.size() || opened.path == record.current.path ||
+      return isCurrent || reading->place == record.wish.paths.Count() || opened.path == record.current.path ||
              !(opened.decoder == record.wish.decoder) || reading->extent != record.wish.extent;
     });
     std::ranges::sort(record.readings, {}, &Record::PlaceIn);
@@ -182,7 +182,7 @@ void DecodingService::GoOnBehind(Record& record, const std::string& path) {
   // Whoever goes through files goes forward, and seldom leaves any out.
   constexpr std::size_t mostLeftOut = 64;
   const std::size_t place = record.PlaceOf(path, record.behind, mostLeftOut);
-  if (place == record.wish.paths.size()) return;
+  if (place == record.wish.paths.Count()) return;
   record.DropBefore(place + 1, spent_);
 }
 
@@ -192,7 +192,7 @@ std::optional<DecodingState> DecodingService::StateOf(const std::string& path) c
     for (const auto& reading : record->readings) {
       if (reading->opened.path == path) return reading->state;
     }
-    if (record->PlaceOf(path, record->next, anywhere) < record->wish.paths.size())
+    if (record->PlaceOf(path, record->next, anywhere) < record->wish.paths.Count())
       return DecodingState::Asked;
   }
   return std::nullopt;
@@ -224,14 +224,14 @@ bool DecodingService::HasRoomFor(const Reading& reading) const {
 bool DecodingService::HasWork() const {
   const auto lock = Lock();
   return orders_.size() > 0 || std::ranges::any_of(records_, [](const auto& record) {
-           return !record->gaveWay && record->next < record->wish.paths.size();
+           return !record->gaveWay && record->next < record->wish.paths.Count();
          });
 }
 
 bool DecodingService::HasWorkForIdleness() const {
   const auto lock = Lock();
   return std::ranges::any_of(records_, [&](const auto& record) {
-    return record->IsNeighbours() && record->next < record->wish.paths.size() && MayBegin(*record, true);
+    return record->IsNeighbours() && record->next < record->wish.paths.Count() && MayBegin(*record, true);
   });
 }
 
@@ -283,8 +283,8 @@ std::shared_ptr<DecodingService::Reading> DecodingService::NextOf(Record& record
 }
 
 std::shared_ptr<DecodingService::Reading> DecodingService::Begin(Record& record) {
-  while (record.next < record.wish.paths.size()) {
-    const std::string& path = record.wish.paths[record.next++];
+  while (record.next < record.wish.paths.Count()) {
+    const std::string_view path = record.wish.paths[record.next++];
     // A file that is listed twice is opened twice, which is more than a header's worth to find out.
     if (!record.IsForHeaders() && record.Knows(path)) continue;
     auto reading = std::make_shared<Reading>();

@@ -72,7 +72,7 @@ struct DecodingService::Record {
   // would be woken as often as files are opened.
   bool IsHungry() const {
     const bool isLow = readings.size() <= (IsForHeaders() ? mostHeadersAhead : mostAhead) / 2;
-    if (next < wish.paths.size() && (IsNeighbours() || (isLow && HasPlace()))) return true;
+    if (next < wish.paths.Count() && (IsNeighbours() || (isLow && HasPlace()))) return true;
     if (IsForHeaders()) return false;  // which need no room
     return std::ranges::any_of(readings, [](const auto& reading) { return reading->waitsForRoom; });
   }
@@ -80,7 +80,7 @@ struct DecodingService::Record {
   bool IsNeighbours() const { return priority == DecodingPriority::Neighbours; }
   // The place of a path from `first` on, but no further than `most` behind it; their number for none.
   std::size_t PlaceOf(const std::string& path, std::size_t first, std::size_t most) const;
-  bool Knows(const std::string& path) const;
+  bool Knows(std::string_view path) const;
   static std::size_t PlaceIn(const std::shared_ptr<Reading>& reading) { return reading->place; }
   // Its end when it is not one of these.
   std::deque<std::shared_ptr<Reading>>::iterator Find(const std::shared_ptr<Reading>& reading);

@@ -51,7 +51,7 @@ void FileSystem::OpenNumber(int number, const std::string& path, bool emptied) {
 void FileSystem::Print(int number, std::string_view text) {
   const auto file = std::ranges::find(open_, number, &OpenFile::number);
   if (file == open_.end()) throw RunTimeError(ErrorNumber::BadFileNumber);
-  file->sink->WriteText(text);
+  WorkOn(file->path, [&] { file->sink->WriteText(text); });
 }
 
 }  // namespace lumidex

@@ -38,8 +38,7 @@ class Scan {
     app_.frmstats.Pointer = MousePointer::Hourglass;
     BeginReports();
     const bool loads = app_.frmPreferences.chkCountFileColorDepth.Value == 1;
-    const FilesAhead ahead(app_.checkjpg.Picture1,
-                           loads ? EntriesOf(app_.WPaper2.LstRight) : std::vector<std::string>(),
+    const FilesAhead ahead(app_.checkjpg.Picture1, loads ? EntriesOf(app_.WPaper2.LstRight) : PathList(),
                            DecodingExtent::Header);
     const std::int32_t last = app_.WPaper2.LstRight.ListCount() - 1;
     while (index_ <= last) {
@@ -50,7 +49,7 @@ class Scan {
       app_.platform.events.Yield();
       ++index_;
     }
-    IgnoreError([&] { Files().OpenForAppend(htmlReport, app_.AppPath + "Report.Html"); });
+    IgnoreError([&] { Files().OpenForAppend(htmlReport, htmlPath_); });
     Print(htmlReport, HtmlReportFooter());
     Files().Close(htmlReport);
     Finish();
@@ -65,18 +64,17 @@ class Scan {
   }
 
   void BeginReports() {
-    const std::string text = app_.AppPath + "Report.Txt", html = app_.AppPath + "Report.Html";
-    IgnoreError([&] { Files().OpenForOutput(textReport, text); });
+    IgnoreError([&] { Files().OpenForOutput(textReport, textPath_); });
     Files().Close(textReport);
-    IgnoreError([&] { Files().OpenForOutput(htmlReport, html); });
-    IgnoreError([&] { Files().OpenForAppend(textReport, text); });
+    IgnoreError([&] { Files().OpenForOutput(htmlReport, htmlPath_); });
+    IgnoreError([&] { Files().OpenForAppend(textReport, textPath_); });
     Print(htmlReport, HtmlReportHeader());
     Files().Close(htmlReport);
   }
 
   void OpenBoth() {
-    IgnoreError([&] { Files().OpenForAppend(textReport, app_.AppPath + "Report.Txt"); });
-    IgnoreError([&] { Files().OpenForAppend(htmlReport, app_.AppPath + "Report.Html"); });
+    IgnoreError([&] { Files().OpenForAppend(textReport, textPath_); });
+    IgnoreError([&] { Files().OpenForAppend(htmlReport, htmlPath_); });
   }
 
   void HandleFile() {
@@ -111,10 +109,9 @@ class Scan {
 
   void WriteRow() {
     row_.ItemNo = index_;
+    SplitPath(app_, path_, row_.Drive, directory_, row_.FileName);
     // Without a separator directory and name stay those of the row before.
-    const std::string before = row_.Directory;
-    SplitPath(app_, path_, row_.Drive, row_.Directory, row_.FileName);
-    if (row_.Directory.empty()) row_.Directory = before;
+    if (!directory_.empty()) row_.Directory = directory_;
     row_.ColorText = ColorTextOf(depth_);
     row_.DimensionText = DimensionTextOf(app_.ImageWidth, app_.ImageHeight);
     row_.SizeText = SizeTextOf(size_);
@@ -152,6 +149,7 @@ class Scan {
 
   App& app_;
   const int opening_;
+  const std::string textPath_ = app_.AppPath + "Report.Txt", htmlPath_ = app_.AppPath + "Report.Html";
   std::int32_t index_ = 0;
   std::string path_;
   std::int32_t size_ = 0;
@@ -159,6 +157,7 @@ class Scan {
   ScanCounts counts_;
   ShownCounts shown_;
   ReportRow row_;
+  std::string directory_;
   ReportWidths widths_;
 };
 

@@ -44,7 +44,9 @@ void ScanCounts::CountSize(std::int32_t bytes) {
 
 void ScanCounts::CountType(const std::string& path) {
   constexpr int jpeg = 13;
-  const std::string extension = UCase(Right(Trim(path), 4));
+  // Types have no blanks, so those at the front decide nothing.
+  const auto end = path.find_last_not_of(' ') + 1;  // npos + 1 is 0
+  const std::string extension = UCase(Right(std::string_view(path).substr(0, end), 4));
   if (extension == ".JPE") Raise(types[jpeg]);
   if (const int type = FileTypeOf(extension)) Raise(types[static_cast<std::size_t>(type)]);
 }

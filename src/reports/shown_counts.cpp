@@ -2,7 +2,7 @@
 
 #include <array>
 #include <charconv>
-#include <string_view>
+#include <string>
 
 #include "base/run_time_error.h"
 #include "base/text.h"
@@ -14,21 +14,11 @@
 namespace lumidex {
 namespace {
 
-void Write(TextBox& box, std::string_view text) {
-  if (box.Text.Get() != text) box.Text = std::string(text);
-}
-
-void WriteBare(TextBox& box, std::int32_t value) {
-  std::array<char, 16> text{};
-  const auto end = std::to_chars(text.data(), text.data() + text.size(), value);
-  Write(box, {text.data(), end.ptr});
-}
-
 // With the blank that stands before numbers without a sign.
 void WriteSpaced(TextBox& box, std::int32_t value) {
   std::array<char, 16> text{' '};
   const auto end = std::to_chars(text.data() + (value < 0 ? 0 : 1), text.data() + text.size(), value);
-  Write(box, {text.data(), end.ptr});
+  box.Text = std::string(text.data(), end.ptr);
 }
 
 }  // namespace
@@ -46,11 +36,11 @@ void ShownCounts::Show(const ScanCounts& counts, std::int32_t current) {
   for (int type = 1; type <= FileTypeCount; ++type) {
     const auto place = static_cast<std::size_t>(type);
     WriteNew(shown_.types[place], counts.types[place],
-             [&](std::int32_t count) { WriteBare(window.txtFileType(type), count); });
+             [&](std::int32_t count) { window.txtFileType(type).Text = Number(count); });
   }
   WriteSpaced(window.txtCurrentFile, current);
-  WriteSpaced(window.txtTotalFiles, app_.WPaper2.LstRight.ListCount());
   const auto writeTo = [](TextBox& box) { return [&box](std::int32_t count) { WriteSpaced(box, count); }; };
+  WriteNew(shownFiles_, app_.WPaper2.LstRight.ListCount(), writeTo(window.txtTotalFiles));
   TextBox* const depths[] = {&window.txtColors2, &window.txtColors16, &window.txtColors256,
                              &window.txtColors64K, &window.txtColors167M};
   for (std::size_t i = 0; i < counts.depths.size(); ++i)
@@ -62,7 +52,7 @@ void ShownCounts::Show(const ScanCounts& counts, std::int32_t current) {
     WriteNew(shown_.sizes[i], counts.sizes[i], writeTo(*sizes[i]));
   WriteNew(shown_.emptyFiles, counts.emptyFiles, writeTo(window.txtFileSizeUnavailable));
   WriteNew(shown_.totalBytes, counts.totalBytes,
-           [&](std::int32_t bytes) { Write(window.txtTotalSize, SizeTextOf(bytes)); });
+           [&](std::int32_t bytes) { window.txtTotalSize.Text = SizeTextOf(bytes); });
   ShowSums();
   turn_ = ++window.showings;
 }

@@ -19,6 +19,7 @@ class ShownCounts {
 
   App& app_;
   ScanCounts shown_;
+  std::int16_t shownFiles_ = 0;
   // A file changes some of fifty boxes. The others hold what they shall unless another scan was here.
   int turn_ = 0;
   bool writesAll_ = true;

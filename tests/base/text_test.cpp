@@ -11,6 +11,10 @@ TEST(Text, Lengths_and_cuts_count_characters) {
   EXPECT_EQ(Len("a\xC3\xA4\xE2\x82\xAC"), 3);
   EXPECT_EQ(Left("\xC3\xA4\xC3\xB6x", 2), "\xC3\xA4\xC3\xB6");
   EXPECT_EQ(Right("x\xC3\xA4\xC3\xB6", 2), "\xC3\xA4\xC3\xB6");
+  EXPECT_EQ(Right("\xC3\xA4.bmp", 4), ".bmp");
+  EXPECT_EQ(Right("\xC3\xA4.bmp", 5), "\xC3\xA4.bmp");
+  EXPECT_EQ(Right("a.bmp", 9), "a.bmp");
+  EXPECT_EQ(Right("a\xC3\xA4", 0), "");
   EXPECT_EQ(Mid("a\xC3\xA4z", 3), "z");
   EXPECT_EQ(Mid("abcdef", 2, 3), "bcd");
   EXPECT_EQ(Mid("abc", 9), "");
@@ -46,6 +50,11 @@ TEST(Text, Val_reads_leading_digits) {
   EXPECT_EQ(Val(" -3.5x"), -3.5);
   EXPECT_EQ(Val(""), 0);
   EXPECT_EQ(Val("x1"), 0);
+  EXPECT_EQ(Val("12"), 12);
+  EXPECT_EQ(Val("-12"), -12);
+  EXPECT_EQ(Val("12e1"), 120);
+  EXPECT_EQ(Val("12."), 12);
+  EXPECT_EQ(Val("12345678901"), 12345678901.0);
 }
 
 TEST(Text, Numbers_are_written_without_blanks_or_leading_zero) {

@@ -45,7 +45,7 @@ class DecodingThreadsTest : public testing::Test {
   Picture Find(int number) { return decoding.Find(Path(number), disk.Look(Path(number))->stamp, {}); }
   void Want(std::vector<int> numbers, DecodingPriority priority = DecodingPriority::Neighbours) {
     DecodingService::Wish wish{{}, DecodingExtent::Full};
-    for (const int number : numbers) wish.paths.push_back(Path(number));
+    for (const int number : numbers) wish.paths.Add(Path(number));
     client.Want(priority, std::move(wish));
   }
   static void ExpectWhole(const Pixels& pixels, int number) {

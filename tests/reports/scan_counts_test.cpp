@@ -45,7 +45,8 @@ TEST(ScanCounts, A_counter_stops_at_the_end_of_its_width) {
 TEST(ScanCounts, Both_jpeg_extensions_share_a_type_and_case_does_not_matter) {
   ScanCounts counts;
   counts.CountType("C:\\a.jpg");
-  counts.CountType("C:\\a.JPE ");
+  counts.CountType("  C:\\a.JPE ");
+  counts.CountType("    ");
   counts.CountType("C:\\a.jpeg");
   EXPECT_EQ(counts.types[13], 2);
   EXPECT_EQ(counts.TypeTotal(), 2);

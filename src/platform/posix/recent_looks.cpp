@@ -2,35 +2,56 @@
 
 #include <algorithm>
 #include <functional>
-#include <span>
 
 namespace lumidex {
+namespace {
 
-RecentLooks::Seen& RecentLooks::PlaceOf(std::size_t hash, const std::string& path) {
-  const std::span set(&seen_[hash % sets * places], places);
-  const auto found =
-      std::ranges::find_if(set, [&](const Seen& seen) { return seen.hash == hash && seen.path == path; });
-  return found != set.end() ? *found : *std::ranges::min_element(set, {}, &Seen::until);
+struct Hash {
+  explicit Hash(const std::string& path) : bits(std::hash<std::string>()(path)) {}
+  std::uint32_t Mark() const { return static_cast<std::uint32_t>(bits >> 32); }
+
+  std::uint64_t bits;
+};
+
+}  // namespace
+
+std::size_t RecentLooks::Set::PlaceOf(std::uint32_t mark, const std::string& path) const {
+  for (std::size_t place = 0; place < places; ++place) {
+    if (marks[place] == mark && seen[place].path == path) return place;
+  }
+  return places;
 }
 
 std::optional<FileFacts> RecentLooks::Of(const std::string& path) {
-  const std::unique_lock lock(mutex_, std::try_to_lock);
-  if (!lock || seen_.empty()) return {};
-  const std::size_t hash = std::hash<std::string>()(path);
-  const Seen& seen = PlaceOf(hash, path);
-  if (seen.hash != hash || seen.path != path || seen.changes != changes_ || Clock::now() >= seen.until)
-    return {};
+  if (sets_.empty()) return {};
+  const Hash hash(path);
+  Set& set = sets_[hash.bits % sets];
+  const std::unique_lock lock(set.mutex, std::try_to_lock);
+  if (!lock) return {};
+  const std::size_t place = set.PlaceOf(hash.Mark(), path);
+  if (place == places) return {};
+  const Seen& seen = set.seen[place];
+  if (seen.changes != changes_ || Clock::now() >= seen.until) return {};
   return seen.facts;
 }
 
 void RecentLooks::Keep(const std::string& path, const FileFacts& facts, std::uint64_t begun) {
-  if (unnoticed_.count() == 0) return;
-  const std::unique_lock lock(mutex_, std::try_to_lock);
-  if (!lock || IsExcluded(path)) return;
-  if (seen_.empty()) seen_.resize(sets * places);
-  const std::size_t hash = std::hash<std::string>()(path);
-  Seen& seen = PlaceOf(hash, path);
-  seen.hash = hash;
+  if (sets_.empty()) return;
+  {
+    const std::scoped_lock lock(excluding_);
+    if (IsExcluded(path)) return;
+  }
+  const Hash hash(path);
+  Set& set = sets_[hash.bits % sets];
+  const std::unique_lock lock(set.mutex, std::try_to_lock);
+  if (!lock) return;
+  std::size_t place = set.PlaceOf(hash.Mark(), path);
+  if (place == places) {
+    const auto oldest = std::ranges::min_element(set.seen, {}, &Seen::until);
+    place = static_cast<std::size_t>(oldest - set.seen.begin());
+  }
+  set.marks[place] = hash.Mark();
+  Seen& seen = set.seen[place];
   seen.path = path;
   seen.facts = facts;
   seen.until = Clock::now() + unnoticed_;
@@ -43,7 +64,7 @@ bool RecentLooks::IsExcluded(const std::string& path) const {
 
 void RecentLooks::Exclude(const std::string& path) {
   if (IsExcluded(path)) return;
-  const std::scoped_lock lock(mutex_);
+  const std::scoped_lock lock(excluding_);
   excluded_[nextExcluded_++ % excluded_.size()] = path;
   ForgetAll();
 }

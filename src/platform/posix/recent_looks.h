@@ -17,7 +17,8 @@ namespace lumidex {
 class RecentLooks {
  public:
   // What was told stays true for that time; for none of it nothing is kept.
-  explicit RecentLooks(std::chrono::nanoseconds unnoticed) : unnoticed_(unnoticed) {}
+  explicit RecentLooks(std::chrono::nanoseconds unnoticed)
+      : unnoticed_(unnoticed), sets_(unnoticed.count() == 0 ? 0 : sets) {}
 
   std::optional<FileFacts> Of(const std::string& path);
   // `begun` is what Changes told before the look.
@@ -31,7 +32,6 @@ class RecentLooks {
  private:
   using Clock = std::chrono::steady_clock;
   struct Seen {
-    std::size_t hash = 0;  // of the path
     std::string path;
     FileFacts facts;
     Clock::time_point until{};
@@ -40,16 +40,24 @@ class RecentLooks {
   // Several times as many as a few milliseconds bring. Each path has some places where it may be, so that one
   // that is still to be asked for is hardly ever pushed out.
   static constexpr std::size_t sets = 256, places = 4;
+  // Two threads seldom meet at one set. What the search looks at lies together, since another processor has
+  // written it mostly.
+  struct alignas(64) Set {
+    std::mutex mutex;
+    std::array<std::uint32_t, places> marks{};  // the upper bits of the paths' hashes
+    std::array<Seen, places> seen;
 
-  // Where it is, or else the place to put it.
-  Seen& PlaceOf(std::size_t hash, const std::string& path);
+    // Where it is; `places` for nowhere.
+    std::size_t PlaceOf(std::uint32_t mark, const std::string& path) const;
+  };
+
   bool IsExcluded(const std::string& path) const;
 
   const std::chrono::nanoseconds unnoticed_;
-  std::mutex mutex_;
-  std::vector<Seen> seen_;  // none until the first is kept
+  std::vector<Set> sets_;  // none when nothing is kept
   std::atomic<std::uint64_t> changes_{0};
-  std::array<std::string, 4> excluded_;  // written by one thread
+  std::mutex excluding_;
+  std::array<std::string, 4> excluded_;  // written by one thread, read by others under the mutex
   std::size_t nextExcluded_ = 0;
 };
 

@@ -36,18 +36,24 @@ class Descriptor {
   int number_;
 };
 
+// 0, or the error.
+int WriteBytes(const Descriptor& file, std::span<const std::uint8_t> bytes) {
+  while (!bytes.empty()) {
+    const ssize_t count = write(file.Number(), bytes.data(), bytes.size());
+    if (count < 0) {
+      if (errno == EINTR) continue;
+      return errno;
+    }
+    bytes = bytes.subspan(static_cast<std::size_t>(count));
+  }
+  return 0;
+}
+
 class FileSink final : public ByteSink {
  public:
   FileSink(const Descriptor& file, const std::string& path) : file_(file), path_(path) {}
   void Write(std::span<const std::uint8_t> bytes) override {
-    while (!bytes.empty()) {
-      const ssize_t count = write(file_.Number(), bytes.data(), bytes.size());
-      if (count < 0) {
-        if (errno == EINTR) continue;
-        RaiseSystemError(errno, path_);
-      }
-      bytes = bytes.subspan(static_cast<std::size_t>(count));
-    }
+    if (const int error = WriteBytes(file_, bytes)) RaiseSystemError(error, path_);
   }
 
  private:
@@ -55,13 +61,15 @@ class FileSink final : public ByteSink {
   const std::string& path_;
 };
 
+// Whoever has it open knows its name.
 class EndOfFile final : public ByteSink {
  public:
-  EndOfFile(int file, std::string path) : path_(std::move(path)), file_(file) {}
-  void Write(std::span<const std::uint8_t> bytes) override { FileSink(file_, path_).Write(bytes); }
+  explicit EndOfFile(int file) : file_(file) {}
+  void Write(std::span<const std::uint8_t> bytes) override {
+    if (const int error = WriteBytes(file_, bytes)) RaiseSystemError(error, {});
+  }
 
  private:
-  const std::string path_;
   const Descriptor file_;
 };
 
@@ -188,7 +196,7 @@ std::unique_ptr<ByteSink> OpenFileAtEnd(const std::string& path, bool emptied) {
   const int file =
       open(path.c_str(), O_WRONLY | O_CREAT | O_APPEND | emptying | O_CLOEXEC | O_NONBLOCK, 0666);
   if (file < 0) RaiseSystemError(errno, path);
-  return std::make_unique<EndOfFile>(file, path);
+  return std::make_unique<EndOfFile>(file);
 }
 
 void WriteFile(const std::string& path, const Produce& produce) {

@@ -13,6 +13,7 @@
 #include <condition_variable>
 #include <cstdio>
 #include <cstdlib>
+#include <ctime>
 #include <exception>
 #include <mutex>
 #include <utility>
@@ -44,6 +45,18 @@ void PaintUntil(const std::function<bool(std::chrono::milliseconds)>& isDone) {
   if (isSignShown) QGuiApplication::restoreOverrideCursor();
 }
 
+// Since some moment, to the tick of the system's clock where that is faster to ask than the exact time.
+std::int64_t RoughMilliseconds() {
+#ifdef CLOCK_MONOTONIC_COARSE
+  timespec now{};
+  clock_gettime(CLOCK_MONOTONIC_COARSE, &now);
+  return std::int64_t{now.tv_sec} * 1000 + now.tv_nsec / 1'000'000;
+#else
+  const auto now = std::chrono::steady_clock::now().time_since_epoch();
+  return std::chrono::duration_cast<std::chrono::milliseconds>(now).count();
+#endif
+}
+
 }  // namespace
 
 QtEventQueue::QtEventQueue() {
@@ -57,12 +70,12 @@ QtEventQueue::QtEventQueue() {
 void QtEventQueue::ServePending() {
   // To ask the window system costs more than most routines do between two yields. Nobody can tell whether an
   // event came within this time or behind it.
-  constexpr qint64 unnoticedNanoseconds = 4'000'000;
+  constexpr std::int64_t unnoticed = 4;
   const bool isPosted = isPosted_ && isPosted_.exchange(false);
-  if (!isPosted && sinceServed_.isValid() && sinceServed_.nsecsElapsed() < unnoticedNanoseconds) return;
+  if (!isPosted && served_ && RoughMilliseconds() < *served_ + unnoticed) return;
   const YieldInRoutine yield;
   QCoreApplication::processEvents();
-  sinceServed_.start();
+  served_ = RoughMilliseconds();
 }
 
 void QtEventQueue::Wait(int milliseconds) {

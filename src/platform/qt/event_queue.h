@@ -1,12 +1,12 @@
 #pragma once
 // The event loop of the desktop: the program's yields, waits, nested loops and timers on top of Qt's.
 
-#include <QElapsedTimer>
 #include <QObject>
 #include <QTimer>
 #include <atomic>
 #include <map>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "ports/event_queue.h"
@@ -40,7 +40,7 @@ class QtEventQueue final : public EventQueue {
   std::map<TimerId, std::unique_ptr<QTimer>> timers_;
   TimerId lastTimer_ = 0;
   std::atomic<bool> isPosted_ = false;
-  QElapsedTimer sinceServed_;
+  std::optional<std::int64_t> served_;  // when, in milliseconds
   bool isAside_ = false;
   std::vector<Work> waiting_;  // for the end of the work aside
 };

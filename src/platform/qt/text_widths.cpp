@@ -32,18 +32,15 @@ qreal TextWidths::Exactly(std::string_view text) const {
   return exact_.horizontalAdvance(ToQt(text));
 }
 
-bool TextWidths::HidesDigits(char neighbour) {
-  std::optional<bool>& answer = hidesDigits_[static_cast<std::size_t>(neighbour)];
-  if (answer) return *answer;
+bool TextWidths::FindsDigitsAlike(char neighbour) const {
   const auto widthOf = [&](char first, char second) {
     const std::array<char, 2> pair = {first, second};
     return Exactly({pair.data(), pair.size()});
   };
   const qreal before = widthOf('0', neighbour), behind = widthOf(neighbour, '0');
-  answer = std::ranges::all_of(digits, [&](char digit) {
+  return std::ranges::all_of(digits, [&](char digit) {
     return widthOf(digit, neighbour) == before && widthOf(neighbour, digit) == behind;
   });
-  return *answer;
 }
 
 std::string_view TextWidths::WithNoughts(std::string_view text) {

@@ -23,7 +23,12 @@ class TextWidths {
 
  private:
   // True when it makes no difference which digit stands before or behind this character. Found out once.
-  bool HidesDigits(char neighbour);
+  bool HidesDigits(char neighbour) {
+    std::optional<bool>& answer = hidesDigits_[static_cast<std::size_t>(neighbour)];
+    if (!answer) answer = FindsDigitsAlike(neighbour);
+    return *answer;
+  }
+  bool FindsDigitsAlike(char neighbour) const;
   // The same text with noughts for all digits of which nobody can tell the width.
   std::string_view WithNoughts(std::string_view text);
   qreal Exactly(std::string_view text) const;
