@@ -8,6 +8,7 @@
 #include "forms/WPaper2.h"
 #include "forms/app.h"
 #include "forms/frmSplash.h"
+#include "gallery/encoders/bmp_encoder.h"
 #include "pictures/pixels.h"
 #include "platform/qt/mirrors/image_view.h"
 #include "ports/decoding.h"
@@ -35,20 +36,25 @@ TEST(PutAway, The_splash_gives_its_window_back_and_comes_anew) {
   world.views.Close();
 }
 
-// With a picture that only has to be brought to its size.
-struct FirstPaint : testing::Test {
-  FirstPaint() {
+struct FirstPaintOf : testing::Test {
+  ~FirstPaintOf() override { world.views.Close(); }
+  void Show(const Picture& picture) {
     world.views.Attach(app.WPaper2);
-    app.WPaper2.Image1.Picture = Picture::FromPixels(Pixels::Make({1500, 1200}, PixelFormat::Rgb, 0), 24);
+    app.WPaper2.Image1.Picture = picture;
     app.WPaper2.Image1.Visible = true;
     app.WPaper2.Show();
-    hold = world.views.ViewOf(app.WPaper2)->findChild<QTimer*>("hold");
+    hold = View().findChild<QTimer*>("hold");
     hold->setInterval(1'000'000);
-    world.views.ViewOf(app.WPaper2)->Pushes().Flush();
+    View().Pushes().Flush();
     wasAskedUnseen = decoding.HasWork();
   }
-  ~FirstPaint() override { world.views.Close(); }
-  bool IsUnpainted() const { return !world.views.ViewOf(app.WPaper2)->updatesEnabled(); }
+  void ShowUndecoded(Size size) {
+    const auto bytes = EncodeBmp(Pixels::Make(size, PixelFormat::Rgb, 0));
+    world.headless.files.AddFile("/a.bmp", {bytes.begin(), bytes.end()});
+    Show(OpenPicture(world.headless.files, "/a.bmp"));
+  }
+  FormView& View() const { return *world.views.ViewOf(app.WPaper2); }
+  bool IsUnpainted() const { return !View().updatesEnabled(); }
 
   QtWorld world;
   DecodingService decoding{world.headless.files};
@@ -57,6 +63,36 @@ struct FirstPaint : testing::Test {
   QTimer* hold = nullptr;
   bool wasAskedUnseen = false;
 };
+
+// With a picture that only has to be brought to its size.
+struct FirstPaint : FirstPaintOf {
+  FirstPaint() { Show(Picture::FromPixels(Pixels::Make({1500, 1200}, PixelFormat::Rgb, 0), 24)); }
+};
+
+TEST_F(FirstPaintOf, a_small_picture_waits_until_it_is_decoded) {
+  ShowUndecoded({1500, 1200});
+  Settle();
+  EXPECT_TRUE(IsUnpainted());
+  EXPECT_TRUE(decoding.RunNext());
+  Settle();
+  EXPECT_FALSE(IsUnpainted());
+}
+
+TEST_F(FirstPaintOf, a_large_picture_does_not_wait_until_it_is_decoded) {
+  ShowUndecoded({2500, 2000});
+  Settle();
+  EXPECT_TRUE(decoding.HasWork());
+  EXPECT_FALSE(IsUnpainted());
+}
+
+TEST_F(FirstPaintOf, no_picture_waits_for_what_is_still_to_be_pushed) {
+  Show({});
+  QExposeEvent exposed(QRect({0, 0}, View().size()));
+  QCoreApplication::sendEvent(View().windowHandle(), &exposed);
+  EXPECT_TRUE(IsUnpainted());
+  View().Pushes().Flush();
+  EXPECT_FALSE(IsUnpainted());
+}
 
 TEST_F(FirstPaint, asks_for_the_picture_once_the_window_is_on_the_screen) {
   Settle();
@@ -74,14 +110,13 @@ TEST_F(FirstPaint, waits_for_a_picture_that_is_nearly_there) {
 
 TEST_F(FirstPaint, has_the_memory_that_it_paints_into_before_the_picture_is_there) {
   Settle();
-  const QWidget& view = *world.views.ViewOf(app.WPaper2);
   EXPECT_TRUE(IsUnpainted());
-  EXPECT_EQ(view.backingStore()->size(), view.size());
+  EXPECT_EQ(View().backingStore()->size(), View().size());
 }
 
 // The window manager may tell its size before the window is on the screen, and the picture is made meanwhile.
 TEST_F(FirstPaint, does_not_wait_for_a_picture_that_is_there_already) {
-  FormView& view = *world.views.ViewOf(app.WPaper2);
+  FormView& view = View();
   view.resize(view.size() + QSize(40, 30));
   app.WPaper2.Image1.Width = app.WPaper2.Image1.Width + 300;
   view.Pushes().Flush();

@@ -65,6 +65,25 @@ TEST_F(MirrorTest, Every_widget_bears_the_name_of_its_control_and_tells_only_cap
   EXPECT_EQ(Shown<QWidget>(form.text).accessibleName(), "");
 }
 
+TEST_F(MirrorTest, What_is_made_of_several_elements_comes_behind_them) {
+  std::string order;
+  QWidget& widget = Shown<QLabel>(form.label);
+  PushQueue& queue = world.views.ViewOf(form)->Pushes();
+  auto* last = new Mirror(queue, &widget, [&] { order += "last "; });
+  // One push leads to another.
+  new Mirror(queue, form.button, &widget, [&] { order += "button "; });
+  new Mirror(queue, form.label, &widget, [&] {
+    order += "label ";
+    form.button.Caption = form.label.Caption.Get();
+  });
+  Settle();
+  order.clear();
+  last->MarkChanged();
+  form.label.Caption = "another";
+  queue.Flush();
+  EXPECT_EQ(order, "label button last ");
+}
+
 TEST_F(MirrorTest, A_routine_that_yields_often_has_its_window_brought_up_to_date_with_each_frame) {
   int pushes = 0;
   PushQueue& queue = world.views.ViewOf(form)->Pushes();

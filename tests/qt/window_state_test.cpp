@@ -33,6 +33,18 @@ TEST_F(MainWindowTest, A_window_stands_where_its_form_is_put) {
   EXPECT_EQ(View().x(), world.views.GetUnits().Pixels(1500));
 }
 
+TEST_F(MainWindowTest, A_size_that_is_told_late_is_not_that_of_the_form) {
+  const QSize before = View().size();
+  View().resize(before + QSize(200, 100));
+  Settle();
+  const float width = window.Width, height = window.Height;
+  QResizeEvent late(before, before);
+  QCoreApplication::sendEvent(&View(), &late);
+  Settle();
+  EXPECT_EQ(window.Width, width);
+  EXPECT_EQ(window.Height, height);
+}
+
 TEST_F(MainWindowTest, A_window_that_goes_at_once_leaves_the_screen_when_it_has_come_there) {
   window.Hide();
   Settle();

@@ -184,7 +184,9 @@ void FormView::resizeEvent(QResizeEvent* event) {
   manager_.start(managerPatience);
   // Once it is hidden the window manager takes back what it had made of the window, which is nothing to the
   // form.
-  if (form_.IsLoaded() && (form_.Visible() || isVisible())) TellSize(event->size());
+  // Where two sizes come quickly one after the other, the library takes the later one over at once, tells of
+  // the earlier one and then of no other.
+  if (form_.IsLoaded() && (form_.Visible() || isVisible())) TellSize(size());
 }
 
 void FormView::moveEvent(QMoveEvent* event) {

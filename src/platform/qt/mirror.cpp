@@ -39,7 +39,7 @@ void YieldInRoutine::PushPostponed() {
 }
 
 void PushQueue::Add(Mirror& mirror) {
-  waiting_.emplace_back(&mirror);
+  (mirror.isLast_ ? last_ : waiting_).emplace_back(&mirror);
   if (!posted_) Post();
 }
 
@@ -57,13 +57,15 @@ void PushQueue::Flush() {
   flushed_ = YieldInRoutine::Clock::now();
   YieldInRoutine::BeginFrame();
   // A push can lead to another one, as a resize that the program answers with a layout.
-  while (!waiting_.empty()) {
-    const auto batch = std::exchange(waiting_, {});
-    for (const auto& mirror : batch) {
-      if (!mirror) continue;
-      mirror->SetWaiting(false);
-      Push(*mirror);
-    }
+  while (!waiting_.empty() || !last_.empty()) PushAll(waiting_.empty() ? last_ : waiting_);
+}
+
+void PushQueue::PushAll(Mirrors& mirrors) {
+  const auto batch = std::exchange(mirrors, {});
+  for (const auto& mirror : batch) {
+    if (!mirror) continue;
+    mirror->SetWaiting(false);
+    Push(*mirror);
   }
 }
 
@@ -83,14 +85,14 @@ bool PushQueue::event(QEvent* event) {
 }
 
 Mirror::Mirror(PushQueue& queue, Element& element, QObject* widget, std::function<void()> push)
-    : QObject(widget), queue_(&queue), push_(std::move(push)) {
+    : QObject(widget), isLast_(false), queue_(&queue), push_(std::move(push)) {
   changes_ = element.Changed.Connect([this] { MarkChanged(); });
   end_ = element.Ended.Connect([this] { delete this; });
   queue.Push(*this);
 }
 
 Mirror::Mirror(PushQueue& queue, QObject* widget, std::function<void()> push)
-    : QObject(widget), queue_(&queue), push_(std::move(push)) {}
+    : QObject(widget), isLast_(true), queue_(&queue), push_(std::move(push)) {}
 
 void Mirror::MarkChanged() {
   if (waiting_ || !queue_) return;

@@ -57,13 +57,16 @@ class PushQueue final : public QObject {
  private:
   friend class Mirror;
   friend class YieldInRoutine;
+  using Mirrors = std::vector<QPointer<Mirror>>;
+
   void Post();
   bool IsFrameOver() const;
+  void PushAll(Mirrors& mirrors);
   void Push(Mirror& mirror);
 
   EventQueue& events_;
   YieldInRoutine::Clock::time_point flushed_{};
-  std::vector<QPointer<Mirror>> waiting_;
+  Mirrors waiting_, last_;
   bool posted_ = false;
 };
 
@@ -73,7 +76,8 @@ class Mirror final : public QObject {
   // element and writes the widget; it is run here for the first time. What it writes must not look like a
   // user's gesture; what it raises comes to the program's report.
   Mirror(PushQueue& queue, Element& element, QObject* widget, std::function<void()> push);
-  // One that nothing but MarkChanged leads to: its push comes behind all that are waiting then.
+  // One that nothing but MarkChanged leads to: its push comes behind those of all elements, and so finds what
+  // came of them together.
   Mirror(PushQueue& queue, QObject* widget, std::function<void()> push);
 
   void MarkChanged();
@@ -83,6 +87,7 @@ class Mirror final : public QObject {
   friend class PushQueue;
   void SetWaiting(bool waits);
 
+  const bool isLast_;
   QPointer<PushQueue> queue_;
   std::function<void()> push_;
   Connection changes_, end_;

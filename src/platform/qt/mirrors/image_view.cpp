@@ -108,9 +108,10 @@ void ImageView::Ask() {
   shown_.Want(picture_, box, PriorityOf(place.size()));
   if (!shown_.IsWaiting()) {
     if (onShown) onShown();
-  } else if (!untilBusy_.isActive() && !busy_) {
-    untilBusy_.start();
+    return;
   }
+  if (!untilBusy_.isActive() && !busy_) untilBusy_.start();
+  if (onAsked) onAsked();
 }
 
 bool ImageView::AwaitsExposure() {
@@ -127,6 +128,14 @@ bool ImageView::eventFilter(QObject* watched, QEvent* event) {
     AskSoon();
   }
   return PaintedWidget::eventFilter(watched, event);
+}
+
+bool ImageView::IsSoonThere(const Picture& picture) const {
+  // Of as many pixels a photo is decoded while a window comes to the screen.
+  constexpr std::int64_t few = 4'000'000;
+  const Size size = picture.GetSize();
+  const bool isSoonDecoded = std::int64_t{size.width} * size.height <= few || picture.HeldBytes() > 0;
+  return !picture.IsEmpty() && isSoonDecoded && shown_.Painted() != picture;
 }
 
 void ImageView::TakeWhatCame() {

@@ -35,12 +35,14 @@ class ImageView final : public PaintedWidget {
   // True while the picture that it was given last is on its way.
   bool IsWaiting() const { return ask_->IsWaiting() || shown_.IsWaiting(); }
   bool HasPicture() const { return !shown_.Painted().IsEmpty(); }
-  // True while the picture that it was given last only has to be brought to its size.
-  bool IsNearlyThere() const { return isVisible() && IsWaiting() && picture_.HeldBytes() > 0; }
+  // True while this picture is not painted yet and only has to be brought to its size, or is a small one.
+  bool IsSoonThere(const Picture& picture) const;
   QSize sizeHint() const override;
 
   // What was wanted last is painted from now on, or was painted already when it was asked for.
   std::function<void()> onShown;
+  // What was wanted last is being made on another thread.
+  std::function<void()> onAsked;
 
  protected:
   void showEvent(QShowEvent* event) override;

@@ -30,7 +30,8 @@ std::vector<std::string> DroppedPaths(const QMimeData& data) {
 }  // namespace
 
 MainView::MainView(FormViews& views, WPaper2Window& itsForm)
-    : TypedView(views, itsForm, Qt::Window, Labels::AroundText) {
+    : TypedView(views, itsForm, Qt::Window, Labels::AroundText),
+      settled_(new Mirror(Pushes(), this, [this] { EndHoldUnlessAwaiting(); })) {
   NameControls();
   qobject_cast<QLabel*>(WidgetOf(form.txtPrgTitle))->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
   new PictureGestures(*this, form);
@@ -40,7 +41,10 @@ MainView::MainView(FormViews& views, WPaper2Window& itsForm)
                     {&form.cmdLeftOne, &form.cmdLeftAll, &form.cmdUp, &form.cmdDown});
   setAcceptDrops(true);
   Image().AskOnceExposed();
-  Image().onShown = [this] { EndHold(); };
+  Image().onShown = [this] { EndHoldUnlessAwaiting(); };
+  Image().onAsked = [this] {
+    if (!std::exchange(isPrepared_, true)) PreparePainting();
+  };
   hold_.setObjectName(QStringLiteral("hold"));
   hold_.setSingleShot(true);
   hold_.setInterval(longestHoldMilliseconds);
@@ -56,15 +60,14 @@ void MainView::showEvent(QShowEvent* event) {
   windowHandle()->installEventFilter(this);
 }
 
-// Painting all of a large window takes longer than the last step of a picture that was decoded meanwhile.
+// Painting all of a large window takes longer than the last step of a picture that was decoded meanwhile, and
+// is in vain while what it shall show has still to be pushed.
 bool MainView::eventFilter(QObject* watched, QEvent* event) {
   if (watched == windowHandle() && event->type() == QEvent::Expose) {
     watched->removeEventFilter(this);
-    if (Image().IsNearlyThere()) {
-      setUpdatesEnabled(false);
-      hold_.start();
-      PreparePainting();
-    }
+    setUpdatesEnabled(false);
+    hold_.start();
+    settled_->MarkChanged();
   }
   return PlacedView::eventFilter(watched, event);
 }
@@ -77,6 +80,10 @@ void MainView::PreparePainting() {
       button->icon().pixmap(button->iconSize(), devicePixelRatioF(),
                             button->isEnabled() ? QIcon::Normal : QIcon::Disabled);
   }
+}
+
+void MainView::EndHoldUnlessAwaiting() {
+  if (!form.Image1.Visible || !Image().IsSoonThere(form.Image1.Picture)) EndHold();
 }
 
 void MainView::EndHold() {

@@ -28,10 +28,13 @@ class MainView final : public TypedView<WPaper2Window, PlacedView> {
   void NameControls();
   ImageView& Image() const;
   void PreparePainting();
+  void EndHoldUnlessAwaiting();
   void EndHold();
 
   // While the window is left unpainted, for its picture.
+  bool isPrepared_ = false;
   QTimer hold_{this};
+  Mirror* settled_;
 };
 
 }  // namespace lumidex
