@@ -41,7 +41,7 @@ struct FirstPaintOf : testing::Test {
   void Show(const Picture& picture) {
     world.views.Attach(app.WPaper2);
     app.WPaper2.Image1.Picture = picture;
-    app.WPaper2.Image1.Visible = true;
+    app.WPaper2.Image1.Visible = !picture.IsEmpty();
     app.WPaper2.Show();
     hold = View().findChild<QTimer*>("hold");
     hold->setInterval(1'000'000);
@@ -52,6 +52,10 @@ struct FirstPaintOf : testing::Test {
     const auto bytes = EncodeBmp(Pixels::Make(size, PixelFormat::Rgb, 0));
     world.headless.files.AddFile("/a.bmp", {bytes.begin(), bytes.end()});
     Show(OpenPicture(world.headless.files, "/a.bmp"));
+  }
+  void Expose() {
+    QExposeEvent exposed(QRect({0, 0}, View().size()));
+    QCoreApplication::sendEvent(View().windowHandle(), &exposed);
   }
   FormView& View() const { return *world.views.ViewOf(app.WPaper2); }
   bool IsUnpainted() const { return !View().updatesEnabled(); }
@@ -85,10 +89,20 @@ TEST_F(FirstPaintOf, a_large_picture_does_not_wait_until_it_is_decoded) {
   EXPECT_FALSE(IsUnpainted());
 }
 
+TEST_F(FirstPaintOf, no_picture_waits_for_the_routine_that_may_show_one) {
+  Show({});
+  {
+    const YieldInRoutine yield;
+    Expose();
+    View().Pushes().Flush();
+    EXPECT_TRUE(IsUnpainted());
+  }
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !IsUnpainted(); }));
+}
+
 TEST_F(FirstPaintOf, no_picture_waits_for_what_is_still_to_be_pushed) {
   Show({});
-  QExposeEvent exposed(QRect({0, 0}, View().size()));
-  QCoreApplication::sendEvent(View().windowHandle(), &exposed);
+  Expose();
   EXPECT_TRUE(IsUnpainted());
   View().Pushes().Flush();
   EXPECT_FALSE(IsUnpainted());

@@ -61,7 +61,7 @@ void MainView::showEvent(QShowEvent* event) {
 }
 
 // Painting all of a large window takes longer than the last step of a picture that was decoded meanwhile, and
-// is in vain while what it shall show has still to be pushed.
+// is in vain while what it shall show has still to be set or pushed.
 bool MainView::eventFilter(QObject* watched, QEvent* event) {
   if (watched == windowHandle() && event->type() == QEvent::Expose) {
     watched->removeEventFilter(this);
@@ -83,7 +83,12 @@ void MainView::PreparePainting() {
 }
 
 void MainView::EndHoldUnlessAwaiting() {
-  if (!form.Image1.Visible || !Image().IsSoonThere(form.Image1.Picture)) EndHold();
+  if (!hold_.isActive()) return;
+  const bool hasPicture = form.Image1.Visible && !form.Image1.Picture.Get().IsEmpty();
+  if (hasPicture && Image().IsSoonThere(form.Image1.Picture)) return;
+  if (hasPicture || !YieldInRoutine::IsUnderWay()) return EndHold();
+  // The routine that yields here may be the one that is going to show a picture.
+  QTimer::singleShot(1, this, [this] { EndHoldUnlessAwaiting(); });
 }
 
 void MainView::EndHold() {
