@@ -23,7 +23,7 @@ struct SharedMemory : testing::Test {
   bool CanBeAsked() const { return madvise(first, page, MADV_POPULATE_WRITE) == 0; }
 
   const std::size_t page = static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
-  const std::size_t pages = 64;
+  const std::size_t pages = 200;  // more than are provided by one call
   std::byte* const first = static_cast<std::byte*>(
       mmap(nullptr, pages* page, PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0));
 };

@@ -89,6 +89,19 @@ TEST_F(FirstPaintOf, a_large_picture_does_not_wait_until_it_is_decoded) {
   EXPECT_FALSE(IsUnpainted());
 }
 
+TEST_F(FirstPaintOf, is_prepared_for_only_before_it) {
+  Show({});
+  Settle();
+  ASSERT_FALSE(IsUnpainted());
+  const QSize another(1, 1);
+  View().backingStore()->resize(another);
+  app.WPaper2.Image1.Picture = Picture::FromPixels(Pixels::Make({1500, 1200}, PixelFormat::Rgb, 0), 24);
+  app.WPaper2.Image1.Visible = true;
+  View().Pushes().Flush();
+  EXPECT_TRUE(decoding.HasWork());
+  EXPECT_EQ(View().backingStore()->size(), another);
+}
+
 TEST_F(FirstPaintOf, no_picture_waits_for_the_routine_that_may_show_one) {
   Show({});
   {

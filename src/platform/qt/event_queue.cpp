@@ -45,15 +45,20 @@ void PaintUntil(const std::function<bool(std::chrono::milliseconds)>& isDone) {
   if (isSignShown) QGuiApplication::restoreOverrideCursor();
 }
 
-// Since some moment, to the tick of the system's clock where that is faster to ask than the exact time.
+// Since some moment.
+std::int64_t Milliseconds() {
+  const auto now = std::chrono::steady_clock::now().time_since_epoch();
+  return std::chrono::duration_cast<std::chrono::milliseconds>(now).count();
+}
+
+// The same to the tick of the system's clock, where that is faster to ask than the exact time.
 std::int64_t RoughMilliseconds() {
 #ifdef CLOCK_MONOTONIC_COARSE
   timespec now{};
   clock_gettime(CLOCK_MONOTONIC_COARSE, &now);
   return std::int64_t{now.tv_sec} * 1000 + now.tv_nsec / 1'000'000;
 #else
-  const auto now = std::chrono::steady_clock::now().time_since_epoch();
-  return std::chrono::duration_cast<std::chrono::milliseconds>(now).count();
+  return Milliseconds();
 #endif
 }
 
@@ -156,10 +161,6 @@ struct QtEventQueue::Ticking {
     if (due <= now) due = now + period;
     timer->start(static_cast<int>(due - now));
   }
-  static std::int64_t Milliseconds() {
-    const auto now = std::chrono::steady_clock::now().time_since_epoch();
-    return std::chrono::duration_cast<std::chrono::milliseconds>(now).count();
-  }
 };
 
 TimerId QtEventQueue::StartTimer(int milliseconds, Work tick) {
@@ -168,7 +169,7 @@ TimerId QtEventQueue::StartTimer(int milliseconds, Work tick) {
   timer->setTimerType(Qt::PreciseTimer);
   timer->setSingleShot(true);
   const auto ticking = std::make_shared<Ticking>(
-      Ticking{timer.get(), std::max(1, milliseconds), Ticking::Milliseconds(), std::move(tick)});
+      Ticking{timer.get(), std::max(1, milliseconds), Milliseconds(), std::move(tick)});
   QObject::connect(timer.get(), &QTimer::timeout, &receiver_, [this, ticking] {
     // The copy keeps the work alive when it stops its own timer.
     const auto running = ticking;

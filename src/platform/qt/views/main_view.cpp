@@ -43,7 +43,7 @@ MainView::MainView(FormViews& views, WPaper2Window& itsForm)
   Image().AskOnceExposed();
   Image().onShown = [this] { EndHoldUnlessAwaiting(); };
   Image().onAsked = [this] {
-    if (!std::exchange(isPrepared_, true)) PreparePainting();
+    if (std::exchange(mayPrepare_, false)) PreparePainting();
   };
   hold_.setObjectName(QStringLiteral("hold"));
   hold_.setSingleShot(true);
@@ -93,6 +93,7 @@ void MainView::EndHoldUnlessAwaiting() {
 
 void MainView::EndHold() {
   hold_.stop();
+  mayPrepare_ = false;
   if (updatesEnabled()) return;
   setUpdatesEnabled(true);
   // What was to be painted before is not asked for anew.

@@ -32,9 +32,10 @@ class MainView final : public TypedView<WPaper2Window, PlacedView> {
   void EndHold();
 
   // While the window is left unpainted, for its picture.
-  bool isPrepared_ = false;
   QTimer hold_{this};
+  // Comes when everything that was waiting then is pushed.
   Mirror* settled_;
+  bool mayPrepare_ = true;  // once, and not when the window has been painted
 };
 
 }  // namespace lumidex
