@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QScreen>
 #include <QWindow>
+#include <utility>
 
 #include "platform/qt/accessibility.h"
 
@@ -10,6 +11,8 @@ namespace lumidex {
 
 FormViews::FormViews(Factory factory) : factory_(std::move(factory)) {
   InstallAccessibleRoles();
+  untilFocusHasChanged_.setSingleShot(true);
+  QObject::connect(&untilFocusHasChanged_, &QTimer::timeout, [this] { DeleteKept(); });
 }
 
 FormViews::~FormViews() {
@@ -40,6 +43,23 @@ void FormViews::GiveBack(std::unique_ptr<FormView> view) {
   std::erase_if(leaving_, [](const QPointer<FormView>& earlier) { return earlier.isNull(); });
   leaving_.emplace_back(view.get());
   view.release()->GiveBack();
+}
+
+FormViews::FocusChange::~FocusChange() {
+  // The library is still busy with it when the routine has ended.
+  if (--views_.focusChanges_ == 0 && !views_.kept_.empty()) views_.untilFocusHasChanged_.start(0);
+}
+
+bool FormViews::KeepsInFocusChange(FormView& view) {
+  if (focusChanges_ == 0) return false;
+  kept_.emplace_back(&view);
+  return true;
+}
+
+void FormViews::DeleteKept() {
+  // Another change starts this anew.
+  if (focusChanges_ > 0) return;
+  for (const QPointer<FormView>& view : std::exchange(kept_, {})) delete view.data();
 }
 
 const Units& FormViews::GetUnits() {

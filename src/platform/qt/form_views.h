@@ -42,6 +42,11 @@ class FormViews final {
 
   // For the views alone.
   void NoteActive(FormView& view) { active_ = &view; }
+  // Stands while a routine runs in the midst of the focus going from one window to another. The library looks
+  // at the former one again afterwards; until then no window is deleted, whatever the routine's yields serve.
+  class FocusChange;
+  // True when the window is kept for as long as a change lasts, and deleted then.
+  bool KeepsInFocusChange(FormView& view);
 
  private:
   struct Entry {
@@ -57,12 +62,27 @@ class FormViews final {
   // Deletes the window once the gesture that it may be answering is over.
   void GiveBack(std::unique_ptr<FormView> view);
   void Show(Entry& entry);
+  void DeleteKept();
 
   Factory factory_;
   std::vector<std::unique_ptr<Entry>> entries_;
   std::vector<QPointer<FormView>> leaving_;
+  std::vector<QPointer<FormView>> kept_;  // of those, and to be deleted when no focus changes
+  int focusChanges_ = 0;
+  QTimer untilFocusHasChanged_;
   QPointer<FormView> active_;
   std::unique_ptr<Units> units_;
+};
+
+class FormViews::FocusChange {
+ public:
+  explicit FocusChange(FormViews& views) : views_(views) { ++views_.focusChanges_; }
+  ~FocusChange();
+  FocusChange(const FocusChange&) = delete;
+  FocusChange& operator=(const FocusChange&) = delete;
+
+ private:
+  FormViews& views_;
 };
 
 }  // namespace lumidex
