@@ -89,6 +89,18 @@ TEST_F(FirstPaintOf, a_large_picture_does_not_wait_until_it_is_decoded) {
   EXPECT_FALSE(IsUnpainted());
 }
 
+TEST_F(FirstPaintOf, comes_before_the_hourglass) {
+  app.WPaper2.Pointer = MousePointer::Hourglass;
+  ShowUndecoded({1500, 1200});
+  Settle();
+  ASSERT_TRUE(IsUnpainted());
+  EXPECT_EQ(View().cursor().shape(), Qt::ArrowCursor);
+  EXPECT_TRUE(decoding.RunNext());
+  Settle();
+  EXPECT_FALSE(IsUnpainted());
+  EXPECT_EQ(View().cursor().shape(), Qt::WaitCursor);
+}
+
 TEST_F(FirstPaintOf, is_prepared_for_only_before_it) {
   Show({});
   Settle();

@@ -36,7 +36,7 @@ FormView::FormView(FormViews& views, Form& form, Qt::WindowFlags flags)
   requests_ = form.Requested.Connect([this](FormRequest request) { CarryOut(request); });
   comings_ = form.ControlAdded.Connect([this](Control& control) { ControlCame(control); });
   goings_ = form.ControlRemoved.Connect([this](Control& control) { ControlWent(control); });
-  new Mirror(pushes_, form, this, [this] { ShowState(); });
+  state_ = new Mirror(pushes_, form, this, [this] { ShowState(); });
 }
 
 FormView::~FormView() = default;
@@ -289,6 +289,7 @@ void FormView::PaintBackground() {
 bool FormView::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::Expose && watched == windowHandle()) {
     hasCome_ = true;
+    ShowStateSoon();
     if (leaves_) QTimer::singleShot(0, this, [this] { EndLeaving(); });
     return false;
   }

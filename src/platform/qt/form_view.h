@@ -59,6 +59,7 @@ class FormView : public QWidget {
 
   // Brings window and widgets to the form's present state.
   void ShowState();
+  void ShowStateSoon() { state_->MarkChanged(); }
   // Shows or hides the window after the form was shown or hidden.
   void FollowVisibility();
   // Deletes it later, once it has left the screen.
@@ -126,6 +127,7 @@ class FormView : public QWidget {
   FormViews& views_;
   Form& form_;
   PushQueue pushes_;
+  Mirror* state_;
   std::map<const Control*, Shown> widgets_;
   Connection requests_, comings_, goings_;
   std::int32_t shownBackColor_ = -1;

@@ -25,7 +25,8 @@ constexpr std::chrono::milliseconds managerPatience{300};
 void FormView::ShowState() {
   if (windowTitle() != ToQt(form_.Caption.Get())) setWindowTitle(ToQt(form_.Caption.Get()));
   if (isEnabled() != form_.Enabled.Get()) setEnabled(form_.Enabled);
-  if (form_.Pointer == MousePointer::Hourglass) {
+  // Before there is anything to point at, nobody misses it; to load it takes its milliseconds.
+  if (form_.Pointer == MousePointer::Hourglass && hasCome_ && updatesEnabled()) {
     setCursor(Qt::WaitCursor);
   } else if (cursor().shape() != Qt::ArrowCursor) {
     unsetCursor();

@@ -96,6 +96,7 @@ void MainView::EndHold() {
   mayPrepare_ = false;
   if (updatesEnabled()) return;
   setUpdatesEnabled(true);
+  ShowStateSoon();
   // What was to be painted before is not asked for anew.
   QCoreApplication::postEvent(this, new QEvent(QEvent::UpdateRequest));
 }
