@@ -65,6 +65,7 @@ class ArtworkEngine final : public QIconEngine {
 
   QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State) override {
     const int side = std::min(size.width(), size.height());
+    // Its place stays while what it is drawn from is kept beside it.
     QPixmap& kept = kept_[{side, mode}];
     if (kept.isNull() && side > 0) kept = Draw(side, mode);
     return kept;
@@ -76,17 +77,20 @@ class ArtworkEngine final : public QIconEngine {
   }
 
  private:
-  QPixmap Draw(int side, QIcon::Mode mode) const {
+  QPixmap Draw(int side, QIcon::Mode mode) {
+    if (mode != QIcon::Normal) {
+      const QPixmap plain = pixmap({side, side}, QIcon::Normal, QIcon::Off);
+      if (mode == QIcon::Active || plain.isNull()) return plain;
+      QStyleOption option;
+      option.palette = QApplication::palette();
+      return QApplication::style()->generatedIconPixmap(mode, plain, &option);
+    }
     const int drawnSide = side <= 24 ? 24 : 48;
     const Picture picture = ArtworkPicture(name_ + (drawnSide == 24 ? "-24.png" : "-48.png"));
     if (picture.IsEmpty()) return {};
     Pixels pixels = picture.FullPixels();
     if (side != drawnSide) pixels = Scale(pixels, {side, side});
-    const QPixmap plain = QPixmap::fromImage(ToImage(pixels));
-    if (mode == QIcon::Normal || mode == QIcon::Active) return plain;
-    QStyleOption option;
-    option.palette = QApplication::palette();
-    return QApplication::style()->generatedIconPixmap(mode, plain, &option);
+    return QPixmap::fromImage(ToImage(pixels));
   }
 
   std::string name_;
