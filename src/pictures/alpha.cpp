@@ -68,9 +68,11 @@ void SettleAlpha(Pixels& pixels, int rows) {
   fillMissing(blankPixel);
 }
 
-Pixels Premultiplied(const Pixels& pixels) {
+Pixels Premultiplied(Pixels pixels) {
   if (pixels.IsEmpty() || pixels.Format() != PixelFormat::Argb) return pixels;
-  Pixels changed = Pixels::MakeUnfilled(pixels.GetSize(), PixelFormat::ArgbPremultiplied);
+  Pixels changed =
+      pixels.IsShared() ? Pixels::MakeUnfilled(pixels.GetSize(), PixelFormat::ArgbPremultiplied) : pixels;
+  changed.SetFormat(PixelFormat::ArgbPremultiplied);
   for (int y = 0; y < pixels.Height(); ++y)
     std::ranges::transform(pixels.Row(y), changed.Row(y).begin(), PremultipliedWord);
   return changed;

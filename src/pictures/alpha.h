@@ -17,8 +17,9 @@ void DeclareOpaqueIfSo(Pixels& pixels);
 // True when anything is seen: some alpha is above 0.
 bool HasVisiblePixel(const Pixels& pixels);
 
-// The same picture with premultiplied alpha; Rgb pixels are shared, not copied.
-Pixels Premultiplied(const Pixels& pixels);
+// The same picture with premultiplied alpha: in the same place when nobody else holds the pixels, and Rgb
+// pixels as they are.
+Pixels Premultiplied(Pixels pixels);
 
 // A stretch of pixels of that format without transparency, blended over white. `out` has the same length and
 // may be the same place.

@@ -212,4 +212,12 @@ Pixels Picture::ReadyToShow(Size wanted) const {
   return state_->pixels.GetSize() == size ? state_->pixels : Pixels();
 }
 
+void Picture::LetGoOfShown() const {
+  if (!state_) return;
+  const auto lock = state_->Lock();
+  if (!state_->decoder || state_->facts.once || state_->fullWanted) return;
+  state_->shown = state_->pixels = {};
+  state_->Count();
+}
+
 }  // namespace lumidex

@@ -55,6 +55,8 @@ class Picture {
   // What the two above would answer without any work; empty when there is some, or somebody is at it.
   Pixels ReadyPixels() const;
   Pixels ReadyToShow(Size wanted) const;
+  // Keeps nothing for showing it again, where that can be made anew.
+  void LetGoOfShown() const;
 
   // What its file says beside the pixels, read anew each time; see Decoder::Metadata.
   JpegMetadata Metadata() const;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <exception>
 #include <new>
+#include <utility>
 
 #include "base/run_time_error.h"
 #include "pictures/alpha.h"
@@ -18,6 +19,13 @@ void PauseInLoop() {
 #elif defined(__aarch64__)
   asm volatile("isb");
 #endif
+}
+
+// As the program's own drawings are, and most icons: made anew before anybody notices. Where what is painted
+// are other pixels than the picture's own, those are not worth their memory.
+bool IsSoonMadeAnew(const Picture& picture) {
+  const Size size = picture.GetSize();
+  return !picture.IsScalable() && std::int64_t{size.width} * size.height <= 1 << 18;
 }
 
 }  // namespace
@@ -73,7 +81,9 @@ std::shared_ptr<DecodingService::Order> DecodingService::TakeOrder() {
 void DecodingService::Run(Order& order) {
   Pixels pixels;
   try {
-    pixels = Premultiplied(order.picture.PixelsToShow(order.size, order.stop.get_token()));
+    pixels = order.picture.PixelsToShow(order.size, order.stop.get_token());
+    if (pixels.Format() == PixelFormat::Argb && IsSoonMadeAnew(order.picture)) order.picture.LetGoOfShown();
+    pixels = Premultiplied(std::move(pixels));
   } catch (const RunTimeError&) {
     // There is nothing to show then.
   } catch (const std::bad_alloc&) {

@@ -68,6 +68,18 @@ TEST(Alpha, Blending_over_white_leaves_no_transparency) {
   EXPECT_THAT(OverWhite({0xFF123456, 0xFF000000}, PixelFormat::Rgb), ElementsAre(0xFF123456U, 0xFF000000U));
 }
 
+TEST(Alpha, Premultiplying_leaves_pixels_alone_that_somebody_else_holds) {
+  const Pixels pixels = Two(0x80FF8001, 0x00FFFFFF);
+  EXPECT_NE(Premultiplied(pixels).Data(), pixels.Data());
+  EXPECT_THAT(WordsOf(pixels), ElementsAre(0x80FF8001U, 0x00FFFFFFU));
+}
+
+TEST(Alpha, Premultiplying_pixels_of_nobody_else_takes_no_others) {
+  Pixels pixels = Two(0x80FF8001, 0x00FFFFFF);
+  const std::uint32_t* const place = pixels.Data();
+  EXPECT_EQ(Premultiplied(std::move(pixels)).Data(), place);
+}
+
 TEST(Alpha, Opaque_pixels_are_shared_not_copied) {
   const Pixels pixels = Two(0xFF000000, 0xFFFFFFFF, PixelFormat::Rgb);
   EXPECT_EQ(Premultiplied(pixels).Data(), pixels.Data());

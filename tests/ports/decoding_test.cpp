@@ -102,6 +102,27 @@ TEST_F(Decoding, Transparency_comes_premultiplied) {
   EXPECT_THAT(shown.Row(0), testing::Each(0x80802010U));
 }
 
+// Where the pixels that are painted are others than the picture's own.
+struct TransparentPicture : Decoding {
+  std::size_t HeldAfterShowing(Size size) {
+    const auto bytes = EncodePng(Pixels::Make(size, PixelFormat::Argb, 0x80FF4020));
+    platform.files.AddFile("/clear.png", {bytes.begin(), bytes.end()});
+    const Picture picture = OpenPicture(platform.files, "/clear.png");
+    const auto showing = Show(picture, {2, 2});
+    RunAll();
+    EXPECT_THAT(told, ElementsAre("a 2x2"));
+    return picture.HeldBytes();
+  }
+};
+
+TEST_F(TransparentPicture, A_small_one_keeps_nothing_for_showing_it_again) {
+  EXPECT_EQ(HeldAfterShowing({512, 512}), 0U);
+}
+
+TEST_F(TransparentPicture, A_larger_one_keeps_what_is_shown) {
+  EXPECT_EQ(HeldAfterShowing({512, 513}), 2U * 2 * 4);
+}
+
 TEST_F(Decoding, The_screen_comes_before_a_page_and_each_in_its_order) {
   const auto cell1 = Show(Watched({1, 1}), {1, 1}, "cell1", DecodingPriority::Page);
   const auto cell2 = Show(Watched({1, 1}), {1, 1}, "cell2", DecodingPriority::Page);
