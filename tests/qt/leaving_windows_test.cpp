@@ -72,5 +72,25 @@ TEST_F(LeavingWindowsTest, A_window_that_goes_outlives_the_arrival_of_the_focus_
   EXPECT_TRUE(window.isNull());
 }
 
+TEST_F(LeavingWindowsTest, A_window_that_goes_outlives_the_dialog_that_stands_before_it) {
+  const QPointer<FormView> window = View(leaving);
+  bool wasThere = false;
+  world.events.Post([&] {
+    leaving.Unload();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    wasThere = !window.isNull();
+    QWidget* const dialog = QApplication::activeModalWidget();
+    ASSERT_NE(dialog, nullptr);
+    EXPECT_EQ(dialog->parentWidget(), window);
+    dialog->close();
+  });
+  Message message;
+  message.text = "Some text";
+  world.dialogs.MsgBox(message);
+  EXPECT_TRUE(wasThere);
+  LetGo();
+  EXPECT_TRUE(window.isNull());
+}
+
 }  // namespace
 }  // namespace lumidex

@@ -13,10 +13,11 @@ namespace lumidex {
 namespace {
 
 // While one of the desktop's dialogs is open. Its closing gives the keyboard back to a window of ours, which
-// is no activation for the program: its own windows have not changed places.
+// is no activation for the program: its own windows have not changed places. The one that it stands before
+// may go meanwhile and would take it along.
 class DialogPause {
  public:
-  explicit DialogPause(FormViews& views) : before_(views.Active()) {}
+  explicit DialogPause(FormViews& views) : before_(views.Active()), keeping_(views) {}
   ~DialogPause() {
     if (before_ && before_->isVisible() && !before_->isActiveWindow()) before_->IgnoreNextActivation();
   }
@@ -25,6 +26,7 @@ class DialogPause {
 
  private:
   QPointer<FormView> before_;
+  FormViews::Keeping keeping_;
 };
 
 QMessageBox::StandardButtons ButtonsOf(MessageButtons buttons) {

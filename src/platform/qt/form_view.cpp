@@ -221,9 +221,9 @@ void FormView::FitContent(const QSize& room) {
 }
 
 bool FormView::event(QEvent* event) {
-  if (event->type() == QEvent::DeferredDelete && views_.KeepsInFocusChange(*this)) return true;
+  if (event->type() == QEvent::DeferredDelete && views_.Keeps(*this)) return true;
   if (event->type() == QEvent::WindowActivate) {
-    const FormViews::FocusChange change(views_);
+    const FormViews::Keeping keeping(views_);
     views_.NoteActive(*this);
     // Show has told the form of its first activation itself.
     if (!std::exchange(ignoresActivation_, false)) {
@@ -298,7 +298,7 @@ bool FormView::eventFilter(QObject* watched, QEvent* event) {
   Control* control = widget ? ControlOf(widget) : nullptr;
   if (!control) return false;
   if (event->type() == QEvent::FocusIn) {
-    const FormViews::FocusChange change(views_);
+    const FormViews::Keeping keeping(views_);
     if (form_.ActiveControl() != control) {
       ServeInTime([this, control] {
         if (WidgetOf(*control)) form_.UserFocus(control);

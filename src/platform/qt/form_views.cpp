@@ -11,8 +11,8 @@ namespace lumidex {
 
 FormViews::FormViews(Factory factory) : factory_(std::move(factory)) {
   InstallAccessibleRoles();
-  untilFocusHasChanged_.setSingleShot(true);
-  QObject::connect(&untilFocusHasChanged_, &QTimer::timeout, [this] { DeleteKept(); });
+  untilNoneIsKept_.setSingleShot(true);
+  QObject::connect(&untilNoneIsKept_, &QTimer::timeout, [this] { DeleteKept(); });
 }
 
 FormViews::~FormViews() {
@@ -45,20 +45,20 @@ void FormViews::GiveBack(std::unique_ptr<FormView> view) {
   view.release()->GiveBack();
 }
 
-FormViews::FocusChange::~FocusChange() {
-  // The library is still busy with it when the routine has ended.
-  if (--views_.focusChanges_ == 0 && !views_.kept_.empty()) views_.untilFocusHasChanged_.start(0);
+FormViews::Keeping::~Keeping() {
+  // The library is still busy with them when the routine has ended.
+  if (--views_.keeping_ == 0 && !views_.kept_.empty()) views_.untilNoneIsKept_.start(0);
 }
 
-bool FormViews::KeepsInFocusChange(FormView& view) {
-  if (focusChanges_ == 0) return false;
+bool FormViews::Keeps(FormView& view) {
+  if (keeping_ == 0) return false;
   kept_.emplace_back(&view);
   return true;
 }
 
 void FormViews::DeleteKept() {
-  // Another change starts this anew.
-  if (focusChanges_ > 0) return;
+  // The end of what keeps them now starts this anew.
+  if (keeping_ > 0) return;
   for (const QPointer<FormView>& view : std::exchange(kept_, {})) delete view.data();
 }
 

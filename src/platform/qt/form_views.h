@@ -42,11 +42,12 @@ class FormViews final {
 
   // For the views alone.
   void NoteActive(FormView& view) { active_ = &view; }
-  // Stands while a routine runs in the midst of the focus going from one window to another. The library looks
-  // at the former one again afterwards; until then no window is deleted, whatever the routine's yields serve.
-  class FocusChange;
-  // True when the window is kept for as long as a change lasts, and deleted then.
-  bool KeepsInFocusChange(FormView& view);
+  // Stands while the library looks at windows again afterwards: while a routine runs in the midst of the
+  // focus going from one to another, and while a dialog is open, which may stand before any. Until then no
+  // window is deleted, whatever is served meanwhile.
+  class Keeping;
+  // True when the window is kept for as long as that lasts, and deleted then.
+  bool Keeps(FormView& view);
 
  private:
   struct Entry {
@@ -67,19 +68,19 @@ class FormViews final {
   Factory factory_;
   std::vector<std::unique_ptr<Entry>> entries_;
   std::vector<QPointer<FormView>> leaving_;
-  std::vector<QPointer<FormView>> kept_;  // of those, and to be deleted when no focus changes
-  int focusChanges_ = 0;
-  QTimer untilFocusHasChanged_;
+  std::vector<QPointer<FormView>> kept_;  // of those, and to be deleted when nothing keeps them
+  int keeping_ = 0;
+  QTimer untilNoneIsKept_;
   QPointer<FormView> active_;
   std::unique_ptr<Units> units_;
 };
 
-class FormViews::FocusChange {
+class FormViews::Keeping {
  public:
-  explicit FocusChange(FormViews& views) : views_(views) { ++views_.focusChanges_; }
-  ~FocusChange();
-  FocusChange(const FocusChange&) = delete;
-  FocusChange& operator=(const FocusChange&) = delete;
+  explicit Keeping(FormViews& views) : views_(views) { ++views_.keeping_; }
+  ~Keeping();
+  Keeping(const Keeping&) = delete;
+  Keeping& operator=(const Keeping&) = delete;
 
  private:
   FormViews& views_;
