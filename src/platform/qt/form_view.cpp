@@ -288,8 +288,7 @@ void FormView::PaintBackground() {
 
 bool FormView::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::Expose && watched == windowHandle()) {
-    hasCome_ = true;
-    ShowStateSoon();
+    if (!std::exchange(hasCome_, true)) ShowStateSoon();
     if (leaves_) QTimer::singleShot(0, this, [this] { EndLeaving(); });
     return false;
   }
