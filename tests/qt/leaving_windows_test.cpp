@@ -36,40 +36,33 @@ struct LeavingWindowsTest : testing::Test {
     Settle();
   }
 
+  // Here the window system still takes the one that goes for the one in front, as where it is slow to tell.
+  void GoWhileNextAnswers(Event<>& answer) {
+    const QPointer<FormView> window = View(leaving);
+    bool wasThere = false;
+    answer = [&] {
+      ServeEvents();
+      wasThere = !window.isNull();
+    };
+    leaving.Unload();
+    View(staying)->activateWindow();
+    Settle();
+    EXPECT_TRUE(wasThere);
+    LetGo();
+    EXPECT_TRUE(window.isNull());
+  }
+
   QtWorld world;
   PlainForm staying{world.platform, "frmStaying"}, leaving{world.platform, "frmLeaving"};
 };
 
-// Here the window system still takes the one that goes for the one in front, as where it is slow to tell.
 TEST_F(LeavingWindowsTest, A_window_that_goes_outlives_the_activation_of_the_next_one) {
-  const QPointer<FormView> window = View(leaving);
-  bool wasThere = false;
-  staying.OnActivate = [&] {
-    ServeEvents();
-    wasThere = !window.isNull();
-  };
-  leaving.Unload();
-  View(staying)->activateWindow();
-  Settle();
-  EXPECT_TRUE(wasThere);
-  LetGo();
-  EXPECT_TRUE(window.isNull());
+  GoWhileNextAnswers(staying.OnActivate);
 }
 
 TEST_F(LeavingWindowsTest, A_window_that_goes_outlives_the_arrival_of_the_focus_in_the_next_one) {
-  const QPointer<FormView> window = View(leaving);
-  bool wasThere = false;
-  staying.second.OnGotFocus = [&] {
-    ServeEvents();
-    wasThere = !window.isNull();
-  };
-  leaving.Unload();
   WidgetOf<QWidget>(world, staying.second).setFocus();
-  View(staying)->activateWindow();
-  Settle();
-  EXPECT_TRUE(wasThere);
-  LetGo();
-  EXPECT_TRUE(window.isNull());
+  GoWhileNextAnswers(staying.second.OnGotFocus);
 }
 
 TEST_F(LeavingWindowsTest, A_window_that_goes_outlives_the_dialog_that_stands_before_it) {
