@@ -4,6 +4,7 @@
 #include <QPointer>
 #include <QTimer>
 #include <QWindow>
+#include <optional>
 
 #include "forms/WPaper2.h"
 #include "forms/app.h"
@@ -68,6 +69,17 @@ struct FirstPaintOf : testing::Test {
   bool wasAskedUnseen = false;
 };
 
+// The pointer of a window when it is brought up to date for the first time.
+struct PointerWhenPainted : QObject {
+  std::optional<Qt::CursorShape> first;
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    const auto* window = static_cast<QWidget*>(watched);
+    if (event->type() == QEvent::UpdateRequest && window->updatesEnabled() && !first)
+      first = window->cursor().shape();
+    return false;
+  }
+};
+
 // With a picture that only has to be brought to its size.
 struct FirstPaint : FirstPaintOf {
   FirstPaint() { Show(Picture::FromPixels(Pixels::Make({1500, 1200}, PixelFormat::Rgb, 0), 24)); }
@@ -94,10 +106,12 @@ TEST_F(FirstPaintOf, comes_before_the_hourglass) {
   ShowUndecoded({1500, 1200});
   Settle();
   ASSERT_TRUE(IsUnpainted());
-  EXPECT_EQ(View().cursor().shape(), Qt::ArrowCursor);
+  PointerWhenPainted painted;
+  View().installEventFilter(&painted);
   EXPECT_TRUE(decoding.RunNext());
   Settle();
   EXPECT_FALSE(IsUnpainted());
+  EXPECT_EQ(painted.first, Qt::ArrowCursor);
   EXPECT_EQ(View().cursor().shape(), Qt::WaitCursor);
 }
 

@@ -96,9 +96,10 @@ void MainView::EndHold() {
   mayPrepare_ = false;
   if (updatesEnabled()) return;
   setUpdatesEnabled(true);
-  ShowStateSoon();
   // What was to be painted before is not asked for anew.
   QCoreApplication::postEvent(this, new QEvent(QEvent::UpdateRequest));
+  // Behind the painting: the pointer has waited for it.
+  QTimer::singleShot(0, this, [this] { ShowStateSoon(); });
 }
 
 void MainView::NameControls() {
