@@ -1,6 +1,7 @@
 #include "pictures/line_scaler.h"
 
 #include <algorithm>
+#include <array>
 
 #include "pictures/word_blocks.h"
 
@@ -8,6 +9,9 @@ namespace lumidex {
 namespace {
 
 constexpr int alphaLane = 3;
+
+// What a number of a line counts in a pixel.
+constexpr double unit = 1.0 / 256;
 
 // The channels of one pixel, calculated together.
 #if LUMIDEX_WORD_BLOCKS
@@ -31,6 +35,26 @@ std::uint32_t Word(Channels channels) {
   const __m128i rounded = _mm_cvtps_epi32(channels);
   const __m128i shorts = _mm_packs_epi32(rounded, rounded);
   return static_cast<std::uint32_t>(_mm_cvtsi128_si32(_mm_packus_epi16(shorts, shorts)));
+}
+
+// The numbers of two neighbours, each pixel's times a share of its own.
+__m128i TwoShares(const std::uint16_t* line, __m128i shares) {
+  return _mm_mulhi_epu16(_mm_loadu_si128(reinterpret_cast<const __m128i*>(line)), shares);
+}
+// Four neighbours with their shares, added up two by two: the first with the third, the second with the
+// fourth.
+__m128i FourShares(const std::uint16_t* line, const std::uint16_t* shares) {
+  const __m128i four = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(shares));
+  const __m128i twice = _mm_unpacklo_epi16(four, four);
+  return _mm_add_epi16(TwoShares(line, _mm_shuffle_epi32(twice, _MM_SHUFFLE(1, 1, 0, 0))),
+                       TwoShares(line + 8, _mm_shuffle_epi32(twice, _MM_SHUFFLE(3, 3, 2, 2))));
+}
+// Two pixels of such sums, as numbers of a pixel.
+__m128i TwoPixels(__m128i left, __m128i right) {
+  // Half of a number, and half of what four products lose behind the point.
+  const __m128i rounding = _mm_set1_epi16(128 + 2);
+  const __m128i sums = _mm_add_epi16(_mm_unpacklo_epi64(left, right), _mm_unpackhi_epi64(left, right));
+  return _mm_srli_epi16(_mm_add_epi16(sums, rounding), 8);
 }
 
 #else
@@ -77,38 +101,65 @@ void WeighChannels(std::span<const std::uint32_t> row, PixelFormat format, std::
   }
 }
 
-LineScaler::LineScaler(int from, int to, PixelFormat format)
-    : taps_(static_cast<std::size_t>(to)), straightAlpha_(format == PixelFormat::Argb) {
-  constexpr double unit = 1.0 / 256;
+LineScaler::LineScaler(int from, int to, PixelFormat format) : straightAlpha_(format == PixelFormat::Argb) {
   const double ratio = static_cast<double>(from) / to;
   if (ratio >= 1) between_ = static_cast<float>(unit / ratio);
+  const bool inFours = LUMIDEX_WORD_BLOCKS && ratio <= 3 && from >= 4 && !straightAlpha_;
+  if (inFours) {
+    fours_.reserve(static_cast<std::size_t>(to));
+  } else {
+    taps_.reserve(static_cast<std::size_t>(to));
+  }
   for (int i = 0; i < to; ++i) {
-    Tap& tap = taps_[static_cast<std::size_t>(i)];
-    if (ratio >= 1) {
-      // In whole numbers, so that no pixel is touched of which nothing is seen.
-      const std::int64_t begin = std::int64_t{i} * from, end = begin + from;
-      tap.first = static_cast<std::uint32_t>(begin / to);
-      tap.last = static_cast<std::uint32_t>((end - 1) / to);
-      const auto share = [&](std::int64_t part) {
-        return static_cast<float>(unit * static_cast<double>(part) / from);
-      };
-      if (tap.last == tap.first) {
-        tap.firstShare = static_cast<float>(unit);
-      } else {
-        tap.firstShare = share(to - begin % to);
-        tap.lastShare = share((end - 1) % to + 1);
-      }
+    const Tap tap = ratio >= 1 ? AverageTap(i, from, to) : BetweenTap(i, from, to);
+    if (inFours) {
+      fours_.push_back(FourOf(tap, from));
     } else {
-      const double centre = std::clamp((i + 0.5) * ratio - 0.5, 0.0, from - 1.0);
-      tap.first = static_cast<std::uint32_t>(std::min(static_cast<int>(centre), std::max(0, from - 2)));
-      tap.last = from > 1 ? tap.first + 1 : tap.first;
-      tap.lastShare = static_cast<float>(unit * (centre - tap.first));
-      tap.firstShare = static_cast<float>(unit) - tap.lastShare;
+      taps_.push_back(tap);
     }
   }
 }
 
+// In whole numbers, so that no pixel is touched of which nothing is seen.
+LineScaler::Tap LineScaler::AverageTap(int i, int from, int to) {
+  const std::int64_t begin = std::int64_t{i} * from, end = begin + from;
+  Tap tap{static_cast<std::uint32_t>(begin / to), static_cast<std::uint32_t>((end - 1) / to)};
+  const auto share = [&](std::int64_t part) {
+    return static_cast<float>(unit * static_cast<double>(part) / from);
+  };
+  if (tap.last == tap.first) {
+    tap.firstShare = static_cast<float>(unit);
+  } else {
+    tap.firstShare = share(to - begin % to);
+    tap.lastShare = share((end - 1) % to + 1);
+  }
+  return tap;
+}
+
+LineScaler::Tap LineScaler::BetweenTap(int i, int from, int to) {
+  const double centre = std::clamp((i + 0.5) * from / to - 0.5, 0.0, from - 1.0);
+  Tap tap{static_cast<std::uint32_t>(std::min(static_cast<int>(centre), std::max(0, from - 2)))};
+  tap.last = from > 1 ? tap.first + 1 : tap.first;
+  tap.lastShare = static_cast<float>(unit * (centre - tap.first));
+  tap.firstShare = static_cast<float>(unit) - tap.lastShare;
+  return tap;
+}
+
+LineScaler::Four LineScaler::FourOf(const Tap& tap, int from) const {
+  Four four{std::min(tap.first, static_cast<std::uint32_t>(from - 4))};
+  std::array<float, 4> shares{};
+  for (std::uint32_t pixel = tap.first + 1; pixel < tap.last; ++pixel) shares[pixel - four.first] = between_;
+  shares[tap.first - four.first] = tap.firstShare;
+  shares[tap.last - four.first] += tap.lastShare;
+  constexpr double whole = 65536;
+  std::ranges::transform(shares, four.shares.begin(), [](float share) {
+    return static_cast<std::uint16_t>(std::min(share / unit * whole + 0.5, whole - 1));
+  });
+  return four;
+}
+
 void LineScaler::Write(std::span<const std::uint16_t> line, std::span<std::uint32_t> row) const {
+  WriteFours(line, row);
   for (std::size_t x = 0; x < taps_.size(); ++x) {
     const Tap& tap = taps_[x];
     Channels sum =
@@ -117,5 +168,29 @@ void LineScaler::Write(std::span<const std::uint16_t> line, std::span<std::uint3
     row[x] = Word(straightAlpha_ ? Unweighed(sum) : sum);
   }
 }
+
+#if LUMIDEX_WORD_BLOCKS
+
+void LineScaler::WriteFours(std::span<const std::uint16_t> line, std::span<std::uint32_t> row) const {
+  const auto sums = [&](std::size_t x) {
+    const Four& four = fours_[x];
+    return FourShares(line.data() + std::size_t{four.first} * 4, four.shares.data());
+  };
+  std::size_t x = 0;
+  for (; x + 4 <= fours_.size(); x += 4) {
+    const __m128i left = TwoPixels(sums(x), sums(x + 1)), right = TwoPixels(sums(x + 2), sums(x + 3));
+    StoreBlock(row.data() + x, _mm_packus_epi16(left, right));
+  }
+  for (; x < fours_.size(); ++x) {
+    const __m128i pixel = TwoPixels(sums(x), _mm_setzero_si128());
+    row[x] = static_cast<std::uint32_t>(_mm_cvtsi128_si32(_mm_packus_epi16(pixel, pixel)));
+  }
+}
+
+#else
+
+void LineScaler::WriteFours(std::span<const std::uint16_t>, std::span<std::uint32_t>) const {}
+
+#endif
 
 }  // namespace lumidex
