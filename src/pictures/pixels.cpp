@@ -80,4 +80,9 @@ std::span<std::uint32_t> Pixels::Row(int y) {
   return {words_.get() + static_cast<std::size_t>(y) * width, width};
 }
 
+std::span<std::uint32_t> Pixels::RowsFrom(int first) {
+  return std::span(words_.get(), ByteCount() / 4)
+      .subspan(static_cast<std::size_t>(first) * static_cast<std::size_t>(size_.width));
+}
+
 }  // namespace lumidex

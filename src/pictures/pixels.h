@@ -61,6 +61,8 @@ class Pixels {
 
   std::span<const std::uint32_t> Row(int y) const;
   std::span<std::uint32_t> Row(int y);
+  // Row `first` and all below it.
+  std::span<std::uint32_t> RowsFrom(int first);
   const std::uint32_t* Data() const { return words_.get(); }
   std::uint32_t* Data() { return words_.get(); }
 

@@ -85,6 +85,7 @@ RowReducer::RowReducer(Size from, Pixels& into, bool bottomUp, int first)
   mostInSum_ = static_cast<int>(std::min(mostInSum, mostParts_ / rowParts_));
   // It costs a pass of its own in the end, which pays from a few rows on.
   if (mostInSum_ > 2) sum_.resize(line_.size());
+  if (!bottomUp) pages_ = PagesAhead(std::as_writable_bytes(into.RowsFrom(first)));
   if (into.Format() == PixelFormat::Argb) weighed_.resize(line_.size());
 }
 
@@ -117,7 +118,9 @@ void RowReducer::AddChannels(const Channel* channels) {
   parts_ += here;
   if (parts_ < mostParts_) return;
   JoinTheSum();
-  across_.Write(line_, into_->Row(bottomUp_ ? into_->Height() - 1 - done_ : done_));
+  const std::span<std::uint32_t> row = into_->Row(bottomUp_ ? into_->Height() - 1 - done_ : done_);
+  pages_.Reach(row.data() + row.size());
+  across_.Write(line_, row);
   ++done_;
   parts_ = own - here;
   if (parts_ > 0) Begin(channels, Share(parts_), line_.data(), line_.size());

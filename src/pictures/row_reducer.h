@@ -5,6 +5,7 @@
 #include <span>
 #include <vector>
 
+#include "base/memory_pages.h"
 #include "pictures/line_scaler.h"
 
 namespace lumidex {
@@ -31,6 +32,7 @@ class RowReducer {
   std::uint16_t Share(std::int64_t parts) const;
 
   Pixels* into_;
+  PagesAhead pages_;  // where rows come from the top
   bool bottomUp_;
   LineScaler across_;
   // Heights are counted in parts, of which a row that comes has `rowParts_` and one of `into` `mostParts_`.

@@ -19,13 +19,16 @@ RowTarget::RowTarget(Size size, PixelFormat format, const Options& options)
     reducer_.emplace(size, pixels_, order_ == RowOrder::BottomUp);
   } else {
     pixels_ = Pixels::MakeUnfilled(size, format, options.limits);
+    if (order_ == RowOrder::TopDown) pages_ = PagesAhead(std::as_writable_bytes(pixels_.RowsFrom(0)));
   }
 }
 
 std::span<std::uint32_t> RowTarget::Row(int ahead) {
   if (reducer_) return rows_.Row(ahead);
   const int y = added_ + ahead;
-  return pixels_.Row(order_ == RowOrder::TopDown ? y : size_.height - 1 - y);
+  const std::span<std::uint32_t> row = pixels_.Row(order_ == RowOrder::TopDown ? y : size_.height - 1 - y);
+  pages_.Reach(row.data() + row.size());
+  return row;
 }
 
 void RowTarget::Add(int count) {

@@ -5,6 +5,7 @@
 
 #include <optional>
 
+#include "base/memory_pages.h"
 #include "pictures/codec.h"
 #include "pictures/row_reducer.h"
 
@@ -43,6 +44,7 @@ class RowTarget {
   int added_ = 0;
   int sincePause_ = 0;                 // pixels
   Pixels pixels_;                      // the picture, all of it or reduced
+  PagesAhead pages_;                   // of all of it, where rows come from its beginning
   Pixels rows_;                        // of a reduced picture: those worked on
   std::optional<RowReducer> reducer_;  // of a reduced picture
 };

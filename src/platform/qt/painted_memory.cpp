@@ -4,7 +4,7 @@
 #include <QImage>
 #include <QRegion>
 
-#include "platform/posix/memory.h"
+#include "base/memory_pages.h"
 
 namespace lumidex {
 
