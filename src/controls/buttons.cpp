@@ -11,7 +11,7 @@ void CheckBox::RefuseOthers(Element&, const int& value) {
 OptionButton::OptionButton(Form& owner, std::string name, OptionGroup& group, std::string caption, bool value)
     : Control(owner, std::move(name)),
       Caption(*this, "Caption", std::move(caption)),
-      Value(*this, "Value", value, nullptr, &Fire),
+      Value(*this, "Value", value, ruled<bool, nullptr, &Fire>),
       group_(group) {
   group.members.push_back(this);
 }

@@ -31,7 +31,7 @@ class CheckBox final : public Control {
   CheckBox(Form& owner, std::string name, std::string caption = {}, int value = 0)
       : Control(owner, std::move(name)),
         Caption(*this, "Caption", std::move(caption)),
-        Value(*this, "Value", value, &RefuseOthers, &Fire) {}
+        Value(*this, "Value", value, ruled<int, &RefuseOthers, &Fire>) {}
 
   std::string_view Kind() const override { return "CheckBox"; }
   bool CanTakeFocus() const override { return true; }

@@ -10,7 +10,8 @@ namespace lumidex {
 class ComboBox final : public Control {
  public:
   ComboBox(Form& owner, std::string name, std::string text = {})
-      : Control(owner, std::move(name)), Text(*this, "Text", std::move(text), nullptr, &Fire) {}
+      : Control(owner, std::move(name)),
+        Text(*this, "Text", std::move(text), ruled<std::string, nullptr, &Fire>) {}
   std::string_view Kind() const override { return "ComboBox"; }
   // Also ListCount, ListIndex and List(n).
   std::optional<std::string> ReadProperty(std::string_view name) override;

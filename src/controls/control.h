@@ -26,7 +26,7 @@ class Control : public Element {
   Property<int> ContainerPage{*this, "ContainerPage"};
   // Position inside the container or the form, in its units.
   Property<float> Left{*this, "Left"}, Top{*this, "Top"}, Width{*this, "Width"}, Height{*this, "Height"};
-  Property<bool> Enabled{*this, "Enabled", true, nullptr, nullptr, &Control::EnabledWritten};
+  Property<bool> Enabled{*this, "Enabled", true, ruled<bool, nullptr, nullptr, &Control::EnabledWritten>};
   Property<bool> Visible{*this, "Visible", true};
   Property<std::string> ToolTipText{*this, "ToolTipText"};
   // Each call of BringToFront raises it, and the control above its neighbours.

@@ -182,8 +182,7 @@ void DirList::UserOpen(int index) {
 
 FileList::FileList(Form& owner, std::string name, DirectoryReader& reader)
     : Control(owner, std::move(name)),
-      Pattern(*this, "Pattern", "*", nullptr,
-              [](Element& element) { static_cast<FileList&>(element).TakePattern(); }),
+      Pattern(*this, "Pattern", "*", ruled<std::string, nullptr, &PatternChanged>),
       reader_(reader) {}
 
 std::optional<std::string> FileList::ReadProperty(std::string_view name) {

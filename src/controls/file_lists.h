@@ -107,6 +107,7 @@ class FileList final : public Control {
 
  private:
   const std::vector<std::string>& Names() const;
+  static void PatternChanged(Element& element) { static_cast<FileList&>(element).TakePattern(); }
   void TakePattern();
   void Forget();
 

@@ -40,9 +40,10 @@ class Form : public Element, public Pointed {
   Property<std::string> Caption{*this, "Caption"};
   Property<float> Left{*this, "Left"}, Top{*this, "Top"};
   // The outer size in twips, frame and menu included; a new size fires Resize while the form is loaded.
-  Property<float> Width{*this, "Width", 0.0F, nullptr, &Form::SizeChanged};
-  Property<float> Height{*this, "Height", 0.0F, nullptr, &Form::SizeChanged};
-  Property<WindowState> State{*this, "WindowState", WindowState::Normal, nullptr, &Form::StateChanged};
+  Property<float> Width{*this, "Width", 0.0F, ruled<float, nullptr, &Form::SizeChanged>};
+  Property<float> Height{*this, "Height", 0.0F, ruled<float, nullptr, &Form::SizeChanged>};
+  Property<WindowState> State{*this, "WindowState", WindowState::Normal,
+                              ruled<WindowState, nullptr, &Form::StateChanged>};
   // Without a border the inside is all there is. Only a form with the Sizable one is resized by the user.
   Property<BorderStyle> Border{*this, "BorderStyle", BorderStyle::Sizable};
   Property<ScaleMode> Scale{*this, "ScaleMode", ScaleMode::Twips};
@@ -52,7 +53,8 @@ class Form : public Element, public Pointed {
   Property<std::int32_t> BackColor{*this, "BackColor", -1};
   Property<lumidex::Picture> Icon{*this, "Icon"};
   // The background picture. Giving the form one, also the empty one, wipes the persistent drawing.
-  Property<lumidex::Picture> Picture{*this, "Picture", {}, nullptr, nullptr, &Form::PictureWritten};
+  Property<lumidex::Picture> Picture{
+      *this, "Picture", {}, ruled<lumidex::Picture, nullptr, nullptr, &Form::PictureWritten>};
 
   // The persistent drawing, on top of the background and below the controls.
   const std::vector<DrawnBand>& Drawing() const { return drawing_; }

@@ -42,9 +42,9 @@ class Gvbox final : public PointedControl {
   // pixels, never enlarged, in the style of Appearance, whose pixels are made when they are first needed.
   lumidex::Picture Picture() const;
   void SetPicture(const lumidex::Picture& picture);
-  Property<int> ThumbnailSize{*this, "ThumbnailSize", 0, &RefuseNegative};
+  Property<int> ThumbnailSize{*this, "ThumbnailSize", 0, ruled<int, &RefuseNegative>};
   // The style of thumbnails: 0 flat, 1 with a raised edge.
-  Property<int> Appearance{*this, "Appearance", 1, &RefuseOutside<0, 1>};
+  Property<int> Appearance{*this, "Appearance", 1, ruled<int, &RefuseOutside<0, 1>>};
 
   // Size of the working image in pixels and depth of the file; 0 without an image. A side beyond 16 bits
   // raises Overflow.
@@ -57,9 +57,9 @@ class Gvbox final : public PointedControl {
   // down to 256 colours; 0 does not, nor does 2, which is for colours that the screen can not show: there are
   // none. Values outside raise InvalidPropertyValue.
   Property<bool> FancyUpsizing{*this, "FancyUpsizing", true}, TwoPassQuantize{*this, "TwoPassQuantize", true};
-  Property<int> DitherMethod{*this, "DitherMethod", 0, &RefuseOutside<0, 2>};
-  Property<int> DCTMethod{*this, "DCTMethod", 0, &RefuseOutside<0, 2>};
-  Property<int> JPGDitherMethod{*this, "JPGDitherMethod", 0, &RefuseOutside<0, 2>};
+  Property<int> DitherMethod{*this, "DitherMethod", 0, ruled<int, &RefuseOutside<0, 2>>};
+  Property<int> DCTMethod{*this, "DCTMethod", 0, ruled<int, &RefuseOutside<0, 2>>};
+  Property<int> JPGDitherMethod{*this, "JPGDitherMethod", 0, ruled<int, &RefuseOutside<0, 2>>};
 
   // JPEG writer options. The texts are taken as typed: the number at their start, brought into 1 to 100 for
   // the quality and 0 to 100 for the smoothing; text that begins with none counts as 75 and 0.
@@ -69,7 +69,7 @@ class Gvbox final : public PointedControl {
   // 1.0 is one image pixel on one screen pixel. A new level fires ImageChanged, but not after a load that
   // failed. A level below 0, and one at which a side of the image would be longer than MostZoomedPixels,
   // raise InvalidPropertyValue.
-  Property<float> ZoomLevel{*this, "ZoomLevel", 1.0F, &RefuseZoom, &ZoomChanged};
+  Property<float> ZoomLevel{*this, "ZoomLevel", 1.0F, ruled<float, &RefuseZoom, &ZoomChanged>};
   // Up to here a 32-bit float still tells places in the zoomed image that are a 64th of a pixel apart.
   static constexpr float MostZoomedPixels = 262144.0F;
 
@@ -78,9 +78,9 @@ class Gvbox final : public PointedControl {
   float ScaleWidth() const;
   float ScaleHeight() const;
   // 1 lets painting land in the working image; what is painted with 0 is gone at the next redraw.
-  Property<int> AutoRedraw{*this, "AutoRedraw", 0, &RefuseOutside<0, 1>};
+  Property<int> AutoRedraw{*this, "AutoRedraw", 0, ruled<int, &RefuseOutside<0, 1>>};
   // 1 when what is painted over is a bitmap. The working image becomes one in any case.
-  Property<int> RetainBitmap{*this, "RetainBitmap", 0, &RefuseOutside<0, 1>};
+  Property<int> RetainBitmap{*this, "RetainBitmap", 0, ruled<int, &RefuseOutside<0, 1>>};
 
   // The colour of the working image under a place in the control, given in twips; red in the low byte,
   // transparency over white; -1 beside the image.

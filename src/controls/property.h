@@ -67,33 +67,36 @@ void Read(std::string_view text, Control*& value);
 
 void NotifyObservers(Element& owner);
 
+// What a control has to say about a property of its own.
+template <class T>
+struct PropertyRules {
+  void (*check)(Element& owner, const T& proposed);  // refuses values by raising
+  void (*changed)(Element& owner);                   // runs after a new value
+  void (*written)(Element& owner);                   // runs after every write
+};
+// One for all properties with the same rules: windows have thousands of properties, few of which have any.
+template <class T, auto check, auto changed = nullptr, auto written = nullptr>
+inline constexpr PropertyRules<T> ruled{check, changed, written};
+
 template <class T>
 class Property final : public PropertyBase {
  public:
-  using Check = void (*)(Element& owner, const T& proposed);
-  using Hook = void (*)(Element& owner);
-
-  // `check` refuses values by raising, `changed` runs after a new value, `written` after every write.
-  Property(Element& owner, const char* name, T initial = {}, Check check = nullptr, Hook changed = nullptr,
-           Hook written = nullptr)
-      : PropertyBase(owner, name),
-        value_(initial),
-        design_(std::move(initial)),
-        check_(check),
-        changed_(changed),
-        written_(written) {}
+  // The rules must live as long.
+  Property(Element& owner, const char* name, T initial = {},
+           const PropertyRules<T>& rules = ruled<T, nullptr>)
+      : PropertyBase(owner, name), value_(initial), design_(std::move(initial)), rules_(&rules) {}
   Property& operator=(const Property& other) { return *this = other.value_; }
 
   Property& operator=(T value) {
-    if (check_) check_(owner_, value);
+    if (rules_->check) rules_->check(owner_, value);
     const bool isNew = !(value == value_);
     if (isNew) {
       value_ = std::move(value);
       NotifyObservers(owner_);
     }
-    if (written_) written_(owner_);
+    if (rules_->written) rules_->written(owner_);
     NoteWritten();
-    if (isNew && changed_) changed_(owner_);
+    if (isNew && rules_->changed) rules_->changed(owner_);
     return *this;
   }
 
@@ -142,9 +145,7 @@ class Property final : public PropertyBase {
 
   T value_;
   T design_;
-  Check check_;
-  Hook changed_;
-  Hook written_;
+  const PropertyRules<T>* rules_;
 };
 
 // Compiled once, in element.cpp.

@@ -9,9 +9,9 @@ namespace lumidex {
 
 RangeControl::RangeControl(Form& owner, std::string name, int min, int max, int value)
     : Control(owner, std::move(name)),
-      Min(*this, "Min", min, nullptr, &KeepInside),
-      Max(*this, "Max", max, nullptr, &KeepInside),
-      Value(*this, "Value", value, &RefuseOutside, &Fire) {}
+      Min(*this, "Min", min, ruled<int, nullptr, &KeepInside>),
+      Max(*this, "Max", max, ruled<int, nullptr, &KeepInside>),
+      Value(*this, "Value", value, ruled<int, &RefuseOutside, &Fire>) {}
 
 void RangeControl::RefuseOutside(Element& owner, const int& value) {
   const auto& range = static_cast<RangeControl&>(owner);

@@ -15,7 +15,7 @@ class TabStrip final : public Control {
 
   const std::vector<std::string>& Captions() const { return captions_; }
   // Zero-based; a page that does not exist raises InvalidPropertyValue. A new page fires Click.
-  Property<int> Tab{*this, "Tab", 0, &RefuseOthers, &Fire};
+  Property<int> Tab{*this, "Tab", 0, ruled<int, &RefuseOthers, &Fire>};
   Event<> OnClick;
 
   void UserSelect(int page) {

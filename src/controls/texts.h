@@ -22,7 +22,8 @@ class Label final : public PointedControl {
 class TextBox final : public Control {
  public:
   TextBox(Form& owner, std::string name, std::string text = {})
-      : Control(owner, std::move(name)), Text(*this, "Text", std::move(text), nullptr, &Fire) {}
+      : Control(owner, std::move(name)),
+        Text(*this, "Text", std::move(text), ruled<std::string, nullptr, &Fire>) {}
   std::string_view Kind() const override { return "TextBox"; }
   bool CanTakeFocus() const override { return true; }
 

@@ -7,8 +7,7 @@ namespace lumidex {
 
 Timer::Timer(Form& owner, std::string name, int interval, bool enabled)
     : Control(owner, std::move(name)),
-      Interval(*this, "Interval", interval, &RefuseOthers, nullptr,
-               [](Element& element) { static_cast<Timer&>(element).Restart(); }) {
+      Interval(*this, "Interval", interval, ruled<int, &RefuseOthers, nullptr, &IntervalWritten>) {
   Enabled.SetQuietly(enabled);
 }
 

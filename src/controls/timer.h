@@ -24,6 +24,7 @@ class Timer final : public Control {
 
  private:
   static void RefuseOthers(Element& owner, const int& value);
+  static void IntervalWritten(Element& element) { static_cast<Timer&>(element).Restart(); }
   void Restart();
   void Stop();
   TimerId running_ = 0;
