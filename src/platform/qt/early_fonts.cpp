@@ -12,9 +12,13 @@ namespace lumidex {
 // thread.
 EarlyFonts::EarlyFonts() : reading_(StartThread([] { FcInit(); }, Beginning::Elsewhere)) {}
 
-// So is the library's own list of fonts, which it makes when it is first asked.
+// So is the library's own list of fonts, which it makes when it is first asked. Whoever asks while the
+// configuration is still being read reads all of it once more.
 void EarlyFonts::LearnNames() {
-  learning_ = StartThread([] { QFontDatabase::families(); });
+  learning_ = StartThread([this] {
+    if (reading_) reading_->join();
+    QFontDatabase::families();
+  });
 }
 
 }  // namespace lumidex
