@@ -95,6 +95,9 @@ class DecodingService {
  protected:
   // Something was asked for. `isToShow` when it is to be shown.
   virtual void Woken(bool /*isToShow*/) {}
+  // Between rows of what is read ahead, until somebody waits for it: whoever else has something to do may go
+  // first. Called on the thread that decodes.
+  virtual void GiveWay() {}
   // Ends running work as soon as may be and begins none.
   void StopAll();
 

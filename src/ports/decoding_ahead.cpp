@@ -4,7 +4,6 @@
 #include <chrono>
 #include <exception>
 #include <limits>
-#include <thread>
 #include <utility>
 
 #include "base/run_time_error.h"
@@ -377,8 +376,8 @@ bool DecodingService::DecodeAhead(Reading& reading) {
     if (reading.waitsForRoom) return false;
   }
   const std::stop_token stop = reading.stop.get_token();
-  const Pace pace([&picture] {
-    if (!picture.IsAwaited()) std::this_thread::yield();
+  const Pace pace([this, &picture] {
+    if (!picture.IsAwaited()) GiveWay();
   });
   const Pixels pixels =
       extent == DecodingExtent::Shown ? picture.PixelsToShow(size, stop) : picture.PixelsFor(size, stop);

@@ -1,6 +1,8 @@
 // Neighbours: files that are read ahead of the one that is shown.
 
+#include <functional>
 #include <new>
+#include <thread>
 
 #include "gallery/encoders/cut_encoder.h"
 #include "gallery/encoders/emf_encoder.h"
@@ -226,6 +228,51 @@ TEST_F(DecodingAhead, Whatever_goes_wrong_with_one_picture_the_next_is_read) {
   EXPECT_EQ(RunAll(), 2);
   EXPECT_FALSE(Find("/a.bmp").IsEmpty());
   EXPECT_TRUE(Find("/small.bmp").IsEmpty());
+}
+
+struct GivingWay : DecodingService {
+  using DecodingService::DecodingService;
+  void GiveWay() override {
+    ++times;
+    if (onGivingWay) onGivingWay();
+  }
+  std::function<void()> onGivingWay;
+  int times = 0;
+};
+
+class DecodingGivingWay : public DecodingAhead {
+ protected:
+  GivingWay service{platform.files};
+  DecodingService::Client reader{service};
+
+  void SetUp() override {
+    AddPicture("/large.bmp", {256, 1024});
+    reader.Want(DecodingPriority::Neighbours, {{"/large.bmp"}, DecodingExtent::Full});
+  }
+  Picture Large() { return service.Find("/large.bmp", Stamp("/large.bmp"), {}); }
+};
+
+TEST_F(DecodingGivingWay, What_is_read_ahead_gives_way_again_and_again) {
+  ASSERT_TRUE(service.RunNext());
+  EXPECT_GT(service.times, 4);
+}
+
+TEST_F(DecodingGivingWay, It_gives_way_no_more_once_somebody_waits_for_it) {
+  std::jthread waiting;
+  service.onGivingWay = [&] {
+    if (service.times != 3) return;
+    waiting = std::jthread([picture = Large()] { picture.FullPixels(); });
+    while (!Large().IsAwaited()) std::this_thread::yield();
+  };
+  ASSERT_TRUE(service.RunNext());
+  EXPECT_EQ(service.times, 3);
+}
+
+TEST_F(DecodingGivingWay, What_is_shown_gives_way_to_nobody) {
+  const auto showing =
+      service.Show(Opened("/large.bmp").picture, {256, 1024}, DecodingPriority::Screen, [](const Pixels&) {});
+  ASSERT_TRUE(service.RunNextShowing());
+  EXPECT_EQ(service.times, 0);
 }
 
 }  // namespace

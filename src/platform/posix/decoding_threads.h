@@ -30,6 +30,7 @@ class DecodingThreads final : public DecodingService {
   using Clock = std::chrono::steady_clock;
 
   void Woken(bool isToShow) override;
+  void GiveWay() override { std::this_thread::yield(); }
   void StartOne();
   void Work(const std::stop_token& end);
 
