@@ -16,8 +16,9 @@
 namespace lumidex {
 namespace {
 
-// A desktop that has just started may still be without its panel.
-constexpr int firstRetryMilliseconds = 1000, lastRetryMilliseconds = 60000;
+// The start has a window to show first. A desktop that has just started may still be without its panel: each
+// time the wait doubles.
+constexpr int firstLookMilliseconds = 100, longestWaitMilliseconds = 60000;
 // How far the mouse may move between the two presses of a double click.
 constexpr int mostMoved = 8;
 
@@ -80,9 +81,8 @@ bool CanOpenMenus(const Environment& environment) {
 QtTray::QtTray(EventQueue& events, const FormViews& views, QtPopup& popup, Find find)
     : events_(events), views_(views), popup_(popup), find_(std::move(find)) {
   popup_.OnPressedBeside = [this](QPoint place) { PressedBeside(place); };
-  retry_.setSingleShot(true);
-  retry_.setInterval(firstRetryMilliseconds);
-  QObject::connect(&retry_, &QTimer::timeout, [this] { Look(); });
+  look_.setSingleShot(true);
+  QObject::connect(&look_, &QTimer::timeout, [this] { Look(); });
 }
 
 QtTray::~QtTray() = default;
@@ -97,7 +97,7 @@ bool QtTray::Shell_NotifyIconA(unsigned action, const TrayIconRecord& record) {
     case NIM_ADD:
       if (record_) return false;
       record_ = record;
-      Look();
+      look_.start(firstLookMilliseconds);
       return true;
     case NIM_MODIFY:
       if (!record_) return false;
@@ -110,7 +110,7 @@ bool QtTray::Shell_NotifyIconA(unsigned action, const TrayIconRecord& record) {
       LetIconGo();
       desktopLines_.clear();
       desktopMenu_.reset();
-      retry_.stop();
+      look_.stop();
       return true;
     default:
       return false;
@@ -138,8 +138,7 @@ void QtTray::Look() {
 void QtTray::Found(TrayHost host) {
   if (!record_ || icon_) return;
   if (host == TrayHost::None) {
-    retry_.start();
-    retry_.setInterval(std::min(2 * retry_.interval(), lastRetryMilliseconds));
+    look_.start(std::min(2 * look_.interval(), longestWaitMilliseconds));
     return;
   }
   if (host == TrayHost::XEmbed) besideModalWindows_ = std::make_unique<IconBesideModalWindows>();
