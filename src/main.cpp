@@ -5,9 +5,11 @@
 
 #include "core/default_report.h"
 #include "forms/WPaper2.h"
+#include "imaging/fit.h"
 #include "platform/posix/bus_address.h"
 #include "platform/posix/decoding_threads.h"
 #include "platform/posix/early_picture.h"
+#include "platform/posix/kept_picture_area.h"
 #include "platform/posix/memory.h"
 #include "platform/posix/posix_desktop.h"
 #include "platform/posix/posix_file_system.h"
@@ -32,6 +34,14 @@ void UseLanguageForDates() {
   }
 }
 
+// The size at which a picture will be shown, as long as the window becomes what it was last. The zoom begins
+// at 100 %.
+lumidex::DecodingService::ShownSize ShownAsLast(const lumidex::KeptPictureArea& kept) {
+  const auto area = kept.Read();
+  if (!area) return {};
+  return [area = *area](lumidex::Size full) { return ShownIn(area, full, 1); };
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -43,7 +53,8 @@ int main(int argc, char** argv) {
   PosixFileSystem files(std::chrono::milliseconds(10));
   PosixProcess process(argc, argv, LUMIDEX_INSTALLED_CONTENT);
   DecodingThreads decoding(files);
-  const EarlyPicture early(decoding, process.CommandLine());
+  const KeptPictureArea area;
+  const EarlyPicture early(decoding, process.CommandLine(), ShownAsLast(area));
   QtSessionBus bus;
   DesktopServices services(bus);
   PosixDesktop registry(ReadEnvironment, &services);
@@ -55,10 +66,12 @@ int main(int argc, char** argv) {
   const auto connecting = ConnectLibrary();
   fonts.LearnNames();
 
-  // A wallpaper that was asked for last still comes, but no desktop keeps the program from ending.
-  desktop.BeforeEnd([&services] { services.Finish(std::chrono::seconds(2)); });
-
   App app(desktop.GetPlatform());
+  desktop.BeforeEnd([&] {
+    if (app.lastArea) area.Keep(*app.lastArea);
+    // A wallpaper that was asked for last still comes, but no desktop keeps the program from ending.
+    services.Finish(std::chrono::seconds(2));
+  });
   desktop.Attach(app.Forms());
   WireWindows(app);
   // The conversion of whole lists is a command of the shipped program.

@@ -12,6 +12,7 @@
 
 #include "forms/display_requests.h"
 #include "forms/list_loading.h"
+#include "ports/picture_area.h"
 #include "ports/platform.h"
 
 namespace lumidex {
@@ -119,6 +120,8 @@ struct App : GlobalRecord {
   bool exiting = false;
   // What has been asked of the picture area.
   DisplayRequests displays;
+  // Where a picture was placed last.
+  std::optional<PictureArea> lastArea;
   // The default report is on the screen, and the program ends with it.
   bool reporting = false;
   ListLoading listLoading;

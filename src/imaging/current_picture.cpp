@@ -15,16 +15,21 @@
 namespace lumidex {
 namespace {
 
-std::int16_t Zoomed(std::int16_t length, float zoom) {
-  return ToInt16(static_cast<double>(static_cast<float>(length) * zoom));
+// As it is now. Raises Overflow when a side leaves 16 bits.
+PictureArea AreaOf(App& app) {
+  const PictureBox& box = app.WPaper2.Picture1;
+  return {{ToInt16(static_cast<double>(box.ScaleWidth())), ToInt16(static_cast<double>(box.ScaleHeight()))},
+          app.frmPreferences.chkStretch.Value == 1};
 }
 
 // Gives Image1 the place of the picture whose size stands in the record.
 void PlacePicture(App& app) {
   WPaper2Window& window = app.WPaper2;
   // Area and zoom are those of this moment: both may have changed in the yields of the display.
-  const std::int16_t areaWidth = ToInt16(static_cast<double>(window.Picture1.ScaleWidth()));
-  const std::int16_t areaHeight = ToInt16(static_cast<double>(window.Picture1.ScaleHeight()));
+  const PictureArea area = AreaOf(app);
+  app.lastArea = area;
+  const auto areaWidth = static_cast<std::int16_t>(area.size.width);
+  const auto areaHeight = static_cast<std::int16_t>(area.size.height);
   const float zoom = app.displays.TakePlace();
   app.NaturalWidth = app.ImageWidth;
   app.NaturalHeight = app.ImageHeight;
@@ -32,11 +37,11 @@ void PlacePicture(App& app) {
   app.ImageHeight = Zoomed(app.ImageHeight, zoom);
   app.ImageWidth = Zoomed(app.ImageWidth, zoom);
   FitToArea(app.ImageWidth, app.ImageHeight, areaWidth, areaHeight);
-  if (app.frmPreferences.chkStretch.Value == 1) {
+  if (area.stretches) {
     window.Image1.Move(0, 0, areaWidth, areaHeight);
   } else {
-    const auto centred = [](std::int16_t area, std::int16_t side) {
-      return static_cast<float>(area) / 2.0F - static_cast<float>(side) / 2.0F;
+    const auto centred = [](std::int16_t room, std::int16_t side) {
+      return static_cast<float>(room) / 2.0F - static_cast<float>(side) / 2.0F;
     };
     window.Image1.Move(centred(areaWidth, app.ImageWidth), centred(areaHeight, app.ImageHeight),
                        app.ImageWidth, app.ImageHeight);
@@ -92,19 +97,8 @@ void ReadNeighboursAhead(App& app) {
     // Those come through the platform's own loader.
     if (InStr(UCase(path), ".GIF") == 0) neighbours.Add(path);
   }
-  const Size area{static_cast<int>(window.Picture1.ScaleWidth()),
-                  static_cast<int>(window.Picture1.ScaleHeight())};
-  const bool stretch = app.frmPreferences.chkStretch.Value == 1;
-  const float zoom = GetZoomFactor(app);
-  const auto shownSize = [=](Size full) {
-    if (stretch) return area;
-    Size shown = full;
-    IgnoreError([&] {
-      std::int16_t width = Zoomed(ToInt16(full.width), zoom), height = Zoomed(ToInt16(full.height), zoom);
-      FitToArea(width, height, ToInt16(area.width), ToInt16(area.height));
-      shown = {width, height};
-    });
-    return shown;
+  const auto shownSize = [area = AreaOf(app), zoom = GetZoomFactor(app)](Size full) {
+    return ShownIn(area, full, zoom);
   };
   app.checkjpg.Picture1.ReadFilesAhead(DecodingPriority::Neighbours, std::move(neighbours),
                                        DecodingExtent::Shown, shownSize);

@@ -1,5 +1,6 @@
 #include "imaging/fit.h"
 
+#include "base/run_time_error.h"
 #include "base/widths.h"
 
 namespace lumidex {
@@ -26,6 +27,21 @@ void FitToArea(std::int16_t& width, std::int16_t& height, std::int16_t areaWidth
       byHeight();
     }
   }
+}
+
+std::int16_t Zoomed(std::int16_t length, float zoom) {
+  return ToInt16(static_cast<double>(static_cast<float>(length) * zoom));
+}
+
+Size ShownIn(const PictureArea& area, Size full, float zoom) {
+  if (area.stretches) return area.size;
+  Size shown = full;
+  IgnoreError([&] {
+    std::int16_t width = Zoomed(ToInt16(full.width), zoom), height = Zoomed(ToInt16(full.height), zoom);
+    FitToArea(width, height, ToInt16(area.size.width), ToInt16(area.size.height));
+    shown = {width, height};
+  });
+  return shown;
 }
 
 }  // namespace lumidex

@@ -60,11 +60,24 @@ std::unique_ptr<DecodingService::Showing> DecodingService::Show(const Picture& p
   }
   {
     const auto lock = Lock();
+    if (priority == DecodingPriority::Screen) StopOtherSizes(*order);
     orders_.push_back(order);
     hasWaitingOrder_ = true;
   }
   Woken(true);
   return showing;
+}
+
+void DecodingService::StopOtherSizes(const Order& order) {
+  const Size full = order.picture.GetSize();
+  const auto within = [&](Size size) {
+    return Size{std::min(size.width, full.width), std::min(size.height, full.height)};
+  };
+  for (const auto& reading : running_) {
+    if (reading->extent == DecodingExtent::Shown && reading->size.width > 0 &&
+        reading->opened.picture == order.picture && within(reading->size) != within(order.size))
+      reading->stop.request_stop();
+  }
 }
 
 std::shared_ptr<DecodingService::Order> DecodingService::TakeOrder() {

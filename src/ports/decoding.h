@@ -129,6 +129,8 @@ class DecodingService {
   // Under the mutex.
   void Finish(const std::shared_ptr<Reading>& reading, DecodingState state);
   void StopUnwanted();
+  // What is being made of the picture for being shown at another size would be waited for in vain.
+  void StopOtherSizes(const Order& order);
   std::size_t HeldBytes() const;
   bool HasRoomFor(const Reading& reading) const;
 

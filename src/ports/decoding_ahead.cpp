@@ -369,6 +369,7 @@ bool DecodingService::DecodeAhead(Reading& reading) {
     size = reading.shown ? reading.shown(picture.GetSize()) : picture.GetSize();
   {
     const auto lock = Lock();
+    reading.size = size;
     reading.estimate = 0;
     const std::size_t others = HeldBytes() - reading.HeldBytes();
     reading.estimate = BytesFor(picture, size, extent);

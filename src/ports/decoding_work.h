@@ -30,6 +30,7 @@ struct DecodingService::Reading {
 
   OpenedPicture opened;  // the picture comes with the state HeaderKnown
   DecodingState state = DecodingState::Asked;
+  Size size{};               // that its pixels are being made for, once that is known
   std::size_t place = 0;     // in the wish
   std::size_t estimate = 0;  // of the bytes that decoding it will take
   bool isRunning = false;

@@ -6,6 +6,7 @@
 #include "forms/checkjpg.h"
 #include "forms/frmPreferences.h"
 #include "gallery/encoders/jpeg_encoder.h"
+#include "imaging/fit.h"
 #include "imaging/proper_names.h"
 #include "imaging/working_image.h"
 #include "imaging/zoom_menu.h"
@@ -87,6 +88,28 @@ TEST_F(CurrentPicture, Stretched_it_fills_the_whole_area) {
   app.frmPreferences.chkStretch.Value = 1;
   Show(100, 100);
   ExpectBox(0, 0, 400, 300);
+}
+
+TEST_F(CurrentPicture, What_is_said_beforehand_of_its_size_comes_true) {
+  SetArea(400, 300);
+  for (const auto& [full, zoom] : {std::pair(Size{800, 200}, 1.0F),
+                                   {{200, 600}, 1.0F},
+                                   {{101, 50}, 2.0F},
+                                   {{1000, 900}, 0.5F},
+                                   {{640, 480}, 5.0F}}) {
+    Show(full.width, full.height, zoom);
+    const Size said = ShownIn(*app.lastArea, full, zoom);
+    EXPECT_EQ(app.WPaper2.Image1.Width, static_cast<float>(said.width)) << full.width;
+    EXPECT_EQ(app.WPaper2.Image1.Height, static_cast<float>(said.height)) << full.width;
+  }
+  app.frmPreferences.chkStretch.Value = 1;
+  Show(20, 20);
+  EXPECT_EQ(app.lastArea, (PictureArea{{400, 300}, true}));
+  EXPECT_EQ(ShownIn(*app.lastArea, {20, 20}, 1), (Size{400, 300}));
+}
+
+TEST_F(CurrentPicture, Of_a_size_beyond_16_bits_the_picture_s_own_is_said) {
+  EXPECT_EQ(ShownIn({{400, 300}}, {30000, 20}, 2), (Size{30000, 20}));
 }
 
 TEST_F(CurrentPicture, Zoom_zero_gives_no_size) {

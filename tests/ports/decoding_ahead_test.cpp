@@ -275,5 +275,52 @@ TEST_F(DecodingGivingWay, What_is_shown_gives_way_to_nobody) {
   EXPECT_EQ(service.times, 0);
 }
 
+// A picture that is being made for half its size while somebody asks for showing it.
+class DecodingForItsSize : public DecodingAhead {
+ protected:
+  GivingWay service{platform.files};
+  DecodingService::Client reader{service};
+  std::unique_ptr<DecodingService::Showing> showing;
+  Size shown;
+
+  void SetUp() override {
+    AddPicture("/large.bmp", {256, 1024});
+    reader.Want(DecodingPriority::Screen, {{"/large.bmp"}, DecodingExtent::Shown, [](Size full) {
+                                             return Size{full.width / 2, full.height / 2};
+                                           }});
+  }
+  Picture Large() { return service.Find("/large.bmp", Stamp("/large.bmp"), {}); }
+  void RunWhileShownAt(Size size, DecodingPriority priority = DecodingPriority::Screen) {
+    service.onGivingWay = [this, size, priority] {
+      if (service.times != 3) return;
+      picture = Large();
+      // On a thread of its own, as this one holds the picture.
+      std::jthread([&] {
+        showing =
+            service.Show(picture, size, priority, [this](const Pixels& pixels) { shown = pixels.GetSize(); });
+      }).join();
+    };
+    ASSERT_TRUE(service.RunNext());
+  }
+  Picture picture;
+};
+
+TEST_F(DecodingForItsSize, Shown_at_the_same_size_it_goes_on) {
+  RunWhileShownAt({128, 512});
+  EXPECT_EQ(picture.HeldBytes(), 128U * 512 * 4);
+}
+
+TEST_F(DecodingForItsSize, Shown_at_another_size_it_is_made_for_that_one_at_once) {
+  RunWhileShownAt({100, 400});
+  EXPECT_EQ(picture.HeldBytes(), 0U);
+  ASSERT_TRUE(service.RunNext());
+  EXPECT_EQ(shown, (Size{100, 400}));
+}
+
+TEST_F(DecodingForItsSize, A_small_one_beside_it_does_not_end_it) {
+  RunWhileShownAt({40, 160}, DecodingPriority::Page);
+  EXPECT_EQ(picture.HeldBytes(), 128U * 512 * 4);
+}
+
 }  // namespace
 }  // namespace lumidex

@@ -46,6 +46,17 @@ TEST_F(EarlyPictureTest, It_has_pixels_for_a_screen_of_usual_size) {
   EXPECT_NE(found.HeldBytes(), 0U);
 }
 
+TEST_F(EarlyPictureTest, Where_its_size_is_known_it_is_made_for_that) {
+  WritePicture({3000, 1000});
+  const EarlyPicture early(decoding, "\"" + path + "\"", [](Size full) {
+    return Size{full.width / 3, full.height / 2};
+  });
+  decoding.WaitUntilDone();
+  const Picture found = Find();
+  EXPECT_EQ(found.HeldBytes(), 1000U * 500 * 4);
+  EXPECT_FALSE(found.ReadyToShow({1000, 500}).IsEmpty());
+}
+
 TEST_F(EarlyPictureTest, Who_opens_it_takes_it) {
   WritePicture({30, 20});
   const EarlyPicture early(decoding, "\"" + path + "\"");

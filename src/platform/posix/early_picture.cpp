@@ -38,11 +38,14 @@ Size FitScreen(Size full) {
 
 }  // namespace
 
-EarlyPicture::EarlyPicture(DecodingService& decoding, const std::string& commandLine) : client_(decoding) {
+EarlyPicture::EarlyPicture(DecodingService& decoding, const std::string& commandLine,
+                           DecodingService::ShownSize shown)
+    : client_(decoding) {
   if (commandLine.size() < 3) return;
-  // The size at which it will be shown is not known yet, so it is not brought to one.
-  client_.Want(DecodingPriority::Screen,
-               {{commandLine.substr(1, commandLine.size() - 2)}, DecodingExtent::AtLeast, FitScreen});
+  const DecodingExtent extent = shown ? DecodingExtent::Shown : DecodingExtent::AtLeast;
+  client_.Want(
+      DecodingPriority::Screen,
+      {{commandLine.substr(1, commandLine.size() - 2)}, extent, shown ? std::move(shown) : FitScreen});
 }
 
 }  // namespace lumidex

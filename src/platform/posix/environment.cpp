@@ -43,6 +43,10 @@ std::string ConfigHome(const Environment& environment) {
   return FolderIn(environment, "XDG_CONFIG_HOME", "/.config");
 }
 
+std::string CacheHome(const Environment& environment) {
+  return FolderIn(environment, "XDG_CACHE_HOME", "/.cache");
+}
+
 bool MakeFolders(const std::string& path) {
   struct stat status {};
   if (stat(path.c_str(), &status) == 0) return S_ISDIR(status.st_mode);

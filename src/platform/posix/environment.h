@@ -15,6 +15,7 @@ std::string ReadEnvironment(const char* name);
 std::string HomeFolder(const Environment& environment);
 std::string DataHome(const Environment& environment);    // $XDG_DATA_HOME, ~/.local/share
 std::string ConfigHome(const Environment& environment);  // $XDG_CONFIG_HOME, ~/.config
+std::string CacheHome(const Environment& environment);   // $XDG_CACHE_HOME, ~/.cache
 
 // Makes a folder and those above it that are missing, for the user alone. False when that can't be done.
 bool MakeFolders(const std::string& path);

@@ -93,8 +93,9 @@ void MainView::EndHoldUnlessAwaiting() {
 
 void MainView::EndHold() {
   hold_.stop();
-  mayPrepare_ = false;
+  const bool isUnprepared = std::exchange(mayPrepare_, false);
   if (updatesEnabled()) return;
+  if (isUnprepared) ProvidePaintedMemory(*this);
   setUpdatesEnabled(true);
   // What was to be painted before is not asked for anew.
   QCoreApplication::postEvent(this, new QEvent(QEvent::UpdateRequest));
