@@ -56,7 +56,7 @@ class QtTray final : public Tray {
   std::unique_ptr<QMenu> desktopMenu_;
   std::vector<MenuLine> desktopLines_;
   std::unique_ptr<QSystemTrayIcon> icon_;  // goes before its menu
-  QTimer look_;  // what is left of the wait for the next one
+  QTimer look_;                            // what is left of the wait for the next one
   QElapsedTimer sincePress_;
   QPoint pressedAt_;
   BackgroundJobs jobs_;
