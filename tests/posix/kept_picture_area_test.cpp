@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
-#include <filesystem>
-#include <fstream>
+#include <optional>
+#include <string>
 
 #include "platform/posix/ini_file.h"
 #include "posix/temporary_folder.h"
