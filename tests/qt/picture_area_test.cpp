@@ -103,6 +103,40 @@ TEST_F(PictureAreaTest, Half_transparent_places_are_mixed_with_the_checkerboard)
   EXPECT_NEAR(qBlue(shot.pixel(2, 2)), 255, 2);
 }
 
+// What of a widget is painted.
+struct PaintedRegion : QObject {
+  QRegion region;
+  bool eventFilter(QObject*, QEvent* event) override {
+    if (event->type() == QEvent::Paint) region += static_cast<QPaintEvent*>(event)->region();
+    return false;
+  }
+};
+
+TEST_F(PictureAreaTest, Nothing_is_painted_behind_a_picture_that_covers_it) {
+  const qreal ratio = View().devicePixelRatioF();
+  if (ratio != std::floor(ratio)) GTEST_SKIP() << "pictures may end within a pixel of this screen";
+  window.Image1.Picture = Picture::FromPixels(Pattern({60, 48}), 24);
+  window.Image1.Move(30, 24, 60, 48);
+  Settle();
+  PaintedRegion behind;
+  Area().installEventFilter(&behind);
+  Area().update();
+  Settle();
+  const QRect picture(QRectF(30 / ratio, 24 / ratio, 60 / ratio, 48 / ratio).toRect());
+  EXPECT_EQ(behind.region, QRegion(Area().rect()) - picture);
+}
+
+TEST_F(PictureAreaTest, Where_a_picture_was_the_ground_comes_back) {
+  window.Image1.Picture = Picture::FromPixels(Pattern({60, 48}), 24);
+  window.Image1.Move(30, 24, 60, 48);
+  Settle();
+  const QColor ground = Area().palette().color(QPalette::Window);
+  ASSERT_NE(QColor(Shot().pixel(40, 30)), ground);
+  window.Image1.Picture = Picture();
+  Settle();
+  EXPECT_EQ(QColor(Shot().pixel(40, 30)), ground);
+}
+
 TEST_F(PictureAreaTest, Its_size_is_told_in_pixels_of_the_screen) {
   const double ratio = View().devicePixelRatioF();
   for (const float width : {5000.0F, 5017.0F, 6000.5F}) {

@@ -1,6 +1,7 @@
 #include "platform/qt/mirrors/image_view.h"
 
 #include <QWindow>
+#include <cmath>
 
 #include "platform/qt/accessibility.h"
 #include "platform/qt/artwork.h"
@@ -79,6 +80,17 @@ void ImageView::TakePlace() {
   if (pixels_ != wantedPixels_) update();
   pixels_ = wantedPixels_;
   setGeometry(WantedPlace());
+  // What stands behind it is not painted in vain.
+  // What stands behind it is not painted in vain.
+  setAttribute(Qt::WA_OpaquePaintEvent, FillsWidget());
+}
+
+bool ImageView::FillsWidget() const {
+  if (!shown_.HasImage() || !pixels_) return false;
+  // Elsewhere its edges may lie within pixels of the screen, where the widget reaches further than the
+  // picture.
+  const qreal ratio = devicePixelRatioF();
+  return ratio == std::floor(ratio) && QSizeF(size()) * ratio == QSizeF(pixels_->size());
 }
 
 void ImageView::ShowArtwork(const std::string& name) {
@@ -171,8 +183,10 @@ void ImageView::PaintOnDevice(QPainter& painter) {
 
 void ImageView::Paint() {
   // The window may have come to another screen.
-  if (ratio_ != devicePixelRatioF()) AskSoon();
+  const bool hasOtherRatio = ratio_ != devicePixelRatioF();
+  if (hasOtherRatio) AskSoon();
   QPainter painter(this);
+  if (hasOtherRatio && testAttribute(Qt::WA_OpaquePaintEvent)) painter.fillRect(rect(), palette().window());
   if (picture_.IsEmpty() && !artwork_.isNull()) {
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     painter.drawImage(rect(), artwork_);

@@ -57,6 +57,8 @@ class ImageView final : public PaintedWidget {
   void TakeWhatCame();
   QRect WantedPlace() const;
   void TakePlace();
+  // Whether nothing of the parent is seen through it.
+  bool FillsWidget() const;
   QRect BoxIn(const QSize& size, const Picture& picture) const;
   void PaintOnDevice(QPainter& painter);
   void ShowBusySign();

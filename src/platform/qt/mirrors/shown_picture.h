@@ -24,6 +24,8 @@ class ShownPicture {
   bool IsWaiting() const { return isWaiting_; }
   // What is painted now; it may have been made for another size.
   const Picture& Painted() const { return painted_; }
+  // False when there is nothing to paint, or it can't be had.
+  bool HasImage() const { return !image_.isNull(); }
 
   // Paints into `box`, which may reach beyond the widget. What can't be had stays unpainted. Transparent
   // places show the ground.
