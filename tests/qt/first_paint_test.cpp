@@ -69,13 +69,17 @@ struct FirstPaintOf : testing::Test {
   bool wasAskedUnseen = false;
 };
 
-// The pointer of a window when it is brought up to date for the first time.
-struct PointerWhenPainted : QObject {
-  std::optional<Qt::CursorShape> first;
+// How a window is when it is brought up to date for the first time.
+struct WhenPainted : QObject {
+  std::optional<Qt::CursorShape> pointer;
+  QSize memory;
   bool eventFilter(QObject* watched, QEvent* event) override {
     const auto* window = static_cast<QWidget*>(watched);
-    if (event->type() == QEvent::UpdateRequest && window->updatesEnabled() && !first)
-      first = window->cursor().shape();
+    if (event->type() == QEvent::UpdateRequest && window->updatesEnabled() &&
+        window->windowHandle()->isExposed() && !pointer) {
+      pointer = window->cursor().shape();
+      memory = window->backingStore()->size();
+    }
     return false;
   }
 };
@@ -106,12 +110,12 @@ TEST_F(FirstPaintOf, comes_before_the_hourglass) {
   ShowUndecoded({1500, 1200});
   Settle();
   ASSERT_TRUE(IsUnpainted());
-  PointerWhenPainted painted;
+  WhenPainted painted;
   View().installEventFilter(&painted);
   EXPECT_TRUE(decoding.RunNext());
   Settle();
   EXPECT_FALSE(IsUnpainted());
-  EXPECT_EQ(painted.first, Qt::ArrowCursor);
+  EXPECT_EQ(painted.pointer, Qt::ArrowCursor);
   EXPECT_EQ(View().cursor().shape(), Qt::WaitCursor);
 }
 
@@ -126,6 +130,16 @@ TEST_F(FirstPaintOf, is_prepared_for_only_before_it) {
   View().Pushes().Flush();
   EXPECT_TRUE(decoding.HasWork());
   EXPECT_EQ(View().backingStore()->size(), another);
+}
+
+TEST_F(FirstPaintOf, a_picture_that_is_there_at_once_has_the_memory_too_before_it) {
+  Show(Picture::FromPixels(Pixels::Make({60, 40}, PixelFormat::Rgb, 0), 24));
+  WhenPainted painted;
+  View().installEventFilter(&painted);
+  Settle();
+  EXPECT_FALSE(decoding.HasWork());
+  ASSERT_TRUE(painted.pointer);
+  EXPECT_EQ(painted.memory, View().size());
 }
 
 TEST_F(FirstPaintOf, no_picture_waits_for_the_routine_that_may_show_one) {
@@ -164,6 +178,18 @@ TEST_F(FirstPaint, waits_for_a_picture_that_is_nearly_there) {
 TEST_F(FirstPaint, has_the_memory_that_it_paints_into_before_the_picture_is_there) {
   Settle();
   EXPECT_TRUE(IsUnpainted());
+  EXPECT_EQ(View().backingStore()->size(), View().size());
+}
+
+TEST_F(FirstPaint, takes_another_size_while_its_memory_comes) {
+  Settle();
+  ASSERT_TRUE(IsUnpainted());
+  View().resize(View().size() + QSize(40, 30));
+  WhenPainted painted;
+  View().installEventFilter(&painted);
+  QMetaObject::invokeMethod(hold, "timeout");
+  Settle();
+  ASSERT_TRUE(painted.pointer);
   EXPECT_EQ(View().backingStore()->size(), View().size());
 }
 

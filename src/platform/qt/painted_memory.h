@@ -3,11 +3,29 @@
 // first time, which takes as long as all of the painting of a large window.
 
 #include <QWidget>
+#include <atomic>
+#include <cstddef>
+#include <span>
+#include <thread>
+#include <vector>
 
 namespace lumidex {
 
-// Has it provided at once, for the size that the window has now, before it is painted for the first time. For
-// a window that stands, in a time in which there is nothing else to do.
-void ProvidePaintedMemory(QWidget& window);
+// Provides it for a window that stands but has not been painted yet, on other threads while this one has
+// something else to do. Called on the event thread.
+class PaintedMemory {
+ public:
+  // Begins, for the size that the window has now.
+  void Begin(QWidget& window);
+  // Helps until it is done. Must be called before the window is painted or gets another size.
+  void Finish();
+
+ private:
+  void ProvideParts();
+
+  std::span<std::byte> bytes_;
+  std::atomic<std::size_t> next_ = 0;  // where the part begins that nobody has taken yet
+  std::vector<std::jthread> threads_;
+};
 
 }  // namespace lumidex

@@ -4,6 +4,7 @@
 #include <QDropEvent>
 #include <QLabel>
 #include <QMimeData>
+#include <QPainter>
 #include <QTimer>
 #include <QToolButton>
 #include <QWindow>
@@ -14,7 +15,6 @@
 #include "platform/qt/form_views.h"
 #include "platform/qt/mirrors/image_view.h"
 #include "platform/qt/mirrors/row_list.h"
-#include "platform/qt/painted_memory.h"
 #include "platform/qt/views/picture_gestures.h"
 
 namespace lumidex {
@@ -25,6 +25,24 @@ constexpr int longestHoldMilliseconds = 50;
 // Byte for byte: not every file name is text.
 std::vector<std::string> DroppedPaths(const QMimeData& data) {
   return PathsOfAddresses(data.data(QStringLiteral("text/uri-list")).toStdString());
+}
+
+// Icons and the letters of captions are kept once they are made.
+void LoadIcons(const QWidget& window) {
+  for (const QToolButton* button : window.findChildren<QToolButton*>()) {
+    if (button->isVisible())
+      button->icon().pixmap(button->iconSize(), window.devicePixelRatioF(),
+                            button->isEnabled() ? QIcon::Normal : QIcon::Disabled);
+  }
+}
+
+void LoadLetters(const QWidget& window) {
+  QImage place(1, 1, QImage::Format_RGB32);
+  place.setDevicePixelRatio(window.devicePixelRatioF());
+  QPainter painter(&place);
+  painter.setFont(window.font());
+  painter.drawText(0, 0,
+                   QStringLiteral("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789.:,&-/"));
 }
 
 }  // namespace
@@ -55,6 +73,11 @@ ImageView& MainView::Image() const {
   return static_cast<ImageView&>(*WidgetOf(form.Image1));
 }
 
+void MainView::resizeEvent(QResizeEvent* event) {
+  memory_.Finish();
+  PlacedView::resizeEvent(event);
+}
+
 void MainView::showEvent(QShowEvent* event) {
   PlacedView::showEvent(event);
   windowHandle()->installEventFilter(this);
@@ -74,12 +97,11 @@ bool MainView::eventFilter(QObject* watched, QEvent* event) {
 
 // What painting would have to do besides, of which none depends on the picture.
 void MainView::PreparePainting() {
-  ProvidePaintedMemory(*this);
-  for (const QToolButton* button : findChildren<QToolButton*>()) {
-    if (button->isVisible())
-      button->icon().pixmap(button->iconSize(), devicePixelRatioF(),
-                            button->isEnabled() ? QIcon::Normal : QIcon::Disabled);
-  }
+  memory_.Begin(*this);
+  PaintGuarded(*this, [this] {
+    LoadIcons(*this);
+    LoadLetters(*this);
+  });
 }
 
 void MainView::EndHoldUnlessAwaiting() {
@@ -95,7 +117,8 @@ void MainView::EndHold() {
   hold_.stop();
   const bool isUnprepared = std::exchange(mayPrepare_, false);
   if (updatesEnabled()) return;
-  if (isUnprepared) ProvidePaintedMemory(*this);
+  if (isUnprepared) PreparePainting();
+  memory_.Finish();
   setUpdatesEnabled(true);
   // What was to be painted before is not asked for anew.
   QCoreApplication::postEvent(this, new QEvent(QEvent::UpdateRequest));

@@ -4,6 +4,7 @@
 #include <QTimer>
 
 #include "forms/WPaper2.h"
+#include "platform/qt/painted_memory.h"
 #include "platform/qt/typed_view.h"
 #include "platform/qt/views/placed_view.h"
 
@@ -20,6 +21,7 @@ class MainView final : public TypedView<WPaper2Window, PlacedView> {
   float UsefulWidth(float width, float height) const override;
   void dragEnterEvent(QDragEnterEvent* event) override;
   void dropEvent(QDropEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
   void showEvent(QShowEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -35,6 +37,7 @@ class MainView final : public TypedView<WPaper2Window, PlacedView> {
   QTimer hold_{this};
   // Comes when everything that was waiting then is pushed.
   Mirror* settled_;
+  PaintedMemory memory_;
   bool mayPrepare_ = true;  // once, and not when the window has been painted
 };
 
