@@ -4,6 +4,8 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <algorithm>
+#include <map>
+#include <vector>
 
 #include "platform/qt/conversions.h"
 #include "platform/qt/mirrors/mirrors.h"
@@ -32,36 +34,42 @@ void MirrorCommand(FormView& view, MenuItem& item, QAction& action) {
                    [&view, &item, mirror] { view.Serve([&] { item.UserShortcut(); }, mirror); });
 }
 
-bool HasChildren(const Form& form, const MenuItem& item) {
-  for (const Control* control : form.Controls()) {
-    const auto* child = dynamic_cast<const MenuItem*>(control);
-    if (child && child->Parent() == &item) return true;
-  }
-  return false;
-}
-
-// Puts what stands below `root` (the whole form's items below null) into `addTo`.
-template <class Container>
-void AddItems(FormView& view, const MenuItem* root, Container& addTo, QWidget* owner) {
-  for (Control* control : view.GetForm().Controls()) {
-    auto* item = dynamic_cast<MenuItem*>(control);
-    if (!item || item->Parent() != root) continue;
-    if (HasChildren(view.GetForm(), *item)) {
-      auto* menu = new QMenu(owner);
-      menu->setToolTipsVisible(false);
-      AddItems(view, item, *menu, menu);
-      QAction* action = menu->menuAction();
-      action->setObjectName(ToQt(item->Name()));
-      addTo.addMenu(menu);
-      new Mirror(view.Pushes(), *item, menu, [item, action] { ShowItem(*item, *action); });
-    } else {
-      auto* action = new QAction(owner);
-      if (item->IsSeparator()) action->setSeparator(true);
-      MirrorCommand(view, *item, *action);
-      addTo.addAction(action);
+// A form's menu items by what they stand below; the titles of the menu bar below null.
+class MenuTree {
+ public:
+  explicit MenuTree(FormView& view) : view_(view) {
+    for (Control* control : view.GetForm().Controls()) {
+      if (auto* item = dynamic_cast<MenuItem*>(control)) below_[item->Parent()].push_back(item);
     }
   }
-}
+
+  const std::vector<MenuItem*>& Below(const MenuItem* root) { return below_[root]; }
+
+  // Puts what stands below `root` into `addTo`.
+  template <class Container>
+  void AddItems(const MenuItem* root, Container& addTo, QWidget* owner) {
+    for (MenuItem* item : Below(root)) {
+      if (Below(item).empty()) {
+        auto* action = new QAction(owner);
+        if (item->IsSeparator()) action->setSeparator(true);
+        MirrorCommand(view_, *item, *action);
+        addTo.addAction(action);
+      } else {
+        auto* menu = new QMenu(owner);
+        menu->setToolTipsVisible(false);
+        AddItems(item, *menu, menu);
+        QAction* action = menu->menuAction();
+        action->setObjectName(ToQt(item->Name()));
+        addTo.addMenu(menu);
+        new Mirror(view_.Pushes(), *item, menu, [item, action] { ShowItem(*item, *action); });
+      }
+    }
+  }
+
+ private:
+  FormView& view_;
+  std::map<const MenuItem*, std::vector<MenuItem*>> below_;
+};
 
 }  // namespace
 
@@ -69,12 +77,11 @@ QMenuBar* MakeMenuBar(FormView& view) {
   auto* bar = new QMenuBar(&view);
   // A global menu would need the session bus at start.
   bar->setNativeMenuBar(false);
-  AddItems(view, nullptr, *bar, bar);
+  MenuTree items(view);
+  items.AddItems(nullptr, *bar, bar);
   // Without a title to show there is no bar.
-  for (Control* control : view.GetForm().Controls()) {
-    auto* item = dynamic_cast<MenuItem*>(control);
-    if (!item || item->Parent()) continue;
-    new Mirror(view.Pushes(), *item, bar, [bar] {
+  for (MenuItem* title : items.Below(nullptr)) {
+    new Mirror(view.Pushes(), *title, bar, [bar] {
       const QList<QAction*> titles = bar->actions();
       const bool isNeeded = std::ranges::any_of(titles, &QAction::isVisible);
       if (bar->isHidden() == isNeeded) bar->setVisible(isNeeded);
@@ -85,7 +92,7 @@ QMenuBar* MakeMenuBar(FormView& view) {
 
 QMenu* MakePopup(FormView& view, MenuItem& root) {
   auto* menu = new QMenu(&view);
-  AddItems(view, &root, *menu, menu);
+  MenuTree(view).AddItems(&root, *menu, menu);
   return menu;
 }
 
