@@ -44,7 +44,8 @@ void PaintedMemory::Begin(QWidget& window) {
   const std::size_t processors = std::max(std::thread::hardware_concurrency(), 1U);
   const std::size_t threads = std::min({processors - 1, bytes_.size() / leastOfThread, mostThreads});
   while (threads_.size() < threads) {
-    auto thread = StartThread([this] { ProvideParts(); });
+    auto thread = StartThread([this] { ProvideParts(); },
+                              threads_.empty() ? Beginning::Elsewhere : Beginning::Anywhere);
     if (!thread) break;
     threads_.push_back(std::move(*thread));
   }

@@ -59,9 +59,11 @@ MainView::MainView(FormViews& views, WPaper2Window& itsForm)
                     {&form.cmdLeftOne, &form.cmdLeftAll, &form.cmdUp, &form.cmdDown});
   setAcceptDrops(true);
   Image().AskOnceExposed();
-  Image().onShown = [this] { EndHoldUnlessAwaiting(); };
-  Image().onAsked = [this] {
-    if (std::exchange(mayPrepare_, false)) PreparePainting();
+  // By then the window has its size, often before it is on the screen.
+  Image().onAsked = [this] { PreparePainting(); };
+  Image().onShown = [this] {
+    PreparePainting();
+    EndHoldUnlessAwaiting();
   };
   hold_.setObjectName(QStringLiteral("hold"));
   hold_.setSingleShot(true);
@@ -97,6 +99,7 @@ bool MainView::eventFilter(QObject* watched, QEvent* event) {
 
 // What painting would have to do besides, of which none depends on the picture.
 void MainView::PreparePainting() {
+  if (!std::exchange(mayPrepare_, false)) return;
   memory_.Begin(*this);
   PaintGuarded(*this, [this] {
     LoadIcons(*this);
@@ -115,9 +118,8 @@ void MainView::EndHoldUnlessAwaiting() {
 
 void MainView::EndHold() {
   hold_.stop();
-  const bool isUnprepared = std::exchange(mayPrepare_, false);
   if (updatesEnabled()) return;
-  if (isUnprepared) PreparePainting();
+  PreparePainting();
   memory_.Finish();
   setUpdatesEnabled(true);
   // What was to be painted before is not asked for anew.
