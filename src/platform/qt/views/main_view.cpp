@@ -1,8 +1,11 @@
 #include "platform/qt/views/main_view.h"
 
+#include <QAbstractButton>
+#include <QAction>
 #include <QApplication>
 #include <QDropEvent>
 #include <QLabel>
+#include <QMenuBar>
 #include <QMimeData>
 #include <QPainter>
 #include <QTimer>
@@ -37,12 +40,26 @@ void LoadIcons(const QWidget& window) {
 }
 
 void LoadLetters(const QWidget& window) {
+  QString letters;
+  const auto add = [&](const QString& text) {
+    for (const QChar letter : text) {
+      if (!letters.contains(letter)) letters += letter;
+    }
+  };
+  for (const QLabel* label : window.findChildren<QLabel*>()) {
+    if (label->isVisible()) add(label->text());
+  }
+  for (const QAbstractButton* button : window.findChildren<QAbstractButton*>()) {
+    if (button->isVisible()) add(button->text());
+  }
+  for (const QMenuBar* bar : window.findChildren<QMenuBar*>()) {
+    for (const QAction* title : bar->actions()) add(title->text());
+  }
   QImage place(1, 1, QImage::Format_RGB32);
   place.setDevicePixelRatio(window.devicePixelRatioF());
   QPainter painter(&place);
   painter.setFont(window.font());
-  painter.drawText(0, 0,
-                   QStringLiteral("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789.:,&-/"));
+  painter.drawText(0, 0, letters);
 }
 
 }  // namespace
