@@ -23,6 +23,7 @@ struct Program {
         desktop(argc, argv, {files, process, registry, shell, settings, loader, folders, decoding, bus}),
         app(desktop.GetPlatform()) {
     GiveLargeBlocksBack();
+    ShareHeaps();
     desktop.Attach(app.Forms());
     WireWindows(app);
     app.WPaper2.OnLoad = nullptr;

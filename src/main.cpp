@@ -47,6 +47,7 @@ lumidex::DecodingService::ShownSize ShownAsLast(const lumidex::KeptPictureArea& 
 int main(int argc, char** argv) {
   using namespace lumidex;
   GiveLargeBlocksBack();
+  ShareHeaps();
   SettleSessionBus();
   UseLanguageForDates();
   EarlyFonts fonts;

@@ -2,6 +2,9 @@
 
 #ifdef __GLIBC__
 #include <malloc.h>
+
+#include <algorithm>
+#include <thread>
 #endif
 
 namespace lumidex {
@@ -9,6 +12,12 @@ namespace lumidex {
 void GiveLargeBlocksBack() {
 #ifdef __GLIBC__
   mallopt(M_MMAP_THRESHOLD, 1 << 20);
+#endif
+}
+
+void ShareHeaps() {
+#ifdef __GLIBC__
+  mallopt(M_ARENA_MAX, static_cast<int>(std::clamp(std::thread::hardware_concurrency(), 2U, 64U)));
 #endif
 }
 

@@ -8,6 +8,10 @@ namespace lumidex {
 // decodes, and a show of many pictures grows by dozens of them.
 void GiveLargeBlocksBack();
 
+// From now on there are no more heaps than processors: threads that seldom work at the same time share one,
+// where each would keep what it has free. Called before there are threads.
+void ShareHeaps();
+
 // Gives the system what is free now but kept for later, in the heaps of all threads.
 void GiveFreeMemoryBack();
 
