@@ -181,18 +181,6 @@ TEST_F(FirstPaint, has_the_memory_that_it_paints_into_before_the_picture_is_ther
   EXPECT_EQ(View().backingStore()->size(), View().size());
 }
 
-TEST_F(FirstPaint, takes_another_size_while_its_memory_comes) {
-  Settle();
-  ASSERT_TRUE(IsUnpainted());
-  View().resize(View().size() + QSize(40, 30));
-  WhenPainted painted;
-  View().installEventFilter(&painted);
-  QMetaObject::invokeMethod(hold, "timeout");
-  Settle();
-  ASSERT_TRUE(painted.pointer);
-  EXPECT_EQ(View().backingStore()->size(), View().size());
-}
-
 // The window manager may tell its size before the window is on the screen, and the picture is made meanwhile.
 TEST_F(FirstPaint, does_not_wait_for_a_picture_that_is_there_already) {
   FormView& view = View();

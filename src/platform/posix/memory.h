@@ -9,7 +9,7 @@ namespace lumidex {
 void GiveLargeBlocksBack();
 
 // From now on there are no more heaps than processors: threads that seldom work at the same time share one,
-// where each would keep what it has free. Called before there are threads.
+// where each would keep what it has free. Heaps that are there already stay.
 void ShareHeaps();
 
 // Gives the system what is free now but kept for later, in the heaps of all threads.

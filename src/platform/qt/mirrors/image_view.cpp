@@ -81,7 +81,6 @@ void ImageView::TakePlace() {
   pixels_ = wantedPixels_;
   setGeometry(WantedPlace());
   // What stands behind it is not painted in vain.
-  // What stands behind it is not painted in vain.
   setAttribute(Qt::WA_OpaquePaintEvent, FillsWidget());
 }
 
