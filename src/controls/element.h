@@ -2,6 +2,7 @@
 // What forms and controls have in common: a name, properties that are known by name, and observers.
 
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -17,19 +18,22 @@ template <class... Args>
 class Event {
  public:
   using Handler = std::function<void(Args...)>;
+  Event() = default;
+  // Several events can have the same handler: one = other = Handler.
+  Event& operator=(const Event& other) { return *this = other ? *other.handler_ : Handler(); }
   Event& operator=(Handler handler) {
-    handler_ = std::move(handler);
+    handler_ = handler ? std::make_unique<const Handler>(std::move(handler)) : nullptr;
     return *this;
   }
   void operator()(Args... args) const {
     if (!handler_) return;
-    const Handler running = handler_;  // stays alive should the handler, or this, go while it runs
+    const Handler running = *handler_;  // stays alive should the handler, or this, go while it runs
     running(args...);
   }
-  explicit operator bool() const { return static_cast<bool>(handler_); }
+  explicit operator bool() const { return handler_ != nullptr; }
 
  private:
-  Handler handler_;
+  std::unique_ptr<const Handler> handler_;  // none for most of the thousands of events that windows have
 };
 
 class Element {

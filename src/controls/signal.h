@@ -49,20 +49,21 @@ class Signal {
 
   [[nodiscard]] Connection Connect(Function function) {
     auto slot = std::make_shared<Slot>(Slot{{}, std::move(function)});
-    slots_.push_back(slot);
+    if (!slots_) slots_ = std::make_unique<Slots>();
+    slots_->push_back(slot);
     return Connection(slot);
   }
 
   void Emit(Args... args) {
-    if (slots_.empty()) return;
-    std::erase_if(slots_, [](const auto& slot) { return !slot->live; });
+    if (!slots_) return;
+    std::erase_if(*slots_, [](const auto& slot) { return !slot->live; });
     // The copy keeps the closures alive; nothing of the signal itself is touched after the first call.
-    if (std::ranges::all_of(slots_, &Slot::resting)) return;
-    if (slots_.size() == 1) {
-      const auto only = slots_.front();
+    if (std::ranges::all_of(*slots_, &Slot::resting)) return;
+    if (slots_->size() == 1) {
+      const auto only = slots_->front();
       return only->function(args...);
     }
-    const auto slots = slots_;
+    const auto slots = *slots_;
     for (const auto& slot : slots) {
       if (slot->live && !slot->resting) slot->function(args...);
     }
@@ -73,7 +74,8 @@ class Signal {
     Function function;
   };
 
-  std::vector<std::shared_ptr<Slot>> slots_;
+  using Slots = std::vector<std::shared_ptr<Slot>>;
+  std::unique_ptr<Slots> slots_;  // none for most of the thousands of signals that controls have
 };
 
 }  // namespace lumidex
