@@ -37,9 +37,7 @@ Bytes BytesOf(DesignPicture picture) {
 }  // namespace
 
 Picture PictureOf(DesignPicture picture) {
-  const Bytes bytes = BytesOf(picture);
-  const auto source = std::make_shared<MemorySource>(std::vector<std::uint8_t>(bytes.begin(), bytes.end()));
-  return Picture::Open(PictureData(source, ".png"));
+  return Picture::Open(PictureData(std::make_shared<LastingSource>(BytesOf(picture)), ".png"));
 }
 
 }  // namespace lumidex

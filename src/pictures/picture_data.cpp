@@ -6,6 +6,15 @@
 namespace lumidex {
 namespace {
 
+// As ByteSource::ReadAt.
+std::size_t CopyFrom(Bytes bytes, std::uint64_t offset, std::span<std::uint8_t> into) {
+  if (offset >= bytes.size()) return 0;
+  const Bytes rest = bytes.subspan(static_cast<std::size_t>(offset));
+  const Bytes read = rest.first(std::min(rest.size(), into.size()));
+  std::ranges::copy(read, into.begin());
+  return read.size();
+}
+
 class StretchSource final : public ByteSource {
  public:
   StretchSource(std::shared_ptr<const ByteSource> source, std::uint64_t offset, std::uint64_t count)
@@ -30,24 +39,21 @@ class StretchSource final : public ByteSource {
 // file while it is stopped.
 class HeadKeeper final : public ByteSource {
  public:
-  HeadKeeper(std::shared_ptr<const ByteSource> source, std::shared_ptr<const std::vector<std::uint8_t>> head,
+  HeadKeeper(std::shared_ptr<const ByteSource> source, Bytes head, std::shared_ptr<const void> headOwner,
              std::shared_ptr<const std::atomic<bool>> stop)
-      : source_(std::move(source)), head_(std::move(head)), stop_(std::move(stop)) {}
+      : source_(std::move(source)), head_(head), headOwner_(std::move(headOwner)), stop_(std::move(stop)) {}
   std::uint64_t Size() const override { return source_->Size(); }
   std::size_t ReadAt(std::uint64_t offset, std::span<std::uint8_t> into) const override {
     if (stop_->load(std::memory_order_relaxed)) return 0;
-    std::size_t done = 0;
-    if (offset < head_->size()) {
-      done = std::min(into.size(), head_->size() - static_cast<std::size_t>(offset));
-      std::copy_n(head_->begin() + static_cast<std::ptrdiff_t>(offset), done, into.begin());
-    }
+    const std::size_t done = CopyFrom(head_, offset, into);
     if (done == into.size() || offset + done >= source_->Size()) return done;
     return done + source_->ReadAt(offset + done, into.subspan(done));
   }
 
  private:
   std::shared_ptr<const ByteSource> source_;
-  std::shared_ptr<const std::vector<std::uint8_t>> head_;
+  Bytes head_;
+  std::shared_ptr<const void> headOwner_;
   std::shared_ptr<const std::atomic<bool>> stop_;
 };
 
@@ -59,11 +65,11 @@ std::shared_ptr<const ByteSource> StretchOf(std::shared_ptr<const ByteSource> so
 }
 
 std::size_t MemorySource::ReadAt(std::uint64_t offset, std::span<std::uint8_t> into) const {
-  if (offset >= bytes_.size()) return 0;
-  const std::size_t start = static_cast<std::size_t>(offset);
-  const std::size_t count = std::min(into.size(), bytes_.size() - start);
-  std::copy_n(bytes_.begin() + static_cast<std::ptrdiff_t>(start), count, into.begin());
-  return count;
+  return CopyFrom(bytes_, offset, into);
+}
+
+std::size_t LastingSource::ReadAt(std::uint64_t offset, std::span<std::uint8_t> into) const {
+  return CopyFrom(bytes_, offset, into);
 }
 
 PictureData::PictureData(std::shared_ptr<const ByteSource> source, std::string extension)
@@ -71,8 +77,15 @@ PictureData::PictureData(std::shared_ptr<const ByteSource> source, std::string e
       extension_(std::move(extension)),
       size_(std::min(source_->Size(), MostBytes)),
       stop_(std::make_shared<std::atomic<bool>>(false)) {
-  head_ = std::make_shared<const std::vector<std::uint8_t>>(Stretch(0, HeadSize));
-  source_ = std::make_shared<HeadKeeper>(std::move(source_), head_, stop_);
+  if (const Bytes all = source_->InMemory(); !all.empty()) {
+    head_ = all.first(std::min(all.size(), HeadSize));
+    headOwner_ = source_;
+  } else {
+    const auto read = std::make_shared<const std::vector<std::uint8_t>>(Stretch(0, HeadSize));
+    head_ = *read;
+    headOwner_ = read;
+  }
+  source_ = std::make_shared<HeadKeeper>(std::move(source_), head_, headOwner_, stop_);
 }
 
 std::vector<std::uint8_t> PictureData::Stretch(std::uint64_t offset, std::size_t count) const {

@@ -23,16 +23,32 @@ class ByteSource {
   // Fills `into` from `offset` on and returns how many bytes there were; never raises, a read error is a
   // short read.
   virtual std::size_t ReadAt(std::uint64_t offset, std::span<std::uint8_t> into) const = 0;
+  // All of them where they lie in memory for as long as the source lives, or nothing.
+  virtual Bytes InMemory() const { return {}; }
 };
 
+// Bytes of its own.
 class MemorySource final : public ByteSource {
  public:
   explicit MemorySource(std::vector<std::uint8_t> bytes) : bytes_(std::move(bytes)) {}
   std::uint64_t Size() const override { return bytes_.size(); }
   std::size_t ReadAt(std::uint64_t offset, std::span<std::uint8_t> into) const override;
+  Bytes InMemory() const override { return bytes_; }
 
  private:
   std::vector<std::uint8_t> bytes_;
+};
+
+// Bytes that outlive it, such as those that are part of the program.
+class LastingSource final : public ByteSource {
+ public:
+  explicit LastingSource(Bytes bytes) : bytes_(bytes) {}
+  std::uint64_t Size() const override { return bytes_.size(); }
+  std::size_t ReadAt(std::uint64_t offset, std::span<std::uint8_t> into) const override;
+  Bytes InMemory() const override { return bytes_; }
+
+ private:
+  Bytes bytes_;
 };
 
 // `count` bytes of another source from `offset` on, as a source of their own; shorter where that one ends.
@@ -52,7 +68,7 @@ class PictureData {
   std::uint64_t Size() const { return size_; }
   const std::string& Extension() const { return extension_; }
   // The first bytes of the file, at most HeadSize.
-  Bytes Head() const { return *head_; }
+  Bytes Head() const { return head_; }
   // Another stretch, shorter than asked at the end of the file.
   std::vector<std::uint8_t> Stretch(std::uint64_t offset, std::size_t count) const;
   // The whole file; read anew on each call, so keep the result for as long as the decode lasts.
@@ -70,7 +86,8 @@ class PictureData {
   std::shared_ptr<const ByteSource> source_;
   std::string extension_;
   std::uint64_t size_ = 0;
-  std::shared_ptr<const std::vector<std::uint8_t>> head_;
+  Bytes head_;
+  std::shared_ptr<const void> headOwner_;
   std::shared_ptr<std::atomic<bool>> stop_;
 };
 

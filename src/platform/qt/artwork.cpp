@@ -10,7 +10,6 @@
 #include <algorithm>
 #include <array>
 #include <map>
-#include <span>
 
 #include "base/run_time_error.h"
 #include "pictures/picture_data.h"
@@ -24,26 +23,9 @@ QString ResourcePath(const std::string& name) {
   return ToQt(":/artwork/" + name);
 }
 
-// Bytes that are part of the program.
-class PartOfProgram final : public ByteSource {
- public:
-  PartOfProgram(const uchar* bytes, qint64 count) : bytes_(bytes, static_cast<std::size_t>(count)) {}
-  std::uint64_t Size() const override { return bytes_.size(); }
-  std::size_t ReadAt(std::uint64_t offset, std::span<std::uint8_t> into) const override {
-    if (offset >= bytes_.size()) return 0;
-    const auto rest = bytes_.subspan(static_cast<std::size_t>(offset));
-    const auto read = rest.first(std::min(rest.size(), into.size()));
-    std::ranges::copy(read, into.begin());
-    return read.size();
-  }
-
- private:
-  const std::span<const uchar> bytes_;
-};
-
 std::shared_ptr<const ByteSource> BytesOf(const QResource& resource) {
   if (resource.compressionAlgorithm() == QResource::NoCompression)
-    return std::make_shared<PartOfProgram>(resource.data(), resource.size());
+    return std::make_shared<LastingSource>(Bytes(resource.data(), static_cast<std::size_t>(resource.size())));
   const QByteArray bytes = resource.uncompressedData();
   return std::make_shared<MemorySource>(std::vector<std::uint8_t>(bytes.cbegin(), bytes.cend()));
 }
