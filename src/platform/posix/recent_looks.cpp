@@ -16,8 +16,8 @@ struct Hash {
 }  // namespace
 
 std::size_t RecentLooks::Set::PlaceOf(std::uint32_t mark, const std::string& path) const {
-  for (std::size_t place = 0; place < places; ++place) {
-    if (marks[place] == mark && seen[place].path == path) return place;
+  for (std::size_t place = 0; seen && place < places; ++place) {
+    if (marks[place] == mark && (*seen)[place].path == path) return place;
   }
   return places;
 }
@@ -30,7 +30,7 @@ std::optional<FileFacts> RecentLooks::Of(const std::string& path) {
   if (!lock) return {};
   const std::size_t place = set.PlaceOf(hash.Mark(), path);
   if (place == places) return {};
-  const Seen& seen = set.seen[place];
+  const Seen& seen = (*set.seen)[place];
   if (seen.changes != changes_ || Clock::now() >= seen.until) return {};
   return seen.facts;
 }
@@ -45,13 +45,14 @@ void RecentLooks::Keep(const std::string& path, const FileFacts& facts, std::uin
   Set& set = sets_[hash.bits % sets];
   const std::unique_lock lock(set.mutex, std::try_to_lock);
   if (!lock) return;
+  if (!set.seen) set.seen = std::make_unique<std::array<Seen, places>>();
   std::size_t place = set.PlaceOf(hash.Mark(), path);
   if (place == places) {
-    const auto oldest = std::ranges::min_element(set.seen, {}, &Seen::until);
-    place = static_cast<std::size_t>(oldest - set.seen.begin());
+    const auto oldest = std::ranges::min_element(*set.seen, {}, &Seen::until);
+    place = static_cast<std::size_t>(oldest - set.seen->begin());
   }
   set.marks[place] = hash.Mark();
-  Seen& seen = set.seen[place];
+  Seen& seen = (*set.seen)[place];
   seen.path = path;
   seen.facts = facts;
   seen.until = Clock::now() + unnoticed_;

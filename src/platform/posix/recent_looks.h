@@ -5,6 +5,7 @@
 #include <array>
 #include <atomic>
 #include <chrono>
+#include <memory>
 #include <mutex>
 #include <optional>
 #include <string>
@@ -44,8 +45,8 @@ class RecentLooks {
   // written it mostly.
   struct alignas(64) Set {
     std::mutex mutex;
-    std::array<std::uint32_t, places> marks{};  // the upper bits of the paths' hashes
-    std::array<Seen, places> seen;
+    std::array<std::uint32_t, places> marks{};       // the upper bits of the paths' hashes
+    std::unique_ptr<std::array<Seen, places>> seen;  // made for the first one: most sets are never used
 
     // Where it is; `places` for nowhere.
     std::size_t PlaceOf(std::uint32_t mark, const std::string& path) const;
