@@ -37,6 +37,24 @@ TEST(PutAway, The_splash_gives_its_window_back_and_comes_anew) {
   world.views.Close();
 }
 
+TEST(PutAway, The_splash_lets_go_of_its_artwork_before_its_window_is_deleted) {
+  QtWorld world;
+  App app{world.platform};
+  world.views.Attach(app.frmSplash);
+  app.frmSplash.Show();
+  const QPointer<QWidget> window = world.views.ViewOf(app.frmSplash);
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(window));
+  const auto hasArtwork = [&window] {
+    const QImage image = window->grab().toImage();
+    return image.pixelColor(image.width() / 2, 20) != window->palette().color(QPalette::Window);
+  };
+  EXPECT_TRUE(QTest::qWaitFor(hasArtwork));
+  app.frmSplash.Hide();
+  ASSERT_TRUE(window);
+  EXPECT_FALSE(hasArtwork());
+  world.views.Close();
+}
+
 struct FirstPaintOf : testing::Test {
   ~FirstPaintOf() override { world.views.Close(); }
   void Show(const Picture& picture) {

@@ -11,7 +11,7 @@ namespace lumidex {
 
 void GiveLargeBlocksBack() {
 #ifdef __GLIBC__
-  mallopt(M_MMAP_THRESHOLD, 1 << 20);
+  mallopt(M_MMAP_THRESHOLD, 1 << 18);
 #endif
 }
 

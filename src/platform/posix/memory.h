@@ -3,9 +3,10 @@
 
 namespace lumidex {
 
-// From now on blocks of a megabyte and more, which are pixels, go back to the system when they are freed.
-// Left to itself the C library keeps them once a larger one was freed, in a heap for each thread that
-// decodes, and a show of many pictures grows by dozens of them.
+// From now on blocks of a quarter of a megabyte and more, which are pixels, go back to the system when they
+// are freed. Left to itself the C library keeps them once a larger one was freed, in a heap for each thread
+// that decodes: a show of many pictures grows by dozens of them, and the picture of one window keeps its
+// memory while the next window's takes some of its own.
 void GiveLargeBlocksBack();
 
 // From now on there are no more heaps than processors: threads that seldom work at the same time share one,

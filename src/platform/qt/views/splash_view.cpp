@@ -97,6 +97,12 @@ void SplashView::resizeEvent(QResizeEvent* event) {
   TypedView::resizeEvent(event);
 }
 
+void SplashView::hideEvent(QHideEvent* event) {
+  TypedView::hideEvent(event);
+  // It does not come again, and is only deleted when the next window stands.
+  if (!event->spontaneous()) shown_.Want({}, {}, DecodingPriority::Page);
+}
+
 void SplashView::paintEvent(QPaintEvent*) {
   PaintGuarded(*this, [this] {
     QPainter painter(this);

@@ -17,6 +17,7 @@ class SplashView final : public TypedView<frmSplashWindow> {
  protected:
   void resizeEvent(QResizeEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
 
  private:
   void AddPicture(QHBoxLayout& row, ImageBox& picture, QSize size);
