@@ -12,6 +12,7 @@
 
 #include "pictures/pixels.h"
 #include "pictures/scaling.h"
+#include "pictures/support/thin_lines.h"
 #include "platform/posix/posix_file_system.h"
 #include "ports/open_picture.h"
 
@@ -103,17 +104,6 @@ double Decibels(const Plane& made, const Plane& referee) {
   return 10 * std::log10(255.0 * 255.0 * static_cast<double>(made.values.size()) / std::max(squares, 1e-9));
 }
 
-Pixels Lines(Size size) {
-  Pixels pixels = Pixels::Make(size, PixelFormat::Rgb, 0xFFFFFFFF);
-  for (int y = 0; y < size.height; ++y) {
-    for (int x = 0; x < size.width; ++x) {
-      const bool dark = x < size.width / 2 ? x % 3 == 0 || y % 5 < 2 : (x + y) % 4 < 1;
-      if (dark) pixels.Row(y)[static_cast<std::size_t>(x)] = 0xFF000000;
-    }
-  }
-  return pixels;
-}
-
 void Compare(const char* name, const Pixels& pixels) {
   std::printf("%s\n  ratio   program   bicubic   Lanczos\n", name);
   const Plane plane = Green(pixels);
@@ -129,6 +119,6 @@ void Compare(const char* name, const Pixels& pixels) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc < 2) Compare("lines and stairs", Lines({1200, 900}));
+  if (argc < 2) Compare("lines and stairs", ThinLines({1200, 900}));
   for (int i = 1; i < argc; ++i) Compare(argv[i], OpenPicture(PosixFileSystem(), argv[i]).FullPixels());
 }

@@ -7,6 +7,7 @@
 #include "base/run_time_error.h"
 #include "gallery/encoders/jpeg_encoder.h"
 #include "pictures/support/byte_writer.h"
+#include "pictures/support/counting_source.h"
 #include "pictures/support/library_writers.h"
 #include "pictures/support/profiles.h"
 
@@ -194,22 +195,6 @@ TEST(Jpeg, What_cannot_be_decoded_is_refused_at_the_header) {
   EXPECT_THROW(OpenBytes(WithFrame(file, 8, 0, 32)), RunTimeError);
 }
 
-// Counts what is read.
-class CountingSource final : public ByteSource {
- public:
-  explicit CountingSource(std::vector<std::uint8_t> bytes) : inner_(std::move(bytes)) {}
-  std::uint64_t Size() const override { return inner_.Size(); }
-  std::size_t ReadAt(std::uint64_t offset, std::span<std::uint8_t> into) const override {
-    const std::size_t count = inner_.ReadAt(offset, into);
-    read += count;
-    return count;
-  }
-  mutable std::size_t read = 0;
-
- private:
-  MemorySource inner_;
-};
-
 TEST(Jpeg, Facts_skip_large_blocks_before_the_frame) {
   const auto jpeg = EncodeJpeg(Halves(), 90);
   ByteWriter file;
@@ -218,7 +203,7 @@ TEST(Jpeg, Facts_skip_large_blocks_before_the_frame) {
   file.Append(std::span(jpeg).subspan(2)).Fill(500000);
   const auto source = std::make_shared<CountingSource>(file.Take());
   EXPECT_EQ(OpenDecoder(PictureData(source, ".jpg"))->Facts().size, (Size{32, 16}));
-  EXPECT_LT(source->read, 100000U);
+  EXPECT_LT(source->bytesRead, 100000U);
 }
 
 }  // namespace

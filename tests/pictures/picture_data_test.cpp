@@ -5,6 +5,8 @@
 #include <numeric>
 #include <optional>
 
+#include "pictures/support/counting_source.h"
+
 namespace lumidex {
 namespace {
 
@@ -22,22 +24,6 @@ std::vector<std::uint8_t> Read(const ByteSource& source, std::uint64_t offset, s
   bytes.resize(source.ReadAt(offset, bytes));
   return bytes;
 }
-
-// As a file's: bytes that lie somewhere else, read at each call.
-class ReadSource final : public ByteSource {
- public:
-  explicit ReadSource(std::vector<std::uint8_t> bytes) : bytes_(std::move(bytes)) {}
-  std::uint64_t Size() const override { return bytes_.Size(); }
-  std::size_t ReadAt(std::uint64_t offset, std::span<std::uint8_t> into) const override {
-    const std::size_t count = bytes_.ReadAt(offset, into);
-    bytesRead += count;
-    return count;
-  }
-  mutable std::size_t bytesRead = 0;
-
- private:
-  MemorySource bytes_;
-};
 
 TEST(SourceInMemory, Reads_what_there_is_and_nothing_past_its_end) {
   const std::vector<std::uint8_t> bytes = Counting(10);
@@ -72,7 +58,7 @@ TEST(PictureData, Has_its_head_for_as_long_as_a_copy_of_it_lives) {
 }
 
 TEST(PictureData, Reads_no_byte_of_a_file_twice) {
-  const auto file = std::make_shared<ReadSource>(Counting(10'000));
+  const auto file = std::make_shared<CountingSource>(Counting(10'000));
   const PictureData data(file, ".png");
   EXPECT_THAT(data.Head(), ElementsAreArray(Counting(PictureData::HeadSize)));
   EXPECT_THAT(data.Stretch(0, 20), ElementsAreArray(Counting(20)));

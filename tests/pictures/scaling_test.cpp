@@ -9,6 +9,7 @@
 #include "pictures/reduced_picture.h"
 #include "pictures/row_reducer.h"
 #include "pictures/support/byte_writer.h"
+#include "pictures/support/thin_lines.h"
 
 namespace lumidex {
 namespace {
@@ -90,19 +91,6 @@ TEST(Scaling, Every_pixel_is_as_exact_as_a_byte_can_be) {
   }
 }
 
-// Black lines one and two pixels wide on white, close together, and steps of a stair: what shows a reducer
-// that leaves out pixels.
-Pixels Lines(Size size) {
-  Pixels pixels = Pixels::Make(size, PixelFormat::Rgb, 0xFFFFFFFF);
-  for (int y = 0; y < size.height; ++y) {
-    for (int x = 0; x < size.width; ++x) {
-      const bool dark = x < size.width / 2 ? x % 3 == 0 || y % 5 < 2 : (x + y) % 4 < 1;
-      if (dark) pixels.Row(y)[static_cast<std::size_t>(x)] = 0xFF000000;
-    }
-  }
-  return pixels;
-}
-
 TEST(Scaling, Every_pixel_is_as_exact_at_large_and_odd_ratios) {
   for (const Size from : {Size{3, 2600}, {2600, 3}, {700, 1030}}) {
     const Pixels noise = Noise(from);
@@ -122,7 +110,7 @@ TEST(Scaling, Every_pixel_is_as_exact_at_large_and_odd_ratios) {
 // The area average reckoned apart is the referee. A good reducer of windowed sines or cubics is at 31 dB
 // here.
 TEST(Scaling, Thin_lines_keep_their_grey_at_every_reduction) {
-  const Pixels lines = Lines({120, 90});
+  const Pixels lines = ThinLines({120, 90});
   for (int percent = 15; percent < 100; percent += 7) {
     const Size size{120 * percent / 100, 90 * percent / 100};
     const Pixels scaled = Scale(lines, size);

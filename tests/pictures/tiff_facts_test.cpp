@@ -8,6 +8,7 @@
 #include "base/run_time_error.h"
 #include "pictures/codecs/tiff_bands.h"
 #include "pictures/support/byte_writer.h"
+#include "pictures/support/counting_source.h"
 #include "pictures/support/tiff_bytes.h"
 
 namespace lumidex {
@@ -282,22 +283,6 @@ TEST(TiffFacts, Of_damaged_files_are_those_of_the_library_or_none) {
   EXPECT_GT(read, 500);
   EXPECT_GT(left, 500);
 }
-
-// How often a file is read.
-class CountingSource final : public ByteSource {
- public:
-  explicit CountingSource(FileBytes bytes) : bytes_(std::move(bytes)) {}
-  std::uint64_t Size() const override { return bytes_.Size(); }
-  std::size_t ReadAt(std::uint64_t offset, std::span<std::uint8_t> into) const override {
-    ++reads;
-    return bytes_.ReadAt(offset, into);
-  }
-
-  mutable int reads = 0;
-
- private:
-  MemorySource bytes_;
-};
 
 TEST(TiffFacts, A_directory_far_behind_costs_one_read_more_than_the_head) {
   Kind kind{.samples = 3, .photometric = PHOTOMETRIC_RGB};
