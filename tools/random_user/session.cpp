@@ -1,7 +1,9 @@
 #include "random_user/session.h"
 
+#include "base/run_time_error.h"
 #include "base/text.h"
 #include "forms/WPaper2.h"
+#include "forms/checkjpg.h"
 #include "platform/headless/script_ends.h"
 #include "random_user/acts.h"
 
@@ -19,6 +21,13 @@ scenario::Scenario ScenarioOf(const std::vector<std::string>& lines) {
   std::string text;
   for (const std::string& line : lines) text += line + "\n";
   return scenario::ReadScript("random user", text).scenarios.front();
+}
+
+bool HasWorkingImage(const App& app) {
+  bool has = false;
+  // It has no picture to give when its load has failed.
+  IgnoreError([&] { has = !app.checkjpg.Picture1.Picture().IsEmpty(); });
+  return has;
 }
 
 }  // namespace
@@ -108,16 +117,17 @@ void Session::CheckAlive() {
   // Leaving a program that was begun with a picture waits for ever, by rule.
   const bool leftWaiting =
       run_.state == State::Hung && run_.Program().exiting && run_.Program().CommandLineMode;
-  // By rule nothing traps the errors of a wallpaper that is to be made of no picture, of a file that is to be
-  // saved into a folder that is gone, of a list that is to be loaded or a picture that is to be adjusted when
-  // its file has gone or is none any more, and of a list without the entry that is to be current.
+  // By rule nothing traps the errors of a wallpaper that is to be made of no picture and of none that is to
+  // be saved, of a file that is to be saved into a folder that is gone, of a list that is to be loaded or a
+  // picture that is to be adjusted when its file has gone or is none any more, and of a list without the
+  // entry that is to be current.
   const auto& messages = run_.World().dialogs.messages;
   const auto ended = [&](const char* report) {
     return run_.state == State::Ended && !messages.empty() && messages.back().text.starts_with(report);
   };
   const bool endedByRule =
       (ended("Run-time error '380'") && run_.Program().WPaper2.Image1.Picture.Get().IsEmpty()) ||
-      ended("Run-time error '76'") ||
+      (ended("Run-time error '481'") && !HasWorkingImage(run_.Program())) || ended("Run-time error '76'") ||
       (ended("Run-time error '5'") &&
        run_.Program().CurrentIndex > run_.Program().WPaper2.LstRight.ListCount()) ||
       (worldHasChanged_ && (ended("Run-time error '53'") || ended("Run-time error '481'")));
