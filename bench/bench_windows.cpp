@@ -177,9 +177,11 @@ void MeasurePage(App& app, const std::vector<std::string>& paths) {
 
 // Everything that is on the screen is decoded, and its neighbours have been read.
 void ServeUntilShown(App& app) {
-  // What is to be decoded is known a frame later.
+  // What is to be decoded is known a frame later. What is read ahead ends without an event.
   bool isFrameOver = false;
-  QTimer::singleShot(20, [&] { isFrameOver = true; });
+  QTimer look;
+  QObject::connect(&look, &QTimer::timeout, [&] { isFrameOver = true; });
+  look.start(20);
   ServeUntil([&] { return isFrameOver && !app.platform.decoding.HasWork(); });
 }
 
