@@ -3,6 +3,8 @@
 #include <QLineEdit>
 #include <QPushButton>
 
+#include "controls/buttons.h"
+#include "controls/texts.h"
 #include "qt/qt_world.h"
 
 namespace lumidex {

@@ -1,5 +1,6 @@
 // Windows that are given back while the window system is still busy with them.
 
+#include "controls/texts.h"
 #include "qt/qt_world.h"
 
 namespace lumidex {
